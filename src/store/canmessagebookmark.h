@@ -1,0 +1,36 @@
+#pragma once
+
+#include "datachunkglobal.h"
+
+#include <QDataStream>
+#include <QString>
+
+/// A text that a user pinned to one message. A plain value.
+class DATACHUNK_EXPORT CanMessageBookmark
+{
+public:
+    CanMessageBookmark();
+    CanMessageBookmark(unsigned int messageNumber, QString text);
+
+    unsigned int messageNumber() const;
+    QString text() const;
+
+    /// False for a bookmark without text, such as the default one.
+    bool isValid() const;
+
+    bool operator==(const CanMessageBookmark &other) const;
+
+    /// Writes magic, form version, number and text, in the stream's settings.
+    void insertToDataStream(QDataStream &stream) const;
+
+    /// Reads what insertToDataStream wrote. Stops behind a magic or a form version that is not
+    /// ours and leaves the bookmark as it was.
+    void extractFromDataStream(QDataStream &stream);
+
+private:
+    quint32 number = 0;
+    QString content;
+};
+
+DATACHUNK_EXPORT QDataStream &operator<<(QDataStream &stream, const CanMessageBookmark &bookmark);
+DATACHUNK_EXPORT QDataStream &operator>>(QDataStream &stream, CanMessageBookmark &bookmark);

@@ -1,0 +1,199 @@
+#include "datachunkhandler.h"
+
+#include "datachunkhandler_p.h"
+#include "metatypes.h"
+
+#include <QMutexLocker>
+#include <QReadLocker>
+#include <QWriteLocker>
+
+#include <utility>
+
+namespace {
+constexpr quint32 continuousModeLimit = 10000;
+}
+
+DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent) :
+    QObject(parent),
+    d(std::make_unique<DatachunkHandlerPrivate>(this, maxMessageCount))
+{
+    registerMetaTypes();
+}
+
+DatachunkHandler::~DatachunkHandler()
+{
+    d->poolTasks.stop();
+    // The chunks go with their folder; exports belong to the user and are written.
+    d->chunkQueue.discard();
+}
+
+void DatachunkHandler::setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler)
+{
+    const QWriteLocker locker(&d->lock);
+    d->bookmarkHandler = bookmarkHandler;
+}
+
+void DatachunkHandler::setMaximumHDDSpace(unsigned int space)
+{
+    d->maximumHddSpace = space;
+}
+
+unsigned int DatachunkHandler::getMaxMessageCount()
+{
+    return d->maxMessageCount;
+}
+
+void DatachunkHandler::setContinuesMode(bool on)
+{
+    const QWriteLocker locker(&d->lock);
+    d->continuesMode = on;
+    d->maximumHddSpace = 0;
+    d->maxMessageCount = continuousModeLimit;
+    d->droppedMessageCount = 0;
+}
+
+bool DatachunkHandler::getContinuesMode()
+{
+    return d->continuesMode;
+}
+
+bool DatachunkHandler::getIsLive()
+{
+    return d->isLive;
+}
+
+QString DatachunkHandler::chunkFolderPath() const
+{
+    return d->chunkFolder.exists() ? d->chunkFolder.dir().path() : QString();
+}
+
+void DatachunkHandler::appendCanMessage(CAN::CanRxMessage message)
+{
+    if (d->continuesMode) {
+        appendCanMessageContinuesMode(message);
+        return;
+    }
+    bool rotated = false;
+    bool lineIsNew = false;
+    {
+        const QWriteLocker locker(&d->lock);
+        if (d->bufferIsFull(d->liveMessages)) {
+            d->rotateLocked();
+            rotated = true;
+        }
+        d->numberAndAppendLocked(message);
+        if (d->noteForNextMessagePending)
+            d->attachPendingNoteLocked(message.messageNumber);
+        lineIsNew = d->view == DatachunkHandlerPrivate::View::Live && d->insertLine(message);
+    }
+    if (rotated)
+        d->finishRotation();
+    if (lineIsNew)
+        emit newLine(static_cast<unsigned char>(message.line));
+}
+
+void DatachunkHandler::appendCanMessageContinuesMode(CAN::CanRxMessage &message)
+{
+    {
+        const QWriteLocker locker(&d->lock);
+        if (quint32(d->liveMessages.size()) >= d->maxMessageCount) {
+            d->liveMessages.removeFirst();
+            ++d->droppedMessageCount;
+        }
+        d->numberAndAppendLocked(message);
+    }
+    if (d->insertLine(message))
+        emit newLine(static_cast<unsigned char>(message.line));
+}
+
+void DatachunkHandler::addnewtestmessage()
+{
+    appendCanMessage(CAN::CanRxMessage());
+}
+
+void DatachunkHandler::handleFullBuffer()
+{
+    if (!d->isLive)
+        return;
+    emit informAboutClearStart();
+    MessageList unused;
+    {
+        const QWriteLocker locker(&d->lock);
+        if (!d->isLive)
+            return;
+        d->view = DatachunkHandlerPrivate::View::Live;
+        unused = std::exchange(d->rotatedBuffer, {});
+    }
+    const QReadLocker locker(&d->lock);
+    emit informAboutCleared(d->isLive);
+}
+
+void DatachunkHandler::goLive()
+{
+    d->importCancelled = true;
+    if (d->isLive)
+        return;
+    emit informAboutClearStart();
+    MessageList unused;
+    {
+        const QWriteLocker locker(&d->lock);
+        const QMutexLocker notesLocker(&d->notesLock);
+        d->notes = std::exchange(d->liveNotesBackup, {});
+        d->setBookmarks(std::exchange(d->liveBookmarksBackup, {}));
+        d->lines.clear();
+        d->view = DatachunkHandlerPrivate::View::Live;
+        unused = std::exchange(d->pagedMessages, {});
+        d->rotatedBuffer.clear();
+        d->isLive = true;
+    }
+    emit informAboutCleared(d->isLive);
+    emit liveModeChanged(d->isLive);
+}
+
+void DatachunkHandler::clearAllMessages()
+{
+    if (d->importRunning)
+        goLive();
+    MessageList unused;
+    {
+        const QWriteLocker locker(&d->lock);
+        if (d->isLive)
+            emit informAboutClearStart();
+        unused = d->clearLocked();
+    }
+    d->chunkQueue.waitForRunning();
+    d->chunkFolder.removeChunks();
+    d->chunkQueue.resume();
+    if (d->isLive)
+        emit informAboutCleared(true);
+    updateLines();
+}
+
+void DatachunkHandler::dataFileWasRemoved()
+{
+    emit dataFileRemoved();
+}
+
+void DatachunkHandler::showFileLoadingError()
+{
+    emit newErrorMessage(tr("The file at %1 does not exists.").arg(d->fileToLoad));
+}
+
+void DatachunkHandler::showDataChunkVersionMismatch()
+{
+    emit newErrorMessage(tr("This import file was created with a newer version of this tool and "
+                            "could not be imported.\nGoing live again."));
+}
+
+void DatachunkHandler::showTooMuchMessagesError(unsigned int minimum)
+{
+    emit newErrorMessage(tr("The file contains more messages than actually could be importet. \n\n"
+                            "Please increase the maximum message count. \nSet it under "
+                            "Settings->Perfomance to a minimum of %1 to import the whole file")
+                             .arg(minimum));
+}
+
+void DatachunkHandler::informAboutLastError()
+{
+    emit newErrorMessage(d->lastError);
+}

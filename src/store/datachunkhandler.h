@@ -1,0 +1,232 @@
+#pragma once
+
+#include "bookmarkhandler.h"
+#include "canrxmessage.h"
+#include "datachunkglobal.h"
+#include "datachunkhelper.h"
+
+#include <QDir>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+
+#include <memory>
+
+class DatachunkHandlerPrivate;
+
+/// The trace of a CAN bus monitor: keeps a bounded number of messages in memory, moves full
+/// buffers into chunk files and pages them back, with notes and bookmarks.
+///
+/// The store shows one list at a time: the live one, or, while browsing, the messages of a
+/// loaded file. Indexes are positions in the list shown, 0 being the oldest message.
+///
+/// Threads: appendCanMessage may be called from any number of threads, and so may everything
+/// that reads or counts. What changes the mode, loads, imports, exports or clears belongs to the
+/// thread the store lives on, "the application's thread" below.
+///
+/// Locks: the operations take the store's read/write lock, which is not recursive. A slot that
+/// is connected directly to informAboutClearStart, informAboutCleared or newLine may be called
+/// under the lock and must not call back into the store; queued connections are free to.
+///
+/// Destroying the store is safe at any moment, even from an event that an import lets through.
+/// Exports are written to their end first.
+class DATACHUNK_EXPORT DatachunkHandler : public QObject
+{
+    Q_OBJECT
+public:
+    /// Keeps up to \a maxMessageCount - 5000 messages in memory before they are moved to a chunk
+    /// file; a limit below 5000 never moves any. Creates the chunk folder, which the destructor
+    /// removes.
+    DatachunkHandler(unsigned int maxMessageCount, QObject *parent = nullptr);
+    ~DatachunkHandler();
+
+    /// The store never owns the handler. Without one there are no bookmarks.
+    void setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler);
+
+    /// Sets the budget of the chunk folder in MiB, 1000 at first. A chunk saved above it removes
+    /// the oldest one; with 0, rotation saves no chunks and the messages are gone.
+    void setMaximumHDDSpace(unsigned int space);
+
+    unsigned int getMaxMessageCount();
+
+    /// Number of messages shown. Takes the read lock.
+    unsigned int getMessageCount();
+
+    /// Continuous mode keeps the newest 10000 messages and never writes a chunk. Either value of
+    /// \a on sets the message limit to 10000, the disk budget to 0 and the dropped messages to 0.
+    void setContinuesMode(bool on);
+    bool getContinuesMode();
+    bool getIsLive();
+
+    /// The append of continuous mode; numbers \a message. Any thread; takes the write lock.
+    void appendCanMessageContinuesMode(CAN::CanRxMessage &message);
+
+    void showDataChunkVersionMismatch();
+    void showTooMuchMessagesError(unsigned int minimum);
+    void informAboutLastError();
+
+    /// Appends a default record.
+    void addnewtestmessage();
+
+    /// The folder of this store's chunk files, "tmpData0.dck" and so on. An empty path when it
+    /// could not be created; the store then writes no chunks.
+    QString chunkFolderPath() const;
+
+    // Access to the messages shown. Takes the read lock where nothing else is said.
+
+    /// A default record when there is no message \a index.
+    CAN::CanRxMessage messageAt(int index) const;
+    /// The same without taking the lock, for callers that hold off all changes.
+    CAN::CanRxMessage messageAtPassMutex(int index) const;
+    /// False when \a index is not below the number of messages. A negative index gives true and
+    /// a default record.
+    bool getMessageAtIndex(CAN::CanRxMessage &out, int index);
+    /// Index of the first message with \a number, or 0xFFFFFFFF. Takes the write lock.
+    unsigned int getPositionOfMessageNumber(unsigned int number);
+    /// A default record when nothing is shown.
+    CAN::CanRxMessage getLastMessage();
+
+    /// The bus lines seen. Takes no lock.
+    QSet<unsigned char> getLines();
+    /// Takes no lock.
+    void clearLines();
+    /// Collects the lines anew and emits newLine for each of them, under the read lock.
+    void updateLines();
+    /// Starts every line's nextMessageForLine from the first message again.
+    void resetLinePositions();
+    unsigned int messageCountForLine(unsigned char line);
+    /// The last message shown when none is of \a line.
+    CAN::CanRxMessage firstMessageOfLine(unsigned char line) const;
+    /// The first message shown when none is of \a line.
+    CAN::CanRxMessage lastMessageOfLine(unsigned char line) const;
+    /// Finds the first message of \a line at or behind \a position, which counts the messages
+    /// dropped in continuous mode, and sets \a position to its index, which does not. False at
+    /// the end; \a out is then the last message looked at.
+    bool getMessageOfLine(CAN::CanRxMessage &out, unsigned char line, unsigned int &position);
+    /// Steps through the messages of \a line, one a call; false at the end. One thread only.
+    bool nextMessageForLine(CAN::CanRxMessage &out, unsigned char line);
+    /// All messages of \a line from \a fromPosition on, which counts the messages dropped.
+    QList<CAN::CanRxMessage> getMessagesOfLine(unsigned char line, unsigned int fromPosition);
+
+    // Notes and bookmarks of the messages in view, by message number. Any thread; they take the
+    // lock of the notes only.
+
+    QString getMessageNote(unsigned int number) const;
+    void setMessageNote(unsigned int number, QString text);
+    /// Adds \a text behind " ; " unless the note contains it already.
+    void appendMessageNote(unsigned int number, QString text);
+    /// The next message appended gets the note "request time - arrival time - text".
+    void addMessageNoteToNextMessage(QString text);
+    /// Adds the time of day and \a text to the note of the last message shown.
+    void addMessageNoteToLastMessage(QString text);
+    CanMessageBookmark bookmarkAt(int number) const;
+
+    // Saving, loading and splitting chunk files. Application's thread.
+
+    /// Saves messages in the background: the live ones for CurrentMessages (a "dck" name makes
+    /// a chunk, any other a text), the rotated buffer still shown for the other types, with the
+    /// chunk's number in place of "%1". \a selected picks positions; otherwise \a startPosition
+    /// to \a lastPosition are saved, both included, and 0 for the latter means all.
+    void saveMessagesToFile(QString fileName, DatachunkHelper::SavedMessageType type,
+                            QList<unsigned int> selected, int startPosition, int lastPosition);
+    /// Saves a copy of \a messages in the background. \a endPosition is not included.
+    void saveMessages(QString fileName, QList<CAN::CanRxMessage> *messages,
+                      unsigned int endPosition, DatachunkHelper::SavedMessageType type,
+                      int startPosition, QList<unsigned int> selected);
+    /// Adds the messages of a chunk file to the browsing list and takes over its notes and
+    /// bookmarks. False, and nothing changes, when it cannot be opened; a newer version is
+    /// reported and leads back to live mode.
+    bool loadDckFile(QString fileName);
+    /// The same, but never reads the bookmarks, so that those of a version 104 file are taken
+    /// for the beginning of its first record.
+    bool appendDckFile(QString fileName);
+    /// Shows rotated chunk \a number, waiting for it to be written. Always returns true.
+    bool loadDataFromFile(int number);
+    /// Cuts a chunk file into parts of \a messagesPerFile messages, numbered from 0 across the
+    /// parts, in a folder "..._splitted" beside it. The last part stays open as the continuous
+    /// output. False when the file cannot be read, is of a newer version or a part cannot be
+    /// created, and for parts of 0 messages.
+    bool splitFile(QString fileName, unsigned int messagesPerFile);
+
+    bool createContinuousOutputFile(QString fileName);
+    void appendToContinuousOutputFile(CAN::CanRxMessage message);
+    void finishContinousOutput();
+
+    // ZIP archives of chunk files.
+
+    void setZipFileName(QString fileName);
+    void setZipAfterSaving(bool on);
+    void saveDatachunksToZip();
+    void sortZipFile(QString zipName, QMap<double, QString> &order);
+    bool loadZipMerged(QString zipName);
+    void importZipAndMerge(QString zipName);
+    bool loadZipFile(QString zipName);
+
+    // Import. Application's thread; an import turns the event loop, so that anything may be
+    // called meanwhile. A second import or load is then refused with messagesImported(QString());
+    // goLive and clearAllMessages cancel the running one.
+
+    /// Shows the messages of a file in place of the ones shown and leaves live mode. False, and
+    /// back in live mode, when nothing was imported; a file that cannot be opened changes
+    /// nothing. \a clearFileName has no effect.
+    bool loadFile(QString fileName, bool clearFileName, DatachunkHelper::ImportFileType type,
+                  DatachunkHelper::SavedMessageType savedType, QString formatDescription);
+
+    // The readers of single formats. They add messages to the browsing list without showing it
+    // and return false when the file cannot be opened.
+
+    bool loadSocketCanDump(QString fileName);
+    bool loadWiresharkCSV(QString fileName);
+
+public slots:
+    /// Numbers the message and adds it to the live list. Any thread; takes the write lock once.
+    void appendCanMessage(CAN::CanRxMessage message);
+    /// Opens a file that the user chose, whatever its type.
+    void loadDataFromFile(QString fileName, DatachunkHelper::SavedMessageType smt);
+    void showFileLoadingError();
+    /// Shows the live messages again, with their notes and bookmarks.
+    void goLive();
+    void importMessages(QString openFileName, DatachunkHelper::ImportFileType importFileType,
+                        QString genericFormatDescription = QString());
+    void exportMessages(QString fileName, DatachunkHelper::ExportOptions expOptions = {},
+                        QList<quint32> messagesToExport = {});
+    void dataFileWasRemoved();
+    void newDataFileSaved(QString time);
+    void exportMessageRange(int firstMessage, int lastMessage, QString saveFileName);
+    void exportAllMessages(QString fileName, DatachunkHelper::ExportOptions expOptions);
+    /// Forgets all live messages, notes, bookmarks and chunks; numbers start at 0 again.
+    void clearAllMessages();
+    void newPartialDataFileSaved(QString savedFileName, QString time);
+
+private slots:
+    void handleFullBuffer();
+    void savingFinished(bool success);
+    bool addTxtMessage(CAN::CanRxMessage msg);
+
+signals:
+    /// A chunk was written: its index and its time range.
+    void newDataFile(uint, QString);
+    /// A chunk was unpacked: entry name, archive name, target folder, time range.
+    void newZippedFile(QString, QString, QDir, QString);
+    void zipFileLoaded(QString);
+    void newImportedFile(QString, QString);
+    /// A chunk of an import was written: its file, the import's name, its time range.
+    void newPartialDataFile(QString, QString, QString);
+    void dataFileRemoved();
+    void showLoadingDialog(bool);
+    /// An import ended; an empty name means that nothing was imported.
+    void messagesImported(QString);
+    void chunkContainsFdMessage(bool);
+    void informAboutClearStart();
+    void informAboutCleared(bool);
+    void newErrorMessage(QString);
+    void newLine(unsigned char);
+    void liveModeChanged(bool);
+
+private:
+    friend class DatachunkHandlerPrivate;
+    friend class ImportRun;
+    const std::unique_ptr<DatachunkHandlerPrivate> d;
+};

@@ -1,0 +1,183 @@
+#include "datachunkhandler_p.h"
+
+#include <QMutexLocker>
+#include <QReadLocker>
+#include <QTime>
+#include <QWriteLocker>
+
+#include <utility>
+
+namespace {
+// A rotation happens this much below the limit, which leaves room for what arrives meanwhile.
+constexpr quint32 rotationMargin = 5000;
+}
+
+DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
+                                                 unsigned int maxMessageCount) :
+    q(store),
+    maxMessageCount(maxMessageCount),
+    continuousOutput(new SaveFileWorker(store)),
+    chunkQueue([this](SaveJob &job) { runSave(job); }),
+    exportQueue([this](SaveJob &job) { runSave(job); })
+{
+}
+
+const MessageList &DatachunkHandlerPrivate::shown() const
+{
+    static const MessageList nothing;
+    switch (view) {
+    case View::Live:
+        return liveMessages;
+    case View::RotatedBuffer:
+        return rotatedBuffer;
+    case View::Paged:
+        return pagedMessages;
+    case View::Nothing:
+        break;
+    }
+    return nothing;
+}
+
+int DatachunkHandlerPrivate::liveMessageCount() const
+{
+    const QReadLocker locker(&lock);
+    return liveMessages.size();
+}
+
+bool DatachunkHandlerPrivate::bufferIsFull(const MessageList &messages) const
+{
+    // Unsigned on purpose: a limit below the margin wraps round and is never reached.
+    return !messages.isEmpty() && quint32(messages.size()) >= maxMessageCount - rotationMargin;
+}
+
+bool DatachunkHandlerPrivate::savesChunks() const
+{
+    return maximumHddSpace != 0 && chunkFolder.exists();
+}
+
+void DatachunkHandlerPrivate::rotateLocked()
+{
+    SharedSaveJob job = savesChunks() ? newChunkJobLocked(DatachunkHelper::FullBuffer)
+                                      : std::make_shared<SaveJob>();
+    takeLiveNotesLocked(*job);
+    job->messages = std::exchange(liveMessages, {});
+    job->endPosition = quint32(job->messages.size());
+    if (savesChunks()) {
+        job->fileName = chunkFolder.chunkPath(job->chunkIndex);
+        chunkQueue.add(job);
+    }
+    if (isLive) {
+        rotatedBuffer = job->messages;
+        view = View::RotatedBuffer;
+        emit q->informAboutClearStart();
+    }
+}
+
+void DatachunkHandlerPrivate::finishRotation()
+{
+    chunkQueue.start();
+    poolTasks.run([this] { q->handleFullBuffer(); });
+    if (maximumHddSpace != 0 && !chunkFolder.exists() && !missingFolderReported.exchange(true)) {
+        emit q->newErrorMessage(DatachunkHandler::tr(
+            "The folder for chunk files could not be created. Messages beyond the limit are lost."));
+    }
+}
+
+void DatachunkHandlerPrivate::numberAndAppendLocked(CAN::CanRxMessage &message)
+{
+    message.messageNumber = nextMessageNumber++;
+    liveMessages.append(message);
+}
+
+bool DatachunkHandlerPrivate::insertLine(const CAN::CanRxMessage &message)
+{
+    return lines.insert(static_cast<unsigned char>(message.line));
+}
+
+MessageList DatachunkHandlerPrivate::clearLocked()
+{
+    chunkQueue.pause();
+    chunkQueue.discard();
+    ++generation;
+    nextMessageNumber = 0;
+    chunkCount = 0;
+    lines.clear();
+    rotatedBuffer.clear();
+    if (view == View::RotatedBuffer)
+        view = View::Live;
+    if (bookmarkHandler)
+        bookmarkHandler->clearBookmarks();
+    const QMutexLocker locker(&notesLock);
+    notes.clear();
+    // What was set aside belongs to messages that are gone now, and their numbers come again.
+    liveNotesBackup.clear();
+    liveBookmarksBackup.clear();
+    return std::exchange(liveMessages, {});
+}
+
+void DatachunkHandlerPrivate::leaveLiveMode()
+{
+    emit q->informAboutClearStart();
+    const QWriteLocker locker(&lock);
+    pagedMessages.clear();
+    lastError = DatachunkHandler::tr("Unknown import error");
+    if (isLive) {
+        const QMutexLocker notesLocker(&notesLock);
+        liveNotesBackup = std::exchange(notes, {});
+        liveBookmarksBackup = bookmarks();
+    } else if (bookmarkHandler) {
+        bookmarkHandler->clearBookmarks();
+    }
+    if (view == View::Paged)
+        view = View::Nothing;
+    isLive = false;
+    lines.clear();
+}
+
+void DatachunkHandlerPrivate::forgetRotatedBuffer()
+{
+    MessageList unused;
+    const QWriteLocker locker(&lock);
+    if (view != View::RotatedBuffer)
+        unused = std::exchange(rotatedBuffer, {});
+}
+
+void DatachunkHandlerPrivate::takeLiveNotesLocked(SaveJob &job)
+{
+    const QMutexLocker locker(&notesLock);
+    if (isLive) {
+        job.notes = std::exchange(notes, {});
+        if (bookmarkHandler)
+            job.bookmarks = bookmarkHandler->takeBookmarks();
+    } else {
+        job.notes = std::exchange(liveNotesBackup, {});
+        job.bookmarks = std::exchange(liveBookmarksBackup, {});
+    }
+}
+
+void DatachunkHandlerPrivate::attachPendingNoteLocked(quint32 number)
+{
+    const QMutexLocker locker(&notesLock);
+    if (!noteForNextMessagePending.exchange(false))
+        return;
+    const QString note
+        = noteForNextMessage.arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss.zzz")));
+    (isLive ? notes : liveNotesBackup).insert(number, note);
+}
+
+void DatachunkHandlerPrivate::setBookmarks(const ChunkFormat::Bookmarks &bookmarks)
+{
+    if (bookmarkHandler)
+        bookmarkHandler->setBookmarks(bookmarks);
+}
+
+ChunkFormat::Bookmarks DatachunkHandlerPrivate::bookmarks() const
+{
+    return bookmarkHandler ? bookmarkHandler->bookmarks() : ChunkFormat::Bookmarks();
+}
+
+ChunkFormat::Notes DatachunkHandlerPrivate::notesInView() const
+{
+    const QMutexLocker locker(&notesLock);
+    return notes;
+}

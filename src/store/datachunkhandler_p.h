@@ -1,0 +1,149 @@
+#pragma once
+
+#include "chunkfolder.h"
+#include "chunkformat.h"
+#include "datachunkhandler.h"
+#include "importrun.h"
+#include "lineset.h"
+#include "messagelist.h"
+#include "pooltasks.h"
+#include "savefileworker.h"
+#include "savequeue.h"
+
+#include <QMutex>
+#include <QPointer>
+#include <QReadWriteLock>
+
+#include <array>
+#include <atomic>
+#include <functional>
+
+/// State and inner operations of a DatachunkHandler. Functions ending in "Locked" expect the
+/// write lock.
+class DatachunkHandlerPrivate
+{
+public:
+    /// Which list the readers see.
+    enum class View {
+        Live,
+        RotatedBuffer, ///< live, until the pool gets to showing the new live list
+        Paged,
+        Nothing ///< browsing, while or because nothing has been loaded
+    };
+
+    enum class BookmarkMap { Read, NotRead };
+
+    DatachunkHandlerPrivate(DatachunkHandler *store, unsigned int maxMessageCount);
+
+    int liveMessageCount() const;
+
+    /// The list shown. Expects either lock.
+    const MessageList &shown() const;
+
+    // Rotation. rotateLocked leaves to finishRotation what must not be done under the lock.
+    bool bufferIsFull(const MessageList &messages) const;
+    bool savesChunks() const;
+    void rotateLocked();
+    void finishRotation();
+    void numberAndAppendLocked(CAN::CanRxMessage &message);
+    /// True when the message's line was not seen before.
+    bool insertLine(const CAN::CanRxMessage &message);
+    /// Empties the trace and stops the saving of chunks until the queue resumes; returns the
+    /// messages, to be freed without the lock.
+    MessageList clearLocked();
+
+    /// Sets the live notes and bookmarks aside and empties the browsing list. Takes the lock.
+    void leaveLiveMode();
+    /// Stops keeping the rotated buffer once it is not shown any more. Takes the lock.
+    void forgetRotatedBuffer();
+
+    // Notes and bookmarks.
+    void takeLiveNotesLocked(SaveJob &job);
+    void attachPendingNoteLocked(quint32 number);
+    void setBookmarks(const ChunkFormat::Bookmarks &bookmarks);
+    ChunkFormat::Bookmarks bookmarks() const;
+    ChunkFormat::Notes notesInView() const;
+
+    // Saving. A job is made under the lock, given to its queue and started without it.
+    SharedSaveJob newChunkJobLocked(DatachunkHelper::SavedMessageType type);
+    /// Saves with the notes and bookmarks that are set aside for exports.
+    void saveWithExportNotes(const SharedSaveJob &job);
+    SaveQueue &queueFor(const SaveJob &job);
+    void runSave(SaveJob &job);
+    void post(const SaveJob &job, const std::function<void()> &report);
+    void chunkSaved(quint32 index, const QString &time);
+
+    // Loading and importing.
+    /// Tells the application so and returns true while an import runs.
+    bool refuseDuringImport();
+    bool readChunk(const QString &fileName, BookmarkMap bookmarkMap);
+    /// Adds the records to the browsing list; returns whether one is a CAN FD frame.
+    bool readRecords(QIODevice &file, quint32 version);
+    bool splitRecords(QIODevice &file, quint32 version, const QString &partTemplate,
+                      quint32 messagesPerFile);
+    /// Runs the reader of a format. False when there is none, when it failed or when it was
+    /// stopped; the store may then be gone.
+    bool runReader(const ImportRun &run, const QString &fileName,
+                   DatachunkHelper::ImportFileType type, const QString &formatDescription);
+    /// The same as an import of its own, for the operations that load a single format.
+    bool runLoader(const QString &fileName, DatachunkHelper::ImportFileType type,
+                   const QString &formatDescription = QString());
+    bool endCancelledImport();
+    bool failImport();
+    bool finishImport(const ImportRun &run, bool save);
+    SharedSaveJob savePagedMessages(const ChunkFormat::Notes &notes);
+    /// Adds one imported message; false when the import has to stop, and the store may then be
+    /// gone. Turns the event loop where a full buffer has to wait for the one before it.
+    bool addImported(const CAN::CanRxMessage &message);
+    bool makeRoomForImported();
+
+    DatachunkHandler *const q;
+
+    // Constant after construction, or safe to use from any thread by themselves.
+    ChunkFolder chunkFolder;
+    LineSet lines;
+    PoolTasks poolTasks;
+    std::atomic<bool> isLive {true}; // changes under the write lock
+    std::atomic<bool> continuesMode {false};
+    std::atomic<quint32> maxMessageCount;
+    std::atomic<quint32> maximumHddSpace {1000};
+    std::atomic<bool> missingFolderReported {false};
+    std::atomic<bool> importRunning {false};
+    std::atomic<bool> importCancelled {false};
+
+    // Guarded by lock.
+    mutable QReadWriteLock lock;
+    std::atomic<View> view {View::Live}; // may be read without it
+    MessageList liveMessages;
+    MessageList rotatedBuffer;
+    MessageList pagedMessages; // without the lock while it is not shown, application thread only
+    quint32 nextMessageNumber = 0;
+    quint32 chunkCount = 0;
+    quint32 droppedMessageCount = 0;
+    QPointer<BookmarkHandler> bookmarkHandler; // set by the application thread only
+    quint64 generation = 0; // rises with every clearing, so that late reports are known
+
+    // Guarded by notesLock, which is taken last of all and never held during a call outside.
+    mutable QMutex notesLock;
+    ChunkFormat::Notes notes;
+    ChunkFormat::Notes liveNotesBackup;
+    ChunkFormat::Bookmarks liveBookmarksBackup;
+    std::atomic<bool> noteForNextMessagePending {false};
+    QString noteForNextMessage;
+
+    // Application thread only.
+    QString fileToLoad;
+    QString loadedFileName;
+    QString lastError;
+    ChunkFormat::Notes savingNotes; // what the next export carries
+    ChunkFormat::Bookmarks savingBookmarks;
+    QString zipFileName;
+    bool zipAfterSaving = false;
+    std::array<quint32, 256> linePositions {};
+    SharedSaveJob lastPartialSave;
+    SaveFileWorker *const continuousOutput; // child of the store
+
+    // Last, so that their threads end before anything that they report to is gone.
+    SaveQueue chunkQueue;
+    SaveQueue exportQueue;
+};
