@@ -1,0 +1,146 @@
+// The store's part of loading and splitting chunk files.
+
+#include "datachunkhandler.h"
+#include "datachunkhandler_p.h"
+#include "regularfile.h"
+
+#include <QFileInfo>
+#include <QMutexLocker>
+#include <QWriteLocker>
+
+#include <utility>
+
+namespace {
+
+using BookmarkMap = DatachunkHandlerPrivate::BookmarkMap;
+
+struct ChunkMaps
+{
+    ChunkFormat::Notes notes;
+    ChunkFormat::Bookmarks bookmarks;
+};
+
+ChunkMaps readMaps(QDataStream &stream, quint32 version, BookmarkMap bookmarkMap)
+{
+    ChunkMaps maps;
+    if (version >= ChunkFormat::notesSince)
+        stream >> maps.notes;
+    if (version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
+        stream >> maps.bookmarks;
+    setCurrentChunkVersion(version);
+    return maps;
+}
+
+} // namespace
+
+bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap bookmarkMap)
+{
+    QFile file(fileName);
+    if (!openRegularFile(file))
+        return false;
+    QDataStream stream(&file);
+    const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
+    if (preamble.version > ChunkFormat::currentVersion) {
+        q->showDataChunkVersionMismatch();
+        q->goLive();
+        return false;
+    }
+    const ChunkMaps maps = readMaps(stream, preamble.version, bookmarkMap);
+    if (preamble.version >= ChunkFormat::notesSince) {
+        const QMutexLocker locker(&notesLock);
+        notes = maps.notes;
+    }
+    if (preamble.version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
+        setBookmarks(maps.bookmarks);
+    emit q->chunkContainsFdMessage(readRecords(file, preamble.version));
+    return true;
+}
+
+bool DatachunkHandlerPrivate::readRecords(QIODevice &file, quint32 version)
+{
+    bool containsFdFrame = false;
+    CAN::CanRxMessage message;
+    ChunkFormat::RecordReader reader(file, version);
+    // Live messages go on arriving, so the lock is not held while the disk is read.
+    MessageList messages = pagedMessages;
+    while (reader.next(message)) {
+        messages.append(message);
+        containsFdFrame |= message.fdFrame;
+        insertLine(message);
+    }
+    const QWriteLocker locker(&lock);
+    pagedMessages = std::move(messages);
+    return containsFdFrame;
+}
+
+bool DatachunkHandler::loadDckFile(QString fileName)
+{
+    return !d->refuseDuringImport() && d->readChunk(fileName, BookmarkMap::Read);
+}
+
+bool DatachunkHandler::appendDckFile(QString fileName)
+{
+    return !d->refuseDuringImport() && d->readChunk(fileName, BookmarkMap::NotRead);
+}
+
+bool DatachunkHandler::loadDataFromFile(int number)
+{
+    if (!d->chunkFolder.exists())
+        return true;
+    d->chunkQueue.waitForAll();
+    const QString name = QStringLiteral("tmpData%1.dck").arg(number);
+    loadFile(d->chunkFolder.dir().absoluteFilePath(name), true, DatachunkHelper::ChunkFile,
+             DatachunkHelper::CurrentMessages, QString());
+    return true;
+}
+
+void DatachunkHandler::loadDataFromFile(QString fileName, DatachunkHelper::SavedMessageType smt)
+{
+    loadFile(fileName, false, DatachunkHelper().getImportFileType(fileName), smt, QString());
+}
+
+bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
+{
+    const QFileInfo source(fileName);
+    QFile file(fileName);
+    if (messagesPerFile == 0 || !source.isFile())
+        return false;
+    const QString baseName = source.baseName();
+    QDir folder = source.absoluteDir();
+    const QString folderName = baseName + QLatin1String("_splitted");
+    folder.mkdir(folderName);
+    if (!folder.cd(folderName) || !openRegularFile(file))
+        return false;
+    QDataStream stream(&file);
+    const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
+    if (preamble.version > ChunkFormat::currentVersion) {
+        showDataChunkVersionMismatch();
+        goLive();
+        return false;
+    }
+    readMaps(stream, preamble.version, BookmarkMap::Read);
+    const QString partTemplate = folder.absoluteFilePath(baseName + QLatin1String("_%1.dck"));
+    return d->splitRecords(file, preamble.version, partTemplate, messagesPerFile);
+}
+
+bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,
+                                           const QString &partTemplate, quint32 messagesPerFile)
+{
+    // Eight bits on purpose: part 256 is part 0 again.
+    quint8 part = 0;
+    quint32 count = 0;
+    CAN::CanRxMessage message;
+    ChunkFormat::RecordReader reader(file, version);
+    while (reader.next(message)) {
+        if (count % messagesPerFile == 0) {
+            if (count != 0 && !continuousOutput->flushContinuousOutput())
+                return false;
+            q->finishContinousOutput();
+            if (!q->createContinuousOutputFile(fillChunkNumber(partTemplate, part++)))
+                return false;
+        }
+        message.messageNumber = count++;
+        q->appendToContinuousOutputFile(message);
+    }
+    return count == 0 || continuousOutput->flushContinuousOutput();
+}

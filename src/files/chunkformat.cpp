@@ -1,0 +1,191 @@
+#include "chunkformat.h"
+
+#include <QtEndian>
+
+#include <cstring>
+
+namespace ChunkFormat {
+
+namespace {
+
+constexpr int blockSize = 256 * 1024;
+
+int recordSize(int payload, quint32 version)
+{
+    return (version >= lineFieldSince ? 25 : 23) + payload;
+}
+
+template <typename Integer> char *put(char *out, Integer value)
+{
+    qToBigEndian(value, out);
+    return out + sizeof value;
+}
+
+template <typename Integer> const char *get(const char *in, Integer &value)
+{
+    value = qFromBigEndian<Integer>(in);
+    return in + sizeof value;
+}
+
+// A complete record with a valid length lies at `in`.
+void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version)
+{
+    in = get(in, message.length);
+    std::memcpy(message.data, in, std::size_t(message.length));
+    in += message.length;
+    message.extended = *in++ != 0;
+    in = get(in, message.id);
+    message.remote = *in++ != 0;
+    message.flagC = *in++ != 0;
+    message.fdFrame = *in++ != 0;
+    message.flagB = *in++ != 0;
+    message.flagD = *in++ != 0;
+    in = get(in, message.microseconds);
+    in = get(in, message.seconds);
+    in = get(in, message.messageNumber);
+    if (version >= lineFieldSince)
+        get(in, message.line);
+}
+
+} // namespace
+
+QString timeText(const CAN::CanRxMessage &first, const CAN::CanRxMessage &last)
+{
+    return QStringLiteral("%1.%2 - %3.%4")
+        .arg(first.seconds)
+        .arg(first.microseconds, 6, 10, QLatin1Char('0'))
+        .arg(last.seconds)
+        .arg(last.microseconds, 6, 10, QLatin1Char('0'));
+}
+
+void writeHeader(QDataStream &stream, const QString &timeText, const Notes &notes,
+                 const Bookmarks &bookmarks)
+{
+    stream << timeText << QString::number(currentVersion) << notes << bookmarks;
+}
+
+Preamble readPreamble(QDataStream &stream)
+{
+    Preamble preamble;
+    QString versionText;
+    stream >> preamble.timeText >> versionText;
+    preamble.version = versionText.remove(QLatin1Char('.')).toUInt();
+    return preamble;
+}
+
+int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version)
+{
+    const int payload = CAN::payloadSize(message);
+    char *to = put(out, qint8(payload));
+    std::memcpy(to, message.data, std::size_t(payload));
+    to += payload;
+    *to++ = char(message.extended);
+    to = put(to, message.id);
+    *to++ = char(message.remote);
+    *to++ = char(message.flagC);
+    *to++ = char(message.fdFrame);
+    *to++ = char(message.flagB);
+    *to++ = char(message.flagD);
+    to = put(to, message.microseconds);
+    to = put(to, message.seconds);
+    to = put(to, message.messageNumber);
+    if (version >= lineFieldSince)
+        to = put(to, message.line);
+    return int(to - out);
+}
+
+void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 version)
+{
+    char record[maxRecordSize];
+    stream.writeRawData(record, encodeRecord(record, message, version));
+}
+
+bool readRecord(QDataStream &stream, CAN::CanRxMessage &message, quint32 version)
+{
+    qint8 length = 0;
+    stream >> length;
+    if (length < 0 || length > CAN::maxDataBytes) {
+        stream.setStatus(QDataStream::ReadCorruptData);
+        return false;
+    }
+    message.length = length;
+    stream.readRawData(reinterpret_cast<char *>(message.data), length);
+    stream >> message.extended >> message.id >> message.remote >> message.flagC >> message.fdFrame
+        >> message.flagB >> message.flagD >> message.microseconds >> message.seconds
+        >> message.messageNumber;
+    if (version >= lineFieldSince)
+        stream >> message.line;
+    return true;
+}
+
+RecordReader::RecordReader(QIODevice &device, quint32 version)
+    : device(device), version(version), buffer(blockSize, Qt::Uninitialized)
+{
+}
+
+void RecordReader::refill()
+{
+    const int rest = size - position;
+    std::memmove(buffer.data(), buffer.constData() + position, std::size_t(rest));
+    position = 0;
+    size = rest;
+    while (!atEnd && size < maxRecordSize) {
+        const qint64 got = device.read(buffer.data() + size, blockSize - size);
+        if (got <= 0)
+            atEnd = true;
+        else
+            size += int(got);
+    }
+}
+
+bool RecordReader::readCutRecord(CAN::CanRxMessage &message)
+{
+    const QByteArray rest = QByteArray::fromRawData(buffer.constData() + position, size - position);
+    position = size;
+    QDataStream stream(rest);
+    return readRecord(stream, message, version);
+}
+
+bool RecordReader::next(CAN::CanRxMessage &message)
+{
+    if (size - position < maxRecordSize && !atEnd)
+        refill();
+    if (position == size)
+        return false;
+    const char *record = buffer.constData() + position;
+    const int length = static_cast<signed char>(*record);
+    if (length < 0 || length > CAN::maxDataBytes) {
+        position = size;
+        atEnd = true;
+        return false;
+    }
+    const int bytes = recordSize(length, version);
+    if (size - position < bytes)
+        return readCutRecord(message);
+    decodeRecord(record, message, version);
+    position += bytes;
+    return true;
+}
+
+RecordWriter::RecordWriter(QIODevice &device, quint32 version)
+    : device(device), version(version), buffer(blockSize, Qt::Uninitialized)
+{
+}
+
+bool RecordWriter::write(const CAN::CanRxMessage &message)
+{
+    if (used > blockSize - maxRecordSize)
+        flush();
+    used += encodeRecord(buffer.data() + used, message, version);
+    return !failed;
+}
+
+bool RecordWriter::flush()
+{
+    if (!failed && device.write(buffer.constData(), used) != used)
+        failed = true;
+    used = 0;
+    return !failed;
+}
+
+} // namespace ChunkFormat

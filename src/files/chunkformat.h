@@ -1,0 +1,91 @@
+#pragma once
+
+#include "canmessagebookmark.h"
+#include "canrxmessage.h"
+
+#include <QByteArray>
+#include <QDataStream>
+#include <QIODevice>
+#include <QMap>
+#include <QString>
+
+/// Reading and writing chunk files, byte for byte as docs/chunk-format.md describes them.
+/// Plain functions and values; the caller opens, names and closes the files.
+namespace ChunkFormat {
+
+using Notes = QMap<unsigned int, QString>;
+using Bookmarks = QMap<unsigned int, CanMessageBookmark>;
+
+constexpr quint32 notesSince = 101;
+constexpr quint32 lineFieldSince = 103;
+constexpr quint32 bookmarksSince = 104;
+constexpr quint32 currentVersion = 104;
+
+/// Size of a record with a full payload in the current version.
+constexpr int maxRecordSize = 25 + CAN::maxDataBytes;
+
+/// The header text: "%1.%2 - %3.%4", the time stamps of the first and the last message.
+QString timeText(const CAN::CanRxMessage &first, const CAN::CanRxMessage &last);
+
+/// Writes everything in front of the records, in the current version.
+void writeHeader(QDataStream &stream, const QString &timeText, const Notes &notes,
+                 const Bookmarks &bookmarks);
+
+/// What stands at the front of every chunk file.
+struct Preamble
+{
+    QString timeText;
+    quint32 version = 0; ///< 0 when the version text is no number
+};
+Preamble readPreamble(QDataStream &stream);
+
+/// Stores one record at \a out, which has room for maxRecordSize bytes; returns its size.
+int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version);
+void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 version);
+
+/// Reads one record over \a message: fields behind the end of the stream become 0, payload
+/// bytes there and a line that the version does not carry keep their values. Returns false,
+/// with the stream's status set to ReadCorruptData, for a length outside 0..64.
+bool readRecord(QDataStream &stream, CAN::CanRxMessage &message, quint32 version);
+
+/// Reads the records from a device's position to its end, in blocks.
+class RecordReader
+{
+public:
+    RecordReader(QIODevice &device, quint32 version);
+
+    /// Reads the next record over \a message, as readRecord does; a record cut short by the
+    /// end counts. False at the end, on a read error and at a length outside 0..64.
+    bool next(CAN::CanRxMessage &message);
+
+private:
+    void refill();
+    bool readCutRecord(CAN::CanRxMessage &message);
+
+    QIODevice &device;
+    const quint32 version;
+    QByteArray buffer;
+    int position = 0;
+    int size = 0;
+    bool atEnd = false;
+};
+
+/// Collects records and writes them in blocks.
+class RecordWriter
+{
+public:
+    RecordWriter(QIODevice &device, quint32 version);
+
+    /// False when the device did not take everything; the rest of the records is then dropped.
+    bool write(const CAN::CanRxMessage &message);
+    bool flush();
+
+private:
+    QIODevice &device;
+    const quint32 version;
+    QByteArray buffer;
+    int used = 0;
+    bool failed = false;
+};
+
+} // namespace ChunkFormat

@@ -1,0 +1,121 @@
+#include "savejob.h"
+
+#include "savefileworker.h"
+#include "textexport.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QMutexLocker>
+#include <QTextStream>
+
+#include <algorithm>
+
+void SaveJob::markFinished()
+{
+    const QMutexLocker locker(&mutex);
+    finished = true;
+    finishedCondition.wakeAll();
+}
+
+bool SaveJob::waitForFinished(unsigned long milliseconds)
+{
+    const QMutexLocker locker(&mutex);
+    if (!finished)
+        finishedCondition.wait(&mutex, milliseconds);
+    return finished;
+}
+
+QString chunkTimeText(const MessageList &messages, qint64 first, qint64 last)
+{
+    return ChunkFormat::timeText(messages.value(first), messages.value(last));
+}
+
+namespace {
+
+// Calls write(message) for every position that the job selects and the list has, in order,
+// until it returns false or the job is cancelled.
+template <typename Write> void forEachMessage(const SaveJob &job, qint64 start, const Write &write)
+{
+    constexpr int messagesBetweenChecks = 1024;
+    const auto goOn = [&job](qint64 done) {
+        return done % messagesBetweenChecks != 0 || !job.cancelled;
+    };
+    if (!job.selected.isEmpty()) {
+        for (int i = 0; i < job.selected.size() && goOn(i); ++i) {
+            const quint32 position = job.selected.at(i);
+            if (position < quint32(job.messages.size()) && !write(job.messages.at(int(position))))
+                return;
+        }
+        return;
+    }
+    const qint64 end = std::min<qint64>(job.endPosition, job.messages.size());
+    for (qint64 i = std::max<qint64>(start, 0); i < end && goOn(i); ++i) {
+        if (!write(job.messages.at(int(i))))
+            return;
+    }
+}
+
+// Some file systems find out that they are full only when the file is closed.
+QString closeAndGetError(QFile &file)
+{
+    file.flush();
+    QString error = file.error() == QFileDevice::NoError ? QString() : file.errorString();
+    file.close();
+    if (error.isEmpty() && file.error() != QFileDevice::NoError)
+        error = file.errorString();
+    return error;
+}
+
+SaveOutcome finish(const SaveJob &job, QFile &file, SaveOutcome outcome)
+{
+    outcome.errorText = closeAndGetError(file);
+    if (job.cancelled) {
+        outcome.result = SaveOutcome::GivenUp;
+        file.remove();
+    } else if (!outcome.errorText.isEmpty()) {
+        qDebug() << "void SaveFileWorker::saveToFile()" << outcome.errorText << job.endPosition;
+    }
+    return outcome;
+}
+
+} // namespace
+
+SaveOutcome writeChunkFile(const SaveJob &job)
+{
+    SaveOutcome outcome;
+    QFile file(job.fileName);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate)) {
+        outcome.result = SaveOutcome::NotOpened;
+        outcome.errorText = file.errorString();
+        qDebug() << "void SaveFileWorker::saveToFile()" << outcome.errorText;
+        return outcome;
+    }
+    outcome.timeText = chunkTimeText(job.messages, job.startPosition, qint64(job.endPosition) - 1);
+    QDataStream stream(&file);
+    ChunkFormat::writeHeader(stream, outcome.timeText, job.notes, job.bookmarks);
+    setCurrentChunkVersion(ChunkFormat::currentVersion);
+    ChunkFormat::RecordWriter writer(file, ChunkFormat::currentVersion);
+    forEachMessage(job, job.startPosition,
+                   [&writer](const CAN::CanRxMessage &message) { return writer.write(message); });
+    writer.flush();
+    return finish(job, file, outcome);
+}
+
+SaveOutcome writeTextFile(const SaveJob &job)
+{
+    SaveOutcome outcome;
+    QFile file(job.fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        outcome.result = SaveOutcome::NotOpened;
+        outcome.errorText = file.errorString();
+        return outcome;
+    }
+    QTextStream stream(&file);
+    stream << TextExport::headerLine();
+    forEachMessage(job, 0, [&](const CAN::CanRxMessage &message) {
+        stream << TextExport::messageLine(message, job.notes.value(message.messageNumber));
+        return stream.status() == QTextStream::Ok;
+    });
+    stream.flush();
+    return finish(job, file, outcome);
+}
