@@ -1,0 +1,86 @@
+#include "candumpreader.h"
+
+#include "linefields.h"
+
+using namespace LineFields;
+
+namespace {
+
+constexpr quint32 messagesBetweenTurns = 1000;
+
+void setId(CAN::CanRxMessage &message, quint32 id)
+{
+    message.id = id;
+    message.extended = id > maxStandardId;
+}
+
+// "123#1122" into identifier and payload. A frame with another number of "#" (CAN FD has two)
+// is kept without both.
+template <typename Char> void readCompactFrame(Text<Char> frame, CAN::CanRxMessage &message)
+{
+    const std::size_t separator = frame.find(Char('#'));
+    if (separator == frame.npos || frame.find(Char('#'), separator + 1) != frame.npos)
+        return;
+    setId(message, toNumber<quint32>(frame.substr(0, separator), 16));
+    const Text<Char> digits = frame.substr(separator + 1);
+    const int pairs = int(digits.size() + 1) / 2;
+    message.length = qint8(pairs);
+    // A digit without a partner is no number, but it counts: its byte stays 0.
+    for (int i = 0; i < std::min(int(digits.size() / 2), CAN::maxDataBytes); ++i)
+        message.data[i] = toHexByte(digits.substr(std::size_t(i) * 2, 2));
+}
+
+template <typename Char>
+bool readCompactLine(Text<Char> line, const Parts<Char> &tokens, CAN::CanRxMessage &message)
+{
+    if (line.find(Char('#')) == line.npos)
+        return false;
+    readTimeStampInParentheses(tokens[0], message);
+    readCompactFrame(tokens[2], message);
+    return true;
+}
+
+template <typename Char> bool readSpacedLine(const Parts<Char> &tokens, CAN::CanRxMessage &message)
+{
+    const bool hasTime = tokens[0].front() == '(';
+    if (hasTime && tokens[0].back() != ')')
+        return false;
+    const int interface = hasTime ? 1 : 0;
+    if (hasTime)
+        readTimeStampInParentheses(tokens[0], message);
+    setId(message, toNumber<quint32>(tokens[interface + 1], 16));
+    std::basic_string<Char> scratch;
+    const Text<Char> length = withoutBrackets(tokens[interface + 2], '[', ']', scratch);
+    message.length = qint8(toNumber<quint32>(length));
+    const int dataStart = interface + 3;
+    for (int i = 0; i < CAN::payloadSize(message) && dataStart + i < tokens.size(); ++i)
+        message.data[i] = toHexByte(tokens[dataStart + i]);
+    return true;
+}
+
+template <typename Char> bool readLine(Text<Char> line, CAN::CanRxMessage &message)
+{
+    const Parts<Char> tokens = splitAtBlanks(line);
+    if (tokens.size() == 3)
+        return readCompactLine(line, tokens, message);
+    return tokens.size() >= 5 && readSpacedLine(tokens, message);
+}
+
+} // namespace
+
+ReadResult readSocketCanDump(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    const CAN::CanRxMessage blank;
+    quint32 count = 0;
+    while (lines.next()) {
+        if (count % messagesBetweenTurns == 0 && !sink.turnEventLoop())
+            return ReadResult::stopped();
+        CAN::CanRxMessage message = blank;
+        if (!lines.visit([&message](auto line) { return readLine(line, message); }))
+            continue;
+        message.messageNumber = count++;
+        if (!sink.message(message))
+            return ReadResult::stopped();
+    }
+    return ReadResult::done();
+}

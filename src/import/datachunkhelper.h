@@ -1,0 +1,62 @@
+#pragma once
+
+#include "datachunkglobal.h"
+
+#include <QObject>
+#include <QString>
+
+/// Tells what kind of file a trace is, from the end of its name and from its content. Keeps no
+/// state, changes no file and reports no errors; any thread.
+class DATACHUNK_EXPORT DatachunkHelper
+{
+    Q_GADGET
+public:
+    /// What a save writes.
+    enum SavedMessageType {
+        CurrentMessages = 0, ///< what an export picked
+        FullBuffer = 1, ///< a full live buffer, rotated into a chunk
+        PartialBuffer = 2 ///< a buffer of an import
+    };
+    Q_ENUM(SavedMessageType)
+
+    enum ExportOption { ExportWithNotes = 1 };
+    Q_DECLARE_FLAGS(ExportOptions, ExportOption)
+    Q_FLAG(ExportOptions)
+
+    enum ImportFileType {
+        ZipArchive,
+        ChunkFile,
+        KolvarTxt,
+        Unassigned,
+        PeakTrc10,
+        PeakTrc11,
+        PeakTrc12,
+        PeakTrc13,
+        PeakTrc20,
+        PeakTrc21,
+        PcanExplorerTxt,
+        SocketCanDump,
+        KvaserTxtLog,
+        KvaserCanKingLog,
+        VectorAsc,
+        VectorAscWithoutBitcount,
+        EmptyTxtFile,
+        CoCTTLog,
+        IxxatTrace,
+        WiresharkCsv,
+        GenericFormat, ///< chosen by the caller, never found
+        Unknown
+    };
+    Q_ENUM(ImportFileType)
+
+    /// Decides by the end of the name (case-sensitive), then by the content.
+    ImportFileType getImportFileType(QString fileName);
+
+    /// The type for the file version in the first line of a PEAK trace.
+    ImportFileType checkPeakVersion(QString fileName);
+
+    /// The type of a text trace, found from its first 1048576 characters.
+    ImportFileType checkTxtFile(QString fileName);
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(DatachunkHelper::ExportOptions)

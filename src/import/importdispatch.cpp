@@ -1,0 +1,240 @@
+// The store's part of loading and importing files of any type.
+
+#include "datachunkhandler.h"
+#include "datachunkhandler_p.h"
+#include "regularfile.h"
+#include "storesink.h"
+#include "tracereader.h"
+
+#include <QDebug>
+#include <QFileInfo>
+#include <QMutexLocker>
+#include <QWriteLocker>
+
+#include <utility>
+
+namespace {
+
+// What debug lines name, whatever the function is called today.
+constexpr char importSignature[] = "void DatachunkHandler::importMessages(QString, "
+                                   "DatachunkHelper::ImportFileType, QString)";
+constexpr int importBeginLine = 1835;
+constexpr int importEndLine = 1872;
+
+bool canBeImported(DatachunkHelper::ImportFileType type)
+{
+    return type != DatachunkHelper::Unassigned && type != DatachunkHelper::EmptyTxtFile
+        && quint32(type) <= DatachunkHelper::GenericFormat;
+}
+
+// The notes on the messages of one list.
+ChunkFormat::Notes notesOf(const MessageList &messages, const ChunkFormat::Notes &notes)
+{
+    ChunkFormat::Notes found;
+    for (int i = 0; i < messages.size() && !notes.isEmpty(); ++i) {
+        const auto note = notes.constFind(messages.at(i).messageNumber);
+        if (note != notes.constEnd())
+            found.insert(note.key(), note.value());
+    }
+    return found;
+}
+
+} // namespace
+
+bool DatachunkHandlerPrivate::refuseDuringImport()
+{
+    if (!importRunning)
+        return false;
+    emit q->messagesImported(QString());
+    return true;
+}
+
+void DatachunkHandler::importMessages(QString openFileName,
+                                      DatachunkHelper::ImportFileType importFileType,
+                                      QString genericFormatDescription)
+{
+    if (d->refuseDuringImport())
+        return;
+    const QPointer<DatachunkHandler> store(this);
+    d->loadedFileName = QFileInfo(openFileName).baseName();
+    qDebug() << importSignature << "Line:" << importBeginLine << d->loadedFileName
+             << int(importFileType);
+    if (importFileType == DatachunkHelper::ZipArchive) {
+        d->poolTasks.run([this, openFileName] { loadZipFile(openFileName); });
+        return;
+    }
+    const bool described = importFileType == DatachunkHelper::GenericFormat;
+    const bool imported = canBeImported(importFileType)
+        && loadFile(openFileName, false, importFileType, DatachunkHelper::CurrentMessages,
+                    described ? genericFormatDescription : QString());
+    qDebug() << importSignature << "Line:" << importEndLine << imported;
+    if (!store)
+        return;
+    if (!imported) {
+        emit messagesImported(QString());
+        return;
+    }
+    if (importFileType == DatachunkHelper::ChunkFile)
+        emit newImportedFile(openFileName.section(QLatin1Char('/'), -1), openFileName);
+    emit messagesImported(openFileName);
+}
+
+bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
+                                DatachunkHelper::ImportFileType type,
+                                DatachunkHelper::SavedMessageType savedType,
+                                QString formatDescription)
+{
+    Q_UNUSED(clearFileName)
+    if (d->refuseDuringImport())
+        return false;
+    d->fileToLoad = fileName;
+    QFile file(fileName);
+    if (quint32(type) > DatachunkHelper::GenericFormat || !openRegularFile(file))
+        return false;
+    file.close();
+    const ImportRun run(this);
+    d->leaveLiveMode();
+    if (type == DatachunkHelper::ChunkFile) {
+        return d->readChunk(fileName, DatachunkHandlerPrivate::BookmarkMap::Read)
+            && d->finishImport(run, false);
+    }
+    emit showLoadingDialog(true);
+    const bool read = d->runReader(run, fileName, type, formatDescription);
+    if (!run.storeExists())
+        return false;
+    emit showLoadingDialog(false);
+    if (!run.goesOn())
+        return d->endCancelledImport();
+    if (!read)
+        return d->failImport();
+    return d->finishImport(run, savedType == DatachunkHelper::CurrentMessages);
+}
+
+bool DatachunkHandlerPrivate::runReader(const ImportRun &run, const QString &fileName,
+                                        DatachunkHelper::ImportFileType type,
+                                        const QString &formatDescription)
+{
+    const TraceReader *reader = traceReaderFor(type);
+    QFile file(fileName);
+    if (!reader || !openRegularFile(file))
+        return false;
+    LineSource lines(file, reader->carriageReturns);
+    StoreSink sink(*this, run);
+    const ReadResult result = reader->read(lines, sink, {fileName, type, formatDescription});
+    return result.status == ReadResult::Done;
+}
+
+bool DatachunkHandlerPrivate::runLoader(const QString &fileName,
+                                        DatachunkHelper::ImportFileType type,
+                                        const QString &formatDescription)
+{
+    if (refuseDuringImport())
+        return false;
+    const ImportRun run(q);
+    return runReader(run, fileName, type, formatDescription);
+}
+
+bool DatachunkHandlerPrivate::endCancelledImport()
+{
+    lastPartialSave.reset();
+    q->goLive();
+    return false;
+}
+
+bool DatachunkHandlerPrivate::failImport()
+{
+    q->informAboutLastError();
+    emit q->informAboutCleared(isLive);
+    return endCancelledImport();
+}
+
+bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
+{
+    forgetRotatedBuffer();
+    lastPartialSave.reset();
+    if (pagedMessages.isEmpty()) {
+        emit q->informAboutCleared(isLive);
+        q->goLive();
+        lastError = DatachunkHandler::tr("File seems to be empty or broken, nothing imported.");
+        q->informAboutLastError();
+        return false;
+    }
+    emit q->informAboutClearStart();
+    const SharedSaveJob job = save ? savePagedMessages(notesInView()) : SharedSaveJob();
+    {
+        const QWriteLocker locker(&lock);
+        view = View::Paged;
+        rotatedBuffer.clear();
+    }
+    if (job && !run.waitFor(job))
+        return run.storeExists() && endCancelledImport();
+    q->updateLines();
+    emit q->informAboutCleared(isLive);
+    emit q->liveModeChanged(isLive);
+    return true;
+}
+
+SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Notes &messageNotes)
+{
+    if (!chunkFolder.exists())
+        return {};
+    SharedSaveJob job;
+    {
+        const QWriteLocker locker(&lock);
+        job = newChunkJobLocked(DatachunkHelper::PartialBuffer);
+        job->messages = pagedMessages;
+        job->endPosition = quint32(pagedMessages.size());
+        job->notes = messageNotes;
+        const QString nameTemplate = chunkFolder.partialChunkTemplate(loadedFileName);
+        job->fileName = fillChunkNumber(nameTemplate, job->chunkIndex);
+        chunkFolder.addFileBeside(job->fileName);
+        chunkQueue.add(job);
+    }
+    chunkQueue.start();
+    return job;
+}
+
+bool DatachunkHandlerPrivate::makeRoomForImported()
+{
+    const ImportRun run(q);
+    // One buffer in the making and one being written is all that an import holds.
+    if (lastPartialSave && !run.waitFor(lastPartialSave))
+        return false;
+    lastPartialSave.reset();
+    if (maximumHddSpace != 0)
+        lastPartialSave = savePagedMessages(notesOf(pagedMessages, notesInView()));
+    const QWriteLocker locker(&lock);
+    pagedMessages.clear();
+    return true;
+}
+
+bool DatachunkHandlerPrivate::addImported(const CAN::CanRxMessage &message)
+{
+    if (bufferIsFull(pagedMessages) && !makeRoomForImported())
+        return false;
+    insertLine(message);
+    // Nobody else looks at the list before it is shown, and only this thread shows it.
+    if (view != View::Paged) {
+        pagedMessages.append(message);
+        return true;
+    }
+    const QWriteLocker locker(&lock);
+    pagedMessages.append(message);
+    return true;
+}
+
+bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)
+{
+    d->addImported(msg);
+    return true;
+}
+
+bool DatachunkHandler::loadSocketCanDump(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::SocketCanDump);
+}
+
+bool DatachunkHandler::loadWiresharkCSV(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::WiresharkCsv);
+}

@@ -1,0 +1,204 @@
+#pragma once
+
+#include "canrxmessage.h"
+#include "linesource.h"
+
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <type_traits>
+
+/// Fields that several trace formats share. What a field means follows QString's conversions
+/// exactly; the plain cases are read in place.
+namespace LineFields {
+
+/// Parts of a line. Long enough for a CAN FD frame without an allocation.
+template <typename Char> using Parts = QVarLengthArray<Text<Char>, 80>;
+
+/// What QChar::isSpace says of a character.
+inline bool isBlank(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+inline bool isBlank(char16_t c)
+{
+    return QChar(c).isSpace();
+}
+
+template <typename Char> bool contains(Text<Char> text, std::string_view word)
+{
+    if constexpr (std::is_same_v<Char, char>) {
+        return text.find(word) != text.npos;
+    } else {
+        return toQString(text).contains(QLatin1String(word.data(), int(word.size())));
+    }
+}
+
+template <typename Char> bool equals(Text<Char> text, std::string_view word)
+{
+    return text.size() == word.size() && std::equal(text.begin(), text.end(), word.begin());
+}
+
+/// The parts between runs of blanks: simplified() and split at " " without empty parts.
+template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
+{
+    Parts<Char> parts;
+    const Char *at = line.data();
+    const Char *const end = at + line.size();
+    for (;;) {
+        while (at != end && isBlank(*at))
+            ++at;
+        if (at == end)
+            return parts;
+        const Char *const start = at;
+        while (at != end && !isBlank(*at))
+            ++at;
+        parts.append(Text<Char>(start, std::size_t(at - start)));
+    }
+}
+
+/// Split at every \a separator, keeping empty parts.
+template <typename Char> Parts<Char> splitKeepingEmpty(Text<Char> text, char separator)
+{
+    Parts<Char> parts;
+    for (;;) {
+        const std::size_t end = text.find(Char(separator));
+        parts.append(text.substr(0, end));
+        if (end == text.npos)
+            return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+/// Part \a index, or an empty text when there are not so many.
+template <typename Char> Text<Char> partAt(const Parts<Char> &parts, int index)
+{
+    return index >= 0 && index < parts.size() ? parts[index] : Text<Char>();
+}
+
+/// The value of a digit in bases up to 16, or 16 for any other character.
+template <typename Char> unsigned digitValue(Char c)
+{
+    if (c >= '0' && c <= '9')
+        return unsigned(c - '0');
+    if (c >= 'a' && c <= 'f')
+        return unsigned(c - 'a') + 10;
+    if (c >= 'A' && c <= 'F')
+        return unsigned(c - 'A') + 10;
+    return 16;
+}
+
+/// QString's own conversion, for everything but plain digits.
+template <typename Number> Number toNumberByQt(const QString &text, int base, bool *ok)
+{
+    if constexpr (std::is_same_v<Number, quint16>)
+        return text.toUShort(ok, base);
+    else if constexpr (std::is_same_v<Number, quint32>)
+        return text.toUInt(ok, base);
+    else if constexpr (std::is_same_v<Number, qint32>)
+        return text.toInt(ok, base);
+    else if constexpr (std::is_same_v<Number, quint64>)
+        return text.toULongLong(ok, base);
+    else
+        return text.toLongLong(ok, base);
+}
+
+/// \a text as a number the way QString converts it, in \a base 10, 16 or 0 (found from the
+/// prefix); 0 when it is none or out of range.
+template <typename Number, typename Char>
+Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
+{
+    constexpr std::size_t digitsWithoutOverflow = 15;
+    const bool prefixMatters = base == 0 && text.size() > 1 && text[0] == '0';
+    bool plain = !text.empty() && text.size() <= digitsWithoutOverflow && !prefixMatters;
+    const unsigned plainBase = base == 0 ? 10 : unsigned(base);
+    quint64 value = 0;
+    for (std::size_t i = 0; plain && i < text.size(); ++i) {
+        const unsigned digit = digitValue(text[i]);
+        plain = digit < plainBase;
+        value = value * plainBase + digit;
+    }
+    if (!plain)
+        return toNumberByQt<Number>(toQString(text), base, ok);
+    const bool inRange = value <= quint64(std::numeric_limits<Number>::max());
+    if (ok)
+        *ok = inRange;
+    return inRange ? Number(value) : 0;
+}
+
+/// A payload byte: the low 8 bits of a hexadecimal number.
+template <typename Char> quint8 toHexByte(Text<Char> text)
+{
+    return quint8(toNumber<quint32>(text, 16));
+}
+
+/// A fraction of a second, as written behind the point: padded on the right to six digits and
+/// never cut.
+template <typename Char> qint32 toMicroseconds(Text<Char> fraction)
+{
+    constexpr int digits = 6;
+    if (fraction.size() >= digits)
+        return toNumber<qint32>(fraction);
+    Char padded[digits];
+    const auto end = std::copy(fraction.begin(), fraction.end(), padded);
+    std::fill(end, padded + digits, Char('0'));
+    return toNumber<qint32>(Text<Char>(padded, digits));
+}
+
+/// Which part between the points of a time stamp is the fraction.
+enum class FractionPart { Second, Last };
+
+/// Reads "seconds.fraction" into a record. Seconds are the part before the first point, with
+/// 0x and a leading 0 telling the base. Without a point, the last part is the first one too.
+template <typename Char>
+void readTimeStamp(Text<Char> text, FractionPart fractionPart, CAN::CanRxMessage &message)
+{
+    const std::size_t firstPoint = text.find(Char('.'));
+    Text<Char> fraction;
+    if (fractionPart == FractionPart::Last)
+        fraction = text.substr(text.rfind(Char('.')) + 1);
+    else if (firstPoint != text.npos)
+        fraction =
+            text.substr(firstPoint + 1, text.find(Char('.'), firstPoint + 1) - firstPoint - 1);
+    message.seconds = toNumber<qint32>(text.substr(0, firstPoint), 0);
+    message.microseconds = toMicroseconds(fraction);
+}
+
+/// \a text without any \a open and \a close; kept in \a scratch when they stand inside.
+template <typename Char>
+Text<Char> withoutBrackets(Text<Char> text, char open, char close, std::basic_string<Char> &scratch)
+{
+    const Char brackets[] = {Char(open), Char(close), Char(0)};
+    const std::size_t start = text.find_first_not_of(brackets);
+    if (start == text.npos)
+        return {};
+    text = text.substr(start, text.find_last_not_of(brackets) + 1 - start);
+    if (text.find_first_of(brackets) == text.npos)
+        return text;
+    scratch.clear();
+    std::copy_if(text.begin(), text.end(), std::back_inserter(scratch),
+                 [&](Char c) { return c != brackets[0] && c != brackets[1]; });
+    return scratch;
+}
+
+/// A time stamp with its last part as the fraction, in parentheses wherever they stand.
+template <typename Char>
+void readTimeStampInParentheses(Text<Char> text, CAN::CanRxMessage &message)
+{
+    std::basic_string<Char> scratch;
+    readTimeStamp(withoutBrackets(text, '(', ')', scratch), FractionPart::Last, message);
+}
+
+/// Stores one more payload byte where there is room for it.
+inline void storeByte(CAN::CanRxMessage &message, int index, quint8 byte)
+{
+    if (index < CAN::maxDataBytes)
+        message.data[index] = byte;
+}
+
+constexpr quint32 maxStandardId = 0x7FF;
+
+} // namespace LineFields

@@ -1,0 +1,143 @@
+#include "linesource.h"
+
+#include <QTextCodec>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr int blockSize = 256 * 1024;
+constexpr int maxLineSize = 1024 * 1024;
+
+bool isAscii(const char *bytes, int size)
+{
+    quint64 bits = 0;
+    int i = 0;
+    for (; i + 8 <= size; i += 8) {
+        quint64 word;
+        std::memcpy(&word, bytes + i, sizeof word);
+        bits |= word;
+    }
+    for (; i < size; ++i)
+        bits |= static_cast<unsigned char>(bytes[i]);
+    return !(bits & Q_UINT64_C(0x8080808080808080));
+}
+
+} // namespace
+
+LineSource::LineSource(QIODevice &device, CarriageReturns carriageReturns)
+    : device(device), carriageReturns(carriageReturns),
+      buffer(maxLineSize + blockSize, Qt::Uninitialized)
+{
+    detectEncoding();
+}
+
+LineSource::~LineSource() = default;
+
+void LineSource::detectEncoding()
+{
+    const QByteArray mark = device.peek(4);
+    codec = QTextCodec::codecForUtfText(mark, QTextCodec::codecForLocale());
+    decoder.reset();
+    transcoded.clear();
+    if (mark.startsWith("\xEF\xBB\xBF")) {
+        device.skip(3);
+    } else if (codec->name().startsWith("UTF-16") || codec->name().startsWith("UTF-32")) {
+        decoder.reset(codec->makeDecoder());
+        codec = QTextCodec::codecForName("UTF-8");
+    }
+}
+
+void LineSource::rewind()
+{
+    device.seek(0);
+    lineStart = position = size = 0;
+    detectEncoding();
+}
+
+qint64 LineSource::readBytes(char *to, int maximum)
+{
+    if (!decoder)
+        return device.read(to, maximum);
+    while (transcoded.isEmpty()) {
+        const QByteArray block = device.read(blockSize);
+        if (block.isEmpty())
+            return 0;
+        transcoded = decoder->toUnicode(block).toUtf8();
+    }
+    const int bytes = std::min(maximum, transcoded.size());
+    std::memcpy(to, transcoded.constData(), std::size_t(bytes));
+    transcoded.remove(0, bytes);
+    return bytes;
+}
+
+// Makes room behind the line being looked for and reads on; false at the end.
+bool LineSource::fill()
+{
+    const int kept = std::min(size - lineStart, maxLineSize);
+    std::memmove(buffer.data(), buffer.constData() + lineStart, std::size_t(kept));
+    lineStart = 0;
+    size = kept;
+    const qint64 bytes = readBytes(buffer.data() + size, blockSize);
+    if (bytes <= 0)
+        return false;
+    const char *block = buffer.constData() + size;
+    allAscii = allAscii && isAscii(block, int(bytes));
+    hasCarriageReturns =
+        hasCarriageReturns || std::memchr(block, '\r', std::size_t(bytes)) != nullptr;
+    size += int(bytes);
+    return true;
+}
+
+bool LineSource::next()
+{
+    lineStart = position;
+    int searched = position;
+    for (;;) {
+        const char *bytes = buffer.constData();
+        const void *lineFeed = std::memchr(bytes + searched, '\n', std::size_t(size - searched));
+        if (lineFeed) {
+            const int end = int(static_cast<const char *>(lineFeed) - bytes);
+            position = end + 1;
+            const int length = std::min(end - lineStart, maxLineSize);
+            setLine({bytes + lineStart, std::size_t(length)});
+            return true;
+        }
+        const int pending = std::min(size - lineStart, maxLineSize);
+        if (fill()) {
+            searched = pending;
+            continue;
+        }
+        position = size;
+        if (size == 0)
+            return false;
+        setLine({buffer.constData(), std::size_t(size)});
+        return true;
+    }
+}
+
+Text<char> LineSource::withoutCarriageReturns(Text<char> line)
+{
+    if (line.empty() || line.find('\r') == line.npos)
+        return line;
+    if (line.find('\r') == line.size() - 1)
+        return line.substr(0, line.size() - 1);
+    scratch.resize(int(line.size()));
+    const auto end = std::remove_copy(line.begin(), line.end(), scratch.begin(), '\r');
+    return {scratch.constData(), std::size_t(end - scratch.begin())};
+}
+
+void LineSource::setLine(Text<char> line)
+{
+    if (hasCarriageReturns && carriageReturns == CarriageReturns::Dropped)
+        line = withoutCarriageReturns(line);
+    plain = line;
+    isDecoded = !allAscii && !isAscii(line.data(), int(line.size()));
+    if (!isDecoded)
+        return;
+    // The line feed goes with the line, so that a sequence that it cuts short is decoded as it
+    // would be in the whole text.
+    decoded = codec->toUnicode(QByteArray(line.data(), int(line.size())) + '\n');
+    decoded.chop(1);
+}

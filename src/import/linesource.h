@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+
+#include <memory>
+#include <string_view>
+
+class QTextCodec;
+class QTextDecoder;
+
+/// A piece of a line: plain ASCII bytes, or UTF-16 where a line holds anything else. Grammars
+/// are templates over Char, so that both are read by the very same code.
+template <typename Char> using Text = std::basic_string_view<Char>;
+
+inline QString toQString(Text<char> text)
+{
+    return QString::fromLatin1(text.data(), int(text.size()));
+}
+
+inline QString toQString(Text<char16_t> text)
+{
+    return QString(reinterpret_cast<const QChar *>(text.data()), int(text.size()));
+}
+
+/// The lines of a text file as QTextStream would give them: in the encoding that a byte order
+/// mark tells, otherwise the locale's. Reads in large blocks and decodes only lines that need
+/// it. At most the first MiB of a line is kept.
+class LineSource
+{
+public:
+    enum class CarriageReturns {
+        Dropped, ///< wherever they stand, as in a file opened in text mode
+        Kept
+    };
+
+    LineSource(QIODevice &device, CarriageReturns carriageReturns);
+    ~LineSource();
+
+    /// Moves on to the next line; false at the end and on a read error.
+    bool next();
+
+    /// Starts from the first line again.
+    void rewind();
+
+    /// Calls \a read with the current line, without its line feed, as Text<char> or
+    /// Text<char16_t>, and returns what it returns. The text is valid until next().
+    template <typename Read> auto visit(Read &&read) const
+    {
+        return isDecoded ? read(Text<char16_t>(reinterpret_cast<const char16_t *>(decoded.utf16()),
+                                               std::size_t(decoded.size())))
+                         : read(plain);
+    }
+
+private:
+    bool fill();
+    void detectEncoding();
+    qint64 readBytes(char *to, int maximum);
+    void setLine(Text<char> line);
+    Text<char> withoutCarriageReturns(Text<char> line);
+
+    QIODevice &device;
+    const CarriageReturns carriageReturns;
+    QTextCodec *codec = nullptr;
+    std::unique_ptr<QTextDecoder> decoder; // for encodings in which ASCII is not one byte
+    QByteArray transcoded;                 // UTF-8 that the decoder made and that is not read yet
+
+    QByteArray buffer;
+    int lineStart = 0; // of the line being looked for
+    int position = 0;  // behind the last line
+    int size = 0;
+    bool allAscii = true; // all that was ever read
+    bool hasCarriageReturns = false;
+
+    Text<char> plain;
+    QByteArray scratch;
+    QString decoded;
+    bool isDecoded = false;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "canrxmessage.h"
+
+#include <QString>
+
+/// Takes what a reader finds in a trace, in the order of the file.
+class TraceSink
+{
+public:
+    virtual ~TraceSink() = default;
+
+    /// False when the reader has to stop.
+    virtual bool message(const CAN::CanRxMessage &message) = 0;
+
+    /// A note on the message with \a number, in place of an earlier one.
+    virtual void note(quint32 number, const QString &text) = 0;
+
+    /// Tells whether the trace holds CAN FD frames; only some formats say so.
+    virtual void fdFrames(bool seen) = 0;
+
+    /// Lets a waiting application handle its events. False when the reader has to stop.
+    virtual bool turnEventLoop() = 0;
+};

@@ -1,0 +1,87 @@
+#include "wiresharkcsvreader.h"
+
+#include "linefields.h"
+
+using namespace LineFields;
+
+namespace {
+
+enum Column { NumberColumn = 0, TimeColumn = 1, ProtocolColumn = 4 };
+
+// The line simplified and without its quotes.
+template <typename Char> std::basic_string<Char> withoutQuotes(Text<Char> line)
+{
+    std::basic_string<Char> result;
+    result.reserve(line.size());
+    bool blankPending = false;
+    bool started = false;
+    for (const Char c : line) {
+        if (isBlank(c)) {
+            blankPending = started;
+            continue;
+        }
+        if (blankPending)
+            result += Char(' ');
+        blankPending = false;
+        started = true;
+        if (c != '"')
+            result += c;
+    }
+    return result;
+}
+
+// "STD: 0x123 11 22 33": identifier, then payload bytes up to the first that is no number.
+template <typename Char> void readStandardFrame(Text<Char> info, CAN::CanRxMessage &message)
+{
+    const Parts<Char> parts = splitAtBlanks(info);
+    message.id = toNumber<quint32>(partAt(parts, 1), 16);
+    int count = 0;
+    bool ok = true;
+    for (int i = 2; i < parts.size(); ++i) {
+        const quint32 byte = toNumber<quint32>(parts[i], 16, &ok);
+        if (!ok)
+            break;
+        storeByte(message, count++, quint8(byte));
+    }
+    message.length = qint8(count);
+}
+
+template <typename Char> bool readRow(Text<Char> line, CAN::CanRxMessage &message)
+{
+    if (contains(line, "Info"))
+        return false;
+    const std::basic_string<Char> unquoted = withoutQuotes(line);
+    const Parts<Char> fields = splitKeepingEmpty(Text<Char>(unquoted), ',');
+    message.messageNumber = toNumber<quint32>(fields[NumberColumn]);
+    readTimeStampInParentheses(partAt(fields, TimeColumn), message);
+    message.fdFrame = equals(partAt(fields, ProtocolColumn), "CANFD");
+    const Text<Char> info = fields.last();
+    if (contains(info, "STD"))
+        readStandardFrame(info, message);
+    else if (contains(info, "ERR"))
+        message.id = CAN::errorFrameId;
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
+ReadResult readWiresharkCsv(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    const CAN::CanRxMessage blank;
+    bool fdSeen = false;
+    while (lines.next()) {
+        if (!sink.turnEventLoop())
+            return ReadResult::stopped();
+        CAN::CanRxMessage message = blank;
+        const bool isFrame = lines.visit([&message](auto line) { return readRow(line, message); });
+        // A row that is passed over still tells that the capture holds CAN FD.
+        fdSeen = fdSeen || message.fdFrame;
+        if (isFrame && !sink.message(message))
+            return ReadResult::stopped();
+    }
+    if (fdSeen)
+        sink.fdFrames(true);
+    return ReadResult::done();
+}
