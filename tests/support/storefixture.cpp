@@ -1,0 +1,50 @@
+#include "storefixture.h"
+
+#include <QFile>
+
+ReadChunk readChunkFile(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(fileName));
+    ReadChunk chunk;
+    QDataStream stream(&file);
+    chunk.preamble = ChunkFormat::readPreamble(stream);
+    stream >> chunk.notes >> chunk.bookmarks;
+    ChunkFormat::RecordReader reader(file, chunk.preamble.version);
+    CAN::CanRxMessage message;
+    while (reader.next(message))
+        chunk.messages.append(message);
+    return chunk;
+}
+
+QVector<quint32> numbersFromTo(quint32 first, quint32 last)
+{
+    QVector<quint32> numbers;
+    for (quint32 number = first; number <= last; ++number)
+        numbers.append(number);
+    return numbers;
+}
+
+QVector<quint32> numbersOf(const QVector<CAN::CanRxMessage> &messages)
+{
+    QVector<quint32> numbers;
+    for (const CAN::CanRxMessage &message : messages)
+        numbers.append(message.messageNumber);
+    return numbers;
+}
+
+void writeFile(const QString &fileName, const QByteArray &content)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(fileName));
+}
+
+QByteArray readFile(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(fileName));
+    return file.readAll();
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "canrxmessage.h"
+#include "chunkformat.h"
+
+#include <QString>
+#include <QVector>
+
+/// A chunk file as it was read back.
+struct ReadChunk
+{
+    ChunkFormat::Preamble preamble;
+    ChunkFormat::Notes notes;
+    ChunkFormat::Bookmarks bookmarks;
+    QVector<CAN::CanRxMessage> messages;
+};
+
+/// Reads a chunk file of the current version; fails the program when there is none.
+ReadChunk readChunkFile(const QString &fileName);
+
+/// Message numbers \a first to \a last, both included.
+QVector<quint32> numbersFromTo(quint32 first, quint32 last);
+QVector<quint32> numbersOf(const QVector<CAN::CanRxMessage> &messages);
+
+/// Writes \a content to \a fileName; fails the program when that is impossible.
+void writeFile(const QString &fileName, const QByteArray &content);
+QByteArray readFile(const QString &fileName);
