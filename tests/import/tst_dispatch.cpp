@@ -1,0 +1,375 @@
+#include "bookmarkhandler.h"
+#include "datachunkhandler.h"
+#include "messages.h"
+#include "storefixture.h"
+
+#include <QtTest>
+
+#include <functional>
+#include <numeric>
+
+/// What an import does to the store, and what happens when others use the store meanwhile.
+class Dispatch : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void signalsOfAnImport_data();
+    void signalsOfAnImport();
+    void liveNotesComeBackAfterAFailure();
+    void traceAboveTheLimitBecomesSeveralChunks_data();
+    void traceAboveTheLimitBecomesSeveralChunks();
+    void chunksOfAnImportGoWithTheStore();
+    void importWithoutAWritableChunkFolder();
+    void storeIsUsedDuringAnImport_data();
+    void storeIsUsedDuringAnImport();
+    void liveTrafficGoesOnDuringAnImport();
+    void importOnAThreadWithoutTheStoresEventLoop();
+    void namesWithPercentSigns();
+
+private:
+    QString candump(const QString &name, int lines);
+
+    QTemporaryDir folder;
+};
+
+namespace {
+
+// Writes down the signals of a store by name, with the arguments that matter.
+class SignalLog : public QObject
+{
+public:
+    explicit SignalLog(DatachunkHandler &store)
+    {
+        using H = DatachunkHandler;
+        connect(&store, &H::informAboutClearStart, this, [this] { log += "clearStart"; });
+        connect(&store, &H::informAboutCleared, this,
+                [this](bool live) { log += live ? "cleared live" : "cleared"; });
+        connect(&store, &H::showLoadingDialog, this,
+                [this](bool on) { log += on ? "dialog on" : "dialog off"; });
+        connect(&store, &H::newPartialDataFile, this,
+                [this](const QString &, const QString &base, const QString &time) {
+                    log += "partial " + base + ' ' + time;
+                });
+        connect(&store, &H::liveModeChanged, this,
+                [this](bool live) { log += live ? "live" : "browsing"; });
+        connect(&store, &H::newErrorMessage, this, [this](const QString &text) { log += text; });
+        connect(&store, &H::newImportedFile, this,
+                [this](const QString &part, const QString &) { log += "file " + part; });
+        connect(&store, &H::messagesImported, this, [this](const QString &name) {
+            log += name.isEmpty() ? "nothing" : "imported " + QFileInfo(name).fileName();
+        });
+    }
+
+    QStringList log;
+};
+
+const QStringList backToLive{"clearStart", "cleared live", "live"};
+
+// Calls a function in one of the event turns that an import makes.
+class AtTurn : public QObject
+{
+public:
+    AtTurn(int turn, std::function<void()> act) : act(std::move(act)), turnsLeft(turn)
+    {
+        startTimer(0);
+    }
+
+private:
+    void timerEvent(QTimerEvent *) override
+    {
+        if (turnsLeft-- == 0)
+            act();
+    }
+
+    const std::function<void()> act;
+    int turnsLeft;
+};
+
+void actDuringImport(DatachunkHandler *store, const QString &action, const QString &file)
+{
+    if (action == QLatin1String("import"))
+        store->importMessages(file, DatachunkHelper::SocketCanDump);
+    else if (action == QLatin1String("load"))
+        store->loadDckFile(file);
+    else if (action == QLatin1String("page"))
+        store->loadDataFromFile(0);
+    else if (action == QLatin1String("goLive"))
+        store->goLive();
+    else if (action == QLatin1String("clear"))
+        store->clearAllMessages();
+    else
+        delete store;
+}
+
+} // namespace
+
+void Dispatch::init()
+{
+    QVERIFY(folder.isValid());
+}
+
+QString Dispatch::candump(const QString &name, int lines)
+{
+    QByteArray text;
+    for (int i = 0; i < lines; ++i)
+        text += QStringLiteral("(%1.5) can0 %2#1122\n").arg(i).arg(i % 0x800, 3, 16).toLatin1();
+    const QString file = folder.filePath(name);
+    writeFile(file, text);
+    return file;
+}
+
+void Dispatch::signalsOfAnImport_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QStringList>("log");
+    using H = DatachunkHelper;
+    const QByteArray line = "(1.5) can0 123#1122\n";
+    QByteArray chunk;
+    QDataStream stream(&chunk, QIODevice::WriteOnly);
+    ChunkFormat::writeHeader(stream, QStringLiteral("x"), {}, {});
+    const QByteArray emptyChunk = chunk;
+    stream.device()->seek(chunk.size());
+    ChunkFormat::writeRecord(stream, makeMessage(1), ChunkFormat::currentVersion);
+    const QString empty = QStringLiteral("File seems to be empty or broken, nothing imported.");
+    const QStringList dialog{"clearStart", "dialog on", "dialog off"};
+
+    QTest::newRow("trace") << "a.b.log" << line << int(H::SocketCanDump)
+                           << dialog
+            + QStringList{"clearStart", "partial a 1.500000 - 1.500000", "cleared", "browsing",
+                          "imported a.b.log"};
+    QTest::newRow("trace without messages")
+        << "a.log" << QByteArray("nothing here\n") << int(H::SocketCanDump)
+        << dialog + QStringList{"cleared"} + backToLive + QStringList{empty, "nothing"};
+    QTest::newRow("type without a reader") << "a.log" << line << int(H::PcanExplorerTxt)
+                                           << dialog
+            + QStringList{"Unknown import error", "cleared"} + backToLive + QStringList{"nothing"};
+    QTest::newRow("chunk") << "a.dck" << chunk << int(H::ChunkFile)
+                           << QStringList{"clearStart", "clearStart", "cleared",
+                                          "browsing",   "file a.dck", "imported a.dck"};
+    QTest::newRow("chunk without messages")
+        << "a.dck" << emptyChunk << int(H::ChunkFile)
+        << QStringList{"clearStart", "cleared"} + backToLive + QStringList{empty, "nothing"};
+    for (const int type : {int(H::Unassigned), int(H::EmptyTxtFile), int(H::Unknown), 22, -1}) {
+        QTest::newRow(qPrintable(QStringLiteral("refused type %1").arg(type)))
+            << "a.log" << line << type << QStringList{"nothing"};
+    }
+    QTest::newRow("missing file") << "" << line << int(H::SocketCanDump) << QStringList{"nothing"};
+}
+
+void Dispatch::signalsOfAnImport()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+    QFETCH(int, type);
+    QString file = folder.filePath(name.isEmpty() ? QStringLiteral("missing") : name);
+    if (!name.isEmpty())
+        writeFile(file, content);
+    DatachunkHandler store(20000);
+    store.addnewtestmessage();
+    SignalLog signalLog(store);
+    store.importMessages(file, DatachunkHelper::ImportFileType(type));
+    QTEST(signalLog.log, "log");
+    const bool imported = signalLog.log.contains(QStringLiteral("browsing"));
+    QCOMPARE(store.getIsLive(), !imported);
+    QCOMPARE(store.getMessageCount(), 1u);
+}
+
+void Dispatch::liveNotesComeBackAfterAFailure()
+{
+    BookmarkHandler bookmarks;
+    DatachunkHandler store(20000);
+    store.setBookmarkhandler(&bookmarks);
+    store.addnewtestmessage();
+    store.setMessageNote(0, QStringLiteral("note"));
+    bookmarks.addBookmark(0, QStringLiteral("mark"));
+    const QString empty = candump(QStringLiteral("empty.log"), 0);
+    store.importMessages(empty, DatachunkHelper::SocketCanDump);
+    QCOMPARE(store.getMessageNote(0), QStringLiteral("note"));
+    QVERIFY(store.bookmarkAt(0).isValid());
+    store.importMessages(candump(QStringLiteral("a.log"), 3), DatachunkHelper::SocketCanDump);
+    QCOMPARE(store.getMessageNote(0), QString());
+    store.importMessages(empty, DatachunkHelper::SocketCanDump);
+    QVERIFY(store.getIsLive());
+    QCOMPARE(store.getMessageNote(0), QStringLiteral("note"));
+    QVERIFY(store.bookmarkAt(0).isValid());
+}
+
+void Dispatch::traceAboveTheLimitBecomesSeveralChunks_data()
+{
+    QTest::addColumn<unsigned>("budget");
+    QTest::addColumn<QVector<int>>("chunkSizes");
+    QTest::newRow("with a budget") << 1000u << QVector<int>{1000, 1000, 500};
+    QTest::newRow("without one the earlier messages are gone") << 0u << QVector<int>{500};
+}
+
+void Dispatch::traceAboveTheLimitBecomesSeveralChunks()
+{
+    QFETCH(unsigned, budget);
+    QFETCH(QVector<int>, chunkSizes);
+    DatachunkHandler store(6000);
+    store.setMaximumHDDSpace(budget);
+    QSignalSpy partial(&store, &DatachunkHandler::newPartialDataFile);
+    const QString file = candump(QStringLiteral("big.log"), 2500);
+    store.importMessages(file, DatachunkHelper::SocketCanDump);
+    QCOMPARE(partial.count(), chunkSizes.size());
+    quint32 next = 2500 - quint32(std::accumulate(chunkSizes.begin(), chunkSizes.end(), 0));
+    for (int i = 0; i < chunkSizes.size(); ++i) {
+        const QString name = partial.at(i).first().toString();
+        QCOMPARE(name, store.chunkFolderPath() + QStringLiteral("\\big\\%1.dck").arg(i));
+        const ReadChunk chunk = readChunkFile(name);
+        QCOMPARE(chunk.messages.size(), chunkSizes.at(i));
+        QCOMPARE(chunk.messages.first().messageNumber, next);
+        next += quint32(chunkSizes.at(i));
+    }
+    QCOMPARE(store.getMessageCount(), 500u);
+    QCOMPARE(store.messageAt(499).messageNumber, 2499u);
+}
+
+void Dispatch::chunksOfAnImportGoWithTheStore()
+{
+    QString parent;
+    {
+        DatachunkHandler store(20000);
+        parent = QFileInfo(store.chunkFolderPath()).path();
+        writeFile(store.chunkFolderPath() + QStringLiteral("\\mine\\0.dck"), "not the store's");
+        store.importMessages(candump(QStringLiteral("a.log"), 3), DatachunkHelper::SocketCanDump);
+        QCOMPARE(QDir(parent).entryList(QDir::Files).size(), 2);
+    }
+    const QStringList left = QDir(parent).entryList(QDir::Files);
+    QCOMPARE(left.size(), 1);
+    QVERIFY(left.first().endsWith(QStringLiteral("mine\\0.dck")));
+    QFile::remove(QDir(parent).filePath(left.first()));
+}
+
+void Dispatch::importWithoutAWritableChunkFolder()
+{
+    const QByteArray before = qgetenv("XDG_DATA_HOME");
+    const QString blocked = folder.filePath(QStringLiteral("blocked"));
+    writeFile(blocked, "a file");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(blocked));
+    {
+        DatachunkHandler store(5010);
+        QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
+        QCOMPARE(store.chunkFolderPath(), QString());
+        for (int i = 0; i < 25; ++i)
+            store.addnewtestmessage();
+        QCOMPARE(errors.count(), 1);
+        QVERIFY(store.loadDataFromFile(0));
+        store.importMessages(candump(QStringLiteral("a.log"), 3), DatachunkHelper::SocketCanDump);
+        QCOMPARE(store.getMessageCount(), 3u);
+        store.clearAllMessages();
+    }
+    qputenv("XDG_DATA_HOME", before);
+    QCOMPARE(readFile(blocked), QByteArray("a file"));
+}
+
+void Dispatch::storeIsUsedDuringAnImport_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("last"); // what the import reports in the end
+    QTest::addColumn<bool>("live");
+    QTest::newRow("second import is refused") << "import"
+                                              << "imported" << false;
+    QTest::newRow("second load is refused") << "load"
+                                            << "imported" << false;
+    QTest::newRow("paging is refused") << "page"
+                                       << "imported" << false;
+    QTest::newRow("goLive cancels") << "goLive"
+                                    << "nothing" << true;
+    QTest::newRow("clearing cancels") << "clear"
+                                      << "nothing" << true;
+    QTest::newRow("deleting ends all") << "delete"
+                                       << "" << true;
+}
+
+void Dispatch::storeIsUsedDuringAnImport()
+{
+    QFETCH(QString, action);
+    QFETCH(QString, last);
+    QFETCH(bool, live);
+    const QString file = candump(QStringLiteral("big.log"), 12000);
+    for (int turn = 0; turn < 50; ++turn) {
+        QPointer<DatachunkHandler> store(new DatachunkHandler(6500));
+        store->addnewtestmessage();
+        SignalLog signalLog(*store);
+        bool acted = false;
+        const AtTurn atTurn(turn, [&] {
+            acted = true;
+            actDuringImport(store, action, file);
+        });
+        store->importMessages(file, DatachunkHelper::SocketCanDump);
+        if (!acted) {
+            delete store.data();
+            QVERIFY2(turn > 10, "every thousandth message turns the event loop");
+            return;
+        }
+        QCOMPARE(store.isNull(), action == QLatin1String("delete"));
+        if (!store)
+            continue;
+        QVERIFY(signalLog.log.last().startsWith(last));
+        QCOMPARE(signalLog.log.count(QStringLiteral("dialog on")),
+                 signalLog.log.count(QStringLiteral("dialog off")));
+        QVERIFY(signalLog.log.contains(QStringLiteral("nothing")));
+        QCOMPARE(store->getIsLive(), live);
+        QCOMPARE(store->getMessageCount(), action == "clear" ? 0u : live ? 1u : 1500u);
+        store->goLive();
+        QCOMPARE(store->getMessageCount(), action == "clear" ? 0u : 1u);
+        delete store.data();
+    }
+}
+
+void Dispatch::liveTrafficGoesOnDuringAnImport()
+{
+    DatachunkHandler store(5600);
+    QSignalSpy saved(&store, &DatachunkHandler::newDataFile);
+    const AtTurn atTurn(3, [&] {
+        for (int i = 0; i < 1501; ++i)
+            store.addnewtestmessage();
+        store.addMessageNoteToNextMessage(QStringLiteral("live"));
+        store.addnewtestmessage();
+    });
+    store.importMessages(candump(QStringLiteral("a.log"), 20000), DatachunkHelper::SocketCanDump);
+    QTRY_COMPARE(saved.count(), 2);
+    QVERIFY(!store.getIsLive());
+    for (const QList<QVariant> &arguments : saved) {
+        const ReadChunk chunk =
+            readChunkFile(store.chunkFolderPath()
+                          + QStringLiteral("/tmpData%1.dck").arg(arguments.first().toUInt()));
+        QCOMPARE(chunk.messages.size(), 600);
+    }
+    QCOMPARE(store.getMessageNote(1501), QString());
+    store.goLive();
+    QCOMPARE(store.getMessageCount(), 302u);
+    QVERIFY(store.getMessageNote(1501).endsWith(QStringLiteral("live")));
+}
+
+void Dispatch::importOnAThreadWithoutTheStoresEventLoop()
+{
+    DatachunkHandler store(6000);
+    const QString file = candump(QStringLiteral("a.log"), 2500);
+    const std::unique_ptr<QThread> thread(
+        QThread::create([&] { store.importMessages(file, DatachunkHelper::SocketCanDump); }));
+    thread->start();
+    QVERIFY(thread->wait(20000));
+    QCOMPARE(store.getMessageCount(), 500u);
+    QVERIFY(!store.getIsLive());
+}
+
+void Dispatch::namesWithPercentSigns()
+{
+    DatachunkHandler store(5100);
+    QSignalSpy partial(&store, &DatachunkHandler::newPartialDataFile);
+    store.importMessages(candump(QStringLiteral("50%0 %1.log"), 250),
+                         DatachunkHelper::SocketCanDump);
+    QCOMPARE(partial.count(), 3);
+    for (int i = 0; i < 3; ++i) {
+        QVERIFY(partial.at(i).first().toString().endsWith(
+            QStringLiteral("\\50%0 %1\\") + QString::number(i) + QStringLiteral(".dck")));
+    }
+}
+
+QTEST_GUILESS_MAIN(Dispatch)
+#include "tst_dispatch.moc"
