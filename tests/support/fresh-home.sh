@@ -1,0 +1,12 @@
+#!/bin/sh
+# Runs a test in a data location of its own; what the test leaves there makes it fail.
+home=$(mktemp -d) || exit 1
+HOME=$home XDG_DATA_HOME=$home LC_ALL=C.UTF-8 "$@"
+status=$?
+left=$(find "$home" -type f | head -n 20)
+rm -rf "$home"
+if [ "$status" -eq 0 ] && [ -n "$left" ]; then
+    printf 'The test left files behind:\n%s\n' "$left"
+    exit 1
+fi
+exit "$status"
