@@ -53,7 +53,7 @@ void SavingTest::workerReports_data()
                               << QStringList{"chunk 0.000007 - 0.002007", "ready"};
     QTest::newRow("import") << "a.dck" << 2 << 3
                             << QStringList{"partial a.dck 0.000007 - 0.002007", "ready"};
-    QTest::newRow("other type") << "a.dck" << 9 << 3 << QStringList{"finished 1", "ready"};
+    QTest::newRow("other type") << "a.dck" << 3 << 3 << QStringList{"finished 1", "ready"};
     QTest::newRow("nothing to save") << "a.dck" << 1 << 0 << QStringList{"ready"};
     QTest::newRow("text") << "a.txt" << 0 << 3 << QStringList{"ready"};
     QTest::newRow("ending in capitals is text") << "a.DCK" << 1 << 3 << QStringList{"ready"};

@@ -152,7 +152,7 @@ void Dispatch::signalsOfAnImport_data()
     QTest::newRow("chunk without messages")
         << "a.dck" << emptyChunk << int(H::ChunkFile)
         << QStringList{"clearStart", "cleared"} + backToLive + QStringList{empty, "nothing"};
-    for (const int type : {int(H::Unassigned), int(H::EmptyTxtFile), int(H::Unknown), 22, -1}) {
+    for (const int type : {int(H::Unassigned), int(H::EmptyTxtFile), int(H::Unknown), 22, 31}) {
         QTest::newRow(qPrintable(QStringLiteral("refused type %1").arg(type)))
             << "a.log" << line << type << QStringList{"nothing"};
     }
