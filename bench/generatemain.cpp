@@ -1,0 +1,27 @@
+// Writes a generated trace: datachunk-generate FORMAT FRAMES FILE
+
+#include "tracegenerator.h"
+
+#include <QFile>
+
+#include <cstdio>
+#include <cstdlib>
+
+int main(int argc, char *argv[])
+{
+    for (const GeneratedFormat &format : generatedFormats()) {
+        if (argc != 4 || qstrcmp(format.name, argv[1]) != 0)
+            continue;
+        QFile file(QFile::decodeName(argv[3]));
+        const QByteArray text = generateTrace(format, generateTraffic(std::atoi(argv[2])));
+        if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size())
+            return 0;
+        std::fprintf(stderr, "%s: %s\n", argv[3], qPrintable(file.errorString()));
+        return 1;
+    }
+    std::fputs("usage: datachunk-generate FORMAT FRAMES FILE, with a FORMAT of", stderr);
+    for (const GeneratedFormat &format : generatedFormats())
+        std::fprintf(stderr, " %s", format.name);
+    std::fputc('\n', stderr);
+    return 2;
+}
