@@ -1,12 +1,11 @@
 #include "candumpreader.h"
 
 #include "linefields.h"
+#include "messagefeed.h"
 
 using namespace LineFields;
 
 namespace {
-
-constexpr quint32 messagesBetweenTurns = 1000;
 
 void setId(CAN::CanRxMessage &message, quint32 id)
 {
@@ -52,9 +51,7 @@ template <typename Char> bool readSpacedLine(const Parts<Char> &tokens, CAN::Can
     std::basic_string<Char> scratch;
     const Text<Char> length = withoutBrackets(tokens[interface + 2], '[', ']', scratch);
     message.length = qint8(toNumber<quint32>(length));
-    const int dataStart = interface + 3;
-    for (int i = 0; i < CAN::payloadSize(message) && dataStart + i < tokens.size(); ++i)
-        message.data[i] = toHexByte(tokens[dataStart + i]);
+    readHexBytes(tokens, interface + 3, CAN::payloadSize(message), message);
     return true;
 }
 
@@ -70,17 +67,11 @@ template <typename Char> bool readLine(Text<Char> line, CAN::CanRxMessage &messa
 
 ReadResult readSocketCanDump(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    const CAN::CanRxMessage blank;
-    quint32 count = 0;
-    while (lines.next()) {
-        if (count % messagesBetweenTurns == 0 && !sink.turnEventLoop())
+    MessageFeed feed(sink);
+    return readNumberedLines(lines, [&feed](auto line) {
+        if (!feed.turnEventLoopWhenDue())
             return ReadResult::stopped();
-        CAN::CanRxMessage message = blank;
-        if (!lines.visit([&message](auto line) { return readLine(line, message); }))
-            continue;
-        message.messageNumber = count++;
-        if (!sink.message(message))
-            return ReadResult::stopped();
-    }
-    return ReadResult::done();
+        CAN::CanRxMessage message;
+        return readLine(line, message) ? feed.addMessageToMessageList(message) : ReadResult::done();
+    });
 }

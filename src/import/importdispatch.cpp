@@ -2,6 +2,7 @@
 
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
+#include "peakreader.h"
 #include "regularfile.h"
 #include "storesink.h"
 #include "tracereader.h"
@@ -114,14 +115,15 @@ bool DatachunkHandlerPrivate::runReader(const ImportRun &run, const QString &fil
                                         DatachunkHelper::ImportFileType type,
                                         const QString &formatDescription)
 {
-    const TraceReader *reader = traceReaderFor(type);
-    QFile file(fileName);
-    if (!reader || !openRegularFile(file))
-        return false;
-    LineSource lines(file, reader->carriageReturns);
+    const TraceRequest request{fileName, type, formatDescription};
     StoreSink sink(*this, run);
-    const ReadResult result = reader->read(lines, sink, {fileName, type, formatDescription});
-    return result.status == ReadResult::Done;
+    const ReadResult result = readTraceFile(request, sink);
+    if (!run.storeExists())
+        return false;
+    const QString error = errorText(result, request);
+    if (!error.isEmpty())
+        lastError = error;
+    return result.isDone();
 }
 
 bool DatachunkHandlerPrivate::runLoader(const QString &fileName,
@@ -237,4 +239,24 @@ bool DatachunkHandler::loadSocketCanDump(QString fileName)
 bool DatachunkHandler::loadWiresharkCSV(QString fileName)
 {
     return d->runLoader(fileName, DatachunkHelper::WiresharkCsv);
+}
+
+bool DatachunkHandler::loadPeakTraceFile(QString fileName, DatachunkHelper::ImportFileType type)
+{
+    return d->runLoader(fileName, peakTraceType(type));
+}
+
+bool DatachunkHandler::loadIxxatFile(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::IxxatTrace);
+}
+
+bool DatachunkHandler::loadCoCTTFile(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::CoCTTLog);
+}
+
+bool DatachunkHandler::loadGenericFile(QString fileName, QString formatDescription)
+{
+    return d->runLoader(fileName, DatachunkHelper::GenericFormat, formatDescription);
 }

@@ -33,7 +33,7 @@ template <typename Char> bool contains(Text<Char> text, std::string_view word)
     if constexpr (std::is_same_v<Char, char>) {
         return text.find(word) != text.npos;
     } else {
-        return toQString(text).contains(QLatin1String(word.data(), int(word.size())));
+        return std::search(text.begin(), text.end(), word.begin(), word.end()) != text.end();
     }
 }
 
@@ -60,6 +60,35 @@ template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
     }
 }
 
+/// Room for a changed copy of a piece of a line, without an allocation for ordinary ones.
+template <typename Char> using Scratch = QVarLengthArray<Char, 512>;
+
+template <typename Char> Text<Char> textOf(const Scratch<Char> &scratch)
+{
+    return {scratch.constData(), std::size_t(scratch.size())};
+}
+
+/// QString::simplified; kept in \a scratch when blanks inside have to change.
+template <typename Char> Text<Char> simplified(Text<Char> text, Scratch<Char> &scratch)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    bool isSimple = true;
+    for (std::size_t i = 0; isSimple && i < text.size(); ++i)
+        isSimple = !isBlank(text[i]) || (text[i] == ' ' && !isBlank(text[i + 1]));
+    if (isSimple)
+        return text;
+    scratch.clear();
+    for (const Text<Char> part : splitAtBlanks(text)) {
+        scratch.append(part.data(), int(part.size()));
+        scratch.append(Char(' '));
+    }
+    scratch.removeLast();
+    return textOf(scratch);
+}
+
 /// Split at every \a separator, keeping empty parts.
 template <typename Char> Parts<Char> splitKeepingEmpty(Text<Char> text, char separator)
 {
@@ -77,6 +106,14 @@ template <typename Char> Parts<Char> splitKeepingEmpty(Text<Char> text, char sep
 template <typename Char> Text<Char> partAt(const Parts<Char> &parts, int index)
 {
     return index >= 0 && index < parts.size() ? parts[index] : Text<Char>();
+}
+
+/// The position of a column, or noColumn: positions are kept in a signed byte, and those above
+/// 127 count as absent.
+constexpr int noColumn = -1;
+inline int columnAt(int index)
+{
+    return index <= std::numeric_limits<qint8>::max() ? index : noColumn;
 }
 
 /// The value of a digit in bases up to 16, or 16 for any other character.
@@ -133,6 +170,16 @@ Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
 template <typename Char> quint8 toHexByte(Text<Char> text)
 {
     return quint8(toNumber<quint32>(text, 16));
+}
+
+/// Reads up to \a count parts from \a first on as payload bytes, as far as there are parts and
+/// room for them.
+template <typename Char>
+void readHexBytes(const Parts<Char> &parts, int first, int count, CAN::CanRxMessage &message)
+{
+    const int available = std::min(count, int(parts.size()) - first);
+    for (int i = 0; i < std::min(available, CAN::maxDataBytes); ++i)
+        message.data[i] = toHexByte(parts[first + i]);
 }
 
 /// A fraction of a second, as written behind the point: padded on the right to six digits and

@@ -101,6 +101,7 @@ bool LineSource::next()
             const int end = int(static_cast<const char *>(lineFeed) - bytes);
             position = end + 1;
             const int length = std::min(end - lineStart, maxLineSize);
+            hasLineFeed = true;
             setLine({bytes + lineStart, std::size_t(length)});
             return true;
         }
@@ -112,6 +113,7 @@ bool LineSource::next()
         position = size;
         if (size == 0)
             return false;
+        hasLineFeed = false;
         setLine({buffer.constData(), std::size_t(size)});
         return true;
     }

@@ -44,6 +44,9 @@ public:
     /// Starts from the first line again.
     void rewind();
 
+    /// Whether the current line has a line feed; without one it is the last line.
+    bool endsWithLineFeed() const { return hasLineFeed; }
+
     /// Calls \a read with the current line, without its line feed, as Text<char> or
     /// Text<char16_t>, and returns what it returns. The text is valid until next().
     template <typename Read> auto visit(Read &&read) const
@@ -74,6 +77,7 @@ private:
     bool hasCarriageReturns = false;
 
     Text<char> plain;
+    bool hasLineFeed = false;
     QByteArray scratch;
     QString decoded;
     bool isDecoded = false;

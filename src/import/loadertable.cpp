@@ -1,13 +1,29 @@
 #include "candumpreader.h"
+#include "cocttreader.h"
+#include "genericreader.h"
+#include "ixxatreader.h"
+#include "peakreader.h"
 #include "wiresharkcsvreader.h"
 
 namespace {
 
 constexpr auto textMode = LineSource::CarriageReturns::Dropped;
+constexpr auto binaryMode = LineSource::CarriageReturns::Kept;
+
+constexpr char peak[] = "PeakTraceImporter";
 
 constexpr TraceReader readers[] = {
+    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, peak},
+    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, peak},
+    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, peak},
+    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, peak},
+    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, peak},
+    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, peak},
     {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump},
+    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, "CoCTTImporter"},
+    {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, "IxxatFileImporter"},
     {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv},
+    {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, "GenericFileImporter"},
 };
 
 } // namespace

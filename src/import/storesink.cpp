@@ -20,6 +20,12 @@ void StoreSink::note(quint32 number, const QString &text)
     store.notes.insert(number, text);
 }
 
+void StoreSink::appendNote(quint32 number, const QString &text)
+{
+    const QMutexLocker locker(&store.notesLock);
+    joinNote(store.notes, number, text);
+}
+
 void StoreSink::fdFrames(bool seen)
 {
     emit store.q->chunkContainsFdMessage(seen);

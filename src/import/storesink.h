@@ -14,6 +14,7 @@ public:
 
     bool message(const CAN::CanRxMessage &message) override;
     void note(quint32 number, const QString &text) override;
+    void appendNote(quint32 number, const QString &text) override;
     void fdFrames(bool seen) override;
     bool turnEventLoop() override;
 

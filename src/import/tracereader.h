@@ -14,17 +14,28 @@ struct TraceRequest
     QString formatDescription; ///< the layout of GenericFormat
 };
 
-/// How reading a trace ended.
+/// How reading a trace, or one line of it, ended.
 struct ReadResult
 {
     enum Status {
         Done,
-        Stopped ///< because the sink wanted it
+        Stopped,   ///< because the sink wanted it
+        NotRead,   ///< because it cannot be opened or no reader takes it
+        LineError, ///< in line `line`, counted from 1
+        NoColumns  ///< nothing usable tells what the columns are
     };
     Status status = Done;
+    quint64 line = 0;
 
     static ReadResult done() { return {Done}; }
     static ReadResult stopped() { return {Stopped}; }
+    static ReadResult notRead() { return {NotRead}; }
+    static ReadResult lineError(quint64 line = 0) { return {LineError, line}; }
+    static ReadResult noColumns() { return {NoColumns}; }
+
+    bool isDone() const { return status == Done; }
+    /// Whether what stands in the file is wrong.
+    bool isFileError() const { return status == LineError || status == NoColumns; }
 };
 
 /// The reader of one trace format: a plain function from lines to messages. It neither opens the
@@ -36,7 +47,29 @@ struct TraceReader
     DatachunkHelper::ImportFileType type;
     LineSource::CarriageReturns carriageReturns;
     Read read;
+    const char *importer = nullptr; ///< the class in whose context error texts are translated
 };
 
 /// The reader of a type, or null for the types that no reader takes.
 const TraceReader *traceReaderFor(DatachunkHelper::ImportFileType type);
+
+/// Opens the file and runs the reader of its type.
+ReadResult readTraceFile(const TraceRequest &request, TraceSink &sink);
+
+/// What the user is told of a failure: "No error." for a trace that was not read, and nothing
+/// where the format has no text of its own.
+QString errorText(const ReadResult &result, const TraceRequest &request);
+
+/// Reads line by line, counted from 1. \a readLine takes Text<Char> and returns a ReadResult; the
+/// first that is not done ends the reading.
+template <typename ReadLine> ReadResult readNumberedLines(LineSource &lines, ReadLine readLine)
+{
+    for (quint64 number = 1; lines.next(); ++number) {
+        ReadResult result = lines.visit(readLine);
+        if (result.isDone())
+            continue;
+        result.line = number;
+        return result;
+    }
+    return ReadResult::done();
+}

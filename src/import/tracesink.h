@@ -2,6 +2,7 @@
 
 #include "canrxmessage.h"
 
+#include <QMap>
 #include <QString>
 
 /// Takes what a reader finds in a trace, in the order of the file.
@@ -16,9 +17,15 @@ public:
     /// A note on the message with \a number, in place of an earlier one.
     virtual void note(quint32 number, const QString &text) = 0;
 
+    /// A note on the message with \a number, behind an earlier one and " | ".
+    virtual void appendNote(quint32 number, const QString &text) = 0;
+
     /// Tells whether the trace holds CAN FD frames; only some formats say so.
     virtual void fdFrames(bool seen) = 0;
 
     /// Lets a waiting application handle its events. False when the reader has to stop.
     virtual bool turnEventLoop() = 0;
 };
+
+/// Adds \a text to the note on the message with \a number, behind " | " if there is one.
+void joinNote(QMap<unsigned int, QString> &notes, quint32 number, const QString &text);

@@ -175,10 +175,16 @@ public:
                   DatachunkHelper::SavedMessageType savedType, QString formatDescription);
 
     // The readers of single formats. They add messages to the browsing list without showing it
-    // and return false when the file cannot be opened.
+    // and return false when the file cannot be opened or read; informAboutLastError tells why.
 
     bool loadSocketCanDump(QString fileName);
     bool loadWiresharkCSV(QString fileName);
+    /// Fails for any type but PeakTrc11 to PeakTrc21, too.
+    bool loadPeakTraceFile(QString fileName, DatachunkHelper::ImportFileType type);
+    bool loadIxxatFile(QString fileName);
+    bool loadCoCTTFile(QString fileName);
+    /// \a formatDescription lists what stands in the fields of a line, see GenericFileImporter.
+    bool loadGenericFile(QString fileName, QString formatDescription);
 
 public slots:
     /// Numbers the message and adds it to the live list. Any thread; takes the write lock once.

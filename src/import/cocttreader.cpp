@@ -1,0 +1,117 @@
+#include "cocttreader.h"
+
+#include "cantimestamp.h"
+#include "linefields.h"
+#include "messagefeed.h"
+
+using namespace LineFields;
+
+namespace {
+
+constexpr std::string_view frameTag = "Test CAN";
+
+// Split at " : ", keeping empty parts. The line is simplified, and so are the parts then.
+template <typename Char> Parts<Char> splitEntry(Text<Char> line)
+{
+    constexpr Char separator[] = {' ', ':', ' '};
+    constexpr std::size_t size = 3;
+    Parts<Char> parts;
+    for (;;) {
+        const std::size_t end = line.find(separator, 0, size);
+        parts.append(line.substr(0, end));
+        if (end == line.npos)
+            return parts;
+        line.remove_prefix(end + size);
+    }
+}
+
+template <typename Char> QTime timeOfDay(Text<Char> text)
+{
+    constexpr std::string_view layout = "00:00:00.000";
+    bool isPlain = text.size() == layout.size();
+    for (std::size_t i = 0; isPlain && i < layout.size(); ++i)
+        isPlain = layout[i] == '0' ? digitValue(text[i]) < 10 : text[i] == Char(layout[i]);
+    if (!isPlain)
+        return QTime::fromString(toQString(text), QStringLiteral("hh:mm:ss.zzz"));
+    const auto number = [text](std::size_t start, std::size_t digits) {
+        return toNumber<qint32>(text.substr(start, digits));
+    };
+    return QTime(number(0, 2), number(3, 2), number(6, 2), number(9, 3));
+}
+
+template <typename Char> void setTimeStamp(Text<Char> text, CAN::CanRxMessage &message)
+{
+    const CanTimeStamp timeStamp(timeOfDay(text));
+    message.seconds = timeStamp.seconds();
+    message.microseconds = timeStamp.microseconds();
+}
+
+// False when a number is none or bytes are missing.
+template <typename Char> bool readFrame(const Parts<Char> &tokens, CAN::CanRxMessage &message)
+{
+    enum Token { IdToken = 1, DirectionToken, KindToken, LengthToken, DataToken };
+    bool isId = false;
+    bool isLength = false;
+    message.id = toNumber<quint32>(tokens[IdToken], 16, &isId);
+    message.transmitted = equals(tokens[DirectionToken], "Tx");
+    message.remote = equals(tokens[KindToken], "SR");
+    message.length = qint8(toNumber<qint32>(tokens[LengthToken], 10, &isLength));
+    if (!isId || !isLength)
+        return false;
+    if (message.remote)
+        return true;
+    readHexBytes(tokens, DataToken, CAN::payloadSize(message), message);
+    return tokens.size() - DataToken >= message.length;
+}
+
+template <typename Char> ReadResult importCANMsgLine(Text<Char> line, MessageFeed &feed)
+{
+    constexpr int fewestTokens = 5;
+    const Parts<Char> parts = splitEntry(line);
+    const auto tag = std::find_if(parts.begin(), parts.end(),
+                                  [](Text<Char> part) { return equals(part, frameTag); });
+    // Where the tag is only a piece of a field, the first field is taken for the frame.
+    const int tagIndex = tag == parts.end() ? -1 : int(tag - parts.begin());
+    const Parts<Char> tokens = splitAtBlanks(partAt(parts, tagIndex + 1));
+    if (tokens.size() < fewestTokens)
+        return ReadResult::lineError();
+    if (!feed.turnEventLoopWhenDue())
+        return ReadResult::stopped();
+    CAN::CanRxMessage message;
+    if (!readFrame(tokens, message))
+        return ReadResult::lineError();
+    if (tagIndex > 0)
+        setTimeStamp(parts[1], message);
+    return feed.addMessageToMessageList(message);
+}
+
+template <typename Char> bool isRemark(Text<Char> line)
+{
+    return contains(line, "Test Notice") || contains(line, "Test Info")
+        || contains(line, "Test Error");
+}
+
+template <typename Char> void importNoticeLine(Text<Char> line, MessageFeed &feed)
+{
+    if (line.find(Char(':')) != line.npos)
+        feed.appendNote(toQString(line));
+}
+
+template <typename Char> ReadResult readEntry(Text<Char> line, MessageFeed &feed)
+{
+    Scratch<Char> scratch;
+    line = simplified(line, scratch);
+    if (contains(line, frameTag))
+        return importCANMsgLine(line, feed);
+    if (isRemark(line))
+        importNoticeLine(line, feed);
+    return ReadResult::done();
+}
+
+} // namespace
+
+ReadResult readCoCTTLog(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    MessageFeed feed(sink);
+    return readNumberedLines(lines, [&feed](auto line) { return readEntry(line, feed); });
+}

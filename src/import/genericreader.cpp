@@ -1,0 +1,133 @@
+#include "genericreader.h"
+
+#include "linefields.h"
+#include "messagefeed.h"
+
+#include <QVector>
+
+using namespace LineFields;
+
+namespace {
+
+constexpr char separator = ' ';
+constexpr char commentPrefix = '#';
+
+enum class Field { Time, Line, PrefixedId, HexadecimalId, DecimalId, Length, Data, Ignored };
+
+struct FieldCode
+{
+    const char *code;
+    Field field;
+};
+
+constexpr FieldCode fieldCodes[] = {
+    {"t", Field::Time},          {"n", Field::Line},      {"0xi", Field::PrefixedId},
+    {"i", Field::HexadecimalId}, {"I", Field::DecimalId}, {"l", Field::Length},
+    {"d", Field::Data},
+};
+
+struct Layout
+{
+    QVector<Field> fields;
+    int fewestFields;
+};
+
+Field fieldFor(const QString &code)
+{
+    for (const FieldCode &known : fieldCodes) {
+        if (code == QLatin1String(known.code))
+            return known.field;
+    }
+    return Field::Ignored;
+}
+
+Layout layoutFor(const QString &formatDescription)
+{
+    Layout layout;
+    for (const QString &code : formatDescription.split(QLatin1Char(separator)))
+        layout.fields.append(fieldFor(code));
+    // The number of codes is kept in a byte. The last field may be missing: a frame without
+    // payload ends before it.
+    layout.fewestFields = quint8(layout.fields.size()) - 1;
+    return layout;
+}
+
+template <typename Char> void readTime(Text<Char> text, CAN::CanRxMessage &message)
+{
+    const Parts<Char> parts = splitKeepingEmpty(text, '.');
+    message.seconds = qint32(toNumber<qint64>(parts[0]));
+    // Taken as written: traces of this kind have all six digits.
+    message.microseconds = qint32(toNumber<qint64>(partAt(parts, 1)));
+}
+
+template <typename Char>
+bool readData(const Parts<Char> &fields, int first, CAN::CanRxMessage &message)
+{
+    bool ok = true;
+    for (int i = 0; ok && i < message.length; ++i)
+        storeByte(message, i, quint8(toNumber<quint32>(partAt(fields, first + i), 16, &ok)));
+    return ok;
+}
+
+// False when the field has to be a number and is none.
+template <typename Char>
+bool readField(Field field, const Parts<Char> &fields, int index, CAN::CanRxMessage &message)
+{
+    const Text<Char> text = partAt(fields, index);
+    bool ok = true;
+    switch (field) {
+    case Field::Time:
+        readTime(text, message);
+        break;
+    case Field::Line:
+        message.line = quint16(toNumber<quint32>(text, 10, &ok));
+        break;
+    case Field::PrefixedId:
+        message.id = quint32(toNumber<quint64>(text, 0, &ok));
+        break;
+    case Field::HexadecimalId:
+        message.id = toNumber<quint32>(text, 16, &ok);
+        break;
+    case Field::DecimalId:
+        message.id = toNumber<quint32>(text, 10, &ok);
+        break;
+    case Field::Length:
+        message.length = qint8(toNumber<qint32>(text, 10, &ok));
+        break;
+    case Field::Data:
+        return readData(fields, index, message);
+    case Field::Ignored:
+        break;
+    }
+    return ok;
+}
+
+template <typename Char>
+ReadResult importCANMsgLine(const Parts<Char> &fields, const Layout &layout, MessageFeed &feed)
+{
+    if (fields.size() < layout.fewestFields)
+        return ReadResult::lineError();
+    if (!feed.turnEventLoopWhenDue())
+        return ReadResult::stopped();
+    CAN::CanRxMessage message;
+    for (int i = 0; i < layout.fields.size(); ++i) {
+        if (!readField(layout.fields[i], fields, i, message))
+            return ReadResult::done();
+    }
+    message.extended = message.id > maxStandardId;
+    return feed.addMessageToMessageList(message);
+}
+
+} // namespace
+
+ReadResult readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request)
+{
+    const Layout layout = layoutFor(request.formatDescription);
+    MessageFeed feed(sink);
+    return readNumberedLines(lines, [&](auto line) {
+        const auto fields = splitAtBlanks(line);
+        if (fields.isEmpty() || fields[0].front() == commentPrefix)
+            return ReadResult::done();
+        return importCANMsgLine(fields, layout, feed);
+    });
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "tracereader.h"
+
+/// Reads lines of fields between blanks whose layout the request describes, see
+/// GenericFileImporter. Lines that begin with "#" are passed over, and so are those with a
+/// number that is none; a line with too few fields is a line error.
+ReadResult readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request);

@@ -1,0 +1,171 @@
+#include "ixxatreader.h"
+
+#include "linefields.h"
+#include "messagefeed.h"
+
+#include <QDebug>
+
+using namespace LineFields;
+
+namespace {
+
+// No header names the frame format, so that frames are never marked as extended.
+struct Columns
+{
+    int time = noColumn;
+    int id = noColumn;
+    int length = noColumn;
+    int data = noColumn;
+    bool valid = true; // not known to be unusable
+
+    bool areComplete() const { return std::min({time, id, data}) != noColumn; }
+};
+
+template <typename Char> bool isHeader(Text<Char> line)
+{
+    return contains(line, "ID") && contains(line, "Time") && contains(line, "Data");
+}
+
+template <typename Char> int *columnFor(Text<Char> item, Columns &columns)
+{
+    if (contains(item, "Time"))
+        return &columns.time;
+    if (contains(item, "ID") && !contains(item, "Node"))
+        return &columns.id;
+    if (contains(item, "DLC"))
+        return &columns.length;
+    return contains(item, "Data") ? &columns.data : nullptr;
+}
+
+// Columns that an earlier header found and this one does not name stay where they are.
+template <typename Char> void getColumnsFromLine(Text<Char> line, Columns &columns)
+{
+    Scratch<Char> scratch;
+    const Parts<Char> items = splitKeepingEmpty(simplified(line, scratch), ',');
+    for (const Text<Char> item : items) {
+        if (int *const column = columnFor(item, columns))
+            *column = columnAt(int(std::find(items.begin(), items.end(), item) - items.begin()));
+    }
+    columns.valid = columns.areComplete();
+    qDebug() << "void IxxatFileImporter::getColumnsFromLine(QString)"
+             << "Line:" << __LINE__ << columns.valid;
+}
+
+// The fields without their quotes, kept in \a scratch. What stands behind the last separator is
+// no field: rows end with one.
+template <typename Char>
+Parts<Char> getLineElements(Text<Char> line, char separator, char quote, Scratch<Char> &scratch)
+{
+    scratch.resize(int(line.size()));
+    Parts<Char> elements;
+    Char *start = scratch.data();
+    Char *end = start;
+    bool inQuotes = false;
+    for (const Char c : line) {
+        if (c == Char(quote)) {
+            inQuotes = !inQuotes;
+        } else if (c == Char(separator) && !inQuotes) {
+            elements.append(Text<Char>(start, std::size_t(end - start)));
+            start = end;
+        } else {
+            *end++ = c;
+        }
+    }
+    return elements;
+}
+
+// Once a text begins with a zero, all its zeros go: 050 is 5 and 1050 is 1050.
+template <typename Char> Text<Char> removeLeadingZeroes(Text<Char> text, Scratch<Char> &scratch)
+{
+    if (text.empty() || text.front() != '0')
+        return text;
+    scratch.resize(int(text.size()));
+    const auto end = std::remove_copy(text.begin(), text.end(), scratch.begin(), Char('0'));
+    return {scratch.constData(), std::size_t(end - scratch.begin())};
+}
+
+template <typename Number, typename Char> Number toNumberWithoutZeroes(Text<Char> text)
+{
+    Scratch<Char> scratch;
+    return toNumber<Number>(removeLeadingZeroes(text, scratch), 0);
+}
+
+// "hh:mm:ss.mmm.uuu" or "sss.mmm.uuu".
+template <typename Char>
+void convertTimestringAndSetToCanMsg(Text<Char> text, CAN::CanRxMessage &message)
+{
+    const Parts<Char> parts = splitKeepingEmpty(text, '.');
+    const Parts<Char> clock = splitKeepingEmpty(parts[0], ':');
+    if (clock.size() > 1) {
+        const quint32 hours = toNumberWithoutZeroes<quint32>(clock[0]);
+        const quint32 minutes = toNumberWithoutZeroes<quint32>(clock[1]);
+        const quint32 seconds = toNumberWithoutZeroes<quint32>(partAt(clock, 2));
+        message.seconds = qint32(hours * 3600 + minutes * 60 + seconds);
+    } else {
+        message.seconds = toNumberWithoutZeroes<qint32>(parts[0]);
+    }
+    const qint64 milliseconds = toNumberWithoutZeroes<qint32>(partAt(parts, 1));
+    const qint64 microseconds = toNumberWithoutZeroes<qint32>(partAt(parts, 2));
+    message.microseconds = qint32(milliseconds * 1000 + microseconds);
+}
+
+// The number of bytes is the length, whatever the length column says; an empty field is one byte.
+template <typename Char> void readData(Text<Char> field, CAN::CanRxMessage &message)
+{
+    message.remote = contains(field, "Remote Frame");
+    if (message.remote)
+        return;
+    const Parts<Char> bytes = splitKeepingEmpty(field, ' ');
+    message.length = qint8(std::min(int(bytes.size()), CAN::maxDataBytes));
+    readHexBytes(bytes, 0, CAN::maxDataBytes, message);
+}
+
+template <typename Char>
+ReadResult importCANMsgLine(Text<Char> line, const Columns &columns, MessageFeed &feed)
+{
+    constexpr int fewestElements = 6;
+    Scratch<Char> scratch;
+    const Parts<Char> elements = getLineElements(line, ',', '"', scratch);
+    if (elements.size() < fewestElements)
+        return ReadResult::done();
+    if (!feed.turnEventLoopWhenDue())
+        return ReadResult::stopped();
+    CAN::CanRxMessage message;
+    bool isId = false;
+    message.id = toNumber<quint32>(partAt(elements, columns.id), 16, &isId);
+    if (!isId)
+        return ReadResult::done();
+    convertTimestringAndSetToCanMsg(partAt(elements, columns.time), message);
+    message.length = qint8(toNumber<qint32>(partAt(elements, columns.length)));
+    readData(partAt(elements, columns.data), message);
+    return feed.addMessageToMessageList(message);
+}
+
+template <typename Char> ReadResult readLine(Text<Char> line, Columns &columns, MessageFeed &feed)
+{
+    if (isHeader(line)) {
+        getColumnsFromLine(line, columns);
+        return ReadResult::done();
+    }
+    if (!columns.valid)
+        return ReadResult::noColumns();
+    if (!columns.areComplete())
+        return ReadResult::done();
+    Scratch<Char> scratch;
+    return importCANMsgLine(simplified(line, scratch), columns, feed);
+}
+
+} // namespace
+
+ReadResult readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    Columns columns;
+    MessageFeed feed(sink);
+    const ReadResult result =
+        readNumberedLines(lines, [&](auto line) { return readLine(line, columns, feed); });
+    // An unusable header fails with the line below it, be it the empty one behind the last line
+    // feed.
+    if (result.isDone() && !columns.valid && lines.endsWithLineFeed())
+        return ReadResult::noColumns();
+    return result;
+}

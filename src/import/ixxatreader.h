@@ -1,0 +1,7 @@
+#pragma once
+
+#include "tracereader.h"
+
+/// Reads an Ixxat trace export: comma-separated rows below a header that names the columns. Rows
+/// never fail; a header without a time, an identifier and a data column does.
+ReadResult readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &request);

@@ -1,0 +1,10 @@
+#include "tracesink.h"
+
+void joinNote(QMap<unsigned int, QString> &notes, quint32 number, const QString &text)
+{
+    const auto note = notes.find(number);
+    if (note == notes.end())
+        notes.insert(number, text);
+    else
+        *note += QLatin1String(" | ") + text;
+}
