@@ -13,10 +13,14 @@ class TraceFixtures : public QObject
 private slots:
     void import_data();
     void import();
+    void wideBlanksAtTheEndOfEveryLineChangeNothing_data();
+    void wideBlanksAtTheEndOfEveryLineChangeNothing();
     void detectsTheTypeThatTheFolderIsNamedAfter();
 };
 
 namespace {
+
+using Type = DatachunkHelper::ImportFileType;
 
 QStringList fixtures()
 {
@@ -56,6 +60,14 @@ Expectation readExpectation(const QString &fileName)
     return expectation;
 }
 
+Type typeOf(const Expectation &expectation, const QString &trace)
+{
+    if (expectation.type.isEmpty())
+        return DatachunkHelper().getImportFileType(trace);
+    const auto types = QMetaEnum::fromType<Type>();
+    return Type(types.keyToValue(expectation.type.toUtf8()));
+}
+
 QString firstDifference(const QString &actual, const QString &expected)
 {
     const QStringList a = actual.split(QLatin1Char('\n'));
@@ -84,11 +96,32 @@ void TraceFixtures::import()
     QFETCH(QString, expectedFile);
     const QString trace = expectedFile.left(expectedFile.lastIndexOf(QLatin1String(".expected")));
     const Expectation expected = readExpectation(expectedFile);
-    const auto types = QMetaEnum::fromType<DatachunkHelper::ImportFileType>();
-    const auto type = expected.type.isEmpty()
-        ? DatachunkHelper().getImportFileType(trace)
-        : DatachunkHelper::ImportFileType(types.keyToValue(expected.type.toUtf8()));
-    const QString dump = traceDump(trace, type, expected.description);
+    const QString dump = traceDump(trace, typeOf(expected, trace), expected.description);
+    QVERIFY2(dump == expected.dump, qPrintable(firstDifference(dump, expected.dump)));
+}
+
+void TraceFixtures::wideBlanksAtTheEndOfEveryLineChangeNothing_data()
+{
+    import_data();
+}
+
+// Lines that are not ASCII are decoded first. Blanks at the end are lost to every grammar, and so
+// what is read from decoded lines has to be what is read from plain ones.
+void TraceFixtures::wideBlanksAtTheEndOfEveryLineChangeNothing()
+{
+    QFETCH(QString, expectedFile);
+    if (expectedFile.contains(QLatin1String("/vectorasc")))
+        QSKIP("the notes of these hold lines as they are");
+    const QString trace = expectedFile.left(expectedFile.lastIndexOf(QLatin1String(".expected")));
+    const Expectation expected = readExpectation(expectedFile);
+    QFile file(trace);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QTemporaryDir folder;
+    QFile copy(folder.filePath(QStringLiteral("trace")));
+    QVERIFY(copy.open(QIODevice::WriteOnly));
+    copy.write(file.readAll().replace('\n', "\u2003\n"));
+    copy.close();
+    const QString dump = traceDump(copy.fileName(), typeOf(expected, trace), expected.description);
     QVERIFY2(dump == expected.dump, qPrintable(firstDifference(dump, expected.dump)));
 }
 
