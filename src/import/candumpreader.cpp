@@ -51,7 +51,7 @@ template <typename Char> bool readSpacedLine(const Parts<Char> &tokens, CAN::Can
     std::basic_string<Char> scratch;
     const Text<Char> length = withoutBrackets(tokens[interface + 2], '[', ']', scratch);
     message.length = qint8(toNumber<quint32>(length));
-    readHexBytes(tokens, interface + 3, CAN::payloadSize(message), message);
+    readBytes(tokens, interface + 3, CAN::payloadSize(message), 16, message);
     return true;
 }
 

@@ -60,7 +60,7 @@ template <typename Char> bool readFrame(const Parts<Char> &tokens, CAN::CanRxMes
         return false;
     if (message.remote)
         return true;
-    readHexBytes(tokens, DataToken, CAN::payloadSize(message), message);
+    readBytes(tokens, DataToken, CAN::payloadSize(message), 16, message);
     return tokens.size() - DataToken >= message.length;
 }
 

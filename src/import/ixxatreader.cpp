@@ -117,7 +117,7 @@ template <typename Char> void readData(Text<Char> field, CAN::CanRxMessage &mess
         return;
     const Parts<Char> bytes = splitKeepingEmpty(field, ' ');
     message.length = qint8(std::min(int(bytes.size()), CAN::maxDataBytes));
-    readHexBytes(bytes, 0, CAN::maxDataBytes, message);
+    readBytes(bytes, 0, CAN::maxDataBytes, 16, message);
 }
 
 template <typename Char>

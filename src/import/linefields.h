@@ -16,7 +16,7 @@
 namespace LineFields {
 
 /// Parts of a line. Long enough for a CAN FD frame without an allocation.
-template <typename Char> using Parts = QVarLengthArray<Text<Char>, 80>;
+template <typename Char> using Parts = QVarLengthArray<Text<Char>, 96>;
 
 /// What QChar::isSpace says of a character.
 inline bool isBlank(char c)
@@ -172,16 +172,6 @@ template <typename Char> quint8 toHexByte(Text<Char> text)
     return quint8(toNumber<quint32>(text, 16));
 }
 
-/// Reads up to \a count parts from \a first on as payload bytes, as far as there are parts and
-/// room for them.
-template <typename Char>
-void readHexBytes(const Parts<Char> &parts, int first, int count, CAN::CanRxMessage &message)
-{
-    const int available = std::min(count, int(parts.size()) - first);
-    for (int i = 0; i < std::min(available, CAN::maxDataBytes); ++i)
-        message.data[i] = toHexByte(parts[first + i]);
-}
-
 /// A fraction of a second, as written behind the point: padded on the right to six digits and
 /// never cut.
 template <typename Char> qint32 toMicroseconds(Text<Char> fraction)
@@ -237,6 +227,16 @@ void readTimeStampInParentheses(Text<Char> text, CAN::CanRxMessage &message)
 {
     std::basic_string<Char> scratch;
     readTimeStamp(withoutBrackets(text, '(', ')', scratch), FractionPart::Last, message);
+}
+
+/// Reads up to \a count parts from \a first on as payload bytes in \a base, the low 8 bits of
+/// each, as far as there are parts and room for them.
+template <typename Char>
+void readBytes(const Parts<Char> &parts, int first, int count, int base, CAN::CanRxMessage &message)
+{
+    const int available = std::min(count, int(parts.size()) - first);
+    for (int i = 0; i < std::min(available, CAN::maxDataBytes); ++i)
+        message.data[i] = quint8(toNumber<quint32>(parts[first + i], base));
 }
 
 /// Stores one more payload byte where there is room for it.

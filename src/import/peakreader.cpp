@@ -69,7 +69,7 @@ ReadResult importVersion11StringList(const Parts<Char> &tokens, MessageFeed &fee
     message.length = qint8(toNumber<qint32>(tokens[LengthToken]));
     message.remote = equals(partAt(tokens, DataToken), "RTR");
     if (!message.remote)
-        readHexBytes(tokens, DataToken, CAN::maxDataBytes, message);
+        readBytes(tokens, DataToken, CAN::maxDataBytes, 16, message);
     return feed.addMessageToMessageList(message);
 }
 
@@ -182,7 +182,7 @@ ReadResult importVersion20StringList(const Parts<Char> &tokens, const Columns &c
     const quint8 length = quint8(toNumber<qint32>(tokens[columns.length]));
     message.length = qint8(std::min(int(length), CAN::maxDataBytes));
     if (!message.remote)
-        readHexBytes(tokens, columns.data, CAN::maxDataBytes, message);
+        readBytes(tokens, columns.data, CAN::maxDataBytes, 16, message);
     return feed.addMessageToMessageList(message);
 }
 
