@@ -27,6 +27,7 @@ public:
         return true;
     }
     void note(quint32, const QString &) override { }
+    void appendNote(quint32, const QString &) override { }
     void fdFrames(bool) override { }
     bool turnEventLoop() override
     {

@@ -116,7 +116,7 @@ template <typename Char> void readData(Text<Char> field, CAN::CanRxMessage &mess
     if (message.remote)
         return;
     const Parts<Char> bytes = splitKeepingEmpty(field, ' ');
-    message.length = qint8(std::min(int(bytes.size()), CAN::maxDataBytes));
+    message.length = qint8(bytes.size());
     readBytes(bytes, 0, CAN::maxDataBytes, 16, message);
 }
 
