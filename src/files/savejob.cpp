@@ -110,12 +110,18 @@ SaveOutcome writeTextFile(const SaveJob &job)
         outcome.errorText = file.errorString();
         return outcome;
     }
+    constexpr int blockSize = 64 * 1024;
     QTextStream stream(&file);
-    stream << TextExport::headerLine();
+    QString block = TextExport::headerLine();
     forEachMessage(job, 0, [&](const CAN::CanRxMessage &message) {
-        stream << TextExport::messageLine(message, job.notes.value(message.messageNumber));
+        TextExport::appendMessageLine(block, message, job.notes.value(message.messageNumber));
+        if (block.size() < blockSize)
+            return true;
+        stream << block;
+        block.resize(0);
         return stream.status() == QTextStream::Ok;
     });
+    stream << block;
     stream.flush();
     return finish(job, file, outcome);
 }

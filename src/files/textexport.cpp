@@ -1,8 +1,32 @@
 #include "textexport.h"
 
+#include <charconv>
+#include <iterator>
+
 namespace TextExport {
 
 namespace {
+
+enum class Align { Left, Right };
+
+// What QString::arg puts in place of a marker, without its search for the marker.
+template <typename Number>
+void appendNumber(QString &line, Number value, int base, int width, Align align, char fill)
+{
+    char digits[24];
+    const std::to_chars_result result =
+        std::to_chars(std::begin(digits), std::end(digits), value, base);
+    const int size = int(result.ptr - digits);
+    const auto padding = [&] {
+        for (int i = size; i < width; ++i)
+            line += QLatin1Char(fill);
+    };
+    if (align == Align::Right)
+        padding();
+    line += QLatin1String(digits, size);
+    if (align == Align::Left)
+        padding();
+}
 
 void appendHexByte(QString &line, quint8 byte)
 {
@@ -12,19 +36,23 @@ void appendHexByte(QString &line, quint8 byte)
     line += QLatin1Char(' ');
 }
 
-QString prefix(const CAN::CanRxMessage &message)
+void appendPrefix(QString &line, const CAN::CanRxMessage &message)
 {
-    const QString time = QStringLiteral(" %1.%2 ")
-                             .arg(message.seconds, 3)
-                             .arg(message.microseconds, 6, 10, QLatin1Char('0'));
-    const QString length = QStringLiteral(" (%1): ").arg(CAN::payloadSize(message));
-    if (message.id == CAN::errorFrameId)
-        return time + QLatin1String("Error-frame") + length;
-    return time
-        + QStringLiteral("0x%1/%2")
-              .arg(message.id, 3, 16, QLatin1Char('0'))
-              .arg(message.id, -4, 10, QLatin1Char(' '))
-        + length;
+    line += QLatin1Char(' ');
+    appendNumber(line, message.seconds, 10, 3, Align::Right, ' ');
+    line += QLatin1Char('.');
+    appendNumber(line, message.microseconds, 10, 6, Align::Right, '0');
+    if (message.id == CAN::errorFrameId) {
+        line += QLatin1String(" Error-frame");
+    } else {
+        line += QLatin1String(" 0x");
+        appendNumber(line, message.id, 16, 3, Align::Right, '0');
+        line += QLatin1Char('/');
+        appendNumber(line, message.id, 10, 4, Align::Left, ' ');
+    }
+    line += QLatin1String(" (");
+    line += QString::number(CAN::payloadSize(message));
+    line += QLatin1String("): ");
 }
 
 } // namespace
@@ -40,17 +68,26 @@ int flagNumber(const CAN::CanRxMessage &message)
         + (message.flagC ? 4 : 0);
 }
 
-QString messageLine(const CAN::CanRxMessage &message, const QString &note)
+void appendMessageLine(QString &text, const CAN::CanRxMessage &message, const QString &note)
 {
-    QString line = prefix(message);
+    appendPrefix(text, message);
     if (message.remote) {
-        line += QLatin1String("Remote Transmission Request");
+        text += QLatin1String("Remote Transmission Request");
     } else {
         for (int i = 0; i < CAN::payloadSize(message); ++i)
-            appendHexByte(line, message.data[i]);
+            appendHexByte(text, message.data[i]);
     }
-    line += QLatin1Char(';') + QString::number(flagNumber(message)) + QLatin1Char(';') + note
-        + QLatin1Char('\n');
+    text += QLatin1Char(';');
+    appendNumber(text, flagNumber(message), 10, 0, Align::Right, ' ');
+    text += QLatin1Char(';');
+    text += note;
+    text += QLatin1Char('\n');
+}
+
+QString messageLine(const CAN::CanRxMessage &message, const QString &note)
+{
+    QString line;
+    appendMessageLine(line, message, note);
     return line;
 }
 

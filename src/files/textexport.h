@@ -16,5 +16,6 @@ int flagNumber(const CAN::CanRxMessage &message);
 /// One message and its note as a line, line end included. The note stands as it is, whatever
 /// it contains.
 QString messageLine(const CAN::CanRxMessage &message, const QString &note);
+void appendMessageLine(QString &text, const CAN::CanRxMessage &message, const QString &note);
 
 } // namespace TextExport
