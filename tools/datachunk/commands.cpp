@@ -1,0 +1,55 @@
+#include "commands.h"
+
+#include "terminal.h"
+
+#include <climits>
+
+namespace {
+
+QList<QCommandLineOption> noOptions()
+{
+    return {};
+}
+
+constexpr Command commands[] = {
+    {"detect", "FILE...", QT_TRANSLATE_NOOP("Cli", "Tell the type of each file."), 1, INT_MAX,
+     noOptions, runDetect},
+    {"info", "FILE", QT_TRANSLATE_NOOP("Cli", "Tell what a trace holds."), 1, 1, traceOptions,
+     runInfo},
+    {"dump", "FILE", QT_TRANSLATE_NOOP("Cli", "Print the messages of a trace, one a line."), 1, 1,
+     dumpOptions, runDump},
+    {"import", "FILE --into FOLDER",
+     QT_TRANSLATE_NOOP("Cli", "Turn a trace of another tool into numbered chunk files."), 1, 1,
+     importOptions, runImport},
+    {"record", "--into FOLDER",
+     QT_TRANSLATE_NOOP("Cli",
+                       "Record frames into chunk files: candump lines from standard input, "
+                       "or from a CAN bus plug-in."),
+     0, 0, recordOptions, runRecord},
+    {"split", "FILE --messages N",
+     QT_TRANSLATE_NOOP("Cli", "Cut a chunk file into smaller ones, in a folder beside it."), 1, 1,
+     splitOptions, runSplit},
+};
+
+} // namespace
+
+const Command *findCommand(const QString &name)
+{
+    for (const Command &command : commands) {
+        if (name == QLatin1String(command.name))
+            return &command;
+    }
+    return nullptr;
+}
+
+QString commandList()
+{
+    constexpr int nameWidth = 8;
+    QString list;
+    for (const Command &command : commands) {
+        list += QStringLiteral("  %1 %2\n")
+                    .arg(QLatin1String(command.name), -nameWidth)
+                    .arg(Cli::tr(command.description));
+    }
+    return list;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QCommandLineParser>
+#include <QList>
+#include <QStringList>
+
+/// A command of the program: how it is used, and the function that does it.
+struct Command
+{
+    const char *name;
+    const char *arguments; ///< behind the name, as the usage shows them
+    const char *description;
+    int leastFiles; ///< number of arguments it takes
+    int mostFiles;
+    QList<QCommandLineOption> (*options)();
+    int (*run)(const QCommandLineParser &parser, const QStringList &files); ///< exit status
+};
+
+/// Null when there is no such command.
+const Command *findCommand(const QString &name);
+
+/// One line on each command.
+QString commandList();
+
+QList<QCommandLineOption> traceOptions();
+QList<QCommandLineOption> dumpOptions();
+QList<QCommandLineOption> importOptions();
+QList<QCommandLineOption> recordOptions();
+QList<QCommandLineOption> splitOptions();
+
+int runDetect(const QCommandLineParser &parser, const QStringList &files);
+int runInfo(const QCommandLineParser &parser, const QStringList &files);
+int runDump(const QCommandLineParser &parser, const QStringList &files);
+int runImport(const QCommandLineParser &parser, const QStringList &files);
+int runRecord(const QCommandLineParser &parser, const QStringList &files);
+int runSplit(const QCommandLineParser &parser, const QStringList &files);

@@ -1,0 +1,142 @@
+#include "commands.h"
+#include "options.h"
+#include "savefileworker.h"
+#include "terminal.h"
+#include "tracefile.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <limits>
+
+namespace {
+
+constexpr quint64 anyLine = 256;
+constexpr quint64 anyId = quint64(1) << 32;
+constexpr quint64 unlimited = std::numeric_limits<qint64>::max();
+
+struct Selection
+{
+    quint64 from = 0;
+    quint64 count = unlimited;
+    quint64 line = anyLine;
+    quint64 id = anyId;
+
+    bool takes(const CAN::CanRxMessage &message) const
+    {
+        return (line == anyLine || quint8(message.line) == line)
+            && (id == anyId || message.id == id);
+    }
+};
+
+bool readSelection(const QCommandLineParser &parser, Selection &selection)
+{
+    const auto number = [&parser](const char *name, quint64 most, quint64 &value, int base = 10) {
+        return numberOption(parser, QLatin1String(name), 0, most, value, value, base);
+    };
+    return number("from", unlimited, selection.from) && number("count", unlimited, selection.count)
+        && number("line", anyLine - 1, selection.line) && number("id", anyId - 1, selection.id, 16);
+}
+
+QByteArray jsonLine(const CAN::CanRxMessage &message, const QString &note)
+{
+    const char *payload = reinterpret_cast<const char *>(message.data);
+    const QByteArray data = QByteArray(payload, CAN::payloadSize(message)).toHex();
+    QJsonObject object{
+        {QStringLiteral("number"), qint64(message.messageNumber)},
+        {QStringLiteral("seconds"), message.seconds},
+        {QStringLiteral("microseconds"), message.microseconds},
+        {QStringLiteral("id"), qint64(message.id)},
+        {QStringLiteral("line"), message.line},
+        {QStringLiteral("length"), message.length},
+        {QStringLiteral("data"), QString::fromLatin1(data)},
+        {QStringLiteral("extended"), message.extended},
+        {QStringLiteral("remote"), message.remote},
+        {QStringLiteral("fd"), message.fdFrame},
+        {QStringLiteral("error"), message.id == CAN::errorFrameId},
+        {QStringLiteral("flagB"), message.flagB},
+        {QStringLiteral("flagC"), message.flagC},
+        {QStringLiteral("flagD"), message.flagD},
+    };
+    if (!note.isEmpty())
+        object.insert(QStringLiteral("note"), note);
+    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+}
+
+QMap<unsigned int, QString> notesOf(const DatachunkHandler &part, int count)
+{
+    QMap<unsigned int, QString> notes;
+    for (int i = 0; i < count; ++i) {
+        const quint32 number = part.messageAtPassMutex(i).messageNumber;
+        const QString note = part.getMessageNote(number);
+        if (!note.isEmpty())
+            notes.insert(number, note);
+    }
+    return notes;
+}
+
+// Prints the selected messages of the parts that it is given.
+class Printer
+{
+public:
+    Printer(const Selection &selection, bool asJson) : selection(selection), asJson(asJson) { }
+
+    bool printPart(DatachunkHandler &part)
+    {
+        const int count = int(part.getMessageCount());
+        const QMap<unsigned int, QString> notes = notesOf(part, count);
+        SaveFileWorker lines(QString(), nullptr, DatachunkHelper::CurrentMessages, 0, 0, notes, {},
+                             0, {});
+        for (int i = 0; i < count && printed < selection.count; ++i) {
+            const CAN::CanRxMessage message = part.messageAtPassMutex(i);
+            if (position++ < selection.from || !selection.takes(message))
+                continue;
+            const bool written = asJson
+                ? writeOutput(jsonLine(message, notes.value(message.messageNumber)))
+                : writeOutput(lines.getOldStyleTxtOutput(message));
+            if (!written || StopSignals::received())
+                return false;
+            ++printed;
+        }
+        return printed < selection.count;
+    }
+
+private:
+    const Selection selection;
+    const bool asJson;
+    quint64 position = 0;
+    quint64 printed = 0;
+};
+
+} // namespace
+
+QList<QCommandLineOption> dumpOptions()
+{
+    return traceOptions()
+        + QList<QCommandLineOption>{
+            {QStringLiteral("json"), Cli::tr("Print each message as a JSON object.")},
+            {QStringLiteral("from"), Cli::tr("Begin at this position; the first message is at 0."),
+             QStringLiteral("N")},
+            {QStringLiteral("count"), Cli::tr("Print at most so many messages."),
+             QStringLiteral("N")},
+            {QStringLiteral("line"), Cli::tr("Print only messages of this bus line (0 to 255)."),
+             QStringLiteral("L")},
+            {QStringLiteral("id"), Cli::tr("Print only messages with this identifier."),
+             QStringLiteral("HEX")}};
+}
+
+int runDump(const QCommandLineParser &parser, const QStringList &files)
+{
+    TraceFile trace;
+    trace.name = files.first();
+    Selection selection;
+    if (!chooseType(parser, trace) || !readSelection(parser, selection))
+        return WrongUsage;
+    TraceReading reading(trace);
+    if (!reading.import())
+        return Failed;
+    Printer printer(selection, parser.isSet(QStringLiteral("json")));
+    const bool complete =
+        reading.forEachPart([&](DatachunkHandler &part) { return printer.printPart(part); });
+    return finishOutput() && complete ? Succeeded : Failed;
+}

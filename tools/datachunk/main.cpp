@@ -1,0 +1,67 @@
+#include "commands.h"
+#include "terminal.h"
+
+#include <QLoggingCategory>
+
+#include <csignal>
+
+namespace {
+
+QString generalHelp()
+{
+    return Cli::tr("Usage: datachunk COMMAND [options] [arguments]\n"
+                   "Records, converts and shows traces of CAN buses.\n"
+                   "\n"
+                   "Commands:\n"
+                   "%1"
+                   "\n"
+                   "\"datachunk COMMAND --help\" tells the options of a command.\n"
+                   "The exit status is 0, 1 when something failed, and 2 for wrong usage.\n")
+        .arg(commandList());
+}
+
+int runCommand(const Command &command, const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(Cli::tr(command.description));
+    parser.addPositionalArgument(
+        QLatin1String(command.name), QString(),
+        QStringLiteral("%1 %2").arg(QLatin1String(command.name), QLatin1String(command.arguments)));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption verbose(QStringLiteral("verbose"),
+                                     Cli::tr("Print the debug lines of the library."));
+    parser.addOption(verbose);
+    parser.addOptions(command.options());
+    if (!parser.parse(arguments))
+        return usageError(parser.errorText());
+    if (parser.isSet(help))
+        return writeOutput(parser.helpText()) && finishOutput() ? Succeeded : Failed;
+    const QStringList files = parser.positionalArguments().mid(1);
+    if (files.size() < command.leastFiles || files.size() > command.mostFiles) {
+        return usageError(Cli::tr("usage: datachunk %1 %2")
+                              .arg(QLatin1String(command.name), QLatin1String(command.arguments)));
+    }
+    if (!parser.isSet(verbose))
+        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+    return command.run(parser, files);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    // A reader that goes away, as "head" does, shows as a failed write and leaves time to clean up.
+    std::signal(SIGPIPE, SIG_IGN);
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("datachunk"));
+    const QStringList arguments = QCoreApplication::arguments();
+    const QString name = arguments.value(1);
+    if (name == QLatin1String("--help") || name == QLatin1String("-h"))
+        return writeOutput(generalHelp()) && finishOutput() ? Succeeded : Failed;
+    if (name.isEmpty())
+        return usageError(Cli::tr("a command is missing"));
+    const Command *command = findCommand(name);
+    if (!command)
+        return usageError(Cli::tr("there is no command \"%1\"").arg(name));
+    return runCommand(*command, arguments);
+}

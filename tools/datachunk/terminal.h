@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QString>
+#include <QTimer>
+
+/// The texts of the program.
+struct Cli
+{
+    Q_DECLARE_TR_FUNCTIONS(Cli)
+};
+
+enum ExitStatus { Succeeded = 0, Failed = 1, WrongUsage = 2 };
+
+/// Prints "datachunk: subject: text" to standard error.
+void printError(const QString &subject, const QString &text);
+/// Prints a wrong use of the program and returns the exit status for it.
+int usageError(const QString &text);
+
+/// Writes to standard output. False when nobody takes the text any more, so that the caller can
+/// stop; finishOutput() tells why.
+bool writeOutput(const QByteArray &text);
+bool writeOutput(const QString &text);
+/// Writes out what is buffered. False, with a text on standard error, when some of the output is
+/// missing; a reader that went away on purpose gets no text.
+bool finishOutput();
+
+/// A line on standard error that tells how a long work goes on, rewritten while the event loop
+/// turns. Prints nothing unless standard error is a terminal.
+class Progress
+{
+public:
+    explicit Progress(const QString &subject);
+    ~Progress();
+
+    Progress(const Progress &) = delete;
+    Progress &operator=(const Progress &) = delete;
+
+    void setCount(quint64 messages) { count = messages; }
+
+private:
+    void print(const char *lineEnd) const;
+
+    const QString subject;
+    const bool active;
+    quint64 count = 0;
+    QElapsedTimer elapsed;
+    QTimer timer;
+};
