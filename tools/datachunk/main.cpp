@@ -27,7 +27,9 @@ int runCommand(const Command &command, const QStringList &arguments)
     parser.addPositionalArgument(
         QLatin1String(command.name), QString(),
         QStringLiteral("%1 %2").arg(QLatin1String(command.name), QLatin1String(command.arguments)));
-    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  Cli::tr("Print this help."));
+    parser.addOption(help);
     const QCommandLineOption verbose(QStringLiteral("verbose"),
                                      Cli::tr("Print the debug lines of the library."));
     parser.addOption(verbose);
