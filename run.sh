@@ -9,12 +9,12 @@ traces="$project/examples/traces"
 
 install_packages
 if [ $# -gt 0 ]; then
-    build_quietly release
+    build_quietly release --target datachunk
     exec "$datachunk" "$@"
 fi
 
 echo "== Building"
-(build release) 2>&1
+(build release --target datachunk) 2>&1
 
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT

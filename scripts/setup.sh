@@ -46,20 +46,21 @@ install_packages() {
         apt-get -qq install --yes --no-install-recommends "${missing[@]}" >&2 </dev/null
 }
 
-# build PRESET: configures where that has not been done and brings the build up to date.
+# build PRESET [--target NAME]: configures where that has not been done and brings the build up to
+# date.
 build() {
     cd "$project"
     if [ ! -f "build/$1/build.ninja" ]; then
         cmake --preset "$1" >&2 </dev/null
     fi
-    cmake --build --preset "$1" >&2 </dev/null
+    cmake --build --preset "$@" >&2 </dev/null
 }
 
 # The same without a word unless it fails.
 build_quietly() {
     local log
     log="$(mktemp)"
-    if ! (build "$1") 2>"$log"; then
+    if ! (build "$@") 2>"$log"; then
         cat "$log" >&2
         rm -f "$log"
         return 1
