@@ -109,14 +109,32 @@ void Recorder::finish()
 {
     source.disconnect(this);
     source.setPaused(true);
-    // Chunks are written in order: the one rotated last is there when all of them are.
-    if (rotations() > 0)
-        store->loadDataFromFile(int(rotations() - 1));
-    QCoreApplication::sendPostedEvents(store.get());
+    waitForChunks();
     failed = !folder.moveRemaining() || failed;
     const quint64 last = saveLastMessages();
-    total.stored = quint64(folder.chunkCount()) * messagesPerChunk + last;
+    total.stored = messagesInChunks() + last;
     total.dropped = quint64(folder.droppedCount()) * messagesPerChunk + overflowed;
+}
+
+void Recorder::waitForChunks()
+{
+    if (rotations() > 0) {
+        // Chunks are written in order: the one rotated last is there when all of them are. It is
+        // of no interest by itself, whatever the store says of it.
+        const QSignalBlocker blocker(store.get());
+        store->loadDataFromFile(int(rotations() - 1));
+    }
+    QCoreApplication::sendPostedEvents(store.get());
+}
+
+quint64 Recorder::messagesInChunks() const
+{
+    if (!failed)
+        return quint64(folder.chunkCount()) * messagesPerChunk;
+    quint64 count = 0;
+    for (const QString &chunk : folder.chunkPaths())
+        count += countMessages(chunk);
+    return count;
 }
 
 quint64 Recorder::saveLastMessages()

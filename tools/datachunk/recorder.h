@@ -47,6 +47,8 @@ private:
     void fail(const QString &subject, const QString &text);
     void stopFailed();
     void sourceEnded();
+    void waitForChunks();
+    quint64 messagesInChunks() const;
     quint64 saveLastMessages();
     quint64 countMessages(const QString &chunkFile) const;
 

@@ -57,6 +57,14 @@ QString RecordingFolder::workPath(quint32 index) const
     return chunkFolder.absoluteFilePath(QStringLiteral("tmpData%1.dck").arg(index));
 }
 
+QStringList RecordingFolder::chunkPaths() const
+{
+    QStringList paths;
+    for (auto chunk = chunks.cbegin(); chunk != chunks.cend(); ++chunk)
+        paths.append(chunkPath(chunk.key()));
+    return paths;
+}
+
 QString RecordingFolder::lastChunkPath() const
 {
     return folder.absoluteFilePath(QStringLiteral("zlastChunk.dck"));

@@ -38,6 +38,7 @@ public:
     /// Name of the file for the messages behind the last chunk.
     QString lastChunkPath() const;
 
+    QStringList chunkPaths() const;
     int chunkCount() const { return chunks.size(); }
     int droppedCount() const { return dropped; }
 
