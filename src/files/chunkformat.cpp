@@ -182,8 +182,13 @@ bool RecordWriter::write(const CAN::CanRxMessage &message)
 
 bool RecordWriter::flush()
 {
-    if (!failed && device.write(buffer.constData(), used) != used)
-        failed = true;
+    // A disk that is almost full takes a part without an error and tells the reason only when it
+    // is given the rest.
+    for (int written = 0; written < used && !failed;) {
+        const qint64 taken = device.write(buffer.constData() + written, used - written);
+        failed = taken <= 0;
+        written += int(taken);
+    }
     used = 0;
     return !failed;
 }

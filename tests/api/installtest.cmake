@@ -1,6 +1,7 @@
 # Installs into a temporary prefix and builds the consumer against it, once through the CMake
 # package and once through pkg-config.
-# cmake -DBUILD=<build folder> -DWORK=<scratch folder> -DLIBDIR=lib... -DFLAGS=... -P installtest.cmake
+# cmake -DBUILD=<build folder> -DWORK=<scratch folder> -DGENERATOR=Ninja -DLIBDIR=lib...
+#       -DFLAGS=... -P installtest.cmake
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE out)
@@ -18,7 +19,7 @@ file(RENAME ${WORK}/first ${WORK}/moved)
 set(prefix ${WORK}/moved)
 set(ENV{XDG_DATA_HOME} ${WORK}/data)
 
-run(${CMAKE_COMMAND} -S ${source} -B ${WORK}/cmake -DCMAKE_PREFIX_PATH=${prefix}
+run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${source} -B ${WORK}/cmake -DCMAKE_PREFIX_PATH=${prefix}
     -DCMAKE_CXX_FLAGS=${FLAGS})
 run(${CMAKE_COMMAND} --build ${WORK}/cmake)
 run(${WORK}/cmake/consumer)

@@ -24,6 +24,7 @@ private slots:
     void badLengthEndsTheReading_data();
     void badLengthEndsTheReading();
     void readErrorEndsTheReading();
+    void whatADeviceDoesNotTakeAtOnceIsGivenAgain();
 };
 
 namespace {
@@ -80,6 +81,27 @@ protected:
 private:
     const QByteArray bytes;
     bool read = false;
+};
+
+// Takes little at a time, and nothing more once it is full.
+class NarrowDevice : public QIODevice
+{
+public:
+    explicit NarrowDevice(qint64 room) : room(room) { open(WriteOnly | Unbuffered); }
+
+    QByteArray bytes;
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *from, qint64 size) override
+    {
+        const qint64 taken = qMin(qMin<qint64>(size, 100), room - bytes.size());
+        bytes.append(from, int(taken));
+        return taken > 0 ? taken : -1;
+    }
+
+private:
+    const qint64 room;
 };
 
 } // namespace
@@ -252,6 +274,20 @@ void ChunkFormatTest::readErrorEndsTheReading()
     QVERIFY(reader.next(message));
     QVERIFY(reader.next(message));
     QVERIFY(!reader.next(message));
+}
+
+void ChunkFormatTest::whatADeviceDoesNotTakeAtOnceIsGivenAgain()
+{
+    const QByteArray record = encode(sample(), ChunkFormat::currentVersion);
+    for (const bool enoughRoom : {true, false}) {
+        NarrowDevice device(record.size() * 50 - (enoughRoom ? 0 : 1));
+        ChunkFormat::RecordWriter writer(device, ChunkFormat::currentVersion);
+        for (int i = 0; i < 50; ++i)
+            writer.write(sample());
+        QCOMPARE(writer.flush(), enoughRoom);
+        QCOMPARE(device.bytes, record.repeated(50).left(device.bytes.size()));
+        QCOMPARE(device.bytes.size(), record.size() * 50 - (enoughRoom ? 0 : 1));
+    }
 }
 
 QTEST_APPLESS_MAIN(ChunkFormatTest)
