@@ -16,7 +16,6 @@ private slots:
     void cleanup();
     void wrongUse_data();
     void wrongUse();
-    void helpIsNoFailure_data();
     void helpIsNoFailure();
     void detectNamesTheTypeOfEachFile();
     void failures_data();
@@ -24,6 +23,8 @@ private slots:
     void infoCountsWhatATraceHolds();
     void dumpSelects_data();
     void dumpSelects();
+    void theTypeCanBeGiven_data();
+    void theTypeCanBeGiven();
     void dumpPrintsNotes();
     void jsonHoldsEveryField();
     void aLongTraceIsReadToItsEnd();
@@ -127,21 +128,14 @@ void TestCli::wrongUse()
     QVERIFY(!QFile::exists(QStringLiteral("r")));
 }
 
-void TestCli::helpIsNoFailure_data()
-{
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("of the program") << "--help" << QByteArray("record");
-    QTest::newRow("of a command") << "dump --help" << QByteArray("--json");
-}
-
 void TestCli::helpIsNoFailure()
 {
-    QFETCH(QString, arguments);
-    QFETCH(QByteArray, text);
-    const ProgramResult result = runProgram(words(arguments));
-    QCOMPARE(result.status, 0);
-    QVERIFY(result.output.contains(text));
+    const ProgramResult general = runProgram({QStringLiteral("--help")});
+    QCOMPARE(general.status, 0);
+    QVERIFY(general.output.contains("record"));
+    const ProgramResult ofCommand = runProgram(words(QStringLiteral("dump --help")));
+    QCOMPARE(ofCommand.status, 0);
+    QVERIFY(ofCommand.output.contains("--json"));
 }
 
 void TestCli::detectNamesTheTypeOfEachFile()
@@ -251,6 +245,29 @@ void TestCli::dumpSelects()
             printed.append(int(line.trimmed().split('.').first().toInt()));
     }
     QCOMPARE(printed, seconds);
+}
+
+void TestCli::theTypeCanBeGiven_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("by name") << QByteArray("  vcan0  123   [2]  11 22\n")
+                             << QStringList{QStringLiteral("--type"),
+                                            QStringLiteral("SocketCanDump")};
+    QTest::newRow("by a described layout")
+        << QByteArray("123 0.000000 2 11 22\n")
+        << QStringList{QStringLiteral("--format"), QStringLiteral("i t l d")};
+}
+
+void TestCli::theTypeCanBeGiven()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QStringList, options);
+    writeFile(QStringLiteral("odd.xyz"), content);
+    const ProgramResult result =
+        runProgram(QStringList{QStringLiteral("dump"), QStringLiteral("odd.xyz")} + options);
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(result.output, QByteArray("   0.000000 0x123/291  (2): 11 22 ;0;\n"));
 }
 
 void TestCli::dumpPrintsNotes()
