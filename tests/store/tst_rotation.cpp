@@ -81,7 +81,8 @@ void Rotation::thresholdIsFiveThousandBelowTheLimit()
     append(store, appended);
     QTRY_COMPARE(saved.count(), chunks);
     QTRY_COMPARE(store.getMessageCount(), kept);
-    QCOMPARE(store.messageAt(int(kept) - 1).messageNumber, quint32(appended - 1));
+    // The rotated buffer, shown until the pool gets to it, may be as long as the live list.
+    QTRY_COMPARE(store.messageAt(int(kept) - 1).messageNumber, quint32(appended - 1));
     QCOMPARE(QDir(store.chunkFolderPath()).entryList(QDir::Files).size(), chunks);
 }
 
@@ -187,8 +188,8 @@ void Rotation::everyMessageIsInOneChunkInOrder()
         for (const CAN::CanRxMessage &message : readChunkFile(chunk(store, int(i))).messages)
             QVERIFY(message.messageNumber == expected++);
     }
-    QTRY_COMPARE(store.getMessageCount(), total - expected);
-    QCOMPARE(store.messageAt(0).messageNumber, expected);
+    QTRY_COMPARE(store.messageAt(0).messageNumber, expected);
+    QCOMPARE(store.getMessageCount(), total - expected);
 }
 
 void Rotation::announcedIndexIsTheOneOfTheFile()
