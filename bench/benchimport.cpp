@@ -43,12 +43,12 @@ public:
 CountingSink readOnce(const GeneratedFormat &format, const QString &fileName)
 {
     CountingSink sink;
-    const TraceReader *reader = traceReaderFor(format.type);
+    const TraceReader &reader = traceReaderFor(format.type);
     QFile file(fileName);
-    if (!reader || !file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly))
         return sink;
-    LineSource lines(file, reader->carriageReturns);
-    reader->read(lines, sink, {fileName, format.type, QLatin1String(format.description)});
+    LineSource lines(file, reader.carriageReturns);
+    reader.read(lines, sink, {fileName, format.type, QLatin1String(format.description)});
     return sink;
 }
 

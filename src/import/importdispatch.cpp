@@ -106,7 +106,7 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
     emit showLoadingDialog(false);
     if (!run.goesOn())
         return d->endCancelledImport();
-    if (!read)
+    if (!read || traceReaderFor(type).outcome == TraceReader::CountsAsFailed)
         return d->failImport();
     return d->finishImport(run, savedType == DatachunkHelper::CurrentMessages);
 }
@@ -234,6 +234,36 @@ bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)
 bool DatachunkHandler::loadSocketCanDump(QString fileName)
 {
     return d->runLoader(fileName, DatachunkHelper::SocketCanDump);
+}
+
+bool DatachunkHandler::loadVectorAscLog(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::VectorAsc);
+}
+
+bool DatachunkHandler::loadVectorAscLogWithoutBitcount(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::VectorAscWithoutBitcount);
+}
+
+bool DatachunkHandler::loadKvaserCanKingLog(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::KvaserCanKingLog);
+}
+
+bool DatachunkHandler::loadKvaserTxtLog(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::KvaserTxtLog);
+}
+
+bool DatachunkHandler::loadKolvarTxtFile(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::KolvarTxt);
+}
+
+bool DatachunkHandler::importMessagesFromTxt(QString fileName)
+{
+    return d->runLoader(fileName, DatachunkHelper::PcanExplorerTxt);
 }
 
 bool DatachunkHandler::loadWiresharkCSV(QString fileName)

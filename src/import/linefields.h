@@ -229,6 +229,20 @@ void readTimeStampInParentheses(Text<Char> text, CAN::CanRxMessage &message)
     readTimeStamp(withoutBrackets(text, '(', ')', scratch), FractionPart::Last, message);
 }
 
+/// Reads the length from part \a index or, where that is no number, from the next one, in
+/// \a nextBase. Returns the index of the part behind it, where the payload begins.
+template <typename Char>
+int readLengthAtOrBehind(const Parts<Char> &parts, int index, int nextBase,
+                         CAN::CanRxMessage &message)
+{
+    bool ok = false;
+    quint32 length = toNumber<quint32>(partAt(parts, index), 10, &ok);
+    if (!ok)
+        length = toNumber<quint32>(partAt(parts, ++index), nextBase);
+    message.length = qint8(length);
+    return index + 1;
+}
+
 /// Reads up to \a count parts from \a first on as payload bytes in \a base, the low 8 bits of
 /// each, as far as there are parts and room for them.
 template <typename Char>

@@ -26,8 +26,8 @@ bool isAscii(const char *bytes, int size)
 
 } // namespace
 
-LineSource::LineSource(QIODevice &device, CarriageReturns carriageReturns)
-    : device(device), carriageReturns(carriageReturns),
+LineSource::LineSource(QIODevice &device, CarriageReturns carriageReturns, Decoding decoding)
+    : device(device), carriageReturns(carriageReturns), decoding(decoding),
       buffer(maxLineSize + blockSize, Qt::Uninitialized)
 {
     detectEncoding();
@@ -135,7 +135,8 @@ void LineSource::setLine(Text<char> line)
     if (hasCarriageReturns && carriageReturns == CarriageReturns::Dropped)
         line = withoutCarriageReturns(line);
     plain = line;
-    isDecoded = !allAscii && !isAscii(line.data(), int(line.size()));
+    isDecoded =
+        decoding == Decoding::Always || (!allAscii && !isAscii(line.data(), int(line.size())));
     if (!isDecoded)
         return;
     // The line feed goes with the line, so that a sequence that it cuts short is decoded as it

@@ -35,7 +35,13 @@ public:
         Kept
     };
 
-    LineSource(QIODevice &device, CarriageReturns carriageReturns);
+    enum class Decoding {
+        WhereNeeded,
+        Always ///< plain ASCII too, so that both roads through a grammar can be compared
+    };
+
+    LineSource(QIODevice &device, CarriageReturns carriageReturns,
+               Decoding decoding = Decoding::WhereNeeded);
     ~LineSource();
 
     /// Moves on to the next line; false at the end and on a read error.
@@ -65,6 +71,7 @@ private:
 
     QIODevice &device;
     const CarriageReturns carriageReturns;
+    const Decoding decoding;
     QTextCodec *codec = nullptr;
     std::unique_ptr<QTextDecoder> decoder; // for encodings in which ASCII is not one byte
     QByteArray transcoded;                 // UTF-8 that the decoder made and that is not read yet

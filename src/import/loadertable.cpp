@@ -2,7 +2,12 @@
 #include "cocttreader.h"
 #include "genericreader.h"
 #include "ixxatreader.h"
+#include "kolvarreader.h"
+#include "kvasercankingreader.h"
+#include "kvasertxtreader.h"
 #include "peakreader.h"
+#include "plaintextreader.h"
+#include "vectorascreader.h"
 #include "wiresharkcsvreader.h"
 
 namespace {
@@ -13,6 +18,7 @@ constexpr auto binaryMode = LineSource::CarriageReturns::Kept;
 constexpr char peak[] = "PeakTraceImporter";
 
 constexpr TraceReader readers[] = {
+    {DatachunkHelper::KolvarTxt, textMode, readKolvarTxt},
     {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, peak},
     {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, peak},
     {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, peak},
@@ -20,19 +26,27 @@ constexpr TraceReader readers[] = {
     {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, peak},
     {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, peak},
     {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump},
+    {DatachunkHelper::KvaserTxtLog, textMode, readKvaserTxt},
+    {DatachunkHelper::KvaserCanKingLog, textMode, readKvaserCanKing},
+    {DatachunkHelper::VectorAsc, textMode, readVectorAsc},
+    {DatachunkHelper::VectorAscWithoutBitcount, textMode, readVectorAscWithoutBitcount},
     {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, "CoCTTImporter"},
     {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, "IxxatFileImporter"},
     {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv},
     {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, "GenericFileImporter"},
 };
 
+// Takes every type that has no row above.
+constexpr TraceReader plainText = {DatachunkHelper::PcanExplorerTxt, textMode, readPlainText,
+                                   nullptr, TraceReader::CountsAsFailed};
+
 } // namespace
 
-const TraceReader *traceReaderFor(DatachunkHelper::ImportFileType type)
+const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type)
 {
     for (const TraceReader &reader : readers) {
         if (reader.type == type)
-            return &reader;
+            return reader;
     }
-    return nullptr;
+    return plainText;
 }

@@ -6,21 +6,21 @@
 
 ReadResult readTraceFile(const TraceRequest &request, TraceSink &sink)
 {
-    const TraceReader *reader = traceReaderFor(request.type);
+    const TraceReader &reader = traceReaderFor(request.type);
     QFile file(request.fileName);
-    if (!reader || !openRegularFile(file))
+    if (!openRegularFile(file))
         return ReadResult::notRead();
-    LineSource lines(file, reader->carriageReturns);
-    return reader->read(lines, sink, request);
+    LineSource lines(file, reader.carriageReturns);
+    return reader.read(lines, sink, request);
 }
 
 QString errorText(const ReadResult &result, const TraceRequest &request)
 {
-    const TraceReader *reader = traceReaderFor(request.type);
-    if (!reader || !reader->importer)
+    const TraceReader &reader = traceReaderFor(request.type);
+    if (!reader.importer)
         return {};
-    const auto tr = [reader](const char *text) {
-        return QCoreApplication::translate(reader->importer, text);
+    const auto tr = [&reader](const char *text) {
+        return QCoreApplication::translate(reader.importer, text);
     };
     switch (result.status) {
     case ReadResult::Done:

@@ -20,7 +20,7 @@ struct ReadResult
     enum Status {
         Done,
         Stopped,   ///< because the sink wanted it
-        NotRead,   ///< because it cannot be opened or no reader takes it
+        NotRead,   ///< because it cannot be opened, or is of a version that no reader takes
         LineError, ///< in line `line`, counted from 1
         NoColumns  ///< nothing usable tells what the columns are
     };
@@ -44,14 +44,21 @@ struct TraceReader
 {
     using Read = ReadResult (*)(LineSource &lines, TraceSink &sink, const TraceRequest &request);
 
+    /// What an import makes of a trace that could be read.
+    enum Outcome {
+        CountsAsRead,
+        CountsAsFailed ///< reports the last error and goes back to live mode
+    };
+
     DatachunkHelper::ImportFileType type;
     LineSource::CarriageReturns carriageReturns;
     Read read;
     const char *importer = nullptr; ///< the class in whose context error texts are translated
+    Outcome outcome = CountsAsRead;
 };
 
-/// The reader of a type, or null for the types that no reader takes.
-const TraceReader *traceReaderFor(DatachunkHelper::ImportFileType type);
+/// The reader of a type: its own, or the one of plain texts.
+const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type);
 
 /// Opens the file and runs the reader of its type.
 ReadResult readTraceFile(const TraceRequest &request, TraceSink &sink);

@@ -185,6 +185,14 @@ public:
     bool loadCoCTTFile(QString fileName);
     /// \a formatDescription lists what stands in the fields of a line, see GenericFileImporter.
     bool loadGenericFile(QString fileName, QString formatDescription);
+    bool loadVectorAscLog(QString fileName);
+    bool loadVectorAscLogWithoutBitcount(QString fileName);
+    bool loadKvaserCanKingLog(QString fileName);
+    bool loadKvaserTxtLog(QString fileName);
+    bool loadKolvarTxtFile(QString fileName);
+    /// Reads lines of the text export, of a PCAN-Explorer text or of fields parted by ";" or
+    /// tabs. importMessages and loadFile count it as failed even where it succeeds.
+    bool importMessagesFromTxt(QString fileName);
 
 public slots:
     /// Numbers the message and adds it to the live list. Any thread; takes the write lock once.

@@ -1,0 +1,59 @@
+#include "kolvarreader.h"
+
+#include "kolvarline.h"
+
+using namespace LineFields;
+
+namespace {
+
+enum class LineKind { Frame, Other, EndOfTrace };
+
+// The last field, even where that is the flag number. Empty without any field.
+template <typename Char> QString noteOf(Text<Char> line)
+{
+    const std::size_t separator = line.rfind(Char(';'));
+    if (separator == line.npos)
+        return {};
+    const Text<Char> note = line.substr(separator + 1);
+    if (std::all_of(note.begin(), note.end(), [](Char c) { return isBlank(c); }))
+        return {};
+    return toQString(line.substr(separator)).simplified().mid(1);
+}
+
+template <typename Char>
+LineKind readLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
+{
+    const Parts<Char> tokens = splitAtBlanks(line);
+    if (!KolvarLine::hasFrameShape(tokens))
+        return LineKind::Other;
+    const Text<Char> flagNumber = partAt(splitKeepingEmpty(line, ';'), 1);
+    if (!KolvarLine::readFrame(tokens, toNumber<quint32>(flagNumber), message))
+        return LineKind::EndOfTrace;
+    note = noteOf(line);
+    return LineKind::Frame;
+}
+
+} // namespace
+
+ReadResult readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    const CAN::CanRxMessage blank;
+    quint32 count = 0;
+    while (lines.next()) {
+        if (!sink.turnEventLoop())
+            return ReadResult::stopped();
+        CAN::CanRxMessage message = blank;
+        QString note;
+        const LineKind kind = lines.visit([&](auto line) { return readLine(line, message, note); });
+        if (kind == LineKind::EndOfTrace)
+            return ReadResult::done();
+        if (kind == LineKind::Other)
+            continue;
+        message.messageNumber = count++;
+        if (!note.isEmpty())
+            sink.note(message.messageNumber, note);
+        if (!sink.message(message))
+            return ReadResult::stopped();
+    }
+    return ReadResult::done();
+}

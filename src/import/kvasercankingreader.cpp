@@ -1,0 +1,80 @@
+#include "kvasercankingreader.h"
+
+#include "linefields.h"
+
+using namespace LineFields;
+
+namespace {
+
+constexpr quint32 messagesBetweenTurns = 1000;
+constexpr std::size_t headSize = 1048576;
+constexpr int minTokens = 6;
+
+template <typename Char> bool hasLowerHexLetter(Text<Char> text)
+{
+    return std::any_of(text.begin(), text.end(), [](Char c) { return c >= 'a' && c <= 'f'; });
+}
+
+// Header words count like any other: a title with an "a" makes the log hexadecimal.
+int numberBase(LineSource &lines)
+{
+    std::size_t charactersLeft = headSize;
+    bool isHex = false;
+    while (!isHex && charactersLeft > 0 && lines.next()) {
+        lines.visit([&](auto line) {
+            isHex = hasLowerHexLetter(line.substr(0, charactersLeft));
+            charactersLeft -= std::min(charactersLeft, line.size() + 1);
+        });
+    }
+    lines.rewind();
+    return isHex ? 16 : 10;
+}
+
+// Only blanks part the columns here; other white space stays within them.
+template <typename Char> Parts<Char> splitAtSpaces(Text<Char> line)
+{
+    Parts<Char> parts;
+    for (const Text<Char> part : splitKeepingEmpty(line, ' ')) {
+        if (!part.empty())
+            parts.append(part);
+    }
+    return parts;
+}
+
+// "0 123 X 2 11 22 12.5 R": the flags before the length may be missing.
+template <typename Char> bool readLine(Text<Char> line, int base, CAN::CanRxMessage &message)
+{
+    constexpr int flagsOrLength = 2;
+    const Parts<Char> tokens = splitAtSpaces(line);
+    if (tokens.size() < minTokens)
+        return false;
+    message.id = toNumber<quint32>(tokens[1], base);
+    const int dataStart = readLengthAtOrBehind(tokens, flagsOrLength, 0, message);
+    const bool hasFlags = dataStart > flagsOrLength + 1;
+    message.extended = hasFlags && contains(tokens[flagsOrLength], "X");
+    if (tokens.size() < message.length + dataStart)
+        return false;
+    readBytes(tokens, dataStart, CAN::payloadSize(message), base, message);
+    readTimeStamp(tokens[tokens.size() - 2], FractionPart::Last, message);
+    return true;
+}
+
+} // namespace
+
+ReadResult readKvaserCanKing(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    const CAN::CanRxMessage blank;
+    const int base = numberBase(lines);
+    quint32 count = 0;
+    while (lines.next()) {
+        CAN::CanRxMessage message = blank;
+        if (!lines.visit([&](auto line) { return readLine(line, base, message); }))
+            continue;
+        if (count % messagesBetweenTurns == 0 && !sink.turnEventLoop())
+            return ReadResult::stopped();
+        message.messageNumber = count++;
+        if (!sink.message(message))
+            return ReadResult::stopped();
+    }
+    return ReadResult::done();
+}

@@ -1,0 +1,75 @@
+#include "kvasertxtreader.h"
+
+#include "linefields.h"
+
+using namespace LineFields;
+
+namespace {
+
+constexpr quint32 messagesBetweenTurns = 1000;
+
+struct NumberBases
+{
+    int data = 16;
+    int id = 16;
+};
+
+// "; Format of data field: DEC"
+template <typename Char> void readBase(Text<Char> line, std::string_view title, int &base)
+{
+    if (contains(line, title) && contains(partAt(splitKeepingEmpty(line, ':'), 1), "DEC"))
+        base = 10;
+}
+
+// Whether the header goes on behind this line.
+template <typename Char> bool readHeaderLine(Text<Char> line, NumberBases &bases)
+{
+    readBase(line, "Format of data field:", bases.data);
+    readBase(line, "Format of id field:", bases.id);
+    return !contains(line, "Trigger");
+}
+
+void readHeader(LineSource &lines, NumberBases &bases)
+{
+    const auto readLine = [&bases](auto line) { return readHeaderLine(line, bases); };
+    while (lines.next() && lines.visit(readLine)) { }
+}
+
+// "12.5 1 123 Rx 2 11 22 1": time, channel, identifier, flags, length, payload, counter.
+template <typename Char>
+bool readFrameLine(Text<Char> line, const NumberBases &bases, CAN::CanRxMessage &message)
+{
+    const Parts<Char> tokens = splitAtBlanks(line);
+    if (tokens.isEmpty())
+        return false;
+    readTimeStamp(tokens[0], FractionPart::Last, message);
+    message.id = toNumber<quint32>(partAt(tokens, 2), bases.id);
+    const int dataStart = readLengthAtOrBehind(tokens, 4, 10, message);
+    // The last token never counts as data. Other trailing fields do, behind the length.
+    const int dataEnd = tokens.size() - 1;
+    readBytes(tokens, dataStart, dataEnd - dataStart, bases.data, message);
+    return true;
+}
+
+} // namespace
+
+ReadResult readKvaserTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    const CAN::CanRxMessage blank;
+    NumberBases bases;
+    readHeader(lines, bases);
+    quint32 count = 0;
+    while (lines.next()) {
+        if (lines.visit([](auto line) { return contains(line, "ErrorFrame"); }))
+            continue;
+        if (count % messagesBetweenTurns == 0 && !sink.turnEventLoop())
+            return ReadResult::stopped();
+        CAN::CanRxMessage message = blank;
+        if (!lines.visit([&](auto line) { return readFrameLine(line, bases, message); }))
+            continue;
+        message.messageNumber = count++;
+        if (!sink.message(message))
+            return ReadResult::stopped();
+    }
+    return ReadResult::done();
+}

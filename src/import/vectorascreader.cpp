@@ -1,0 +1,151 @@
+#include "vectorascreader.h"
+
+#include "linefields.h"
+
+using namespace LineFields;
+
+namespace {
+
+constexpr quint32 messagesBetweenTurns = 10000;
+
+// Lines that hold no frame add up in a note; a log of nothing else must not fill the memory.
+constexpr int maxNoteLength = 16 * 1024 * 1024;
+
+template <typename Char> bool containsIgnoringCase(Text<Char> text, std::string_view word)
+{
+    if constexpr (std::is_same_v<Char, char>) {
+        const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 'a' - 'A') : c; };
+        const auto same = [lower](char a, char b) { return lower(a) == lower(b); };
+        return std::search(text.begin(), text.end(), word.begin(), word.end(), same) != text.end();
+    } else {
+        return toQString(text).contains(QLatin1String(word.data(), int(word.size())),
+                                        Qt::CaseInsensitive);
+    }
+}
+
+template <typename Char> bool beginsTriggerBlock(Text<Char> line)
+{
+    return containsIgnoringCase(line, "Begin Triggerblock");
+}
+
+template <typename Char> bool endsTriggerBlock(Text<Char> line)
+{
+    // Frames have no "k", and looking for one character is much faster.
+    if constexpr (std::is_same_v<Char, char>) {
+        if (line.find('k') == line.npos && line.find('K') == line.npos)
+            return false;
+    }
+    return containsIgnoringCase(line, "End Triggerblock");
+}
+
+// "1ABx" is an extended identifier. One without "x" leaves the record's flag as it is.
+template <typename Char> void readId(Text<Char> text, CAN::CanRxMessage &message)
+{
+    std::basic_string<Char> scratch;
+    if (!text.empty() && text.back() == 'x') {
+        message.extended = true;
+        text = withoutBrackets(text, 'x', 'x', scratch);
+    }
+    message.id = toNumber<quint32>(text, 16);
+}
+
+// "12.5 1 123x Rx d 2 11 22 …", the "d" may be missing.
+template <typename Char>
+void readClassicFrame(const Parts<Char> &tokens, CAN::CanRxMessage &message)
+{
+    // Channel numbers are hexadecimal: channel 10 is line 16.
+    message.line = toNumber<quint16>(partAt(tokens, 1), 16);
+    readId(partAt(tokens, 2), message);
+    const int dataStart = readLengthAtOrBehind(tokens, 4, 10, message);
+    // The last token never counts as data. Other trailing fields do, behind the length.
+    const int dataEnd = tokens.size() - 1;
+    readBytes(tokens, dataStart, dataEnd - dataStart, 16, message);
+}
+
+// "12.5 CANFD 1 Rx 123x 1 0 9 12 11 22 …": flags, length code, then the length in bytes.
+template <typename Char> void readFdFrame(const Parts<Char> &tokens, CAN::CanRxMessage &message)
+{
+    message.line = toNumber<quint16>(partAt(tokens, 2), 16);
+    message.fdFrame = true;
+    readId(partAt(tokens, 4), message);
+    message.length = qint8(toNumber<quint32>(partAt(tokens, 8)));
+    readBytes(tokens, 9, CAN::payloadSize(message), 16, message);
+}
+
+template <typename Char> void readFrameLine(Text<Char> line, CAN::CanRxMessage &message)
+{
+    const Parts<Char> tokens = splitAtBlanks(line);
+    readTimeStamp(partAt(tokens, 0), FractionPart::Second, message);
+    readClassicFrame(tokens, message);
+}
+
+template <typename Char> bool readBlockLine(Text<Char> line, CAN::CanRxMessage &message)
+{
+    const Parts<Char> tokens = splitAtBlanks(line);
+    if (tokens.isEmpty())
+        return false;
+    readTimeStamp(tokens[0], FractionPart::Second, message);
+    if (contains(line, "CANFD"))
+        readFdFrame(tokens, message);
+    else
+        readClassicFrame(tokens, message);
+    return true;
+}
+
+template <typename Char> void noteSkippedLine(Text<Char> line, QString &note)
+{
+    if (note.size() < maxNoteLength)
+        note += QLatin1String("Skipped line: ") + toQString(line);
+}
+
+bool skipToTriggerBlock(LineSource &lines)
+{
+    while (lines.next()) {
+        if (lines.visit([](auto line) { return beginsTriggerBlock(line); }))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+ReadResult readVectorAsc(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    CAN::CanRxMessage message;
+    QString pendingNote;
+    while (lines.next()) {
+        if (!lines.visit([](auto line) { return contains(line, "BitCount"); })) {
+            lines.visit([&pendingNote](auto line) { noteSkippedLine(line, pendingNote); });
+            continue;
+        }
+        if (message.messageNumber % messagesBetweenTurns == 0 && !sink.turnEventLoop())
+            return ReadResult::stopped();
+        lines.visit([&message](auto line) { readFrameLine(line, message); });
+        if (!pendingNote.isEmpty())
+            sink.note(message.messageNumber, pendingNote);
+        pendingNote.clear();
+        if (!sink.message(message))
+            return ReadResult::stopped();
+        ++message.messageNumber;
+    }
+    return ReadResult::done();
+}
+
+ReadResult readVectorAscWithoutBitcount(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    CAN::CanRxMessage message;
+    const bool hasBlock = skipToTriggerBlock(lines);
+    while (hasBlock && lines.next()
+           && !lines.visit([](auto line) { return endsTriggerBlock(line); })) {
+        if (message.messageNumber % messagesBetweenTurns == 0 && !sink.turnEventLoop())
+            return ReadResult::stopped();
+        if (!lines.visit([&message](auto line) { return readBlockLine(line, message); }))
+            continue;
+        if (!sink.message(message))
+            return ReadResult::stopped();
+        ++message.messageNumber;
+    }
+    // The record keeps the flag once it is set, so the last frame speaks for all.
+    sink.fdFrames(message.fdFrame);
+    return ReadResult::done();
+}
