@@ -1,13 +1,10 @@
 #include "tracedump.h"
 
-#include "canrxmessage.h"
 #include "datachunkhandler.h"
 
 #include <QSet>
 
-namespace {
-
-QString messageLine(const CAN::CanRxMessage &m)
+QString messageDump(const CAN::CanRxMessage &m)
 {
     QString line = QStringLiteral("%1 %2 %3 %4")
                        .arg(m.messageNumber)
@@ -21,8 +18,6 @@ QString messageLine(const CAN::CanRxMessage &m)
     const QByteArray hex = QByteArray(payload, CAN::payloadSize(m)).toHex();
     return line + QLatin1Char(' ') + (hex.isEmpty() ? QLatin1String("-") : QLatin1String(hex));
 }
-
-} // namespace
 
 QString traceDump(const QString &fileName, DatachunkHelper::ImportFileType type,
                   const QString &formatDescription)
@@ -44,7 +39,7 @@ QString traceDump(const QString &fileName, DatachunkHelper::ImportFileType type,
     QString notes;
     for (int i = 0; i < int(store.getMessageCount()); ++i) {
         const CAN::CanRxMessage message = store.messageAt(i);
-        dump += messageLine(message) + QLatin1Char('\n');
+        dump += messageDump(message) + QLatin1Char('\n');
         const quint32 number = message.messageNumber;
         const QString note = store.getMessageNote(number);
         if (!note.isEmpty() && !noted.contains(number))

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "canrxmessage.h"
 #include "datachunkhelper.h"
 
 #include <QString>
+
+/// One message as a line of the form below, without its line end.
+QString messageDump(const CAN::CanRxMessage &message);
 
 /// What an import of a trace gives, in the form of the .expected files:
 ///

@@ -1,0 +1,130 @@
+#include "linefields.h"
+
+#include <QtTest>
+
+#include <random>
+
+/// The quick conversions against QString's own.
+class LineFieldsTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void numbersFollowQt();
+    void timeStamp_data();
+    void timeStamp();
+    void splitsAsQStringDoes();
+};
+
+namespace {
+
+const QString digits = QStringLiteral("0123456789");
+const QString odd = QStringLiteral("  \t\u00A0+-xXaAfFgG.,;'_\u0663\uFF11");
+
+QString randomText(std::mt19937 &random)
+{
+    static const QStringList beginnings = {"",   "0",  "0x", "0X", "00",          "-",  "+",
+                                           " ",  "+0", "\t", "0b", "42949672950", "65", "ffff",
+                                           "21", "-2", "3.", "1,", "4294967295",  "1 "};
+    QString text = beginnings.at(int(random() % unsigned(beginnings.size())));
+    for (unsigned left = random() % 22; left > 0; --left) {
+        const QString &from = random() % 6 == 0 ? odd : digits;
+        text += from.at(int(random() % unsigned(from.size())));
+    }
+    return text;
+}
+
+template <typename Number> bool agrees(const QString &text, int base)
+{
+    bool okByQt = false;
+    bool ok = !okByQt;
+    const Number byQt = LineFields::toNumberByQt<Number>(text, base, &okByQt);
+    const Text<char16_t> wide(reinterpret_cast<const char16_t *>(text.utf16()),
+                              std::size_t(text.size()));
+    if (LineFields::toNumber<Number>(wide, base, &ok) != byQt || ok != okByQt)
+        return false;
+    const QByteArray bytes = text.toLatin1();
+    if (QString::fromLatin1(bytes) != text)
+        return true;
+    const Text<char> narrow(bytes.constData(), std::size_t(bytes.size()));
+    return LineFields::toNumber<Number>(narrow, base, &ok) == byQt && ok == okByQt;
+}
+
+QStringList strings(const LineFields::Parts<char> &parts)
+{
+    QStringList list;
+    for (const Text<char> part : parts)
+        list.append(toQString(part));
+    return list;
+}
+
+} // namespace
+
+void LineFieldsTest::numbersFollowQt()
+{
+    std::mt19937 random(1);
+    for (int i = 0; i < 50000; ++i) {
+        const QString text = randomText(random);
+        for (const int base : {0, 10, 16}) {
+            const bool allAgree = agrees<quint16>(text, base) && agrees<quint32>(text, base)
+                && agrees<qint32>(text, base) && agrees<quint64>(text, base)
+                && agrees<qint64>(text, base);
+            QVERIFY2(allAgree, qPrintable(QStringLiteral("'%1' base %2").arg(text).arg(base)));
+        }
+    }
+}
+
+void LineFieldsTest::timeStamp_data()
+{
+    using LineFields::FractionPart;
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("part");
+    QTest::addColumn<int>("seconds");
+    QTest::addColumn<int>("microseconds");
+    const auto row = [](const char *what, const char *text, FractionPart part, int seconds,
+                        int microseconds) {
+        QTest::newRow(what) << QByteArray(text) << int(part) << seconds << microseconds;
+    };
+    row("fraction is padded", "12.5", FractionPart::Second, 12, 500000);
+    row("fraction is never cut", "12.1234567", FractionPart::Last, 12, 1234567);
+    row("second part of three", "1.2.3", FractionPart::Second, 1, 200000);
+    row("last part of three", "1.2.3", FractionPart::Last, 1, 300000);
+    row("no second part", "7", FractionPart::Second, 7, 0);
+    row("the last part is the first", "7", FractionPart::Last, 7, 700000);
+    row("nothing behind the point", "7.", FractionPart::Last, 7, 0);
+    row("leading zero is octal", "010.1", FractionPart::Last, 8, 100000);
+    row("an octal 9 is no number", "09.1", FractionPart::Last, 0, 100000);
+    row("hexadecimal seconds", "0x1F.1", FractionPart::Second, 31, 100000);
+    row("seconds beyond 32 bits", "2147483648.1", FractionPart::Second, 0, 100000);
+    row("fraction is no number", "1.x", FractionPart::Second, 1, 0);
+    row("empty", "", FractionPart::Last, 0, 0);
+}
+
+void LineFieldsTest::timeStamp()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(int, part);
+    CAN::CanRxMessage message;
+    LineFields::readTimeStamp(Text<char>(text.constData(), std::size_t(text.size())),
+                              LineFields::FractionPart(part), message);
+    QTEST(message.seconds, "seconds");
+    QTEST(message.microseconds, "microseconds");
+}
+
+void LineFieldsTest::splitsAsQStringDoes()
+{
+    std::mt19937 random(2);
+    const QByteArray alphabet = "ab;; \t\v\r\x1c";
+    for (int i = 0; i < 20000; ++i) {
+        QByteArray bytes;
+        for (unsigned left = random() % 30; left > 0; --left)
+            bytes += alphabet.at(int(random() % unsigned(alphabet.size())));
+        const Text<char> text(bytes.constData(), std::size_t(bytes.size()));
+        const QString line = QString::fromLatin1(bytes);
+        QCOMPARE(strings(LineFields::splitAtBlanks(text)),
+                 line.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts));
+        QCOMPARE(strings(LineFields::splitKeepingEmpty(text, ';')), line.split(QLatin1Char(';')));
+    }
+}
+
+QTEST_GUILESS_MAIN(LineFieldsTest)
+#include "tst_linefields.moc"
