@@ -33,12 +33,7 @@ int numberBase(LineSource &lines)
 // Only blanks part the columns here; other white space stays within them.
 template <typename Char> Parts<Char> splitAtSpaces(Text<Char> line)
 {
-    Parts<Char> parts;
-    for (const Text<Char> part : splitKeepingEmpty(line, ' ')) {
-        if (!part.empty())
-            parts.append(part);
-    }
-    return parts;
+    return splitDroppingEmpty(line, [](Char c) { return c == ' '; });
 }
 
 // "0 123 X 2 11 22 12.5 R": the flags before the length may be missing.

@@ -42,22 +42,39 @@ template <typename Char> bool equals(Text<Char> text, std::string_view word)
     return text.size() == word.size() && std::equal(text.begin(), text.end(), word.begin());
 }
 
-/// The parts between runs of blanks: simplified() and split at " " without empty parts.
-template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
+/// The parts between runs of separators.
+template <typename Char, typename IsSeparator>
+Parts<Char> splitDroppingEmpty(Text<Char> line, IsSeparator isSeparator)
 {
     Parts<Char> parts;
     const Char *at = line.data();
     const Char *const end = at + line.size();
     for (;;) {
-        while (at != end && isBlank(*at))
+        while (at != end && isSeparator(*at))
             ++at;
         if (at == end)
             return parts;
         const Char *const start = at;
-        while (at != end && !isBlank(*at))
+        while (at != end && !isSeparator(*at))
             ++at;
         parts.append(Text<Char>(start, std::size_t(at - start)));
     }
+}
+
+/// The parts between runs of blanks: simplified() and split at " " without empty parts.
+template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
+{
+    return splitDroppingEmpty(line, [](Char c) { return isBlank(c); });
+}
+
+/// Without the blanks around it.
+template <typename Char> Text<Char> trimmed(Text<Char> text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 /// Room for a changed copy of a piece of a line, without an allocation for ordinary ones.
@@ -71,10 +88,7 @@ template <typename Char> Text<Char> textOf(const Scratch<Char> &scratch)
 /// QString::simplified; kept in \a scratch when blanks inside have to change.
 template <typename Char> Text<Char> simplified(Text<Char> text, Scratch<Char> &scratch)
 {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
+    text = trimmed(text);
     bool isSimple = true;
     for (std::size_t i = 0; isSimple && i < text.size(); ++i)
         isSimple = !isBlank(text[i]) || (text[i] == ' ' && !isBlank(text[i + 1]));
@@ -143,6 +157,14 @@ template <typename Number> Number toNumberByQt(const QString &text, int base, bo
         return text.toLongLong(ok, base);
 }
 
+/// Whether no number holds this character. Says nothing of blanks and of other scripts.
+template <typename Char> bool isForeignToNumbers(Char c, int base)
+{
+    if (c <= ' ' || c > '~' || c == '+' || c == '-')
+        return false;
+    return base == 10 ? digitValue(c) >= 10 : digitValue(c) == 16 && c != 'x' && c != 'X';
+}
+
 /// \a text as a number the way QString converts it, in \a base 10, 16 or 0 (found from the
 /// prefix); 0 when it is none or out of range.
 template <typename Number, typename Char>
@@ -156,6 +178,11 @@ Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
     for (std::size_t i = 0; plain && i < text.size(); ++i) {
         const unsigned digit = digitValue(text[i]);
         plain = digit < plainBase;
+        if (!plain && isForeignToNumbers(text[i], base)) {
+            if (ok)
+                *ok = false;
+            return 0;
+        }
         value = value * plainBase + digit;
     }
     if (!plain)

@@ -97,16 +97,6 @@ template <typename Char> bool readFlag(Text<Char> text, CAN::CanRxMessage &messa
         || equals(text, "Tx");
 }
 
-template <typename Char> Text<Char> trimmedPartAt(const Parts<Char> &parts, int index)
-{
-    Text<Char> text = partAt(parts, index);
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
 template <typename Char>
 void readDataFields(const Parts<Char> &fields, int first, CAN::CanRxMessage &message)
 {
@@ -123,13 +113,13 @@ bool readSeparatedLine(Text<Char> line, char separator, CAN::CanRxMessage &messa
 {
     constexpr int minFields = 4;
     const Parts<Char> fields = splitKeepingEmpty(line, separator);
-    if (fields.size() < minFields || !readSeconds(trimmedPartAt(fields, 0), message)
-        || !readId(trimmedPartAt(fields, 1), message))
+    if (fields.size() < minFields || !readSeconds(trimmed(partAt(fields, 0)), message)
+        || !readId(trimmed(partAt(fields, 1)), message))
         return false;
     int lengthField = 2;
-    while (lengthField < fields.size() && readFlag(trimmedPartAt(fields, lengthField), message))
+    while (lengthField < fields.size() && readFlag(trimmed(partAt(fields, lengthField)), message))
         ++lengthField;
-    if (!readLength(trimmedPartAt(fields, lengthField), message))
+    if (!readLength(trimmed(partAt(fields, lengthField)), message))
         return false;
     readDataFields(fields, lengthField + 1, message);
     return true;
