@@ -122,7 +122,7 @@ void Roads::bothGiveTheSame_data()
 
 void Roads::bothGiveTheSame()
 {
-    constexpr int rounds = 200;
+    constexpr int rounds = 100;
     constexpr int maxDamages = 8;
     QFETCH(int, index);
     const TraceFixture fixture = traceFixtures().at(index);
