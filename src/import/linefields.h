@@ -21,7 +21,8 @@ template <typename Char> using Parts = QVarLengthArray<Text<Char>, 96>;
 /// What QChar::isSpace says of a character.
 inline bool isBlank(char c)
 {
-    return c == ' ' || (c >= '\t' && c <= '\r');
+    // Nearly every character is above all blanks.
+    return c <= ' ' && (c == ' ' || (c >= '\t' && c <= '\r'));
 }
 inline bool isBlank(char16_t c)
 {
@@ -133,13 +134,11 @@ inline int columnAt(int index)
 /// The value of a digit in bases up to 16, or 16 for any other character.
 template <typename Char> unsigned digitValue(Char c)
 {
-    if (c >= '0' && c <= '9')
-        return unsigned(c - '0');
-    if (c >= 'a' && c <= 'f')
-        return unsigned(c - 'a') + 10;
-    if (c >= 'A' && c <= 'F')
-        return unsigned(c - 'A') + 10;
-    return 16;
+    const unsigned decimal = unsigned(c) - '0';
+    if (decimal < 10)
+        return decimal;
+    const unsigned letter = (unsigned(c) | 0x20) - 'a';
+    return letter < 6 ? letter + 10 : 16;
 }
 
 /// QString's own conversion, for everything but plain digits.
@@ -165,28 +164,34 @@ template <typename Char> bool isForeignToNumbers(Char c, int base)
     return base == 10 ? digitValue(c) >= 10 : digitValue(c) == 16 && c != 'x' && c != 'X';
 }
 
+/// Reads plain digits, few enough not to overflow. False for any other text.
+template <typename Char> bool readDigits(Text<Char> text, unsigned base, quint64 &value)
+{
+    constexpr std::size_t digitsWithoutOverflow = 15;
+    if (text.empty() || text.size() > digitsWithoutOverflow)
+        return false;
+    value = 0;
+    for (const Char c : text) {
+        const unsigned digit = digitValue(c);
+        if (digit >= base)
+            return false;
+        value = value * base + digit;
+    }
+    return true;
+}
+
 /// \a text as a number the way QString converts it, in \a base 10, 16 or 0 (found from the
 /// prefix); 0 when it is none or out of range.
 template <typename Number, typename Char>
 Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
 {
-    constexpr std::size_t digitsWithoutOverflow = 15;
     const bool prefixMatters = base == 0 && text.size() > 1 && text[0] == '0';
-    bool plain = !text.empty() && text.size() <= digitsWithoutOverflow && !prefixMatters;
-    const unsigned plainBase = base == 0 ? 10 : unsigned(base);
     quint64 value = 0;
-    for (std::size_t i = 0; plain && i < text.size(); ++i) {
-        const unsigned digit = digitValue(text[i]);
-        plain = digit < plainBase;
-        if (!plain && isForeignToNumbers(text[i], base)) {
-            if (ok)
-                *ok = false;
-            return 0;
-        }
-        value = value * plainBase + digit;
+    if (prefixMatters || !readDigits(text, base == 0 ? 10 : unsigned(base), value)) {
+        const bool hopeless = std::any_of(text.begin(), text.end(),
+                                          [base](Char c) { return isForeignToNumbers(c, base); });
+        return toNumberByQt<Number>(hopeless ? QString() : toQString(text), base, ok);
     }
-    if (!plain)
-        return toNumberByQt<Number>(toQString(text), base, ok);
     const bool inRange = value <= quint64(std::numeric_limits<Number>::max());
     if (ok)
         *ok = inRange;
@@ -235,16 +240,15 @@ void readTimeStamp(Text<Char> text, FractionPart fractionPart, CAN::CanRxMessage
 template <typename Char>
 Text<Char> withoutBrackets(Text<Char> text, char open, char close, std::basic_string<Char> &scratch)
 {
-    const Char brackets[] = {Char(open), Char(close), Char(0)};
-    const std::size_t start = text.find_first_not_of(brackets);
-    if (start == text.npos)
-        return {};
-    text = text.substr(start, text.find_last_not_of(brackets) + 1 - start);
-    if (text.find_first_of(brackets) == text.npos)
+    const auto isBracket = [open, close](Char c) { return c == Char(open) || c == Char(close); };
+    while (!text.empty() && isBracket(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBracket(text.back()))
+        text.remove_suffix(1);
+    if (std::none_of(text.begin(), text.end(), isBracket))
         return text;
     scratch.clear();
-    std::copy_if(text.begin(), text.end(), std::back_inserter(scratch),
-                 [&](Char c) { return c != brackets[0] && c != brackets[1]; });
+    std::remove_copy_if(text.begin(), text.end(), std::back_inserter(scratch), isBracket);
     return scratch;
 }
 
