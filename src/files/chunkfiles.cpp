@@ -10,28 +10,7 @@
 
 #include <utility>
 
-namespace {
-
-using BookmarkMap = DatachunkHandlerPrivate::BookmarkMap;
-
-struct ChunkMaps
-{
-    ChunkFormat::Notes notes;
-    ChunkFormat::Bookmarks bookmarks;
-};
-
-ChunkMaps readMaps(QDataStream &stream, quint32 version, BookmarkMap bookmarkMap)
-{
-    ChunkMaps maps;
-    if (version >= ChunkFormat::notesSince)
-        stream >> maps.notes;
-    if (version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
-        stream >> maps.bookmarks;
-    setCurrentChunkVersion(version);
-    return maps;
-}
-
-} // namespace
+using ChunkFormat::BookmarkMap;
 
 bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap bookmarkMap)
 {
@@ -45,7 +24,8 @@ bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap boo
         q->goLive();
         return false;
     }
-    const ChunkMaps maps = readMaps(stream, preamble.version, bookmarkMap);
+    const ChunkFormat::Maps maps = ChunkFormat::readMaps(stream, preamble.version, bookmarkMap);
+    setCurrentChunkVersion(preamble.version);
     if (preamble.version >= ChunkFormat::notesSince) {
         const QMutexLocker locker(&notesLock);
         notes = maps.notes;
@@ -118,7 +98,8 @@ bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
         goLive();
         return false;
     }
-    readMaps(stream, preamble.version, BookmarkMap::Read);
+    ChunkFormat::readMaps(stream, preamble.version);
+    setCurrentChunkVersion(preamble.version);
     const QString partTemplate = folder.absoluteFilePath(baseName + QLatin1String("_%1.dck"));
     return d->splitRecords(file, preamble.version, partTemplate, messagesPerFile);
 }

@@ -73,6 +73,16 @@ Preamble readPreamble(QDataStream &stream)
     return preamble;
 }
 
+Maps readMaps(QDataStream &stream, quint32 version, BookmarkMap bookmarkMap)
+{
+    Maps maps;
+    if (version >= notesSince)
+        stream >> maps.notes;
+    if (version >= bookmarksSince && bookmarkMap == BookmarkMap::Read)
+        stream >> maps.bookmarks;
+    return maps;
+}
+
 int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version)
 {
     const int payload = CAN::payloadSize(message);
@@ -131,6 +141,7 @@ void RecordReader::refill()
     size = rest;
     while (!atEnd && size < maxRecordSize) {
         const qint64 got = device.read(buffer.data() + size, blockSize - size);
+        failed = got < 0;
         if (got <= 0)
             atEnd = true;
         else
@@ -142,6 +153,8 @@ bool RecordReader::readCutRecord(CAN::CanRxMessage &message)
 {
     const QByteArray rest = QByteArray::fromRawData(buffer.constData() + position, size - position);
     position = size;
+    if (failed)
+        return false;
     QDataStream stream(rest);
     return readRecord(stream, message, version);
 }
@@ -164,6 +177,7 @@ bool RecordReader::next(CAN::CanRxMessage &message)
         return readCutRecord(message);
     decodeRecord(record, message, version);
     position += bytes;
+    wholeBytes += bytes;
     return true;
 }
 

@@ -39,6 +39,16 @@ struct Preamble
 };
 Preamble readPreamble(QDataStream &stream);
 
+/// What stands between the preamble and the records.
+struct Maps
+{
+    Notes notes;
+    Bookmarks bookmarks;
+};
+enum class BookmarkMap { Read, NotRead };
+/// Reads the maps that a file of \a version has. A map cut short is empty.
+Maps readMaps(QDataStream &stream, quint32 version, BookmarkMap bookmarkMap = BookmarkMap::Read);
+
 /// Stores one record at \a out, which has room for maxRecordSize bytes; returns its size.
 int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version);
 void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 version);
@@ -55,8 +65,12 @@ public:
     RecordReader(QIODevice &device, quint32 version);
 
     /// Reads the next record over \a message, as readRecord does; a record cut short by the
-    /// end counts. False at the end, on a read error and at a length outside 0..64.
+    /// end counts, one cut short by a read error does not. False at the end, on a read error and
+    /// at a length outside 0..64.
     bool next(CAN::CanRxMessage &message);
+
+    /// Size in bytes of the whole records read so far.
+    qint64 wholeRecords() const { return wholeBytes; }
 
 private:
     void refill();
@@ -67,7 +81,9 @@ private:
     QByteArray buffer;
     int position = 0;
     int size = 0;
+    qint64 wholeBytes = 0;
     bool atEnd = false;
+    bool failed = false;
 };
 
 /// Collects records and writes them in blocks.

@@ -28,6 +28,7 @@ struct SaveJob
     quint32 maximumUsedSpace = 0; ///< budget of the target's folder in MiB
     quint32 chunkIndex = 0;       ///< number of the chunk in its trace
     quint64 generation = 0;       ///< which trace of the store the chunk belongs to
+    quint32 packRequest = 0;      ///< the wish to pack the chunks after this export; 0 for none
 
     /// Set to have the save given up; its file is then removed. Any thread.
     std::atomic<bool> cancelled{false};

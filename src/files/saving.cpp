@@ -61,14 +61,19 @@ void DatachunkHandlerPrivate::runSave(SaveJob &job)
             post(job, [this, fileName, time] { q->newPartialDataFileSaved(fileName, time); });
         });
     QObject::connect(&worker, &SaveFileWorker::savingFinished, [&](bool success) {
-        post(job, [this, success] { q->savingFinished(success); });
+        post(job, [this, success, request = job.packRequest] { exportFinished(request, success); });
     });
     worker.saveToFile();
     if (worker.errorText().isEmpty())
         return;
-    const QString error = DatachunkHandler::tr("The file %1 could not be written completely: %2")
-                              .arg(job.fileName, worker.errorText());
+    const QString error = incompleteFileText(job.fileName, worker.errorText());
     post(job, [this, error] { emit q->newErrorMessage(error); });
+}
+
+QString DatachunkHandlerPrivate::incompleteFileText(const QString &fileName, const QString &reason)
+{
+    return DatachunkHandler::tr("The file %1 could not be written completely: %2")
+        .arg(fileName, reason);
 }
 
 void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
@@ -76,6 +81,14 @@ void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
     forgetRotatedBuffer();
     zipAfterSaving = false;
     emit q->newDataFile(index, time);
+}
+
+void DatachunkHandlerPrivate::exportFinished(quint32 packRequest, bool success)
+{
+    // A rotation that ended after the export was ordered has cleared the wish, but not for it.
+    if (packRequest != 0 && packRequest == packRequests)
+        zipAfterSaving = true;
+    q->savingFinished(success);
 }
 
 void DatachunkHandler::newDataFileSaved(QString time)
@@ -100,7 +113,7 @@ void DatachunkHandler::savingFinished(bool success)
     d->forgetRotatedBuffer();
     const bool zip = std::exchange(d->zipAfterSaving, false);
     if (zip && success)
-        d->poolTasks.run([this] { saveDatachunksToZip(); });
+        d->archives.run([this] { saveDatachunksToZip(); });
 }
 
 void DatachunkHandler::saveMessagesToFile(QString fileName, DatachunkHelper::SavedMessageType type,
@@ -113,6 +126,7 @@ void DatachunkHandler::saveMessagesToFile(QString fileName, DatachunkHelper::Sav
         if (type == DatachunkHelper::CurrentMessages) {
             job = std::make_shared<SaveJob>();
             job->messages = d->liveMessages;
+            job->packRequest = d->zipAfterSaving ? d->packRequests : 0;
         } else if (!d->rotatedBuffer.isEmpty()) {
             job = d->newChunkJobLocked(type);
             job->messages = d->rotatedBuffer;

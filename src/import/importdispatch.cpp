@@ -61,7 +61,7 @@ void DatachunkHandler::importMessages(QString openFileName,
     qDebug() << importSignature << "Line:" << importBeginLine << d->loadedFileName
              << int(importFileType);
     if (importFileType == DatachunkHelper::ZipArchive) {
-        d->poolTasks.run([this, openFileName] { loadZipFile(openFileName); });
+        d->archives.run([this, openFileName] { loadZipFile(openFileName); });
         return;
     }
     const bool described = importFileType == DatachunkHelper::GenericFormat;
@@ -96,7 +96,7 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
     const ImportRun run(this);
     d->leaveLiveMode();
     if (type == DatachunkHelper::ChunkFile) {
-        return d->readChunk(fileName, DatachunkHandlerPrivate::BookmarkMap::Read)
+        return d->readChunk(fileName, ChunkFormat::BookmarkMap::Read)
             && d->finishImport(run, false);
     }
     emit showLoadingDialog(true);
@@ -150,6 +150,12 @@ bool DatachunkHandlerPrivate::failImport()
     return endCancelledImport();
 }
 
+void DatachunkHandlerPrivate::reportNothingImported()
+{
+    lastError = DatachunkHandler::tr("File seems to be empty or broken, nothing imported.");
+    q->informAboutLastError();
+}
+
 bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
 {
     forgetRotatedBuffer();
@@ -157,8 +163,7 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
     if (pagedMessages.isEmpty()) {
         emit q->informAboutCleared(isLive);
         q->goLive();
-        lastError = DatachunkHandler::tr("File seems to be empty or broken, nothing imported.");
-        q->informAboutLastError();
+        reportNothingImported();
         return false;
     }
     emit q->informAboutClearStart();

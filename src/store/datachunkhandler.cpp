@@ -22,9 +22,11 @@ DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent
 
 DatachunkHandler::~DatachunkHandler()
 {
+    d->stopping = true;
     d->poolTasks.stop();
     // The chunks go with their folder; exports belong to the user and are written.
     d->chunkQueue.discard();
+    d->archives.stop();
 }
 
 void DatachunkHandler::setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler)
@@ -131,27 +133,13 @@ void DatachunkHandler::handleFullBuffer()
 void DatachunkHandler::goLive()
 {
     d->importCancelled = true;
-    if (d->isLive)
-        return;
-    emit informAboutClearStart();
-    MessageList unused;
-    {
-        const QWriteLocker locker(&d->lock);
-        const QMutexLocker notesLocker(&d->notesLock);
-        d->notes = std::exchange(d->liveNotesBackup, {});
-        d->setBookmarks(std::exchange(d->liveBookmarksBackup, {}));
-        d->lines.clear();
-        d->view = DatachunkHandlerPrivate::View::Live;
-        unused = std::exchange(d->pagedMessages, {});
-        d->rotatedBuffer.clear();
-        d->isLive = true;
-    }
-    emit informAboutCleared(d->isLive);
-    emit liveModeChanged(d->isLive);
+    ++d->viewRequests;
+    d->showLive();
 }
 
 void DatachunkHandler::clearAllMessages()
 {
+    ++d->viewRequests;
     if (d->importRunning)
         goLive();
     MessageList unused;

@@ -154,14 +154,29 @@ public:
     void appendToContinuousOutputFile(CAN::CanRxMessage message);
     void finishContinousOutput();
 
-    // ZIP archives of chunk files.
+    // ZIP archives of chunk files. They are worked on one after the other, in the background or
+    // on the thread that calls; the signals come on the store's thread in any case. Any thread.
 
+    /// Where saveDatachunksToZip writes.
     void setZipFileName(QString fileName);
+    /// Has the chunks packed once the save under way, or the export ordered next, has ended well.
+    /// Application's thread.
     void setZipAfterSaving(bool on);
+    /// Packs all files of the chunk folder, after the saves under way have ended. Returns when
+    /// the archive is in its place. On failure, or when the messages are cleared meanwhile, an
+    /// earlier archive stays as it is; nothing is reported when it could not even be begun.
     void saveDatachunksToZip();
+    /// Adds the chunks of an archive by their start in seconds, of equal ones the last.
     void sortZipFile(QString zipName, QMap<double, QString> &order);
+    /// Shows the messages of all chunks of an archive as one list, ordered by the chunks' starts,
+    /// and leaves live mode. False, and back in live mode, when nothing could be read. Called on
+    /// the store's thread, it returns when the list is shown; from another thread, when it is
+    /// read. What the user does meanwhile (goLive, clearing, loading) wins.
     bool loadZipMerged(QString zipName);
+    /// The same in the background.
     void importZipAndMerge(QString zipName);
+    /// Unpacks the chunks of an archive into a folder of their own below the chunk folder, with
+    /// newZippedFile for each and zipFileLoaded at the end. Returns whether there were any.
     bool loadZipFile(QString zipName);
 
     // Import. Application's thread; an import turns the event loop, so that anything may be
@@ -222,8 +237,9 @@ private slots:
 signals:
     /// A chunk was written: its index and its time range.
     void newDataFile(uint, QString);
-    /// A chunk was unpacked: entry name, archive name, target folder, time range.
+    /// A chunk was unpacked: its file, the archive's name, the folder, its time range.
     void newZippedFile(QString, QString, QDir, QString);
+    /// An archive was read: its file name without ".zip".
     void zipFileLoaded(QString);
     void newImportedFile(QString, QString);
     /// A chunk of an import was written: its file, the import's name, its time range.

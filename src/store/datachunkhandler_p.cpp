@@ -20,6 +20,8 @@ DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
     chunkQueue([this](SaveJob &job) { runSave(job); }),
     exportQueue([this](SaveJob &job) { runSave(job); })
 {
+    // One thread, so that archive jobs run one after the other in the order of their coming.
+    archivePool.setMaxThreadCount(1);
 }
 
 const MessageList &DatachunkHandlerPrivate::shown() const
@@ -115,10 +117,37 @@ MessageList DatachunkHandlerPrivate::clearLocked()
     return std::exchange(liveMessages, {});
 }
 
+void DatachunkHandlerPrivate::showLive()
+{
+    if (isLive)
+        return;
+    emit q->informAboutClearStart();
+    MessageList unused;
+    {
+        const QWriteLocker locker(&lock);
+        const QMutexLocker notesLocker(&notesLock);
+        notes = std::exchange(liveNotesBackup, {});
+        setBookmarks(std::exchange(liveBookmarksBackup, {}));
+        lines.clear();
+        view = View::Live;
+        unused = std::exchange(pagedMessages, {});
+        rotatedBuffer.clear();
+        isLive = true;
+    }
+    emit q->informAboutCleared(isLive);
+    emit q->liveModeChanged(isLive);
+}
+
 void DatachunkHandlerPrivate::leaveLiveMode()
 {
+    ++viewRequests;
     emit q->informAboutClearStart();
     const QWriteLocker locker(&lock);
+    leaveLiveModeLocked();
+}
+
+void DatachunkHandlerPrivate::leaveLiveModeLocked()
+{
     pagedMessages.clear();
     lastError = DatachunkHandler::tr("Unknown import error");
     if (isLive) {

@@ -2,6 +2,7 @@
 
 #include "chunkfolder.h"
 #include "chunkformat.h"
+#include "chunkmerge.h"
 #include "datachunkhandler.h"
 #include "importrun.h"
 #include "lineset.h"
@@ -13,6 +14,7 @@
 #include <QMutex>
 #include <QPointer>
 #include <QReadWriteLock>
+#include <QThreadPool>
 
 #include <array>
 #include <atomic>
@@ -30,8 +32,6 @@ public:
         Paged,
         Nothing ///< browsing, while or because nothing has been loaded
     };
-
-    enum class BookmarkMap { Read, NotRead };
 
     DatachunkHandlerPrivate(DatachunkHandler *store, unsigned int maxMessageCount);
 
@@ -54,6 +54,9 @@ public:
 
     /// Sets the live notes and bookmarks aside and empties the browsing list. Takes the lock.
     void leaveLiveMode();
+    void leaveLiveModeLocked();
+    /// Back to the live messages, unless they are shown already. Takes the lock.
+    void showLive();
     /// Stops keeping the rotated buffer once it is not shown any more. Takes the lock.
     void forgetRotatedBuffer();
 
@@ -70,13 +73,15 @@ public:
     void saveWithExportNotes(const SharedSaveJob &job);
     SaveQueue &queueFor(const SaveJob &job);
     void runSave(SaveJob &job);
+    static QString incompleteFileText(const QString &fileName, const QString &reason);
     void post(const SaveJob &job, const std::function<void()> &report);
     void chunkSaved(quint32 index, const QString &time);
+    void exportFinished(quint32 packRequest, bool success);
 
     // Loading and importing.
     /// Tells the application so and returns true while an import runs.
     bool refuseDuringImport();
-    bool readChunk(const QString &fileName, BookmarkMap bookmarkMap);
+    bool readChunk(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
     /// Adds the records to the browsing list; returns whether one is a CAN FD frame.
     bool readRecords(QIODevice &file, quint32 version);
     bool splitRecords(QIODevice &file, quint32 version, const QString &partTemplate,
@@ -96,13 +101,33 @@ public:
     /// gone. Turns the event loop where a full buffer has to wait for the one before it.
     bool addImported(const CAN::CanRxMessage &message);
     bool makeRoomForImported();
+    void reportNothingImported();
+
+    // Archives.
+    /// Calls \a function at once on the store's thread, later from any other.
+    void onStoreThread(const std::function<void()> &function);
+    void packChunks();
+    bool mergeArchive(const QString &zipName, quint32 viewRequest);
+    /// What follows a merge. False, with nothing shown, when it failed or is not wanted any more.
+    bool endMerge(const QString &name, quint32 viewRequest, ChunkArchive::Merged &merged);
+    void showMerged(ChunkArchive::Merged &merged);
+    void reportFailure(const ChunkArchive::Outcome &outcome);
+    bool unpackArchive(const QString &zipName);
 
     DatachunkHandler *const q;
 
     // Constant after construction, or safe to use from any thread by themselves.
     ChunkFolder chunkFolder;
     LineSet lines;
-    PoolTasks poolTasks;
+    PoolTasks poolTasks {QThreadPool::globalInstance()};
+    // Rotations must find a free thread in the global pool, however long archives take.
+    QThreadPool archivePool;
+    PoolTasks archives {&archivePool};
+    QRecursiveMutex archiveMutex; // held by whoever works on an archive; taken first of all
+    std::atomic<bool> stopping {false};
+    // Rises with everything that decides what is shown, so that a merge that has been overtaken
+    // does not show its own.
+    std::atomic<quint32> viewRequests {0};
     std::atomic<bool> isLive {true}; // changes under the write lock
     std::atomic<bool> continuesMode {false};
     std::atomic<quint32> maxMessageCount;
@@ -121,6 +146,7 @@ public:
     quint32 chunkCount = 0;
     quint32 droppedMessageCount = 0;
     QPointer<BookmarkHandler> bookmarkHandler; // set by the application thread only
+    QString zipFileName;
     quint64 generation = 0; // rises with every clearing, so that late reports are known
 
     // Guarded by notesLock, which is taken last of all and never held during a call outside.
@@ -137,8 +163,8 @@ public:
     QString lastError;
     ChunkFormat::Notes savingNotes; // what the next export carries
     ChunkFormat::Bookmarks savingBookmarks;
-    QString zipFileName;
     bool zipAfterSaving = false;
+    quint32 packRequests = 0; // rises with every setZipAfterSaving
     std::array<quint32, 256> linePositions {};
     SharedSaveJob lastPartialSave;
     SaveFileWorker *const continuousOutput; // child of the store

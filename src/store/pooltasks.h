@@ -3,12 +3,15 @@
 #include <functional>
 #include <memory>
 
-/// Functions that run on the global thread pool on behalf of an object that may end at any
-/// moment. Any thread.
+class QThreadPool;
+
+/// Functions that run on a thread pool on behalf of an object that may end at any moment. Any
+/// thread.
 class PoolTasks
 {
 public:
-    PoolTasks();
+    /// \a pool has to outlive this object.
+    explicit PoolTasks(QThreadPool *pool);
     ~PoolTasks();
 
     /// Has the pool run \a task as soon as it has a thread for it.
@@ -20,5 +23,6 @@ public:
 
 private:
     struct Gate;
+    QThreadPool *const pool;
     const std::shared_ptr<Gate> gate;
 };

@@ -1,0 +1,53 @@
+#include "archivelimits.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <limits>
+
+#include <unistd.h>
+
+namespace ArchiveLimits {
+
+bool isSafeName(const QString &name)
+{
+    constexpr int maxNameBytes = 255;
+    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
+        return false;
+    const auto isForbidden = [](QChar c) {
+        return c == QLatin1Char('/') || c == QLatin1Char('\\') || c.isNull();
+    };
+    return std::none_of(name.begin(), name.end(), isForbidden)
+        && QFile::encodeName(name).size() <= maxNameBytes;
+}
+
+QString archiveName(const QString &zipName)
+{
+    return zipName.section(QLatin1Char('/'), -1).remove(QLatin1String(".zip"));
+}
+
+QString folderName(const QString &archiveName)
+{
+    const bool usable = isSafeName(archiveName) && !archiveName.endsWith(QLatin1String("dck"));
+    return usable ? archiveName : QStringLiteral("archive");
+}
+
+bool isBomb(qint64 packedSize, qint64 size)
+{
+    constexpr qint64 harmlessSize = 64 * 1024 * 1024;
+    constexpr qint64 maxRatio = 1000;
+    return size > harmlessSize && size > maxRatio * packedSize;
+}
+
+qint64 memoryLimit()
+{
+    return qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 2;
+}
+
+quint32 messagesIn(qint64 bytes)
+{
+    constexpr qint64 smallestRecord = 23;
+    return quint32(std::min<qint64>(bytes / smallestRecord, std::numeric_limits<quint32>::max()));
+}
+
+} // namespace ArchiveLimits

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+/// What an archive from anywhere may make us do.
+namespace ArchiveLimits {
+
+/// Whether an entry of this name may become a file: not empty, "." or "..", without slashes and
+/// backslashes, and at most 255 bytes long in the file system.
+bool isSafeName(const QString &name);
+
+/// What the user calls an archive: the last part of its path without ".zip".
+QString archiveName(const QString &zipName);
+
+/// Name of the folder that an archive is unpacked into: its own name where that is safe and
+/// cannot be taken for a chunk file, otherwise "archive".
+QString folderName(const QString &archiveName);
+
+/// Whether that many packed bytes cannot honestly become that many unpacked ones: more than
+/// 1000 for each, beyond the first 64 MiB.
+bool isBomb(qint64 packedSize, qint64 size);
+
+/// The memory in bytes that a load may take: half of the machine's.
+qint64 memoryLimit();
+
+/// The most messages that chunks of \a bytes in all can hold.
+quint32 messagesIn(qint64 bytes);
+
+} // namespace ArchiveLimits

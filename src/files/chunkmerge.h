@@ -1,0 +1,30 @@
+#pragma once
+
+#include "chunkarchive.h"
+#include "chunkformat.h"
+#include "lineset.h"
+#include "messagelist.h"
+
+#include <functional>
+
+namespace ChunkArchive {
+
+/// What the chunks of an archive hold together.
+struct Merged
+{
+    Outcome outcome;
+    MessageList messages;
+    ChunkFormat::Notes notes; ///< of all chunks; for the same number the later chunk's
+    ChunkFormat::Bookmarks bookmarks;
+    bool hasBookmarkMap = false; ///< whether any chunk has bookmarks, be it none
+    LineSet lines;
+};
+
+/// Reads all chunks in order of their start, of equal ones only the last, and calls
+/// \a chunkRead after each with whether it holds CAN FD frames. A damaged chunk ends with its
+/// last whole record. Takes up to about \a memoryLimit bytes; an archive that needs more is too
+/// large.
+void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
+           const std::function<void(bool)> &chunkRead, Merged &merged);
+
+} // namespace ChunkArchive

@@ -1,0 +1,143 @@
+#include "chunkunpack.h"
+
+#include "archivelimits.h"
+#include "chunkformat.h"
+
+#include <QDataStream>
+#include <QFile>
+#include <QStorageInfo>
+
+namespace ChunkArchive {
+
+namespace {
+
+// `folder/name`, or with a number before the suffix the first such path that `create` accepts.
+template <typename Create>
+QString createNumbered(const QDir &folder, const QString &name, const Create &create)
+{
+    constexpr int attempts = 10000;
+    const QString suffix = name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
+    QString candidate = name;
+    for (int number = 2; number < attempts; ++number) {
+        const QString path = folder.absoluteFilePath(candidate);
+        if (create(path))
+            return path;
+        if (!QFileInfo::exists(path))
+            break;
+        candidate = name.chopped(suffix.size()) + QLatin1Char('_') + QString::number(number)
+            + suffix;
+    }
+    return {};
+}
+
+// Where the last whole record of a chunk file ends; 0 when there is none.
+qint64 endOfWholeRecords(QFile &file)
+{
+    // The maps of a damaged file are not trusted with more memory than this takes.
+    constexpr qint64 maxPreamble = 64 * 1024 * 1024;
+    file.seek(0);
+    const QByteArray head = file.read(maxPreamble);
+    QDataStream stream(head);
+    const quint32 version = ChunkFormat::readPreamble(stream).version;
+    ChunkFormat::readMaps(stream, version);
+    if (stream.status() != QDataStream::Ok || !file.seek(stream.device()->pos()))
+        return 0;
+    const qint64 start = file.pos();
+    CAN::CanRxMessage message;
+    ChunkFormat::RecordReader records(file, version);
+    while (records.next(message)) { }
+    return records.wholeRecords() > 0 ? start + records.wholeRecords() : 0;
+}
+
+class Unpacker
+{
+public:
+    enum Result { Unpacked, Skipped, Failed };
+
+    explicit Unpacker(const QDir &folder) : folder(folder) { }
+
+    Result unpack(Zip::EntryDevice &chunk, const QString &name);
+    QString fileName() const { return QFileInfo(file).fileName(); }
+
+private:
+    Result copy(Zip::EntryDevice &chunk);
+    Result finish(Result result);
+
+    const QDir folder;
+    QFile file;
+};
+
+Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
+{
+    const QString path = createNumbered(folder, name, [this](const QString &path) {
+        file.setFileName(path);
+        return file.open(QIODevice::ReadWrite | QIODevice::NewOnly);
+    });
+    if (path.isEmpty())
+        return Skipped;
+    Result result = copy(chunk);
+    if (result == Unpacked && chunk.isDamaged()) {
+        const qint64 end = endOfWholeRecords(file);
+        result = end > 0 && file.resize(end) ? Unpacked : Skipped;
+    }
+    return finish(result);
+}
+
+Unpacker::Result Unpacker::copy(Zip::EntryDevice &chunk)
+{
+    QByteArray block(256 * 1024, Qt::Uninitialized);
+    for (;;) {
+        const qint64 got = chunk.read(block.data(), block.size());
+        if (got <= 0)
+            return got == 0 || chunk.isDamaged() ? Unpacked : Failed;
+        if (file.write(block.constData(), got) != got)
+            return Failed;
+    }
+}
+
+Unpacker::Result Unpacker::finish(Result result)
+{
+    if (!file.flush())
+        result = Failed;
+    if (result == Unpacked)
+        file.close();
+    else
+        file.remove();
+    return result;
+}
+
+} // namespace
+
+Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing &keepGoing,
+               const Unpacked &unpacked)
+{
+    const Zip::Reader archive(zipName);
+    const std::vector<Chunk> chunks = chunksByStart(archive, keepGoing);
+    if (!archive.isOpen())
+        return {Outcome::NotOpened};
+    if (isBomb(archive, chunks))
+        return tooLarge(chunks);
+    if (totalSize(chunks) > QStorageInfo(parent).bytesAvailable())
+        return {Outcome::NoRoom};
+    const QString name = ArchiveLimits::folderName(ArchiveLimits::archiveName(zipName));
+    const QString path = createNumbered(
+        parent, name, [&parent](const QString &path) { return parent.mkdir(path); });
+    if (path.isEmpty())
+        return {Outcome::NoRoom};
+    const QDir folder(path);
+    Unpacker unpacker(folder);
+    for (const Chunk &chunk : chunks) {
+        const auto content = archive.open(chunk.entry, keepGoing);
+        const Unpacker::Result result = content ? unpacker.unpack(*content, chunk.entry.name)
+                                                : Unpacker::Skipped;
+        if (!keepGoing())
+            return {Outcome::GivenUp};
+        if (result == Unpacker::Failed)
+            return {Outcome::NoRoom};
+        if (result == Unpacker::Unpacked)
+            unpacked(unpacker.fileName(), folder, chunk.timeText);
+    }
+    return {};
+}
+
+} // namespace ChunkArchive

@@ -1,0 +1,190 @@
+#include "ziparchive.h"
+
+#include "regularfile.h"
+
+#include <quazip.h>
+#include <quazipfile.h>
+#include <quazipnewinfo.h>
+#include <unzip.h>
+
+#include <QSaveFile>
+
+#include <algorithm>
+#include <utility>
+
+namespace Zip {
+
+namespace {
+
+constexpr qint64 blockSize = 256 * 1024;
+
+qint64 boundedClaim(quint64 claim, qint64 bound)
+{
+    return qint64(std::min(claim, quint64(bound)));
+}
+
+bool openArchive(QFile &file, QuaZip &zip)
+{
+    return openRegularFile(file) && zip.open(QuaZip::mdUnzip) && zip.goToFirstFile();
+}
+
+} // namespace
+
+EntryDevice::EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoing keepGoing) :
+    file(std::move(file)),
+    size(size),
+    keepGoing(std::move(keepGoing))
+{
+    open(QIODevice::ReadOnly);
+}
+
+EntryDevice::~EntryDevice() = default;
+
+qint64 EntryDevice::readData(char *data, qint64 maxSize)
+{
+    if (done == size || damaged)
+        return checkEnd();
+    overLimit = done >= limit;
+    if (overLimit || !keepGoing())
+        return -1;
+    const qint64 wanted = std::min({maxSize, blockSize, size - done, limit - done});
+    const qint64 got = file->read(data, wanted);
+    if (got <= 0) {
+        damaged = true;
+        return -1;
+    }
+    done += got;
+    return got;
+}
+
+qint64 EntryDevice::checkEnd()
+{
+    if (!std::exchange(ended, true) && !damaged) {
+        // The library compares the checksum when the entry is closed.
+        file->close();
+        damaged = file->getZipError() != UNZ_OK;
+    }
+    return damaged ? -1 : 0;
+}
+
+qint64 EntryDevice::writeData(const char *, qint64)
+{
+    return -1;
+}
+
+Reader::Reader(const QString &fileName) :
+    file(fileName),
+    zip(std::make_unique<QuaZip>(&file)),
+    opened(openArchive(file, *zip))
+{
+}
+
+Reader::~Reader() = default;
+
+std::vector<Entry> Reader::entries() const
+{
+    std::vector<Entry> found;
+    QuaZipFileInfo64 info;
+    unz64_file_pos position = {};
+    for (bool more = opened && zip->goToFirstFile(); more; more = zip->goToNextFile()) {
+        if (!zip->getCurrentFileInfo(&info)
+            || unzGetFilePos64(zip->getUnzFile(), &position) != UNZ_OK)
+            break;
+        found.push_back({info.name, boundedClaim(info.uncompressedSize, maxClaim),
+                         boundedClaim(info.compressedSize, size()), position.pos_in_zip_directory,
+                         position.num_of_file});
+    }
+    // Entries are opened by positions of the library underneath, which QuaZip does not notice:
+    // once it has seen the end, it would refuse.
+    if (opened)
+        zip->goToFirstFile();
+    return found;
+}
+
+std::unique_ptr<EntryDevice> Reader::open(const Entry &entry, const KeepGoing &keepGoing) const
+{
+    unz64_file_pos position = {};
+    position.pos_in_zip_directory = entry.offset;
+    position.num_of_file = entry.number;
+    if (!opened || unzGoToFilePos64(zip->getUnzFile(), &position) != UNZ_OK)
+        return nullptr;
+    auto content = std::make_unique<QuaZipFile>(zip.get());
+    if (!content->open(QIODevice::ReadOnly))
+        return nullptr;
+    return std::make_unique<EntryDevice>(std::move(content), entry.size, keepGoing);
+}
+
+namespace {
+
+enum class Step { Done, Failed, GivenUp };
+
+Step copy(QIODevice &from, QIODevice &to, const KeepGoing &keepGoing)
+{
+    QByteArray block(int(blockSize), Qt::Uninitialized);
+    for (;;) {
+        if (!keepGoing())
+            return Step::GivenUp;
+        const qint64 got = from.read(block.data(), block.size());
+        if (got == 0)
+            return Step::Done;
+        if (got < 0 || to.write(block.constData(), got) != got)
+            return Step::Failed;
+    }
+}
+
+Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing)
+{
+    constexpr qint64 zip64From = qint64(1) << 31;
+    constexpr int fastest = 1;
+    constexpr int windowBits = -15;
+    constexpr int memoryLevel = 8;
+    constexpr int defaultStrategy = 0;
+    QFile file(info.filePath());
+    if (!openRegularFile(file))
+        return file.exists() ? Step::Failed : Step::Done;
+    zip.setZip64Enabled(file.size() >= zip64From);
+    QuaZipFile entry(&zip);
+    const QuaZipNewInfo newInfo(info.fileName(), info.filePath());
+    if (!entry.open(QIODevice::WriteOnly, newInfo, nullptr, 0, Z_DEFLATED, fastest, false,
+                    windowBits, memoryLevel, defaultStrategy))
+        return Step::Failed;
+    const Step step = copy(file, entry, keepGoing);
+    entry.close();
+    return step == Step::Done && entry.getZipError() != UNZ_OK ? Step::Failed : step;
+}
+
+Step packAll(QuaZip &zip, const QFileInfoList &files, const KeepGoing &keepGoing)
+{
+    for (const QFileInfo &info : files) {
+        const Step step = packFile(zip, info, keepGoing);
+        if (step != Step::Done)
+            return step;
+    }
+    return Step::Done;
+}
+
+} // namespace
+
+PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
+                      const KeepGoing &keepGoing)
+{
+    const QFileInfo target(fileName);
+    QSaveFile file(fileName);
+    // A device or a pipe of that name must not be replaced by a file.
+    const bool taken = target.exists() && !target.isFile();
+    if (fileName.isEmpty() || taken || !file.open(QIODevice::WriteOnly))
+        return {};
+    QuaZip zip(&file);
+    zip.setAutoClose(false);
+    zip.setUtf8Enabled(true);
+    if (!zip.open(QuaZip::mdCreate))
+        return {false, file.errorString()};
+    const Step step = packAll(zip, files, keepGoing);
+    zip.close();
+    if (step == Step::GivenUp)
+        return {};
+    const bool packed = step == Step::Done && zip.getZipError() == UNZ_OK && file.commit();
+    return {packed, packed ? QString() : file.errorString()};
+}
+
+} // namespace Zip

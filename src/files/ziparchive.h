@@ -1,0 +1,112 @@
+#pragma once
+
+#include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QuaZip;
+class QuaZipFile;
+
+/// ZIP archives as names and bytes. The one place that knows the ZIP library; what the entries
+/// hold, and which of them to trust, is decided by its callers.
+namespace Zip {
+
+/// Asked again and again during long work; false gives the work up.
+using KeepGoing = std::function<bool()>;
+
+struct Entry
+{
+    QString name;
+    qint64 size = 0;       ///< unpacked, as the archive claims; never above maxClaim
+    qint64 packedSize = 0; ///< as the archive claims; never above the size of the archive
+    quint64 offset = 0;    ///< where the directory of the archive has it
+    quint64 number = 0;
+};
+
+/// Claims above are cut to this, far beyond anything that is ever unpacked, so that they can be
+/// added up.
+constexpr qint64 maxClaim = qint64(1) << 40;
+
+/// The content of one entry, read from its start to its end. Reading fails, instead of ending,
+/// where the entry is damaged: when it cannot be unpacked any further, or when all that it
+/// claims to hold has been read and the checksum does not match. Never gives more bytes than
+/// the entry claims to have. Belongs to the Reader that opened it.
+class EntryDevice : public QIODevice
+{
+public:
+    EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoing keepGoing);
+    ~EntryDevice() override;
+
+    bool isSequential() const override { return true; }
+
+    /// Reading fails once \a bytes have been unpacked, counted from the entry's start.
+    void setLimit(qint64 bytes) { limit = bytes; }
+    bool limitReached() const { return overLimit; }
+
+    /// The bytes unpacked so far, including those that bytesAvailable() counts.
+    qint64 unpackedSize() const { return done; }
+
+    /// Whether the content read so far ended in damage.
+    bool isDamaged() const { return damaged; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override;
+    qint64 writeData(const char *data, qint64 maxSize) override;
+
+private:
+    qint64 checkEnd();
+
+    const std::unique_ptr<QuaZipFile> file;
+    const qint64 size;
+    const KeepGoing keepGoing;
+    qint64 limit = maxClaim;
+    qint64 done = 0;
+    bool ended = false;
+    bool damaged = false;
+    bool overLimit = false;
+};
+
+/// An archive that is read.
+class Reader
+{
+public:
+    explicit Reader(const QString &fileName);
+    ~Reader();
+
+    /// False when the file cannot be read, is no regular file or no archive.
+    bool isOpen() const { return opened; }
+
+    /// Size of the archive's file in bytes.
+    qint64 size() const { return file.size(); }
+
+    /// All entries in the order of the archive's directory, equal names included.
+    std::vector<Entry> entries() const;
+
+    /// Opens one entry, whatever others are called like it. Null when it is damaged or packed
+    /// in an unknown way. One entry may be open at a time.
+    std::unique_ptr<EntryDevice> open(const Entry &entry, const KeepGoing &keepGoing) const;
+
+private:
+    QFile file;
+    const std::unique_ptr<QuaZip> zip;
+    const bool opened;
+};
+
+struct PackOutcome
+{
+    bool packed = false;
+    QString errorText; ///< empty when it was given up or the archive could not be begun
+};
+
+/// Packs \a files under their bare names into the archive \a fileName. The archive is written
+/// beside its place and put there, at one stroke, when it is whole; otherwise an earlier archive
+/// stays as it is. Files that are gone by now are left out.
+PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
+                      const KeepGoing &keepGoing);
+
+} // namespace Zip

@@ -1,0 +1,48 @@
+#include "archives.h"
+
+#include "messages.h"
+
+#include <quazip.h>
+#include <quazipfile.h>
+#include <quazipnewinfo.h>
+
+#include <QFile>
+
+bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries)
+{
+    QuaZip zip(fileName);
+    bool good = zip.open(QuaZip::mdCreate);
+    for (const TestEntry &entry : entries) {
+        QuaZipFile file(&zip);
+        const int method = entry.stored ? 0 : Z_DEFLATED;
+        good &= file.open(QIODevice::WriteOnly, QuaZipNewInfo(entry.name), nullptr, 0, method)
+            && file.write(entry.content) == entry.content.size();
+        file.close();
+    }
+    zip.close();
+    return good && zip.getZipError() == 0;
+}
+
+QByteArray chunkBytes(const QString &start, quint32 first, int count,
+                      const ChunkFormat::Notes &notes, const ChunkFormat::Bookmarks &bookmarks)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    ChunkFormat::writeHeader(stream, start + QStringLiteral(" - 99.000000"), notes, bookmarks);
+    for (quint32 number = first; number < first + quint32(count); ++number)
+        ChunkFormat::writeRecord(stream, makeMessage(number, 8), ChunkFormat::currentVersion);
+    return bytes;
+}
+
+QByteArray readFile(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString &fileName, const QByteArray &content)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("%s cannot be written", qPrintable(fileName));
+}

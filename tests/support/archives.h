@@ -1,0 +1,27 @@
+#pragma once
+
+#include "chunkformat.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+/// One entry of an archive that a test makes up.
+struct TestEntry
+{
+    QString name;
+    QByteArray content;
+    bool stored = false; ///< as it is, so that the bytes of the content stand in the archive
+};
+
+/// Writes an archive as other programs might.
+bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries);
+
+/// The bytes of a chunk with the messages makeMessage(number, 8) for the numbers from \a first
+/// on, whose header text begins with \a start.
+QByteArray chunkBytes(const QString &start, quint32 first, int count,
+                      const ChunkFormat::Notes &notes = {},
+                      const ChunkFormat::Bookmarks &bookmarks = {});
+
+QByteArray readFile(const QString &fileName);
+void writeFile(const QString &fileName, const QByteArray &content);
