@@ -71,7 +71,6 @@ void DatachunkHandlerPrivate::packChunks()
 
 void DatachunkHandler::sortZipFile(QString zipName, QMap<double, QString> &order)
 {
-    const QMutexLocker archiveLocker(&d->archiveMutex);
     const Zip::Reader archive(zipName);
     for (const auto &chunk : ChunkArchive::chunksByStart(archive, [this] { return !d->stopping; }))
         order.insert(chunk.start, chunk.entry.name);
@@ -79,14 +78,14 @@ void DatachunkHandler::sortZipFile(QString zipName, QMap<double, QString> &order
 
 bool DatachunkHandler::loadZipMerged(QString zipName)
 {
-    return !d->refuseDuringImport() && d->mergeArchive(zipName, d->viewRequests);
+    return !d->refuseDuringImport() && d->mergeArchive(zipName, ++d->viewRequests);
 }
 
 void DatachunkHandler::importZipAndMerge(QString zipName)
 {
     if (d->refuseDuringImport())
         return;
-    d->archives.run([this, zipName, request = d->viewRequests.load()] {
+    d->archives.run([this, zipName, request = ++d->viewRequests] {
         d->mergeArchive(zipName, request);
     });
 }
@@ -105,12 +104,12 @@ bool DatachunkHandlerPrivate::mergeArchive(const QString &zipName, quint32 viewR
         *merged);
     // Whoever waits for the store's thread may be waited for by it, so the outcome of another
     // thread's merge is only told.
-    bool succeeded = merged->outcome.result == Outcome::Done && !merged->messages.isEmpty();
+    const bool readAny = merged->outcome.result == Outcome::Done && !merged->messages.isEmpty();
     const QString name = ArchiveLimits::archiveName(zipName);
     if (q->thread() == QThread::currentThread())
         return endMerge(name, viewRequest, *merged);
     onStoreThread([this, name, viewRequest, merged] { endMerge(name, viewRequest, *merged); });
-    return succeeded;
+    return readAny;
 }
 
 bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
@@ -167,7 +166,7 @@ void DatachunkHandlerPrivate::reportFailure(const Outcome &outcome)
         q->showTooMuchMessagesError(outcome.messages);
     } else if (outcome.result == Outcome::NoRoom) {
         emit q->newErrorMessage(
-            DatachunkHandler::tr("There is not enough disk space to unpack the archive."));
+            DatachunkHandler::tr("There is no room on the disk to unpack the archive."));
     } else if (outcome.result != Outcome::GivenUp) {
         reportNothingImported();
     }

@@ -54,6 +54,7 @@ private slots:
     void damageEndsAChunk();
     void flippedBytesDoNoHarm_data();
     void flippedBytesDoNoHarm();
+    void packingCanBeGivenUp();
 
 private:
     QString zip() const { return folder->filePath(QStringLiteral("trace.zip")); }
@@ -291,7 +292,7 @@ void TestArchives::flippedBytesDoNoHarm()
 {
     QFETCH(bool, stored);
     const QByteArray chunk
-        = chunkBytes("1.000000", 5, 4, {{6, "note"}}, {{7, CanMessageBookmark(7, "mark")}});
+        = chunkBytes("1.000000", 5, 3, {{6, "note"}}, {{7, CanMessageBookmark(7, "mark")}});
     QVERIFY(writeArchive(zip(), {{"a.dck", chunk, stored}, {"b.dck", chunk, stored}}));
     const QByteArray whole = readFile(zip());
     for (int i = 0; i < whole.size(); ++i) {
@@ -308,6 +309,22 @@ void TestArchives::flippedBytesDoNoHarm()
         QVERIFY(chunks().removeRecursively() && QDir(folder->path()).mkdir("chunks"));
     }
     QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
+}
+
+void TestArchives::packingCanBeGivenUp()
+{
+    const QString source = chunks().filePath("large");
+    writeFile(source, QByteArray(3 << 20, 'x'));
+    writeFile(zip(), "old");
+    int steps = 0;
+    const auto thrice = [&steps] { return ++steps <= 3; };
+    QVERIFY(!Zip::packFiles(zip(), {QFileInfo(source)}, thrice).packed);
+    QCOMPARE(steps, 4);
+    QCOMPARE(readFile(zip()), "old");
+    QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
+    const QFileInfo gone(chunks().filePath("gone"));
+    QVERIFY(Zip::packFiles(zip(), {gone, QFileInfo(source)}, always).packed);
+    QCOMPARE(Zip::Reader(zip()).entries().size(), std::size_t(1));
 }
 
 QTEST_GUILESS_MAIN(TestArchives)

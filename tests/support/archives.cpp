@@ -42,6 +42,8 @@ QByteArray readFile(const QString &fileName)
 
 void writeFile(const QString &fileName, const QByteArray &content)
 {
+    // Some file systems wait for the disk when a file is truncated and written anew.
+    QFile::remove(fileName);
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("%s cannot be written", qPrintable(fileName));
