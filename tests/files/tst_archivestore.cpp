@@ -1,6 +1,7 @@
 #include "archives.h"
 #include "datachunkhandler.h"
 #include "messages.h"
+#include "storefixture.h"
 #include "ziparchive.h"
 
 #include <QtTest>

@@ -6,8 +6,6 @@
 #include <quazipfile.h>
 #include <quazipnewinfo.h>
 
-#include <QFile>
-
 bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries)
 {
     QuaZip zip(fileName);
@@ -32,19 +30,4 @@ QByteArray chunkBytes(const QString &start, quint32 first, int count,
     for (quint32 number = first; number < first + quint32(count); ++number)
         ChunkFormat::writeRecord(stream, makeMessage(number, 8), ChunkFormat::currentVersion);
     return bytes;
-}
-
-QByteArray readFile(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString &fileName, const QByteArray &content)
-{
-    // Some file systems wait for the disk when a file is truncated and written anew.
-    QFile::remove(fileName);
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("%s cannot be written", qPrintable(fileName));
 }

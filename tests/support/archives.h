@@ -22,6 +22,3 @@ bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries);
 QByteArray chunkBytes(const QString &start, quint32 first, int count,
                       const ChunkFormat::Notes &notes = {},
                       const ChunkFormat::Bookmarks &bookmarks = {});
-
-QByteArray readFile(const QString &fileName);
-void writeFile(const QString &fileName, const QByteArray &content);
