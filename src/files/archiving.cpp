@@ -85,9 +85,8 @@ void DatachunkHandler::importZipAndMerge(QString zipName)
 {
     if (d->refuseDuringImport())
         return;
-    d->archives.run([this, zipName, request = ++d->viewRequests] {
-        d->mergeArchive(zipName, request);
-    });
+    d->archives.run(
+        [this, zipName, request = ++d->viewRequests] { d->mergeArchive(zipName, request); });
 }
 
 bool DatachunkHandlerPrivate::mergeArchive(const QString &zipName, quint32 viewRequest)
@@ -186,7 +185,7 @@ bool DatachunkHandlerPrivate::unpackArchive(const QString &zipName)
         anything = true;
         onStoreThread([=] { emit q->newZippedFile(entry, name, folder, time); });
     };
-    Outcome outcome {Outcome::NoRoom};
+    Outcome outcome{Outcome::NoRoom};
     if (chunkFolder.exists()) {
         outcome = ChunkArchive::unpack(
             zipName, chunkFolder.dir(), [this] { return !stopping; }, unpacked);

@@ -26,7 +26,7 @@ struct Outcome
 {
     enum Result {
         Done,
-        NotOpened, ///< no archive
+        NotOpened,    ///< no archive
         NewerVersion, ///< a chunk is of a version that we do not know
         TooLarge,
         NoRoom, ///< on the disk

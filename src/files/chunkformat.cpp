@@ -141,7 +141,6 @@ void RecordReader::refill()
     size = rest;
     while (!atEnd && size < maxRecordSize) {
         const qint64 got = device.read(buffer.data() + size, blockSize - size);
-        failed = got < 0;
         if (got <= 0)
             atEnd = true;
         else
@@ -153,8 +152,7 @@ bool RecordReader::readCutRecord(CAN::CanRxMessage &message)
 {
     const QByteArray rest = QByteArray::fromRawData(buffer.constData() + position, size - position);
     position = size;
-    if (failed)
-        return false;
+    cut = true;
     QDataStream stream(rest);
     return readRecord(stream, message, version);
 }

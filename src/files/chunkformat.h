@@ -65,9 +65,11 @@ public:
     RecordReader(QIODevice &device, quint32 version);
 
     /// Reads the next record over \a message, as readRecord does; a record cut short by the
-    /// end counts, one cut short by a read error does not. False at the end, on a read error and
-    /// at a length outside 0..64.
+    /// end counts. False at the end, on a read error and at a length outside 0..64.
     bool next(CAN::CanRxMessage &message);
+
+    /// Whether the last record was cut short.
+    bool lastIsCut() const { return cut; }
 
     /// Size in bytes of the whole records read so far.
     qint64 wholeRecords() const { return wholeBytes; }
@@ -83,7 +85,7 @@ private:
     int size = 0;
     qint64 wholeBytes = 0;
     bool atEnd = false;
-    bool failed = false;
+    bool cut = false;
 };
 
 /// Collects records and writes them in blocks.

@@ -85,12 +85,11 @@ Outcome::Result Merger::readChunk(Zip::EntryDevice &chunk)
 
 Outcome::Result Merger::readRecords(Zip::EntryDevice &chunk, quint32 version)
 {
-    const qint64 messagesAllowed
-        = std::min<qint64>(merged.messages.size() + room() / qint64(sizeof(CAN::CanRxMessage)),
-                           INT_MAX / 2);
+    const qint64 messagesAllowed = std::min<qint64>(
+        merged.messages.size() + room() / qint64(sizeof(CAN::CanRxMessage)), INT_MAX / 2);
     CAN::CanRxMessage message;
     ChunkFormat::RecordReader records(chunk, version);
-    while (records.next(message)) {
+    while (records.next(message) && !(records.lastIsCut() && chunk.isDamaged())) {
         if (merged.messages.size() >= messagesAllowed)
             return Outcome::TooLarge;
         merged.messages.append(message);

@@ -24,8 +24,8 @@ QString createNumbered(const QDir &folder, const QString &name, const Create &cr
             return path;
         if (!QFileInfo::exists(path))
             break;
-        candidate = name.chopped(suffix.size()) + QLatin1Char('_') + QString::number(number)
-            + suffix;
+        candidate =
+            name.chopped(suffix.size()) + QLatin1Char('_') + QString::number(number) + suffix;
     }
     return {};
 }
@@ -120,16 +120,16 @@ Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing 
     if (totalSize(chunks) > QStorageInfo(parent).bytesAvailable())
         return {Outcome::NoRoom};
     const QString name = ArchiveLimits::folderName(ArchiveLimits::archiveName(zipName));
-    const QString path = createNumbered(
-        parent, name, [&parent](const QString &path) { return parent.mkdir(path); });
+    const QString path =
+        createNumbered(parent, name, [&parent](const QString &path) { return parent.mkdir(path); });
     if (path.isEmpty())
         return {Outcome::NoRoom};
     const QDir folder(path);
     Unpacker unpacker(folder);
     for (const Chunk &chunk : chunks) {
         const auto content = archive.open(chunk.entry, keepGoing);
-        const Unpacker::Result result = content ? unpacker.unpack(*content, chunk.entry.name)
-                                                : Unpacker::Skipped;
+        const Unpacker::Result result =
+            content ? unpacker.unpack(*content, chunk.entry.name) : Unpacker::Skipped;
         if (!keepGoing())
             return {Outcome::GivenUp};
         if (result == Unpacker::Failed)

@@ -30,10 +30,8 @@ bool openArchive(QFile &file, QuaZip &zip)
 
 } // namespace
 
-EntryDevice::EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoing keepGoing) :
-    file(std::move(file)),
-    size(size),
-    keepGoing(std::move(keepGoing))
+EntryDevice::EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoing keepGoing)
+    : file(std::move(file)), size(size), keepGoing(std::move(keepGoing))
 {
     open(QIODevice::ReadOnly);
 }
@@ -72,10 +70,8 @@ qint64 EntryDevice::writeData(const char *, qint64)
     return -1;
 }
 
-Reader::Reader(const QString &fileName) :
-    file(fileName),
-    zip(std::make_unique<QuaZip>(&file)),
-    opened(openArchive(file, *zip))
+Reader::Reader(const QString &fileName)
+    : file(fileName), zip(std::make_unique<QuaZip>(&file)), opened(openArchive(file, *zip))
 {
 }
 

@@ -119,15 +119,15 @@ public:
     // Constant after construction, or safe to use from any thread by themselves.
     ChunkFolder chunkFolder;
     LineSet lines;
-    PoolTasks poolTasks {QThreadPool::globalInstance()};
+    PoolTasks poolTasks{QThreadPool::globalInstance()};
     // Rotations must find a free thread in the global pool, however long archives take.
     QThreadPool archivePool;
-    PoolTasks archives {&archivePool};
+    PoolTasks archives{&archivePool};
     QRecursiveMutex archiveMutex; // held by whoever works on an archive; taken first of all
-    std::atomic<bool> stopping {false};
+    std::atomic<bool> stopping{false};
     // Rises with everything that decides what is shown, so that a merge that has been overtaken
     // does not show its own.
-    std::atomic<quint32> viewRequests {0};
+    std::atomic<quint32> viewRequests{0};
     std::atomic<bool> isLive {true}; // changes under the write lock
     std::atomic<bool> continuesMode {false};
     std::atomic<quint32> maxMessageCount;

@@ -4,8 +4,8 @@
 #include "messages.h"
 #include "storefixture.h"
 
-#include <QTextCodec>
 #include <QtEndian>
+#include <QTextCodec>
 #include <QtTest>
 
 #include <climits>
@@ -80,7 +80,8 @@ void TestArchives::init()
 QVector<quint32> TestArchives::mergedNumbers(Outcome::Result expected) const
 {
     Merged merged;
-    merge(zip(), ampleMemory, always, [](bool) {}, merged);
+    merge(
+        zip(), ampleMemory, always, [](bool) {}, merged);
     QVector<quint32> numbers;
     for (int i = 0; i < merged.messages.size(); ++i)
         numbers.append(merged.messages.at(i).messageNumber);
@@ -108,31 +109,31 @@ void TestArchives::chunksAreOrdered_data()
     QTest::addColumn<QVector<quint32>>("merged");
     QTest::addColumn<QStringList>("unpacked");
     const auto entry = [](const char *name, const char *start, quint32 number) {
-        return TestEntry {name, chunkBytes(start, number, 1)};
+        return TestEntry{name, chunkBytes(start, number, 1)};
     };
     using Entries = QVector<TestEntry>;
     using Numbers = QVector<quint32>;
     QTest::newRow("starts are numbers, not texts")
-        << Entries {entry("c.dck", "100.000000", 3), entry("a.dck", "3.000000", 1),
-                    entry("b.dck", "20.500000", 2)}
-        << Numbers {1, 2, 3} << QStringList {"a.dck", "b.dck", "c.dck"};
+        << Entries{entry("c.dck", "100.000000", 3), entry("a.dck", "3.000000", 1),
+                   entry("b.dck", "20.500000", 2)}
+        << Numbers{1, 2, 3} << QStringList{"a.dck", "b.dck", "c.dck"};
     QTest::newRow("of equal starts the later is merged and both are unpacked")
-        << Entries {entry("b.dck", "0.000000", 1), entry("x.dck", "5.000000", 2),
-                    entry("a.dck", "0.000000", 3)}
-        << Numbers {3, 2} << QStringList {"b.dck", "a.dck", "x.dck"};
+        << Entries{entry("b.dck", "0.000000", 1), entry("x.dck", "5.000000", 2),
+                   entry("a.dck", "0.000000", 3)}
+        << Numbers{3, 2} << QStringList{"b.dck", "a.dck", "x.dck"};
     QTest::newRow("equal names are different chunks")
-        << Entries {entry("a.dck", "2.000000", 2), entry("a.dck", "1.000000", 1)}
-        << Numbers {1, 2} << QStringList {"a.dck", "a_2.dck"};
+        << Entries{entry("a.dck", "2.000000", 2), entry("a.dck", "1.000000", 1)} << Numbers{1, 2}
+        << QStringList{"a.dck", "a_2.dck"};
     QTest::newRow("other entries are passed over, whatever their case")
-        << Entries {entry("a.DCK", "1.000000", 1), entry("b.txt", "2.000000", 2),
-                    entry("c.dck", "3.000000", 3)}
-        << Numbers {3} << QStringList {"c.dck"};
+        << Entries{entry("a.DCK", "1.000000", 1), entry("b.txt", "2.000000", 2),
+                   entry("c.dck", "3.000000", 3)}
+        << Numbers{3} << QStringList{"c.dck"};
     QTest::newRow("a start that is no number counts as 0")
-        << Entries {entry("a.dck", "1.000000", 1), entry("b.dck", "nan", 2)} << Numbers {2, 1}
-        << QStringList {"b.dck", "a.dck"};
+        << Entries{entry("a.dck", "1.000000", 1), entry("b.dck", "nan", 2)} << Numbers{2, 1}
+        << QStringList{"b.dck", "a.dck"};
     QTest::newRow("an entry without content is a chunk without messages")
-        << Entries {{"a.dck", {}}, entry("b.dck", "1.000000", 1)} << Numbers {1}
-        << QStringList {"a.dck", "b.dck"};
+        << Entries{{"a.dck", {}}, entry("b.dck", "1.000000", 1)} << Numbers{1}
+        << QStringList{"a.dck", "b.dck"};
 }
 
 void TestArchives::chunksAreOrdered()
@@ -172,11 +173,16 @@ void TestArchives::foldersAreNamedAfterTheArchive_data()
 {
     QTest::addColumn<QString>("zipName");
     QTest::addColumn<QString>("name");
-    QTest::newRow("the suffix is dropped") << "my trace.zip" << "my trace";
-    QTest::newRow("parent folder") << "...zip.zip" << "archive";
-    QTest::newRow("backslash") << "a\\b.zip" << "archive";
-    QTest::newRow("a name that a rotation needs") << "tmpData7.dck.zip" << "archive";
-    QTest::newRow("taken by an earlier one") << "taken.zip" << "taken_2";
+    QTest::newRow("the suffix is dropped") << "my trace.zip"
+                                           << "my trace";
+    QTest::newRow("parent folder") << "...zip.zip"
+                                   << "archive";
+    QTest::newRow("backslash") << "a\\b.zip"
+                               << "archive";
+    QTest::newRow("a name that a rotation needs") << "tmpData7.dck.zip"
+                                                  << "archive";
+    QTest::newRow("taken by an earlier one") << "taken.zip"
+                                             << "taken_2";
 }
 
 void TestArchives::foldersAreNamedAfterTheArchive()
@@ -203,8 +209,8 @@ void TestArchives::tooMuchIsRefused()
 {
     QFETCH(QByteArray, content);
     QFETCH(quint32, claimedSize);
-    QVERIFY(writeArchive(zip(),
-                         {{"bomb.dck", content}, {"good.dck", chunkBytes("1.000000", 1, 1)}}));
+    QVERIFY(
+        writeArchive(zip(), {{"bomb.dck", content}, {"good.dck", chunkBytes("1.000000", 1, 1)}}));
     if (claimedSize)
         writeFile(zip(), withClaimedSize(readFile(zip()), claimedSize));
     QCOMPARE(mergedNumbers(Outcome::TooLarge), QVector<quint32>());
@@ -236,7 +242,8 @@ void TestArchives::memoryIsBounded()
     QVERIFY(content.size() < memory);
     QVERIFY(writeArchive(zip(), {{"a.dck", content}}));
     Merged merged;
-    merge(zip(), memory, always, [](bool) {}, merged);
+    merge(
+        zip(), memory, always, [](bool) {}, merged);
     QCOMPARE(merged.outcome.result, fits ? Outcome::Done : Outcome::TooLarge);
     QCOMPARE(merged.outcome.messages, fits ? 0 : quint32(content.size() / 23));
 }
@@ -292,8 +299,8 @@ void TestArchives::flippedBytesDoNoHarm_data()
 void TestArchives::flippedBytesDoNoHarm()
 {
     QFETCH(bool, stored);
-    const QByteArray chunk
-        = chunkBytes("1.000000", 5, 3, {{6, "note"}}, {{7, CanMessageBookmark(7, "mark")}});
+    const QByteArray chunk =
+        chunkBytes("1.000000", 5, 3, {{6, "note"}}, {{7, CanMessageBookmark(7, "mark")}});
     QVERIFY(writeArchive(zip(), {{"a.dck", chunk, stored}, {"b.dck", chunk, stored}}));
     const QByteArray whole = readFile(zip());
     for (int i = 0; i < whole.size(); ++i) {
@@ -303,7 +310,8 @@ void TestArchives::flippedBytesDoNoHarm()
         QFile::remove(zip());
         writeFile(zip(), damaged);
         Merged merged;
-        merge(zip(), ampleMemory, always, [](bool) {}, merged);
+        merge(
+            zip(), ampleMemory, always, [](bool) {}, merged);
         QVERIFY2(merged.messages.size() <= 2 * chunk.size() / 23, QByteArray::number(i));
         int count = 0;
         unpack(zip(), chunks(), always,

@@ -151,7 +151,7 @@ void TestArchiveStore::failedPackingKeepsTheOldArchive()
     writeFile(store->chunkFolderPath() + "/another", QByteArray(300000, 'y'));
 
     QSignalSpy errors(store.get(), &DatachunkHandler::newErrorMessage);
-    rlimit unlimited {};
+    rlimit unlimited{};
     getrlimit(RLIMIT_FSIZE, &unlimited);
     rlimit tight = unlimited;
     tight.rlim_cur = 1000;
@@ -175,16 +175,16 @@ void TestArchiveStore::completionsDecideAboutPacking_data()
 {
     QTest::addColumn<QStringList>("calls");
     QTest::addColumn<bool>("packed");
-    QTest::newRow("a save that ended well") << QStringList {"wish", "success"} << true;
+    QTest::newRow("a save that ended well") << QStringList{"wish", "success"} << true;
     QTest::newRow("a save that failed takes the wish along")
-        << QStringList {"wish", "failure", "success"} << false;
-    QTest::newRow("a save that nobody wants packed") << QStringList {"success"} << false;
+        << QStringList{"wish", "failure", "success"} << false;
+    QTest::newRow("a save that nobody wants packed") << QStringList{"success"} << false;
     QTest::newRow("a wish that was taken back")
-        << QStringList {"wish", "no wish", "success"} << false;
+        << QStringList{"wish", "no wish", "success"} << false;
     QTest::newRow("a chunk takes the wish along")
-        << QStringList {"wish", "chunk", "success"} << false;
+        << QStringList{"wish", "chunk", "success"} << false;
     QTest::newRow("an import's chunk takes the wish along")
-        << QStringList {"wish", "partial chunk", "success"} << false;
+        << QStringList{"wish", "partial chunk", "success"} << false;
 }
 
 void TestArchiveStore::completionsDecideAboutPacking()
@@ -221,15 +221,15 @@ void TestArchiveStore::rotationsDoNotSwallowTheArchive()
     store->newDataFileSaved(QString());
     QTRY_VERIFY(QFileInfo::exists(path("trace.zip")));
     QTRY_COMPARE(chunks.count(), 2);
-    QCOMPARE(entriesOf(path("trace.zip")).keys(),
-             QStringList({"tmpData0.dck", "zlastChunk.dck"}));
+    QCOMPARE(entriesOf(path("trace.zip")).keys(), QStringList({"tmpData0.dck", "zlastChunk.dck"}));
 }
 
 void TestArchiveStore::goLiveBringsEverythingBack()
 {
-    QVERIFY(writeArchive(path("a.zip"),
-                         {{"a.dck", chunkBytes("1.0", 0, 3, {{1, "theirs"}},
-                                               {{2, CanMessageBookmark(2, "theirs")}})}}));
+    QVERIFY(writeArchive(
+        path("a.zip"),
+        {{"a.dck",
+          chunkBytes("1.0", 0, 3, {{1, "theirs"}}, {{2, CanMessageBookmark(2, "theirs")}})}}));
     record(*store, 10, 50);
     store->setMessageNote(1, "ours");
     bookmarks->addBookmark(3, "ours");
@@ -246,12 +246,12 @@ void TestArchiveStore::goLiveBringsEverythingBack()
     store->appendCanMessage(makeMessage(60, 8));
     QCOMPARE(store->getMessageCount(), 3u);
     QCOMPARE(store->getMessageNote(1), "theirs");
-    QCOMPARE(bookmarks->bookmarks().keys(), QList<unsigned int> {2});
+    QCOMPARE(bookmarks->bookmarks().keys(), QList<unsigned int>{2});
     store->goLive();
     QVERIFY(store->getIsLive());
     QCOMPARE(store->getMessageCount(), 11u);
     QCOMPARE(store->getMessageNote(1), "ours");
-    QCOMPARE(bookmarks->bookmarks().keys(), QList<unsigned int> {3});
+    QCOMPARE(bookmarks->bookmarks().keys(), QList<unsigned int>{3});
 }
 
 void TestArchiveStore::laterWishesWinOverAMerge_data()
