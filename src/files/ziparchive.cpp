@@ -128,6 +128,11 @@ Step copy(QIODevice &from, QIODevice &to, const KeepGoing &keepGoing)
     }
 }
 
+bool isAscii(const QString &name)
+{
+    return std::all_of(name.begin(), name.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
 Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing)
 {
     constexpr qint64 zip64From = qint64(1) << 31;
@@ -139,6 +144,9 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing)
     if (!openRegularFile(file))
         return file.exists() ? Step::Failed : Step::Done;
     zip.setZip64Enabled(file.size() >= zip64From);
+    // Large entries marked as UTF-8 are too new for some programs, so only names that need the
+    // mark get it.
+    zip.setUtf8Enabled(!isAscii(info.fileName()));
     QuaZipFile entry(&zip);
     const QuaZipNewInfo newInfo(info.fileName(), info.filePath());
     if (!entry.open(QIODevice::WriteOnly, newInfo, nullptr, 0, Z_DEFLATED, fastest, false,
@@ -172,7 +180,6 @@ PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
         return {};
     QuaZip zip(&file);
     zip.setAutoClose(false);
-    zip.setUtf8Enabled(true);
     if (!zip.open(QuaZip::mdCreate))
         return {false, file.errorString()};
     const Step step = packAll(zip, files, keepGoing);

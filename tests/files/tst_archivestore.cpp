@@ -132,9 +132,12 @@ void TestArchiveStore::entriesAreTheFiles()
     record(*store, 2 * chunkSize + 1);
     writeFile(store->chunkFolderPath() + "/other.bin", QByteArray(300000, 'x'));
     writeFile(store->chunkFolderPath() + "/empty", {});
+    const QString umlaut = QStringLiteral("\u00e4.txt");
+    writeFile(store->chunkFolderPath() + "/" + umlaut, "x");
     store->saveDatachunksToZip();
     const Files entries = entriesOf(path("trace.zip"));
-    QCOMPARE(entries.keys(), QStringList({"empty", "other.bin", "tmpData0.dck", "tmpData1.dck"}));
+    QCOMPARE(entries.keys(),
+             QStringList({"empty", "other.bin", "tmpData0.dck", "tmpData1.dck", umlaut}));
     QCOMPARE(entries, filesIn(store->chunkFolderPath()));
     const QString unzip = QStandardPaths::findExecutable("unzip");
     if (!unzip.isEmpty())
