@@ -20,13 +20,18 @@ QString generalHelp()
         .arg(commandList());
 }
 
+// The parser knows no commands; its first line would put the options before them.
+QString commandHelp(const Command &command, const QCommandLineParser &parser)
+{
+    return Cli::tr("Usage: datachunk %1 [options] %2\n")
+               .arg(QLatin1String(command.name), QLatin1String(command.arguments))
+        + parser.helpText().section(QLatin1Char('\n'), 1);
+}
+
 int runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(Cli::tr(command.description));
-    parser.addPositionalArgument(
-        QLatin1String(command.name), QString(),
-        QStringLiteral("%1 %2").arg(QLatin1String(command.name), QLatin1String(command.arguments)));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   Cli::tr("Print this help."));
     parser.addOption(help);
@@ -37,7 +42,7 @@ int runCommand(const Command &command, const QStringList &arguments)
     if (!parser.parse(arguments))
         return usageError(parser.errorText());
     if (parser.isSet(help))
-        return writeOutput(parser.helpText()) && finishOutput() ? Succeeded : Failed;
+        return writeOutput(commandHelp(command, parser)) && finishOutput() ? Succeeded : Failed;
     const QStringList files = parser.positionalArguments().mid(1);
     if (files.size() < command.leastFiles || files.size() > command.mostFiles) {
         return usageError(Cli::tr("usage: datachunk %1 %2")
