@@ -40,6 +40,7 @@ install_packages() {
         return
     fi
     echo "== Installing: ${missing[*]}" >&2
+    as_root true
     # A package source that is out of reach matters only when a package is missing afterwards.
     as_root apt-get -qq update >&2 </dev/null || true
     as_root env DEBIAN_FRONTEND=noninteractive \
