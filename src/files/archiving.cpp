@@ -126,12 +126,17 @@ bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
         for (const unsigned char line : seen)
             emit q->newLine(line);
     }
+    // Of a newer version the user is told first, as with a single chunk file.
+    const bool isNewer = result == Outcome::NewerVersion;
+    if (wanted && isNewer)
+        reportFailure(merged.outcome);
     emit q->informAboutCleared(isLive);
     if (shows) {
         emit q->liveModeChanged(isLive);
     } else if (wanted) {
         showLive();
-        reportFailure(merged.outcome);
+        if (!isNewer)
+            reportFailure(merged.outcome);
     }
     return shows;
 }
