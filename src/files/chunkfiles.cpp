@@ -1,5 +1,6 @@
 // The store's part of loading and splitting chunk files.
 
+#include "chunkversion.h"
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
 #include "regularfile.h"

@@ -1,6 +1,6 @@
 #include "chunkmerge.h"
 
-#include "savejob.h"
+#include "chunkversion.h"
 
 #include <QDataStream>
 

@@ -1,6 +1,7 @@
 #include "savefileworker.h"
 
 #include "chunkformat.h"
+#include "chunkversion.h"
 #include "diskbudget.h"
 #include "metatypes.h"
 #include "savejob.h"
@@ -10,8 +11,6 @@
 
 #include <utility>
 
-quint16 SaveFileWorker::dataChunkVersion = 0;
-
 namespace {
 
 bool isChunkName(const QString &fileName)
@@ -20,17 +19,6 @@ bool isChunkName(const QString &fileName)
 }
 
 } // namespace
-
-// The member is a plain integer that several threads set; the accesses are atomic all the same.
-void setCurrentChunkVersion(quint32 version)
-{
-    __atomic_store_n(&SaveFileWorker::dataChunkVersion, quint16(version), __ATOMIC_RELAXED);
-}
-
-quint32 currentChunkVersion()
-{
-    return __atomic_load_n(&SaveFileWorker::dataChunkVersion, __ATOMIC_RELAXED);
-}
 
 SaveFileWorker::SaveFileWorker(QObject *parent)
     : QObject(parent), ownJob(std::make_unique<SaveJob>()), job(ownJob.get())

@@ -1,6 +1,6 @@
 #include "savejob.h"
 
-#include "savefileworker.h"
+#include "chunkversion.h"
 #include "textexport.h"
 
 #include <QDebug>

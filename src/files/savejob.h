@@ -59,10 +59,6 @@ struct SaveOutcome
     QString errorText; ///< empty when every byte was taken
 };
 
-/// The process-wide chunk version behind SaveFileWorker::dataChunkVersion. Any thread.
-void setCurrentChunkVersion(quint32 version);
-quint32 currentChunkVersion();
-
 /// Text of a chunk's header for the positions \a first and \a last; a position outside the list
 /// reads as a default record.
 QString chunkTimeText(const MessageList &messages, qint64 first, qint64 last);

@@ -11,8 +11,8 @@ namespace {
 
 constexpr qint64 headSize = 1048576;
 constexpr char kolvarHeader[] = "# timestamp id (dlc): data";
-constexpr char wiresharkHeader[]
-    = R"("No.","Time","Source","Destination","Protocol","Length","Info")";
+constexpr char wiresharkHeader[] =
+    R"("No.","Time","Source","Destination","Protocol","Length","Info")";
 
 QLatin1String ascii(const char *text)
 {

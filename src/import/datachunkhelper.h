@@ -14,8 +14,8 @@ public:
     /// What a save writes.
     enum SavedMessageType {
         CurrentMessages = 0, ///< what an export picked
-        FullBuffer = 1, ///< a full live buffer, rotated into a chunk
-        PartialBuffer = 2 ///< a buffer of an import
+        FullBuffer = 1,      ///< a full live buffer, rotated into a chunk
+        PartialBuffer = 2    ///< a buffer of an import
     };
     Q_ENUM(SavedMessageType)
 

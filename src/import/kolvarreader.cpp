@@ -1,6 +1,7 @@
 #include "kolvarreader.h"
 
 #include "kolvarline.h"
+#include "messagefeed.h"
 
 using namespace LineFields;
 
@@ -38,7 +39,7 @@ LineKind readLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
 ReadResult readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const CAN::CanRxMessage blank;
-    quint32 count = 0;
+    MessageFeed feed(sink);
     while (lines.next()) {
         if (!sink.turnEventLoop())
             return ReadResult::stopped();
@@ -49,11 +50,9 @@ ReadResult readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest 
             return ReadResult::done();
         if (kind == LineKind::Other)
             continue;
-        message.messageNumber = count++;
-        if (!note.isEmpty())
-            sink.note(message.messageNumber, note);
-        if (!sink.message(message))
-            return ReadResult::stopped();
+        const ReadResult result = feed.addMessageWithNote(message, note);
+        if (!result.isDone())
+            return result;
     }
     return ReadResult::done();
 }

@@ -23,6 +23,14 @@ public:
         return sink.message(message) ? ReadResult::done() : ReadResult::stopped();
     }
 
+    /// The same with a note on the message, unless it is empty.
+    ReadResult addMessageWithNote(CAN::CanRxMessage &message, const QString &note)
+    {
+        if (!note.isEmpty())
+            sink.note(messageCounter, note);
+        return addMessageToMessageList(message);
+    }
+
     /// Adds to the note on the message that comes next.
     void appendNote(const QString &text) { sink.appendNote(messageCounter, text); }
 

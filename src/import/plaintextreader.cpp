@@ -1,6 +1,7 @@
 #include "plaintextreader.h"
 
 #include "kolvarline.h"
+#include "messagefeed.h"
 
 using namespace LineFields;
 
@@ -178,7 +179,7 @@ bool readLine(Text<Char> line, Origin origin, CAN::CanRxMessage &message, QStrin
 ReadResult readPlainText(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const Origin origin = findOrigin(lines);
-    quint32 count = 0;
+    MessageFeed feed(sink);
     while (lines.next()) {
         if (!sink.turnEventLoop())
             return ReadResult::stopped();
@@ -186,11 +187,9 @@ ReadResult readPlainText(LineSource &lines, TraceSink &sink, const TraceRequest 
         QString note;
         if (!lines.visit([&](auto line) { return readLine(line, origin, message, note); }))
             continue;
-        message.messageNumber = count++;
-        if (!note.isEmpty())
-            sink.note(message.messageNumber, note);
-        if (!sink.message(message))
-            return ReadResult::stopped();
+        const ReadResult result = feed.addMessageWithNote(message, note);
+        if (!result.isDone())
+            return result;
     }
     return ReadResult::done();
 }

@@ -13,9 +13,8 @@ namespace {
 constexpr quint32 continuousModeLimit = 10000;
 }
 
-DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent) :
-    QObject(parent),
-    d(std::make_unique<DatachunkHandlerPrivate>(this, maxMessageCount))
+DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent)
+    : QObject(parent), d(std::make_unique<DatachunkHandlerPrivate>(this, maxMessageCount))
 {
     registerMetaTypes();
 }

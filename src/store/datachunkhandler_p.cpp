@@ -10,15 +10,13 @@
 namespace {
 // A rotation happens this much below the limit, which leaves room for what arrives meanwhile.
 constexpr quint32 rotationMargin = 5000;
-}
+} // namespace
 
 DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
-                                                 unsigned int maxMessageCount) :
-    q(store),
-    maxMessageCount(maxMessageCount),
-    continuousOutput(new SaveFileWorker(store)),
-    chunkQueue([this](SaveJob &job) { runSave(job); }),
-    exportQueue([this](SaveJob &job) { runSave(job); })
+                                                 unsigned int maxMessageCount)
+    : q(store), maxMessageCount(maxMessageCount), continuousOutput(new SaveFileWorker(store)),
+      chunkQueue([this](SaveJob &job) { runSave(job); }),
+      exportQueue([this](SaveJob &job) { runSave(job); })
 {
     // One thread, so that archive jobs run one after the other in the order of their coming.
     archivePool.setMaxThreadCount(1);
@@ -80,8 +78,9 @@ void DatachunkHandlerPrivate::finishRotation()
     chunkQueue.start();
     poolTasks.run([this] { q->handleFullBuffer(); });
     if (maximumHddSpace != 0 && !chunkFolder.exists() && !missingFolderReported.exchange(true)) {
-        emit q->newErrorMessage(DatachunkHandler::tr(
-            "The folder for chunk files could not be created. Messages beyond the limit are lost."));
+        emit q->newErrorMessage(
+            DatachunkHandler::tr("The folder for chunk files could not be created. Messages beyond "
+                                 "the limit are lost."));
     }
 }
 
@@ -189,8 +188,8 @@ void DatachunkHandlerPrivate::attachPendingNoteLocked(quint32 number)
     const QMutexLocker locker(&notesLock);
     if (!noteForNextMessagePending.exchange(false))
         return;
-    const QString note
-        = noteForNextMessage.arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss.zzz")));
+    const QString note =
+        noteForNextMessage.arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss.zzz")));
     (isLive ? notes : liveNotesBackup).insert(number, note);
 }
 

@@ -128,17 +128,17 @@ public:
     // Rises with everything that decides what is shown, so that a merge that has been overtaken
     // does not show its own.
     std::atomic<quint32> viewRequests{0};
-    std::atomic<bool> isLive {true}; // changes under the write lock
-    std::atomic<bool> continuesMode {false};
+    std::atomic<bool> isLive{true}; // changes under the write lock
+    std::atomic<bool> continuesMode{false};
     std::atomic<quint32> maxMessageCount;
-    std::atomic<quint32> maximumHddSpace {1000};
-    std::atomic<bool> missingFolderReported {false};
-    std::atomic<bool> importRunning {false};
-    std::atomic<bool> importCancelled {false};
+    std::atomic<quint32> maximumHddSpace{1000};
+    std::atomic<bool> missingFolderReported{false};
+    std::atomic<bool> importRunning{false};
+    std::atomic<bool> importCancelled{false};
 
     // Guarded by lock.
     mutable QReadWriteLock lock;
-    std::atomic<View> view {View::Live}; // may be read without it
+    std::atomic<View> view{View::Live}; // may be read without it
     MessageList liveMessages;
     MessageList rotatedBuffer;
     MessageList pagedMessages; // without the lock while it is not shown, application thread only
@@ -154,7 +154,7 @@ public:
     ChunkFormat::Notes notes;
     ChunkFormat::Notes liveNotesBackup;
     ChunkFormat::Bookmarks liveBookmarksBackup;
-    std::atomic<bool> noteForNextMessagePending {false};
+    std::atomic<bool> noteForNextMessagePending{false};
     QString noteForNextMessage;
 
     // Application thread only.
@@ -165,7 +165,7 @@ public:
     ChunkFormat::Bookmarks savingBookmarks;
     bool zipAfterSaving = false;
     quint32 packRequests = 0; // rises with every setZipAfterSaving
-    std::array<quint32, 256> linePositions {};
+    std::array<quint32, 256> linePositions{};
     SharedSaveJob lastPartialSave;
     SaveFileWorker *const continuousOutput; // child of the store
 

@@ -1,0 +1,16 @@
+#include "chunkversion.h"
+
+#include "savefileworker.h"
+
+quint16 SaveFileWorker::dataChunkVersion = 0;
+
+// The member is a plain integer that several threads set; the accesses are atomic all the same.
+void setCurrentChunkVersion(quint32 version)
+{
+    __atomic_store_n(&SaveFileWorker::dataChunkVersion, quint16(version), __ATOMIC_RELAXED);
+}
+
+quint32 currentChunkVersion()
+{
+    return __atomic_load_n(&SaveFileWorker::dataChunkVersion, __ATOMIC_RELAXED);
+}
