@@ -6,6 +6,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -131,14 +132,24 @@ inline int columnAt(int index)
     return index <= std::numeric_limits<qint8>::max() ? index : noColumn;
 }
 
+constexpr std::array<quint8, 128> makeDigitValues()
+{
+    std::array<quint8, 128> values{};
+    for (std::size_t c = 0; c < values.size(); ++c) {
+        const bool isDecimal = c >= '0' && c <= '9';
+        const std::size_t letter = (c | 0x20) - 'a';
+        values[c] = quint8(isDecimal ? c - '0' : letter < 6 ? letter + 10 : 16);
+    }
+    return values;
+}
+
+constexpr std::array<quint8, 128> digitValues = makeDigitValues();
+
 /// The value of a digit in bases up to 16, or 16 for any other character.
 template <typename Char> unsigned digitValue(Char c)
 {
-    const unsigned decimal = unsigned(c) - '0';
-    if (decimal < 10)
-        return decimal;
-    const unsigned letter = (unsigned(c) | 0x20) - 'a';
-    return letter < 6 ? letter + 10 : 16;
+    const auto code = std::make_unsigned_t<Char>(c);
+    return code < digitValues.size() ? digitValues[code] : 16;
 }
 
 /// QString's own conversion, for everything but plain digits.
@@ -198,10 +209,21 @@ Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
     return inRange ? Number(value) : 0;
 }
 
-/// A payload byte: the low 8 bits of a hexadecimal number.
+/// A payload byte: the low 8 bits of a number.
+template <typename Char> quint8 toByte(Text<Char> text, int base)
+{
+    if (text.size() == 2 && base == 16) {
+        const unsigned high = digitValue(text[0]);
+        const unsigned low = digitValue(text[1]);
+        if ((high | low) < 16)
+            return quint8(high << 4 | low);
+    }
+    return quint8(toNumber<quint32>(text, base));
+}
+
 template <typename Char> quint8 toHexByte(Text<Char> text)
 {
-    return quint8(toNumber<quint32>(text, 16));
+    return toByte(text, 16);
 }
 
 /// A fraction of a second, as written behind the point: padded on the right to six digits and
@@ -281,7 +303,7 @@ void readBytes(const Parts<Char> &parts, int first, int count, int base, CAN::Ca
 {
     const int available = std::min(count, int(parts.size()) - first);
     for (int i = 0; i < std::min(available, CAN::maxDataBytes); ++i)
-        message.data[i] = quint8(toNumber<quint32>(parts[first + i], base));
+        message.data[i] = toByte(parts[first + i], base);
 }
 
 /// Stores one more payload byte where there is room for it.

@@ -8,11 +8,12 @@ namespace {
 
 enum Column { NumberColumn = 0, TimeColumn = 1, ProtocolColumn = 4 };
 
-// The line simplified and without its quotes.
-template <typename Char> std::basic_string<Char> withoutQuotes(Text<Char> line)
+// The line simplified and then without its quotes, kept in \a scratch.
+template <typename Char> Text<Char> withoutQuotes(Text<Char> line, Scratch<Char> &scratch)
 {
-    std::basic_string<Char> result;
-    result.reserve(line.size());
+    scratch.resize(int(line.size()));
+    Char *const start = scratch.data();
+    Char *end = start;
     bool blankPending = false;
     bool started = false;
     for (const Char c : line) {
@@ -21,13 +22,13 @@ template <typename Char> std::basic_string<Char> withoutQuotes(Text<Char> line)
             continue;
         }
         if (blankPending)
-            result += Char(' ');
+            *end++ = Char(' ');
         blankPending = false;
         started = true;
         if (c != '"')
-            result += c;
+            *end++ = c;
     }
-    return result;
+    return {start, std::size_t(end - start)};
 }
 
 // "STD: 0x123 11 22 33": identifier, then payload bytes up to the first that is no number.
@@ -50,8 +51,8 @@ template <typename Char> bool readRow(Text<Char> line, CAN::CanRxMessage &messag
 {
     if (contains(line, "Info"))
         return false;
-    const std::basic_string<Char> unquoted = withoutQuotes(line);
-    const Parts<Char> fields = splitKeepingEmpty(Text<Char>(unquoted), ',');
+    Scratch<Char> scratch;
+    const Parts<Char> fields = splitKeepingEmpty(withoutQuotes(line, scratch), ',');
     message.messageNumber = toNumber<quint32>(fields[NumberColumn]);
     readTimeStampInParentheses(partAt(fields, TimeColumn), message);
     message.fdFrame = equals(partAt(fields, ProtocolColumn), "CANFD");
