@@ -199,9 +199,13 @@ Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
     const bool prefixMatters = base == 0 && text.size() > 1 && text[0] == '0';
     quint64 value = 0;
     if (prefixMatters || !readDigits(text, base == 0 ? 10 : unsigned(base), value)) {
-        const bool hopeless = std::any_of(text.begin(), text.end(),
-                                          [base](Char c) { return isForeignToNumbers(c, base); });
-        return toNumberByQt<Number>(hopeless ? QString() : toQString(text), base, ok);
+        const bool isWord = std::any_of(text.begin(), text.end(),
+                                        [base](Char c) { return isForeignToNumbers(c, base); });
+        if (!isWord)
+            return toNumberByQt<Number>(toQString(text), base, ok);
+        if (ok)
+            *ok = false;
+        return 0;
     }
     const bool inRange = value <= quint64(std::numeric_limits<Number>::max());
     if (ok)
