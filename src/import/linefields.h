@@ -196,9 +196,12 @@ template <typename Char> bool readDigits(Text<Char> text, unsigned base, quint64
 template <typename Number, typename Char>
 Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
 {
-    const bool prefixMatters = base == 0 && text.size() > 1 && text[0] == '0';
+    const bool isPrefixed =
+        base != 10 && text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+    const bool isOctal = base == 0 && !isPrefixed && text.size() > 1 && text[0] == '0';
+    const unsigned digitBase = base == 10 || (base == 0 && !isPrefixed) ? 10 : 16;
     quint64 value = 0;
-    if (prefixMatters || !readDigits(text, base == 0 ? 10 : unsigned(base), value)) {
+    if (isOctal || !readDigits(isPrefixed ? text.substr(2) : text, digitBase, value)) {
         const bool isWord = std::any_of(text.begin(), text.end(),
                                         [base](Char c) { return isForeignToNumbers(c, base); });
         if (!isWord)
