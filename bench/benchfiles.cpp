@@ -1,6 +1,7 @@
-// Chunk files and the text export.
+// Chunk files, the text export and archives.
 
 #include "chunkformat.h"
+#include "datachunkhandler.h"
 #include "limits.h"
 #include "savejob.h"
 #include "workfiles.h"
@@ -118,6 +119,38 @@ void exportText(benchmark::State &state)
     report(state, job->fileName);
 }
 
+// Ten chunks of the traffic in a store's chunk folder, waiting to be packed.
+std::unique_ptr<DatachunkHandler> storeWithChunks(const QString &zipName)
+{
+    const int chunks = 10;
+    auto store = std::make_unique<DatachunkHandler>(quint32(benchFrames() / chunks) + 5000);
+    for (const CAN::CanRxMessage &message : benchTraffic())
+        store->appendCanMessage(message);
+    store->setZipFileName(zipName);
+    return store;
+}
+
+void packChunks(benchmark::State &state)
+{
+    const QString zipName = workPath(QStringLiteral("bench.zip"));
+    const std::unique_ptr<DatachunkHandler> store = storeWithChunks(zipName);
+    for (auto _ : state)
+        store->saveDatachunksToZip();
+    report(state, zipName);
+}
+
+void loadMerged(benchmark::State &state)
+{
+    const QString zipName = workPath(QStringLiteral("bench.zip"));
+    storeWithChunks(zipName)->saveDatachunksToZip();
+    DatachunkHandler store(5000);
+    for (auto _ : state) {
+        if (!store.loadZipMerged(zipName))
+            state.SkipWithError("nothing was loaded");
+    }
+    report(state, zipName);
+}
+
 } // namespace
 
 BENCHMARK(writeChunk)->Unit(benchmark::kMillisecond);
@@ -126,3 +159,5 @@ BENCHMARK(writeByStream)->Unit(benchmark::kMillisecond);
 BENCHMARK(readChunk)->Unit(benchmark::kMillisecond);
 BENCHMARK(readByStream)->Unit(benchmark::kMillisecond);
 BENCHMARK(exportText)->Unit(benchmark::kMillisecond);
+BENCHMARK(packChunks)->Unit(benchmark::kMillisecond);
+BENCHMARK(loadMerged)->Unit(benchmark::kMillisecond);

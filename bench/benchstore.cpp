@@ -9,6 +9,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
 namespace {
 
 constexpr unsigned noLimit = 4999;
@@ -29,6 +33,30 @@ void appendAll(benchmark::State &state, unsigned limit, unsigned budget, bool co
         fill(store);
     }
     state.SetItemsProcessed(int64_t(state.iterations()) * benchTraffic().size());
+}
+
+// Single appends with rotation and chunk writing on; the counters are nanoseconds.
+void appendLatency(benchmark::State &state)
+{
+    using Clock = std::chrono::steady_clock;
+    std::vector<qint64> times;
+    times.reserve(std::size_t(benchTraffic().size()));
+    for (auto _ : state) {
+        DatachunkHandler store(105000);
+        times.clear();
+        for (const CAN::CanRxMessage &message : benchTraffic()) {
+            const Clock::time_point start = Clock::now();
+            store.appendCanMessage(message);
+            times.push_back((Clock::now() - start).count());
+        }
+    }
+    std::sort(times.begin(), times.end());
+    const auto percentile = [&times](double share) {
+        return double(times[std::size_t(double(times.size() - 1) * share)]);
+    };
+    state.counters["p50"] = percentile(0.5);
+    state.counters["p99.9"] = percentile(0.999);
+    state.counters["max"] = percentile(1);
 }
 
 // The limit of an append: the record into a QList, under a write lock taken twice.
@@ -94,6 +122,7 @@ BENCHMARK_CAPTURE(appendAll, rotatingWithChunks, 105000, 1000, false)
 BENCHMARK_CAPTURE(appendAll, rotatingWithoutChunks, 105000, 0, false)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(appendAll, continuous, noLimit, 0, true)->Unit(benchmark::kMillisecond);
+BENCHMARK(appendLatency)->Unit(benchmark::kMillisecond);
 BENCHMARK(appendToQList)->Unit(benchmark::kMillisecond);
 BENCHMARK(handOver)->Arg(1000)->Arg(1000000);
 BENCHMARK(stepThroughLine)->Unit(benchmark::kMillisecond);
