@@ -68,7 +68,8 @@ bool DatachunkHandler::loadDataFromFile(int number)
 {
     if (!d->chunkFolder.exists())
         return true;
-    d->chunkQueue.waitForAll();
+    d->chunkQueue.waitFor(
+        [number](const SaveJob &job) { return job.chunkIndex == quint32(number); });
     const QString name = QStringLiteral("tmpData%1.dck").arg(number);
     loadFile(d->chunkFolder.dir().absoluteFilePath(name), true, DatachunkHelper::ChunkFile,
              DatachunkHelper::CurrentMessages, QString());
@@ -115,14 +116,16 @@ bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,
     ChunkFormat::RecordReader reader(file, version);
     while (reader.next(message)) {
         if (count % messagesPerFile == 0) {
-            if (count != 0 && !continuousOutput->flushContinuousOutput())
-                return false;
             q->finishContinousOutput();
+            if (count != 0 && !continuousOutput->errorText().isEmpty())
+                return false;
             if (!q->createContinuousOutputFile(fillChunkNumber(partTemplate, part++)))
                 return false;
         }
         message.messageNumber = count++;
         q->appendToContinuousOutputFile(message);
     }
-    return count == 0 || continuousOutput->flushContinuousOutput();
+    continuousOutput->flushContinuousOutput();
+    reportContinuousOutput();
+    return count == 0 || continuousOutput->errorText().isEmpty();
 }

@@ -3,10 +3,10 @@
 #include "chunkformat.h"
 #include "chunkversion.h"
 #include "diskbudget.h"
-#include "metatypes.h"
 #include "savejob.h"
 #include "textexport.h"
 
+#include <QDebug>
 #include <QFileInfo>
 
 #include <utility>
@@ -23,7 +23,6 @@ bool isChunkName(const QString &fileName)
 SaveFileWorker::SaveFileWorker(QObject *parent)
     : QObject(parent), ownJob(std::make_unique<SaveJob>()), job(ownJob.get())
 {
-    registerMetaTypes();
 }
 
 SaveFileWorker::SaveFileWorker(QString fileName, QList<CAN::CanRxMessage> *messages,
@@ -121,6 +120,7 @@ bool SaveFileWorker::createContinuousOutputFile(QString fileName)
     if (!isChunkName(fileName))
         return false;
     finishContinousOutput();
+    lastError.clear();
     continuousOutput.setFileName(fileName);
     if (!continuousOutput.open(QIODevice::ReadWrite | QIODevice::Truncate))
         return false;
@@ -135,15 +135,30 @@ void SaveFileWorker::appendToContinuousOutputFile(CAN::CanRxMessage message)
         return;
     char record[ChunkFormat::maxRecordSize];
     const int size = ChunkFormat::encodeRecord(record, message, ChunkFormat::currentVersion);
-    continuousOutput.write(record, size);
+    if (continuousOutput.write(record, size) != size)
+        noteOutputError();
 }
 
-bool SaveFileWorker::flushContinuousOutput()
+void SaveFileWorker::flushContinuousOutput()
 {
-    return continuousOutput.flush();
+    if (continuousOutput.isOpen() && !continuousOutput.flush())
+        noteOutputError();
 }
 
 void SaveFileWorker::finishContinousOutput()
 {
+    if (!continuousOutput.isOpen())
+        return;
+    flushContinuousOutput();
     continuousOutput.close();
+    if (continuousOutput.error() != QFileDevice::NoError)
+        noteOutputError();
+}
+
+void SaveFileWorker::noteOutputError()
+{
+    if (!lastError.isEmpty())
+        return;
+    lastError = continuousOutput.errorString();
+    qDebug() << "void SaveFileWorker::finishContinousOutput()" << lastError;
 }

@@ -72,10 +72,11 @@ public:
 
     void finishContinousOutput();
 
-    /// Hands what was appended so far to the operating system. False when it did not take it.
-    bool flushContinuousOutput();
+    /// Hands what was appended so far to the operating system.
+    void flushContinuousOutput();
 
-    /// Why the last save is missing or incomplete; empty when all is written.
+    /// Why the last save or the last continuous output is missing or incomplete; empty when all
+    /// is written.
     QString errorText() const;
 
 public slots:
@@ -94,6 +95,7 @@ private:
     explicit SaveFileWorker(SaveJob &job);
 
     void saveChunk();
+    void noteOutputError();
 
     std::unique_ptr<SaveJob> ownJob;
     SaveJob *job; // ownJob, or a job of the store that outlives the worker

@@ -108,7 +108,7 @@ void SaveQueue::waitForRunning()
         ended.wait(&mutex);
 }
 
-void SaveQueue::waitForAll()
+void SaveQueue::waitFor(const std::function<bool(const SaveJob &)> &isWanted)
 {
     std::deque<SharedSaveJob> jobs;
     {
@@ -117,6 +117,13 @@ void SaveQueue::waitForAll()
         if (running)
             jobs.push_front(running);
     }
-    for (const SharedSaveJob &job : jobs)
-        job->waitForFinished(ULONG_MAX);
+    for (const SharedSaveJob &job : jobs) {
+        if (isWanted(*job))
+            job->waitForFinished(ULONG_MAX);
+    }
+}
+
+void SaveQueue::waitForAll()
+{
+    waitFor([](const SaveJob &) { return true; });
 }

@@ -39,7 +39,8 @@ public:
     /// Returns when the job that runs now, if any, has ended.
     void waitForRunning();
 
-    /// Returns when every job added so far has ended.
+    /// Returns when every job added so far that \a isWanted has ended.
+    void waitFor(const std::function<bool(const SaveJob &)> &isWanted);
     void waitForAll();
 
 private:

@@ -72,8 +72,7 @@ void DatachunkHandlerPrivate::runSave(SaveJob &job)
 
 QString DatachunkHandlerPrivate::incompleteFileText(const QString &fileName, const QString &reason)
 {
-    return DatachunkHandler::tr("The file %1 could not be written completely: %2")
-        .arg(fileName, reason);
+    return DatachunkHandler::tr("The file %1 could not be written: %2").arg(fileName, reason);
 }
 
 void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
@@ -127,14 +126,12 @@ void DatachunkHandler::saveMessagesToFile(QString fileName, DatachunkHelper::Sav
             job = std::make_shared<SaveJob>();
             job->messages = d->liveMessages;
             job->packRequest = d->zipAfterSaving ? d->packRequests : 0;
-        } else if (!d->rotatedBuffer.isEmpty()) {
+        } else {
             job = d->newChunkJobLocked(type);
             job->messages = d->rotatedBuffer;
             fileName = fillChunkNumber(fileName, job->chunkIndex);
         }
     }
-    if (!job)
-        return;
     job->fileName = fileName;
     job->selected = selected;
     job->startPosition = startPosition;
@@ -168,17 +165,31 @@ void DatachunkHandler::saveMessages(QString fileName, QList<CAN::CanRxMessage> *
 
 bool DatachunkHandler::createContinuousOutputFile(QString fileName)
 {
+    // What goes wrong at the end of the file before is told of that file.
+    finishContinousOutput();
+    d->continuousOutputName = fileName;
+    d->continuousOutputReported = false;
     return d->continuousOutput->createContinuousOutputFile(fileName);
 }
 
 void DatachunkHandler::appendToContinuousOutputFile(CAN::CanRxMessage message)
 {
     d->continuousOutput->appendToContinuousOutputFile(message);
+    d->reportContinuousOutput();
 }
 
 void DatachunkHandler::finishContinousOutput()
 {
     d->continuousOutput->finishContinousOutput();
+    d->reportContinuousOutput();
+}
+
+void DatachunkHandlerPrivate::reportContinuousOutput()
+{
+    const QString reason = continuousOutput->errorText();
+    if (reason.isEmpty() || std::exchange(continuousOutputReported, true))
+        return;
+    emit q->newErrorMessage(incompleteFileText(continuousOutputName, reason));
 }
 
 void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QString saveFileName)

@@ -16,14 +16,20 @@ void appendNumber(QString &line, Number value, int base, int width, Align align,
     char digits[24];
     const std::to_chars_result result =
         std::to_chars(std::begin(digits), std::end(digits), value, base);
-    const int size = int(result.ptr - digits);
+    const char *start = digits;
+    if (fill == '0' && *start == '-') {
+        line += QLatin1Char('-');
+        ++start;
+        --width;
+    }
+    const int size = int(result.ptr - start);
     const auto padding = [&] {
         for (int i = size; i < width; ++i)
             line += QLatin1Char(fill);
     };
     if (align == Align::Right)
         padding();
-    line += QLatin1String(digits, size);
+    line += QLatin1String(start, size);
     if (align == Align::Left)
         padding();
 }

@@ -96,8 +96,11 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
     const ImportRun run(this);
     d->leaveLiveMode();
     if (type == DatachunkHelper::ChunkFile) {
-        return d->readChunk(fileName, ChunkFormat::BookmarkMap::Read)
-            && d->finishImport(run, false);
+        if (!d->readChunk(fileName, ChunkFormat::BookmarkMap::Read))
+            return false;
+        if (!run.goesOn())
+            return run.storeExists() && d->endCancelledImport();
+        return d->finishImport(run, false);
     }
     emit showLoadingDialog(true);
     const bool read = d->runReader(run, fileName, type, formatDescription);
@@ -167,6 +170,8 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
         return false;
     }
     emit q->informAboutClearStart();
+    if (!run.goesOn())
+        return run.storeExists() && endCancelledImport();
     const SharedSaveJob job = save ? savePagedMessages(notesInView()) : SharedSaveJob();
     {
         const QWriteLocker locker(&lock);

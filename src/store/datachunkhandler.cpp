@@ -1,7 +1,6 @@
 #include "datachunkhandler.h"
 
 #include "datachunkhandler_p.h"
-#include "metatypes.h"
 
 #include <QMutexLocker>
 #include <QReadLocker>
@@ -16,7 +15,6 @@ constexpr quint32 continuousModeLimit = 10000;
 DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent)
     : QObject(parent), d(std::make_unique<DatachunkHandlerPrivate>(this, maxMessageCount))
 {
-    registerMetaTypes();
 }
 
 DatachunkHandler::~DatachunkHandler()

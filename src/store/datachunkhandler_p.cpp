@@ -57,17 +57,18 @@ bool DatachunkHandlerPrivate::savesChunks() const
 
 void DatachunkHandlerPrivate::rotateLocked()
 {
-    SharedSaveJob job = savesChunks() ? newChunkJobLocked(DatachunkHelper::FullBuffer)
-                                      : std::make_shared<SaveJob>();
+    const bool savesChunk = savesChunks();
+    SharedSaveJob job =
+        savesChunk ? newChunkJobLocked(DatachunkHelper::FullBuffer) : std::make_shared<SaveJob>();
     takeLiveNotesLocked(*job);
     job->messages = std::exchange(liveMessages, {});
     job->endPosition = quint32(job->messages.size());
-    if (savesChunks()) {
+    if (savesChunk) {
         job->fileName = chunkFolder.chunkPath(job->chunkIndex);
         chunkQueue.add(job);
     }
+    rotatedBuffer = job->messages;
     if (isLive) {
-        rotatedBuffer = job->messages;
         view = View::RotatedBuffer;
         emit q->informAboutClearStart();
     }

@@ -76,6 +76,8 @@ public:
     static QString incompleteFileText(const QString &fileName, const QString &reason);
     void post(const SaveJob &job, const std::function<void()> &report);
     void chunkSaved(quint32 index, const QString &time);
+    /// Tells the user once when the continuous output is not complete.
+    void reportContinuousOutput();
     void exportFinished(quint32 packRequest, bool success);
 
     // Loading and importing.
@@ -168,6 +170,8 @@ public:
     std::array<quint32, 256> linePositions{};
     SharedSaveJob lastPartialSave;
     SaveFileWorker *const continuousOutput; // child of the store
+    QString continuousOutputName;
+    bool continuousOutputReported = false;
 
     // Last, so that their threads end before anything that they report to is gone.
     SaveQueue chunkQueue;

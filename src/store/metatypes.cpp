@@ -1,5 +1,3 @@
-#include "metatypes.h"
-
 #include "canrxmessage.h"
 #include "datachunkhelper.h"
 
@@ -7,18 +5,18 @@
 #include <QList>
 #include <QMetaType>
 
-void registerMetaTypes()
+// The types that signals, slots and queued calls of the library carry, by the names that callers
+// may use: Qt drops a queued call when it does not know an argument. Done while the library is
+// loaded, since a caller may connect before it makes the first object.
+static void registerMetaTypes()
 {
-    // Qt drops a queued call without a word to the caller when it does not know an argument.
-    static const bool registered = [] {
-        qRegisterMetaType<CAN::CanRxMessage>("CAN::CanRxMessage");
-        qRegisterMetaType<QDir>("QDir");
-        qRegisterMetaType<QList<quint32>>("QList<quint32>");
-        qRegisterMetaType<QList<unsigned int>>("QList<unsigned int>");
-        qRegisterMetaType<DatachunkHelper::SavedMessageType>("DatachunkHelper::SavedMessageType");
-        qRegisterMetaType<DatachunkHelper::ImportFileType>("DatachunkHelper::ImportFileType");
-        qRegisterMetaType<DatachunkHelper::ExportOptions>("DatachunkHelper::ExportOptions");
-        return true;
-    }();
-    Q_UNUSED(registered)
+    qRegisterMetaType<CAN::CanRxMessage>("CAN::CanRxMessage");
+    qRegisterMetaType<QDir>("QDir");
+    qRegisterMetaType<QList<quint32>>("QList<quint32>");
+    qRegisterMetaType<QList<unsigned int>>("QList<unsigned int>");
+    qRegisterMetaType<DatachunkHelper::SavedMessageType>("DatachunkHelper::SavedMessageType");
+    qRegisterMetaType<DatachunkHelper::ImportFileType>("DatachunkHelper::ImportFileType");
+    qRegisterMetaType<DatachunkHelper::ExportOptions>("DatachunkHelper::ExportOptions");
 }
+
+Q_CONSTRUCTOR_FUNCTION(registerMetaTypes)

@@ -25,6 +25,7 @@ private slots:
     void appendingTakesBookmarksForRecords();
     void fdFramesAreTold();
     void pagesInWhileLiveTrafficGoesOn();
+    void goingLiveFromASlotEndsTheLoad();
     void missingChunkChangesNothing();
     void opensWhatTheUserChose();
     void splitsIntoParts();
@@ -267,6 +268,29 @@ void Loading::pagesInWhileLiveTrafficGoesOn()
     QCOMPARE(store.getMessageCount(), 100u);
     QCOMPARE(store.messageAt(0).messageNumber, 400u);
     QCOMPARE(cleared.count(), clearedBefore + 2);
+}
+
+void Loading::goingLiveFromASlotEndsTheLoad()
+{
+    writeFile(file, chunkBytes(QStringLiteral("104"), someMessages(3)));
+    for (const bool beforeTheSwitch : {false, true}) {
+        DatachunkHandler store(20000);
+        store.addnewtestmessage();
+        QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
+        int starts = 0;
+        connect(&store, &DatachunkHandler::chunkContainsFdMessage, this, [&] {
+            if (!beforeTheSwitch)
+                store.goLive();
+        });
+        connect(&store, &DatachunkHandler::informAboutClearStart, this, [&] {
+            if (beforeTheSwitch && ++starts == 2)
+                store.goLive();
+        });
+        store.loadDataFromFile(file, DatachunkHelper::CurrentMessages);
+        QVERIFY(store.getIsLive());
+        QCOMPARE(store.getMessageCount(), 1u);
+        QCOMPARE(errors.count(), 0);
+    }
 }
 
 void Loading::missingChunkChangesNothing()

@@ -194,6 +194,12 @@ void SavingTest::lineOfTheTextExport_data()
         << message << "   0.000000 0x007/7    (2): Remote Transmission Request;4;a;b\n\n";
     message = makeMessage(0xFFFF00EF, "00");
     message.seconds = -1;
+    message = makeMessage(1);
+    message.seconds = 1;
+    message.microseconds = -42;
+    QTest::newRow("zeros stand behind a minus") << message << "   1.-00042 0x001/1    (0): ;0;\n";
+    message = makeMessage(0xFFFF00EF, "00");
+    message.seconds = -1;
     QTest::newRow("error frame") << message << "  -1.000000 Error-frame (1): 00 ;1;\n";
     message = makeMessage(1);
     message.length = -3;
@@ -297,6 +303,19 @@ void SavingTest::fullDiskIsTold()
         QTRY_COMPARE(errors.count(), 1);
         QVERIFY(errors.first().first().toString().contains(target));
     }
+    DatachunkHandler store(20000);
+    QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
+    const QString target = folder.filePath(QStringLiteral("full.dck"));
+    QVERIFY(store.createContinuousOutputFile(target));
+    for (quint32 i = 0; i < 2000; ++i)
+        store.appendToContinuousOutputFile(makeMessage(i, 64));
+    store.finishContinousOutput();
+    QCOMPARE(errors.count(), 1);
+    QVERIFY(errors.first().first().toString().contains(target));
+    // What ended badly says nothing about the next file.
+    QVERIFY(store.createContinuousOutputFile(folder.filePath(QStringLiteral("good.dck"))));
+    store.finishContinousOutput();
+    QCOMPARE(errors.count(), 1);
 }
 
 void SavingTest::continuousOutputTakesMessagesOneByOne()
