@@ -148,7 +148,8 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing)
     // mark get it.
     zip.setUtf8Enabled(!isAscii(info.fileName()));
     QuaZipFile entry(&zip);
-    const QuaZipNewInfo newInfo(info.fileName(), info.filePath());
+    // What is packed of a link is the file behind it, so the entry must not say that it is a link.
+    const QuaZipNewInfo newInfo(info.fileName(), info.canonicalFilePath());
     if (!entry.open(QIODevice::WriteOnly, newInfo, nullptr, 0, Z_DEFLATED, fastest, false,
                     windowBits, memoryLevel, defaultStrategy))
         return Step::Failed;

@@ -18,6 +18,9 @@ constexpr Command commands[] = {
      runInfo},
     {"dump", "FILE", QT_TRANSLATE_NOOP("Cli", "Print the messages of a trace, one a line."), 1, 1,
      dumpOptions, runDump},
+    {"export", "FILE --to OUT",
+     QT_TRANSLATE_NOOP("Cli", "Save a trace, or some of its messages, as a chunk file or a text."),
+     1, 1, exportOptions, runExport},
     {"import", "FILE --into FOLDER",
      QT_TRANSLATE_NOOP("Cli", "Turn a trace of another tool into numbered chunk files."), 1, 1,
      importOptions, runImport},
@@ -29,6 +32,15 @@ constexpr Command commands[] = {
     {"split", "FILE --messages N",
      QT_TRANSLATE_NOOP("Cli", "Cut a chunk file into smaller ones, in a folder beside it."), 1, 1,
      splitOptions, runSplit},
+    {"pack", "FOLDER|FILE... --to X.zip",
+     QT_TRANSLATE_NOOP("Cli", "Pack chunk files into a ZIP archive."), 1, INT_MAX, packOptions,
+     runPack},
+    {"unpack", "X.zip --into FOLDER",
+     QT_TRANSLATE_NOOP("Cli", "Unpack the chunk files of an archive."), 1, 1, unpackOptions,
+     runUnpack},
+    {"merge", "X.zip --to OUT",
+     QT_TRANSLATE_NOOP("Cli", "Join the chunk files of an archive into one file."), 1, 1,
+     mergeOptions, runMerge},
 };
 
 } // namespace

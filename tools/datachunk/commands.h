@@ -24,13 +24,21 @@ QString commandList();
 
 QList<QCommandLineOption> traceOptions();
 QList<QCommandLineOption> dumpOptions();
+QList<QCommandLineOption> exportOptions();
 QList<QCommandLineOption> importOptions();
+QList<QCommandLineOption> mergeOptions();
+QList<QCommandLineOption> packOptions();
 QList<QCommandLineOption> recordOptions();
 QList<QCommandLineOption> splitOptions();
+QList<QCommandLineOption> unpackOptions();
 
 int runDetect(const QCommandLineParser &parser, const QStringList &files);
 int runInfo(const QCommandLineParser &parser, const QStringList &files);
 int runDump(const QCommandLineParser &parser, const QStringList &files);
+int runExport(const QCommandLineParser &parser, const QStringList &files);
 int runImport(const QCommandLineParser &parser, const QStringList &files);
+int runMerge(const QCommandLineParser &parser, const QStringList &files);
+int runPack(const QCommandLineParser &parser, const QStringList &files);
 int runRecord(const QCommandLineParser &parser, const QStringList &files);
 int runSplit(const QCommandLineParser &parser, const QStringList &files);
+int runUnpack(const QCommandLineParser &parser, const QStringList &files);

@@ -1,4 +1,5 @@
 #include "commands.h"
+#include "movefiles.h"
 #include "options.h"
 #include "terminal.h"
 #include "tracefile.h"
@@ -13,19 +14,20 @@ bool checkSource(const TraceFile &trace)
 {
     if (!checkReadable(trace.name))
         return false;
-    if (trace.type != DatachunkHelper::ChunkFile)
+    if (trace.type == DatachunkHelper::ChunkFile)
+        printError(trace.name, Cli::tr("The file is a chunk file already."));
+    else if (trace.type == DatachunkHelper::ZipArchive)
+        printError(trace.name, Cli::tr("The file is an archive; unpack or merge it."));
+    else
         return true;
-    printError(trace.name, Cli::tr("The file is a chunk file already."));
     return false;
 }
 
 // Creates the folder. A new trace must not mix with the chunk files of another one.
 bool checkTarget(const QDir &folder, const QString &base)
 {
-    if (!folder.mkpath(QStringLiteral("."))) {
-        printError(folder.path(), Cli::tr("The folder could not be created."));
+    if (!makeFolder(folder))
         return false;
-    }
     const QStringList names = folder.entryList(QDir::Files);
     for (const QString &name : names) {
         if (!name.startsWith(base + QLatin1Char('_')) || !name.endsWith(QLatin1String(".dck")))
@@ -36,25 +38,12 @@ bool checkTarget(const QDir &folder, const QString &base)
     return true;
 }
 
-// All of the parts get their names, or none does.
-bool moveParts(const QStringList &parts, const QDir &folder, const QString &base)
+QStringList partNames(const QDir &folder, const QString &base, int count)
 {
-    QStringList moved;
-    for (const QString &part : parts) {
-        const QString name =
-            folder.filePath(QStringLiteral("%1_%2.dck").arg(base).arg(moved.size()));
-        QFile file(part);
-        if (!file.rename(name)) {
-            printError(name, file.errorString());
-            for (const QString &earlier : qAsConst(moved))
-                QFile::remove(earlier);
-            return false;
-        }
-        moved.append(name);
-    }
-    for (const QString &name : qAsConst(moved))
-        writeOutput(name + QLatin1Char('\n'));
-    return true;
+    QStringList names;
+    for (int i = 0; i < count; ++i)
+        names.append(folder.filePath(QStringLiteral("%1_%2.dck").arg(base).arg(i)));
+    return names;
 }
 
 } // namespace
@@ -88,6 +77,7 @@ int runImport(const QCommandLineParser &parser, const QStringList &files)
     if (!checkSource(trace) || !checkTarget(folder, base))
         return Failed;
     TraceReading reading(trace, into, quint32(messages));
-    const bool done = reading.import() && moveParts(reading.parts(), folder, base);
+    const bool done = reading.import()
+        && moveFiles(reading.parts(), partNames(folder, base, reading.parts().size()));
     return finishOutput() && done ? Succeeded : Failed;
 }

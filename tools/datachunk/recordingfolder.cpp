@@ -33,10 +33,8 @@ bool RecordingFolder::open()
 {
     const QStringList recording = {QStringLiteral("tmpData*.dck"),
                                    QStringLiteral("zlastChunk.dck")};
-    if (!folder.mkpath(QStringLiteral("."))) {
-        printError(folder.path(), Cli::tr("The folder could not be created."));
+    if (!makeFolder(folder))
         return false;
-    }
     if (!folder.entryList(recording, QDir::AllEntries | QDir::Hidden | QDir::System).isEmpty()) {
         printError(folder.path(), Cli::tr("The folder holds a recording already."));
         return false;

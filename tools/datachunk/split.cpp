@@ -55,14 +55,16 @@ void printParts(const QString &fileName)
 bool split(const TraceFile &trace, quint64 messagesPerFile)
 {
     const WorkFolder work(QDir::tempPath());
-    DatachunkHandler store(0);
+    const auto store = createStore(work, 0, trace.name);
+    if (!store)
+        return false;
     bool errorPrinted = false;
-    QObject::connect(&store, &DatachunkHandler::newErrorMessage, [&](const QString &text) {
+    QObject::connect(store.get(), &DatachunkHandler::newErrorMessage, [&](const QString &text) {
         printError(trace.name, text);
         errorPrinted = true;
     });
-    const bool done = store.splitFile(trace.name, quint32(messagesPerFile));
-    store.finishContinousOutput();
+    const bool done = store->splitFile(trace.name, quint32(messagesPerFile));
+    store->finishContinousOutput();
     if (!done && !errorPrinted)
         printError(trace.name, Cli::tr("The parts could not be written."));
     return done;
@@ -86,12 +88,8 @@ int runSplit(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     trace.name = files.first();
     trace.type = DatachunkHelper::ChunkFile;
-    if (!checkReadable(trace.name))
+    if (!checkChunkFile(trace.name))
         return Failed;
-    if (DatachunkHelper().getImportFileType(trace.name) != DatachunkHelper::ChunkFile) {
-        printError(trace.name, Cli::tr("The file is no chunk file."));
-        return Failed;
-    }
     const QDir folder = partFolder(trace.name);
     if (folder.exists() && !folder.isEmpty()) {
         printError(folder.path(), Cli::tr("The folder of the parts exists already."));

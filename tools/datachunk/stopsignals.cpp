@@ -1,5 +1,7 @@
 #include "stopsignals.h"
 
+#include "terminal.h"
+
 #include <QSocketNotifier>
 
 #include <fcntl.h>
@@ -21,6 +23,14 @@ void onSignal(int)
 }
 
 } // namespace
+
+bool interrupted(const QString &subject)
+{
+    if (!StopSignals::received())
+        return false;
+    printError(subject, Cli::tr("Stopped by a signal."));
+    return true;
+}
 
 StopSignals::StopSignals(QObject *parent) : QObject(parent)
 {

@@ -6,6 +6,9 @@
 
 class QSocketNotifier;
 
+/// Whether a signal came, which is then printed as the end of the work on \a subject.
+bool interrupted(const QString &subject);
+
 /// Turns SIGINT and SIGTERM into an event while it lives, so that a command can clean up. One at
 /// a time.
 class StopSignals : public QObject

@@ -3,6 +3,7 @@
 #include "commands.h"
 #include "terminal.h"
 
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QMetaEnum>
 
@@ -83,13 +84,24 @@ bool checkReadable(const QString &fileName)
     return false;
 }
 
+bool checkChunkFile(const QString &fileName)
+{
+    if (!checkReadable(fileName))
+        return false;
+    if (DatachunkHelper().getImportFileType(fileName) == DatachunkHelper::ChunkFile)
+        return true;
+    printError(fileName, Cli::tr("The file is no chunk file."));
+    return false;
+}
+
 TraceReading::TraceReading(const TraceFile &trace, const QString &workParent,
                            quint32 messagesPerPart)
     : trace(trace), messagesPerPart(messagesPerPart), work(workParent)
 {
-    if (!work.isValid())
+    store = createStore(work, messagesPerPart + rotationMargin, trace.name);
+    if (!store)
         return;
-    store = std::make_unique<DatachunkHandler>(messagesPerPart + rotationMargin);
+    store->setBookmarkhandler(&bookmarks);
     printStoreErrors(*store);
     QObject::connect(&stopSignals, &StopSignals::stop, store.get(), &DatachunkHandler::goLive);
 }
@@ -113,31 +125,31 @@ bool TraceReading::checkType() const
     else if (trace.type == DatachunkHelper::Unassigned)
         printError(trace.name,
                    Cli::tr("Files of type %1 cannot be read.").arg(typeName(trace.type)));
-    else if (trace.type == DatachunkHelper::ZipArchive)
-        printError(trace.name, Cli::tr("Archives cannot be read."));
     else
         return true;
     return false;
 }
 
-bool TraceReading::interrupted() const
-{
-    if (!StopSignals::received())
-        return false;
-    printError(trace.name, Cli::tr("Stopped by a signal."));
-    return true;
-}
-
 bool TraceReading::import()
 {
-    if (!checkReadable(trace.name) || !checkType())
+    if (!store || !checkReadable(trace.name) || !checkType())
         return false;
-    if (!store || store->chunkFolderPath().isEmpty()) {
-        printError(trace.name,
-                   Cli::tr("There is no place for temporary files: %1").arg(work.errorText()));
-        return false;
-    }
     Progress progress(trace.name);
+    const bool isArchive = trace.type == DatachunkHelper::ZipArchive;
+    const bool imported = isArchive ? importArchive() : importFile(progress);
+    if (interrupted(trace.name))
+        return false;
+    if (!imported && !errorPrinted)
+        printError(trace.name, Cli::tr("The file could not be imported."));
+    if (imported) {
+        const int fullParts = qMax(0, partNames.size() - 1);
+        progress.setCount(quint64(fullParts) * messagesPerPart + store->getMessageCount());
+    }
+    return imported && !errorPrinted;
+}
+
+bool TraceReading::importFile(Progress &progress)
+{
     QObject::connect(store.get(), &DatachunkHandler::newPartialDataFile, store.get(),
                      [&](const QString &fileName) {
                          partNames.append(fileName);
@@ -149,20 +161,24 @@ bool TraceReading::import()
     store->importMessages(trace.name, trace.type, trace.formatDescription);
     store->disconnect(SIGNAL(newPartialDataFile(QString, QString, QString)));
     store->disconnect(SIGNAL(messagesImported(QString)));
-    if (interrupted())
-        return false;
-    if (!imported && !errorPrinted)
-        printError(trace.name, Cli::tr("The file could not be imported."));
-    if (imported && !partNames.isEmpty())
-        progress.setCount(quint64(partNames.size() - 1) * messagesPerPart
-                          + store->getMessageCount());
-    return imported && !errorPrinted;
+    return imported;
+}
+
+bool TraceReading::importArchive()
+{
+    // The list is shown, or a failure told, only behind the signal.
+    QEventLoop loop;
+    QObject::connect(store.get(), &DatachunkHandler::informAboutCleared, &loop, &QEventLoop::quit,
+                     Qt::QueuedConnection);
+    store->importZipAndMerge(trace.name);
+    loop.exec();
+    return !store->getIsLive();
 }
 
 bool TraceReading::forEachPart(const Visitor &visit)
 {
     const bool done = partNames.size() <= 1 ? (visit(*store), true) : pageParts(visit);
-    return !interrupted() && done;
+    return !interrupted(trace.name) && done;
 }
 
 bool TraceReading::pageParts(const Visitor &visit)
@@ -170,6 +186,7 @@ bool TraceReading::pageParts(const Visitor &visit)
     // The parts belong to the importing store, which needs not show the last one any longer.
     store->goLive();
     DatachunkHandler pager(0);
+    pager.setBookmarkhandler(&bookmarks);
     printStoreErrors(pager);
     for (const QString &part : qAsConst(partNames)) {
         if (!pager.loadFile(part, false, DatachunkHelper::ChunkFile,

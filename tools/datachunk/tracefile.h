@@ -10,6 +10,8 @@
 
 #include <functional>
 
+class Progress;
+
 /// A trace that the user named, and how to read it.
 struct TraceFile
 {
@@ -27,7 +29,11 @@ QString typeName(DatachunkHelper::ImportFileType type);
 /// False, with the store's text printed, when the file cannot be opened.
 bool checkReadable(const QString &fileName);
 
-/// Reads a trace of any size: what does not fit into memory at once comes in parts.
+/// The same for a file that is no chunk file.
+bool checkChunkFile(const QString &fileName);
+
+/// Reads a trace of any size: what does not fit into memory at once comes in parts. The
+/// chunks of an archive come as one list.
 class TraceReading
 {
 public:
@@ -52,14 +58,16 @@ public:
 private:
     bool checkType() const;
     void printStoreErrors(DatachunkHandler &store);
-    bool interrupted() const;
+    bool importFile(Progress &progress);
+    bool importArchive();
     bool pageParts(const Visitor &visit);
 
     const TraceFile trace;
     const quint32 messagesPerPart;
     WorkFolder work;
     StopSignals stopSignals;
-    std::unique_ptr<DatachunkHandler> store; // null without a work folder
+    BookmarkHandler bookmarks;
+    std::unique_ptr<DatachunkHandler> store; // null without a place for it
     QStringList partNames;
     bool errorPrinted = false;
 };
