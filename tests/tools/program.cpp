@@ -1,9 +1,10 @@
 #include "program.h"
 
 #include "datachunkhandler.h"
+#include "savefileworker.h"
 
-#include <QFile>
 #include <QProcess>
+#include <QtTest>
 
 QString programPath()
 {
@@ -60,4 +61,52 @@ QList<int> numbersFrom(int first, int count)
     for (int i = 0; i < count; ++i)
         numbers.append(first + i);
     return numbers;
+}
+
+QStringList words(const QString &text)
+{
+    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+void writeKinds(const QString &fileName)
+{
+    QList<CAN::CanRxMessage> messages;
+    for (quint32 i = 0; i < 5; ++i) {
+        CAN::CanRxMessage message;
+        message.messageNumber = 10 + i;
+        message.seconds = qint32(100 + i);
+        message.microseconds = 42;
+        message.id = 0x120 + i;
+        message.line = quint16(i / 3 + 1);
+        messages.append(message);
+    }
+    messages[0].length = 2;
+    messages[0].data[0] = 0xAB;
+    messages[1].remote = true;
+    messages[2].fdFrame = true;
+    messages[3].id = CAN::errorFrameId;
+    messages[4].id = 0x120;
+    messages[4].extended = true;
+    SaveFileWorker worker(fileName, &messages, DatachunkHelper::CurrentMessages, 0, 5,
+                          {{11, QStringLiteral("look here")}},
+                          {{12, CanMessageBookmark(12, QStringLiteral("mark"))}}, 0, {});
+    worker.saveToFile();
+}
+
+void FolderTest::init()
+{
+    folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(folder->isValid());
+    QVERIFY(QDir::setCurrent(folder->path()));
+    qputenv("TMPDIR", QFile::encodeName(folder->path()));
+}
+
+void FolderTest::cleanup()
+{
+    const QStringList leftovers =
+        QDir(folder->path())
+            .entryList({QStringLiteral(".datachunk*")}, QDir::AllEntries | QDir::Hidden);
+    QCOMPARE(leftovers, QStringList());
+    QDir::setCurrent(QDir::rootPath());
+    folder.reset();
 }

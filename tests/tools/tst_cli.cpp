@@ -1,19 +1,15 @@
-#include "datachunkhandler.h"
+#include "canrxmessage.h"
 #include "program.h"
-#include "savefileworker.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QtTest>
 
-// The commands that read files. Each test works in a folder of its own, which is the current one
-// and holds the temporary files of the program, too.
-class TestCli : public QObject
+// The commands that read files.
+class TestCli : public FolderTest
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
     void wrongUse_data();
     void wrongUse();
     void helpIsNoFailure();
@@ -34,62 +30,7 @@ private slots:
     void splitMakesParts();
     void splitRefusesMoreThan256Parts();
     void debugLinesOnlyWhenAskedFor();
-
-private:
-    std::unique_ptr<QTemporaryDir> folder;
 };
-
-namespace {
-
-QStringList words(const QString &text)
-{
-    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-// A chunk of one message of each kind, with a note on the second.
-void writeChunk(const QString &fileName)
-{
-    QList<CAN::CanRxMessage> messages;
-    for (quint32 i = 0; i < 5; ++i) {
-        CAN::CanRxMessage message;
-        message.messageNumber = 10 + i;
-        message.seconds = qint32(100 + i);
-        message.microseconds = 42;
-        message.id = 0x120 + i;
-        message.line = quint16(i / 3 + 1);
-        messages.append(message);
-    }
-    messages[0].length = 2;
-    messages[0].data[0] = 0xAB;
-    messages[1].remote = true;
-    messages[2].fdFrame = true;
-    messages[3].id = CAN::errorFrameId;
-    messages[4].id = 0x120;
-    messages[4].extended = true;
-    SaveFileWorker worker(fileName, &messages, DatachunkHelper::CurrentMessages, 0, 5,
-                          {{11, QStringLiteral("look here")}}, {}, 0, {});
-    worker.saveToFile();
-}
-
-} // namespace
-
-void TestCli::init()
-{
-    folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(folder->isValid());
-    QVERIFY(QDir::setCurrent(folder->path()));
-    qputenv("TMPDIR", QFile::encodeName(folder->path()));
-}
-
-void TestCli::cleanup()
-{
-    const QStringList leftovers =
-        QDir(folder->path())
-            .entryList({QStringLiteral(".datachunk*")}, QDir::AllEntries | QDir::Hidden);
-    QCOMPARE(leftovers, QStringList());
-    QDir::setCurrent(QDir::rootPath());
-    folder.reset();
-}
 
 void TestCli::wrongUse_data()
 {
@@ -106,10 +47,20 @@ void TestCli::wrongUse_data()
     row("described layout with another type", "info a.log --type VectorAsc --format x");
     row("type GenericFormat without a layout", "info a.log --type GenericFormat");
     row("count that is no number", "dump a.log --count many");
-    row("negative position", "dump a.log --from -1");
+    row("negative position to begin at", "dump a.log --from -1");
     row("line beyond 255", "dump a.log --line 256");
     row("identifier beyond 32 bits", "dump a.log --id 100000000");
     row("import without a folder", "import a.log");
+    row("export without a target", "export a.log --range 0:1");
+    row("range that runs backwards", "export a.log --to r --range 5:4");
+    row("range without an end", "export a.log --to r --range 5:");
+    row("range of three", "export a.log --to r --range 1:2:3");
+    row("negative position", "export a.log --to r --select 1,-1");
+    row("empty position", "export a.log --to r --select 1,,2");
+    row("range and single positions", "export a.log --to r --range 0:1 --select 0");
+    row("pack without a target", "pack a.dck");
+    row("unpack without a folder", "unpack a.zip");
+    row("merge without a target", "merge a.zip --notes");
     row("parts of nothing", "split a.dck --messages 0");
     row("split without a size", "split a.dck");
     row("record without a folder", "record");
@@ -198,7 +149,7 @@ void TestCli::failures()
 
 void TestCli::infoCountsWhatATraceHolds()
 {
-    writeChunk(QStringLiteral("kinds.dck"));
+    writeKinds(QStringLiteral("kinds.dck"));
     const ProgramResult result = runProgram(words(QStringLiteral("info kinds.dck")));
     QCOMPARE(result.status, 0);
     QCOMPARE(result.output,
@@ -236,7 +187,7 @@ void TestCli::dumpSelects()
 {
     QFETCH(QString, options);
     QFETCH(QList<int>, seconds);
-    writeChunk(QStringLiteral("kinds.dck"));
+    writeKinds(QStringLiteral("kinds.dck"));
     const ProgramResult result = runProgram(words(QStringLiteral("dump kinds.dck ") + options));
     QCOMPARE(result.status, 0);
     QList<int> printed;
@@ -272,7 +223,7 @@ void TestCli::theTypeCanBeGiven()
 
 void TestCli::dumpPrintsNotes()
 {
-    writeChunk(QStringLiteral("kinds.dck"));
+    writeKinds(QStringLiteral("kinds.dck"));
     const ProgramResult result = runProgram(words(QStringLiteral("dump kinds.dck --count 2")));
     QCOMPARE(result.output,
              QByteArray(" 100.000042 0x120/288  (2): ab 00 ;0;\n"
@@ -281,7 +232,7 @@ void TestCli::dumpPrintsNotes()
 
 void TestCli::jsonHoldsEveryField()
 {
-    writeChunk(QStringLiteral("kinds.dck"));
+    writeKinds(QStringLiteral("kinds.dck"));
     const ProgramResult result = runProgram(words(QStringLiteral("dump kinds.dck --json")));
     const QList<QByteArray> lines = result.output.split('\n');
     QCOMPARE(lines.size(), 6);
@@ -365,7 +316,7 @@ void TestCli::importOverwritesNothing()
 
 void TestCli::splitMakesParts()
 {
-    writeChunk(QStringLiteral("whole.dck"));
+    writeKinds(QStringLiteral("whole.dck"));
     const QStringList arguments = words(QStringLiteral("split whole.dck --messages 2"));
     const ProgramResult result = runProgram(arguments);
     QCOMPARE(result.status, 0);
