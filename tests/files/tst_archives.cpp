@@ -4,6 +4,9 @@
 #include "messages.h"
 #include "storefixture.h"
 
+#include <quazip.h>
+#include <quazipfileinfo.h>
+
 #include <QtEndian>
 #include <QTextCodec>
 #include <QtTest>
@@ -55,6 +58,7 @@ private slots:
     void damageEndsAChunk();
     void flippedBytesDoNoHarm();
     void packingCanBeGivenUp();
+    void aLinkIsPackedAsTheFileBehindIt();
 
 private:
     QString zip() const { return folder->filePath(QStringLiteral("trace.zip")); }
@@ -327,6 +331,21 @@ void TestArchives::packingCanBeGivenUp()
     const QFileInfo gone(chunks().filePath("gone"));
     QVERIFY(Zip::packFiles(zip(), {gone, QFileInfo(source)}, always).packed);
     QCOMPARE(Zip::Reader(zip()).entries().size(), std::size_t(1));
+}
+
+void TestArchives::aLinkIsPackedAsTheFileBehindIt()
+{
+    const QString source = chunks().filePath("source");
+    const QString link = chunks().filePath("link.dck");
+    writeFile(source, "content");
+    QVERIFY(QFile::link(source, link));
+    QVERIFY(Zip::packFiles(zip(), {QFileInfo(link)}, always).packed);
+    QuaZip archive(zip());
+    QuaZipFileInfo64 info;
+    QVERIFY(archive.open(QuaZip::mdUnzip) && archive.goToFirstFile());
+    QVERIFY(archive.getCurrentFileInfo(&info));
+    QCOMPARE(info.name, "link.dck");
+    QVERIFY(!info.isSymbolicLink());
 }
 
 QTEST_GUILESS_MAIN(TestArchives)

@@ -69,8 +69,9 @@ bool survey(TraceReading &reading, const QString &fileName, const Export &wanted
         const QString note = wanted.withNotes ? part.getMessageNote(number) : QString();
         if (!note.isEmpty())
             frame.notes.insert(number, note);
-        const CanMessageBookmark bookmark = part.bookmarkAt(int(number));
-        if (wanted.withBookmarks && bookmark.isValid())
+        const CanMessageBookmark bookmark =
+            wanted.withBookmarks ? part.bookmarkAt(int(number)) : CanMessageBookmark();
+        if (bookmark.isValid())
             frame.bookmarks.insert(number, bookmark);
         return true;
     };
