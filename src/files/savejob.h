@@ -27,6 +27,7 @@ struct SaveJob
     ChunkFormat::Bookmarks bookmarks;
     quint32 maximumUsedSpace = 0; ///< budget of the target's folder in MiB
     quint32 chunkIndex = 0;       ///< number of the chunk in its trace
+    QString importName; ///< name of the import that a partial chunk belongs to
     quint64 generation = 0;       ///< which trace of the store the chunk belongs to
     quint32 packRequest = 0;      ///< the wish to pack the chunks after this export; 0 for none
 

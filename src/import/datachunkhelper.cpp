@@ -5,8 +5,6 @@
 
 #include <QTextStream>
 
-#include <algorithm>
-
 namespace {
 
 constexpr qint64 headSize = 1048576;
@@ -107,15 +105,16 @@ DatachunkHelper::ImportFileType DatachunkHelper::checkPeakVersion(QString fileNa
     if (!lines.next())
         return Unknown;
     QString line = lines.visit([](auto text) { return toQString(text); });
-    if (line.endsWith(QLatin1Char('\r')))
+    if (lines.endsWithLineFeed() && line.endsWith(QLatin1Char('\r')))
         line.chop(1);
     if (!line.contains(ascii("FILEVERSION")))
         return Unknown;
     QString version = line.section(QLatin1Char('='), -1);
-    // QString's conversions pass over blanks, but a version line has none.
-    if (std::any_of(version.cbegin(), version.cend(), [](QChar c) { return c.isSpace(); }))
+    version.remove(QLatin1Char('.'));
+    // QString's conversions pass over blanks at both ends, but no version ends with one.
+    if (version.isEmpty() || version.at(version.size() - 1).isSpace())
         return Unknown;
-    return peakType(version.remove(QLatin1Char('.')).toUInt());
+    return peakType(version.toUInt());
 }
 
 DatachunkHelper::ImportFileType DatachunkHelper::checkTxtFile(QString fileName)

@@ -41,6 +41,7 @@ void LineSource::detectEncoding()
     codec = QTextCodec::codecForUtfText(mark, QTextCodec::codecForLocale());
     decoder.reset();
     transcoded.clear();
+    halfCharacter.clear();
     if (mark.startsWith("\xEF\xBB\xBF")) {
         device.skip(3);
     } else if (codec->name().startsWith("UTF-16") || codec->name().startsWith("UTF-32")) {
@@ -64,7 +65,14 @@ qint64 LineSource::readBytes(char *to, int maximum)
         const QByteArray block = device.read(blockSize);
         if (block.isEmpty())
             return 0;
-        transcoded = decoder->toUnicode(block).toUtf8();
+        QString text = halfCharacter + decoder->toUnicode(block);
+        halfCharacter.clear();
+        // A character beyond 16 bits may be cut by the end of the block.
+        if (!text.isEmpty() && text.at(text.size() - 1).isHighSurrogate()) {
+            halfCharacter = text.right(1);
+            text.chop(1);
+        }
+        transcoded = text.toUtf8();
     }
     const int bytes = std::min(maximum, transcoded.size());
     std::memcpy(to, transcoded.constData(), std::size_t(bytes));
@@ -139,8 +147,13 @@ void LineSource::setLine(Text<char> line)
         decoding == Decoding::Always || (!allAscii && !isAscii(line.data(), int(line.size())));
     if (!isDecoded)
         return;
-    // The line feed goes with the line, so that a sequence that it cuts short is decoded as it
-    // would be in the whole text.
-    decoded = codec->toUnicode(QByteArray(line.data(), int(line.size())) + '\n');
-    decoded.chop(1);
+    // The line is decoded as it would be in the whole text: its line feed ends a sequence that is
+    // cut short, and a byte order mark counts as one at the start of the file only.
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    QByteArray bytes(line.data(), int(line.size()));
+    if (hasLineFeed)
+        bytes += '\n';
+    decoded = codec->toUnicode(bytes.constData(), bytes.size(), &state);
+    if (hasLineFeed)
+        decoded.chop(1);
 }

@@ -41,6 +41,9 @@ void Detection::tellsTheType_data()
     row("PEAK 2.2 is not known", "a.trc", ";$FILEVERSION=2.2\n", H::Unknown);
     row("266 is not 10", "a.trc", ";$FILEVERSION=266\n", H::Unknown);
     row("blank behind the version", "a.trc", ";$FILEVERSION=1.1 \n", H::Unknown);
+    row("blank before the version", "a.trc", ";$FILEVERSION= 1.1\n", H::PeakTrc11);
+    row("blank behind the last point", "a.trc", ";$FILEVERSION=11 .\n", H::Unknown);
+    row("CR without a line feed", "a.trc", ";$FILEVERSION=1.1\r", H::Unknown);
     row("CR before the line end", "a.trc", ";$FILEVERSION=1.1\r\r\n", H::Unknown);
     row("CR within the version", "a.trc", ";$FILEVERSION=1.\r1\r\n", H::Unknown);
     row("version in the second line", "a.trc", ";\n;$FILEVERSION=1.1\n", H::Unknown);

@@ -94,7 +94,11 @@ void LineSourceTest::givesTheLinesOfATextStream_data()
     QTest::newRow("broken UTF-8") << randomText(broken, withinBlock).left(withinBlock) + "end\n";
     QTest::newRow("ASCII, then UTF-8")
         << randomText(ascii, severalBlocks) + '\n' + randomText(utf8, severalBlocks);
-    const QString text = QString::fromUtf8(randomText({"a", "\xC3\xA4\n", "\xE2\x82\xAC"}, 700000));
+    QTest::newRow("byte order marks within the text")
+        << QByteArray("\xEF\xBB\xBF" "a\n\xEF\xBB\xBF" "b\n\xC3\xA4\xEF\xBB\xBF\n");
+    QTest::newRow("sequence cut by the end of the file") << QByteArray("a\nb\xC3");
+    const QString text = QString::fromUtf8(
+        randomText({"a", "\xC3\xA4\n", "\xE2\x82\xAC", "\xF0\x9F\x98\x80"}, 700000));
     for (const char *name : {"UTF-16LE", "UTF-16BE", "UTF-32LE"})
         QTest::newRow(name) << withByteOrderMark(text, name);
 }

@@ -34,7 +34,9 @@ bool TraceWriter::write(const CAN::CanRxMessage &message)
 {
     if (asChunk) {
         worker.appendToContinuousOutputFile(message);
-        return ++written % recordsBetweenFlushes != 0 || worker.flushContinuousOutput();
+        if (++written % recordsBetweenFlushes == 0)
+            worker.flushContinuousOutput();
+        return worker.errorText().isEmpty();
     }
     const QByteArray line = worker.getOldStyleTxtOutput(message).toLocal8Bit();
     return text.write(line) == line.size();
@@ -42,8 +44,8 @@ bool TraceWriter::write(const CAN::CanRxMessage &message)
 
 bool TraceWriter::close()
 {
-    const bool complete = asChunk ? worker.flushContinuousOutput() : text.flush();
     worker.finishContinousOutput();
+    const bool complete = asChunk || text.flush();
     text.close();
-    return complete && text.error() == QFileDevice::NoError;
+    return complete && text.error() == QFileDevice::NoError && worker.errorText().isEmpty();
 }
