@@ -55,11 +55,12 @@ void DatachunkHandlerPrivate::runSave(SaveJob &job)
     QObject::connect(&worker, &SaveFileWorker::newDataFile, [&](const QString &time) {
         post(job, [this, time, index = job.chunkIndex] { chunkSaved(index, time); });
     });
-    QObject::connect(
-        &worker, &SaveFileWorker::newPartialDataFile,
-        [&](const QString &fileName, const QString &time) {
-            post(job, [this, fileName, time] { q->newPartialDataFileSaved(fileName, time); });
-        });
+    QObject::connect(&worker, &SaveFileWorker::newPartialDataFile,
+                     [&](const QString &fileName, const QString &time) {
+                         post(job, [this, fileName, time, name = job.importName] {
+                             partialChunkSaved(fileName, name, time);
+                         });
+                     });
     QObject::connect(&worker, &SaveFileWorker::savingFinished, [&](bool success) {
         post(job, [this, success, request = job.packRequest] { exportFinished(request, success); });
     });
@@ -102,9 +103,15 @@ void DatachunkHandler::newDataFileSaved(QString time)
 
 void DatachunkHandler::newPartialDataFileSaved(QString savedFileName, QString time)
 {
-    d->forgetRotatedBuffer();
-    emit newPartialDataFile(savedFileName, d->loadedFileName, time);
-    d->zipAfterSaving = false;
+    d->partialChunkSaved(savedFileName, d->loadedFileName, time);
+}
+
+void DatachunkHandlerPrivate::partialChunkSaved(const QString &fileName, const QString &importName,
+                                                const QString &time)
+{
+    forgetRotatedBuffer();
+    emit q->newPartialDataFile(fileName, importName, time);
+    zipAfterSaving = false;
 }
 
 void DatachunkHandler::savingFinished(bool success)

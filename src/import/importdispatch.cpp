@@ -119,8 +119,16 @@ bool DatachunkHandlerPrivate::runReader(const ImportRun &run, const QString &fil
                                         const QString &formatDescription)
 {
     const TraceRequest request{fileName, type, formatDescription};
-    StoreSink sink(*this, run);
-    const ReadResult result = readTraceFile(request, sink);
+    ReadResult result;
+    if (traceReaderFor(type).delivery == TraceReader::WhenWhole) {
+        WholeTraceSink sink(*this, run, request);
+        result = readTraceFile(request, sink);
+        if (!sink.check().isDone())
+            result = sink.check();
+    } else {
+        StoreSink sink(*this, run);
+        result = readTraceFile(request, sink);
+    }
     if (!run.storeExists())
         return false;
     const QString error = errorText(result, request);
@@ -197,6 +205,7 @@ SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Note
         job->messages = pagedMessages;
         job->endPosition = quint32(pagedMessages.size());
         job->notes = messageNotes;
+        job->importName = loadedFileName;
         const QString nameTemplate = chunkFolder.partialChunkTemplate(loadedFileName);
         job->fileName = fillChunkNumber(nameTemplate, job->chunkIndex);
         chunkFolder.addFileBeside(job->fileName);

@@ -74,7 +74,7 @@ private:
     const Decoding decoding;
     QTextCodec *codec = nullptr;
     std::unique_ptr<QTextDecoder> decoder; // for encodings in which ASCII is not one byte
-    QString halfCharacter; // the half that a block of the decoder ended with
+    QString halfCharacter;                 // the half that a block of the decoder ended with
     QByteArray transcoded;                 // UTF-8 that the decoder made and that is not read yet
 
     QByteArray buffer;

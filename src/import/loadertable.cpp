@@ -15,6 +15,9 @@ namespace {
 constexpr auto textMode = LineSource::CarriageReturns::Dropped;
 constexpr auto binaryMode = LineSource::CarriageReturns::Kept;
 
+constexpr auto countsAsRead = TraceReader::CountsAsRead;
+constexpr auto whenWhole = TraceReader::WhenWhole;
+
 constexpr char peak[] = "PeakTraceImporter";
 
 constexpr TraceReader readers[] = {
@@ -30,10 +33,12 @@ constexpr TraceReader readers[] = {
     {DatachunkHelper::KvaserCanKingLog, textMode, readKvaserCanKing},
     {DatachunkHelper::VectorAsc, textMode, readVectorAsc},
     {DatachunkHelper::VectorAscWithoutBitcount, textMode, readVectorAscWithoutBitcount},
-    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, "CoCTTImporter"},
-    {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, "IxxatFileImporter"},
+    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, "CoCTTImporter", countsAsRead, whenWhole},
+    {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, "IxxatFileImporter", countsAsRead,
+     whenWhole},
     {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv},
-    {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, "GenericFileImporter"},
+    {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, "GenericFileImporter",
+     countsAsRead, whenWhole},
 };
 
 // Takes every type that has no row above.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "importrun.h"
-#include "tracesink.h"
+#include "tracereader.h"
 
 class DatachunkHandlerPrivate;
 
@@ -18,7 +18,27 @@ public:
     void fdFrames(bool seen) override;
     bool turnEventLoop() override;
 
-private:
+protected:
     DatachunkHandlerPrivate &store;
     const ImportRun &run;
+};
+
+/// The same for a format of which a trace with an error brings no message. Nothing leaves the
+/// browsing list before it is full, and a failed import empties it; so the trace is read to its
+/// end, without keeping anything, before the first full list is given away.
+class WholeTraceSink : public StoreSink
+{
+public:
+    WholeTraceSink(DatachunkHandlerPrivate &store, const ImportRun &run,
+                   const TraceRequest &request);
+
+    bool message(const CAN::CanRxMessage &message) override;
+
+    /// Not done when the trace turned out to have an error.
+    const ReadResult &check() const { return checkResult; }
+
+private:
+    const TraceRequest &request;
+    bool checked = false;
+    ReadResult checkResult;
 };

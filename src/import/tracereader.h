@@ -50,11 +50,18 @@ struct TraceReader
         CountsAsFailed ///< reports the last error and goes back to live mode
     };
 
+    /// When the messages of a trace reach the store.
+    enum Delivery {
+        AsRead,
+        WhenWhole ///< of a trace with an error in it no message does, wherever the error stands
+    };
+
     DatachunkHelper::ImportFileType type;
     LineSource::CarriageReturns carriageReturns;
     Read read;
     const char *importer = nullptr; ///< the class in whose context error texts are translated
     Outcome outcome = CountsAsRead;
+    Delivery delivery = AsRead;
 };
 
 /// The reader of a type: its own, or the one of plain texts.

@@ -76,6 +76,8 @@ public:
     static QString incompleteFileText(const QString &fileName, const QString &reason);
     void post(const SaveJob &job, const std::function<void()> &report);
     void chunkSaved(quint32 index, const QString &time);
+    void partialChunkSaved(const QString &fileName, const QString &importName,
+                           const QString &time);
     /// Tells the user once when the continuous output is not complete.
     void reportContinuousOutput();
     void exportFinished(quint32 packRequest, bool success);

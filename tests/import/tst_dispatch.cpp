@@ -19,6 +19,7 @@ private slots:
     void liveNotesComeBackAfterAFailure();
     void traceAboveTheLimitBecomesSeveralChunks_data();
     void traceAboveTheLimitBecomesSeveralChunks();
+    void errorAtTheEndLeavesNoChunk();
     void chunksOfAnImportGoWithTheStore();
     void importWithoutAWritableChunkFolder();
     void storeIsUsedDuringAnImport_data();
@@ -226,6 +227,27 @@ void Dispatch::traceAboveTheLimitBecomesSeveralChunks()
     }
     QCOMPARE(store.getMessageCount(), 500u);
     QCOMPARE(store.messageAt(499).messageNumber, 2499u);
+}
+
+void Dispatch::errorAtTheEndLeavesNoChunk()
+{
+    const QString file = folder.filePath(QStringLiteral("described.txt"));
+    const QByteArray good = QByteArray("1.0 1 123 Rx d 1 11\n").repeated(2500);
+    const auto type = DatachunkHelper::GenericFormat;
+    const QString layout = QStringLiteral("t n i ? ? l d");
+    DatachunkHandler store(6000);
+    QSignalSpy partial(&store, &DatachunkHandler::newPartialDataFile);
+    QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
+    writeFile(file, good + "1\n");
+    store.importMessages(file, type, layout);
+    QCOMPARE(errors.count(), 1);
+    QVERIFY(errors.first().first().toString().contains(QStringLiteral("line 2501")));
+    QCOMPARE(partial.count(), 0);
+    writeFile(file, good);
+    store.importMessages(file, type, layout);
+    QCOMPARE(partial.count(), 3);
+    QVERIFY(partial.first().first().toString().endsWith(QStringLiteral("\\0.dck")));
+    QCOMPARE(store.getMessageCount(), 500u);
 }
 
 void Dispatch::chunksOfAnImportGoWithTheStore()
