@@ -12,6 +12,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
 #include <string>
 
 namespace {
@@ -94,6 +95,10 @@ void wholeImport(benchmark::State &state, const GeneratedFormat &format)
     const QString file = traceFile(format);
     unsigned count = 0;
     double seconds = 0;
+    scanLines(file);
+    malloc_trim(0);
+    resetPeakMemory();
+    const qint64 before = residentMemory();
     for (auto _ : state) {
         seconds += cpuOf([&] {
             DatachunkHandler store(quint32(benchFrames()) + 10000);
@@ -105,6 +110,8 @@ void wholeImport(benchmark::State &state, const GeneratedFormat &format)
         state.SkipWithError("nothing was imported");
     report(state, file, count);
     compare(state, "xScan", seconds, cpuOf([&] { scanLines(file); }));
+    if (count != 0)
+        state.counters["bytesPerMessage"] = double(peakMemory() - before) / count;
 }
 
 void detect(benchmark::State &state, const GeneratedFormat &format)

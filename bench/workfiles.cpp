@@ -36,6 +36,40 @@ QString traceFile(const GeneratedFormat &format)
     return name;
 }
 
+namespace {
+
+qint64 statusBytes(const char *name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith(name))
+            return line.mid(int(qstrlen(name)) + 1).trimmed().split(' ').first().toLongLong()
+                * 1024;
+    }
+    return 0;
+}
+
+} // namespace
+
+qint64 peakMemory()
+{
+    return statusBytes("VmHWM");
+}
+
+qint64 residentMemory()
+{
+    return statusBytes("VmRSS");
+}
+
+void resetPeakMemory()
+{
+    QFile references(QStringLiteral("/proc/self/clear_refs"));
+    if (references.open(QIODevice::WriteOnly))
+        references.write("5");
+}
+
 double cpuSeconds()
 {
     timespec time{};

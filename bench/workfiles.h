@@ -17,5 +17,11 @@ QString workPath(const QString &name);
 /// cache.
 QString traceFile(const GeneratedFormat &format);
 
+/// Peak resident memory of the process in bytes since the last resetPeakMemory(), and the
+/// memory resident now. 0 where the system does not tell.
+qint64 peakMemory();
+qint64 residentMemory();
+void resetPeakMemory();
+
 /// CPU time of the process in seconds, over all its threads.
 double cpuSeconds();
