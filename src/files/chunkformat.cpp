@@ -1,5 +1,7 @@
 #include "chunkformat.h"
 
+#include "canframe.h"
+
 #include <QtEndian>
 
 #include <cstring>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "canframe.h"
 #include "canmessagebookmark.h"
-#include "canrxmessage.h"
 
 #include <QByteArray>
 #include <QDataStream>

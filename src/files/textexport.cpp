@@ -1,5 +1,7 @@
 #include "textexport.h"
 
+#include "canframe.h"
+
 #include <charconv>
 #include <iterator>
 

@@ -1,5 +1,6 @@
 #include "candumpreader.h"
 
+#include "canframe.h"
 #include "linefields.h"
 #include "messagefeed.h"
 

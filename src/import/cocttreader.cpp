@@ -1,5 +1,6 @@
 #include "cocttreader.h"
 
+#include "canframe.h"
 #include "cantimestamp.h"
 #include "linefields.h"
 #include "messagefeed.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canframe.h"
 #include "linefields.h"
 
 /// The frame of a Kolvar line, "12.5 0x123/291 (2): 01 ff": also what the text export writes.

@@ -1,5 +1,6 @@
 #include "kvasercankingreader.h"
 
+#include "canframe.h"
 #include "linefields.h"
 
 using namespace LineFields;

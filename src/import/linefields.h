@@ -1,6 +1,6 @@
 #pragma once
 
-#include "canrxmessage.h"
+#include "canframe.h"
 #include "linesource.h"
 
 #include <QVarLengthArray>

@@ -1,5 +1,6 @@
 #include "peakreader.h"
 
+#include "canframe.h"
 #include "linefields.h"
 #include "messagefeed.h"
 

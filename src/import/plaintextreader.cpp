@@ -1,5 +1,6 @@
 #include "plaintextreader.h"
 
+#include "canframe.h"
 #include "kolvarline.h"
 #include "messagefeed.h"
 

@@ -1,3 +1,4 @@
+#include "canframe.h"
 #include "datachunkhandler.h"
 #include "messages.h"
 #include "recordingsink.h"

@@ -1,3 +1,4 @@
+#include "canframe.h"
 #include "recordingsink.h"
 #include "storefixture.h"
 #include "tracefixtures.h"

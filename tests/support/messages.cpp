@@ -1,5 +1,7 @@
 #include "messages.h"
 
+#include "canframe.h"
+
 #include <algorithm>
 #include <tuple>
 

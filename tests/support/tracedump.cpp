@@ -1,5 +1,6 @@
 #include "tracedump.h"
 
+#include "canframe.h"
 #include "datachunkhandler.h"
 
 #include <QSet>

@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include "canframe.h"
 #include "datachunkhandler.h"
 #include "savefileworker.h"
 

@@ -1,4 +1,5 @@
 #include "candumpline.h"
+#include "canframe.h"
 
 #include <QtTest>
 

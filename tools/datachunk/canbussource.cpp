@@ -1,5 +1,6 @@
 #include "canbussource.h"
 
+#include "canframe.h"
 #include "terminal.h"
 
 #include <QCanBus>

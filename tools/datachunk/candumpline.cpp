@@ -1,5 +1,7 @@
 #include "candumpline.h"
 
+#include "canframe.h"
+
 #include <charconv>
 #include <limits>
 

@@ -1,3 +1,4 @@
+#include "canframe.h"
 #include "commands.h"
 #include "options.h"
 #include "savefileworker.h"

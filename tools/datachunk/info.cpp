@@ -1,3 +1,4 @@
+#include "canframe.h"
 #include "commands.h"
 #include "terminal.h"
 #include "tracefile.h"

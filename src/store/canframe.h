@@ -1,0 +1,20 @@
+#pragma once
+
+#include "canrxmessage.h"
+
+// What this library knows about records beyond what the frame library declares.
+namespace CAN {
+
+/// Identifier of a record that stands for an error frame.
+constexpr quint32 errorFrameId = 0xFFFF00EF;
+
+/// Number of payload bytes that a record has room for, the most that CAN FD carries.
+constexpr int maxDataBytes = int(sizeof(CanRxMessage::data));
+
+/// The payload length that is safe to read: `length` limited to 0..64.
+inline int payloadSize(const CanRxMessage &message)
+{
+    return qBound(0, int(message.length), maxDataBytes);
+}
+
+} // namespace CAN
