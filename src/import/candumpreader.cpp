@@ -16,27 +16,29 @@ void setId(CAN::CanRxMessage &message, quint32 id)
 
 // "123#1122" into identifier and payload. A frame with another number of "#" (CAN FD has two)
 // is kept without both.
-template <typename Char> void readCompactFrame(Text<Char> frame, CAN::CanRxMessage &message)
+template <typename Char>
+void readCompactFrame(Text<Char> id, Text<Char> digits, CAN::CanRxMessage &message)
 {
-    const std::size_t separator = frame.find(Char('#'));
-    if (separator == frame.npos || frame.find(Char('#'), separator + 1) != frame.npos)
+    if (digits.find(Char('#')) != digits.npos)
         return;
-    setId(message, toNumber<quint32>(frame.substr(0, separator), 16));
-    const Text<Char> digits = frame.substr(separator + 1);
-    const int pairs = int(digits.size() + 1) / 2;
-    message.length = qint8(pairs);
+    setId(message, toNumber<quint32>(id, 16));
+    message.length = qint8((digits.size() + 1) / 2);
     // A digit without a partner is no number, but it counts: its byte stays 0.
-    for (int i = 0; i < std::min(int(digits.size() / 2), CAN::maxDataBytes); ++i)
-        message.data[i] = toHexByte(digits.substr(std::size_t(i) * 2, 2));
+    const int bytes = int(std::min(digits.size() / 2, std::size_t(CAN::maxDataBytes)));
+    for (int i = 0; i < bytes; ++i)
+        message.data[i] = toHexByte(Text<Char>(digits.data() + 2 * i, 2));
 }
 
 template <typename Char>
 bool readCompactLine(Text<Char> line, const Parts<Char> &tokens, CAN::CanRxMessage &message)
 {
-    if (line.find(Char('#')) == line.npos)
+    const Text<Char> frame = tokens[2];
+    const std::size_t separator = frame.find(Char('#'));
+    if (separator == frame.npos && line.find(Char('#')) == line.npos)
         return false;
     readTimeStampInParentheses(tokens[0], message);
-    readCompactFrame(tokens[2], message);
+    if (separator != frame.npos)
+        readCompactFrame(frame.substr(0, separator), frame.substr(separator + 1), message);
     return true;
 }
 
@@ -50,7 +52,7 @@ template <typename Char> bool readSpacedLine(const Parts<Char> &tokens, CAN::Can
         readTimeStampInParentheses(tokens[0], message);
     setId(message, toNumber<quint32>(tokens[interface + 1], 16));
     std::basic_string<Char> scratch;
-    const Text<Char> length = withoutBrackets(tokens[interface + 2], '[', ']', scratch);
+    const Text<Char> length = withoutBrackets<'[', ']'>(tokens[interface + 2], scratch);
     message.length = qint8(toNumber<quint32>(length));
     readBytes(tokens, interface + 3, CAN::payloadSize(message), 16, message);
     return true;

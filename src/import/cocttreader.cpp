@@ -14,16 +14,18 @@ constexpr std::string_view frameTag = "Test CAN";
 // Split at " : ", keeping empty parts. The line is simplified, and so are the parts then.
 template <typename Char> Parts<Char> splitEntry(Text<Char> line)
 {
-    constexpr Char separator[] = {' ', ':', ' '};
-    constexpr std::size_t size = 3;
     Parts<Char> parts;
-    for (;;) {
-        const std::size_t end = line.find(separator, 0, size);
-        parts.append(line.substr(0, end));
-        if (end == line.npos)
-            return parts;
-        line.remove_prefix(end + size);
-    }
+    std::size_t start = 0;
+    CharMask::forEach(line, CharMask::Is<':'>(), [&](std::size_t colon) {
+        const bool isSeparator = colon > start && line[colon - 1] == ' ' && colon + 1 < line.size()
+            && line[colon + 1] == ' ';
+        if (!isSeparator)
+            return;
+        parts.append(line.substr(start, colon - 1 - start));
+        start = colon + 2;
+    });
+    parts.append(line.substr(start));
+    return parts;
 }
 
 template <typename Char> QTime timeOfDay(Text<Char> text)

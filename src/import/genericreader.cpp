@@ -54,7 +54,7 @@ Layout layoutFor(const QString &formatDescription)
 
 template <typename Char> void readTime(Text<Char> text, CAN::CanRxMessage &message)
 {
-    const Parts<Char> parts = splitKeepingEmpty(text, '.');
+    const Parts<Char> parts = splitKeepingEmpty<'.'>(text);
     message.seconds = qint32(toNumber<qint64>(parts[0]));
     // Taken as written: traces of this kind have all six digits.
     message.microseconds = qint32(toNumber<qint64>(partAt(parts, 1)));

@@ -42,7 +42,7 @@ template <typename Char> int *columnFor(Text<Char> item, Columns &columns)
 template <typename Char> void getColumnsFromLine(Text<Char> line, Columns &columns)
 {
     Scratch<Char> scratch;
-    const Parts<Char> items = splitKeepingEmpty(simplified(line, scratch), ',');
+    const Parts<Char> items = splitKeepingEmpty<','>(simplified(line, scratch));
     for (const Text<Char> item : items) {
         if (int *const column = columnFor(item, columns))
             *column = columnAt(int(std::find(items.begin(), items.end(), item) - items.begin()));
@@ -50,29 +50,6 @@ template <typename Char> void getColumnsFromLine(Text<Char> line, Columns &colum
     columns.valid = columns.areComplete();
     qDebug() << "void IxxatFileImporter::getColumnsFromLine(QString)"
              << "Line:" << __LINE__ << columns.valid;
-}
-
-// The fields without their quotes, kept in \a scratch. What stands behind the last separator is
-// no field: rows end with one.
-template <typename Char>
-Parts<Char> getLineElements(Text<Char> line, char separator, char quote, Scratch<Char> &scratch)
-{
-    scratch.resize(int(line.size()));
-    Parts<Char> elements;
-    Char *start = scratch.data();
-    Char *end = start;
-    bool inQuotes = false;
-    for (const Char c : line) {
-        if (c == Char(quote)) {
-            inQuotes = !inQuotes;
-        } else if (c == Char(separator) && !inQuotes) {
-            elements.append(Text<Char>(start, std::size_t(end - start)));
-            start = end;
-        } else {
-            *end++ = c;
-        }
-    }
-    return elements;
 }
 
 // Once a text begins with a zero, all its zeros go: 050 is 5 and 1050 is 1050.
@@ -95,8 +72,8 @@ template <typename Number, typename Char> Number toNumberWithoutZeroes(Text<Char
 template <typename Char>
 void convertTimestringAndSetToCanMsg(Text<Char> text, CAN::CanRxMessage &message)
 {
-    const Parts<Char> parts = splitKeepingEmpty(text, '.');
-    const Parts<Char> clock = splitKeepingEmpty(parts[0], ':');
+    const Parts<Char> parts = splitKeepingEmpty<'.'>(text);
+    const Parts<Char> clock = splitKeepingEmpty<':'>(parts[0]);
     if (clock.size() > 1) {
         const quint32 hours = toNumberWithoutZeroes<quint32>(clock[0]);
         const quint32 minutes = toNumberWithoutZeroes<quint32>(clock[1]);
@@ -116,7 +93,7 @@ template <typename Char> void readData(Text<Char> field, CAN::CanRxMessage &mess
     message.remote = contains(field, "Remote Frame");
     if (message.remote)
         return;
-    const Parts<Char> bytes = splitKeepingEmpty(field, ' ');
+    const Parts<Char> bytes = splitKeepingEmpty<' '>(field);
     message.length = qint8(bytes.size());
     readBytes(bytes, 0, CAN::maxDataBytes, 16, message);
 }
@@ -125,20 +102,21 @@ template <typename Char>
 ReadResult importCANMsgLine(Text<Char> line, const Columns &columns, MessageFeed &feed)
 {
     constexpr int fewestElements = 6;
-    Scratch<Char> scratch;
-    const Parts<Char> elements = getLineElements(line, ',', '"', scratch);
+    Parts<Char> elements = splitOutsideQuotes<',', '"'>(line);
+    // What stands behind the last separator is no field: rows end with one.
+    elements.removeLast();
     if (elements.size() < fewestElements)
         return ReadResult::done();
     if (!feed.turnEventLoopWhenDue())
         return ReadResult::stopped();
     CAN::CanRxMessage message;
     bool isId = false;
-    message.id = toNumber<quint32>(partAt(elements, columns.id), 16, &isId);
+    message.id = toNumber<quint32>(*Unquoted<Char>(elements, columns.id), 16, &isId);
     if (!isId)
         return ReadResult::done();
-    convertTimestringAndSetToCanMsg(partAt(elements, columns.time), message);
-    message.length = qint8(toNumber<qint32>(partAt(elements, columns.length)));
-    readData(partAt(elements, columns.data), message);
+    convertTimestringAndSetToCanMsg(*Unquoted<Char>(elements, columns.time), message);
+    message.length = qint8(toNumber<qint32>(*Unquoted<Char>(elements, columns.length)));
+    readData(*Unquoted<Char>(elements, columns.data), message);
     return feed.addMessageToMessageList(message);
 }
 

@@ -27,7 +27,7 @@ LineKind readLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
     const Parts<Char> tokens = splitAtBlanks(line);
     if (!KolvarLine::hasFrameShape(tokens))
         return LineKind::Other;
-    const Text<Char> flagNumber = partAt(splitKeepingEmpty(line, ';'), 1);
+    const Text<Char> flagNumber = partAt(splitKeepingEmpty<';'>(line), 1);
     if (!KolvarLine::readFrame(tokens, toNumber<quint32>(flagNumber), message))
         return LineKind::EndOfTrace;
     note = noteOf(line);

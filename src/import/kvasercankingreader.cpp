@@ -34,7 +34,7 @@ int numberBase(LineSource &lines)
 // Only blanks part the columns here; other white space stays within them.
 template <typename Char> Parts<Char> splitAtSpaces(Text<Char> line)
 {
-    return splitDroppingEmpty(line, [](Char c) { return c == ' '; });
+    return splitDroppingEmpty(line, CharMask::Is<' '>());
 }
 
 // "0 123 X 2 11 22 12.5 R": the flags before the length may be missing.

@@ -17,7 +17,7 @@ struct NumberBases
 // "; Format of data field: DEC"
 template <typename Char> void readBase(Text<Char> line, std::string_view title, int &base)
 {
-    if (contains(line, title) && contains(partAt(splitKeepingEmpty(line, ':'), 1), "DEC"))
+    if (contains(line, title) && contains(partAt(splitKeepingEmpty<':'>(line), 1), "DEC"))
         base = 10;
 }
 

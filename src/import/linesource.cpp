@@ -54,6 +54,7 @@ void LineSource::rewind()
 {
     device.seek(0);
     lineStart = position = size = 0;
+    scan(0);
     detectEncoding();
 }
 
@@ -90,34 +91,31 @@ bool LineSource::fill()
     const qint64 bytes = readBytes(buffer.data() + size, blockSize);
     if (bytes <= 0)
         return false;
-    const char *block = buffer.constData() + size;
-    allAscii = allAscii && isAscii(block, int(bytes));
-    hasCarriageReturns =
-        hasCarriageReturns || std::memchr(block, '\r', std::size_t(bytes)) != nullptr;
+    const int start = size;
     size += int(bytes);
+    scan(start);
     return true;
+}
+
+// Looks at everything behind start once, for all its lines.
+void LineSource::scan(int start)
+{
+    lineFeeds.clear();
+    nextLineFeed = 0;
+    const char *const bytes = buffer.constData() + start;
+    const auto count = std::size_t(size - start);
+    CharMask::forEach(Text<char>(bytes, count), CharMask::Is<'\n'>(),
+                      [&](std::size_t at) { lineFeeds.push_back(start + int(at)); });
+    allAscii = allAscii && isAscii(bytes, int(count));
+    hasCarriageReturns = hasCarriageReturns || std::memchr(bytes, '\r', count) != nullptr;
 }
 
 bool LineSource::next()
 {
     lineStart = position;
-    int searched = position;
-    for (;;) {
-        const char *bytes = buffer.constData();
-        const void *lineFeed = std::memchr(bytes + searched, '\n', std::size_t(size - searched));
-        if (lineFeed) {
-            const int end = int(static_cast<const char *>(lineFeed) - bytes);
-            position = end + 1;
-            const int length = std::min(end - lineStart, maxLineSize);
-            hasLineFeed = true;
-            setLine({bytes + lineStart, std::size_t(length)});
-            return true;
-        }
-        const int pending = std::min(size - lineStart, maxLineSize);
-        if (fill()) {
-            searched = pending;
+    while (nextLineFeed == lineFeeds.size()) {
+        if (fill())
             continue;
-        }
         position = size;
         if (size == 0)
             return false;
@@ -125,14 +123,19 @@ bool LineSource::next()
         setLine({buffer.constData(), std::size_t(size)});
         return true;
     }
+    const int end = lineFeeds[nextLineFeed++];
+    position = end + 1;
+    hasLineFeed = true;
+    setLine({buffer.constData() + lineStart, std::size_t(std::min(end - lineStart, maxLineSize))});
+    return true;
 }
 
 Text<char> LineSource::withoutCarriageReturns(Text<char> line)
 {
-    if (line.empty() || line.find('\r') == line.npos)
+    if (!line.empty() && line.back() == '\r')
+        line.remove_suffix(1);
+    if (!CharMask::anyOf(line, CharMask::Is<'\r'>()))
         return line;
-    if (line.find('\r') == line.size() - 1)
-        return line.substr(0, line.size() - 1);
     scratch.resize(int(line.size()));
     const auto end = std::remove_copy(line.begin(), line.end(), scratch.begin(), '\r');
     return {scratch.constData(), std::size_t(end - scratch.begin())};

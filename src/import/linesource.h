@@ -1,18 +1,16 @@
 #pragma once
 
+#include "charmask.h"
+
 #include <QByteArray>
 #include <QIODevice>
 #include <QString>
 
 #include <memory>
-#include <string_view>
+#include <vector>
 
 class QTextCodec;
 class QTextDecoder;
-
-/// A piece of a line: plain ASCII bytes, or UTF-16 where a line holds anything else. Grammars
-/// are templates over Char, so that both are read by the very same code.
-template <typename Char> using Text = std::basic_string_view<Char>;
 
 inline QString toQString(Text<char> text)
 {
@@ -64,6 +62,7 @@ public:
 
 private:
     bool fill();
+    void scan(int start);
     void detectEncoding();
     qint64 readBytes(char *to, int maximum);
     void setLine(Text<char> line);
@@ -81,6 +80,8 @@ private:
     int lineStart = 0; // of the line being looked for
     int position = 0;  // behind the last line
     int size = 0;
+    std::vector<int> lineFeeds; // where they stand in the buffer
+    std::size_t nextLineFeed = 0;
     bool allAscii = true; // all that was ever read
     bool hasCarriageReturns = false;
 

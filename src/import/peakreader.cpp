@@ -130,7 +130,7 @@ template <typename Char> int columnNamed(const Parts<Char> &names, std::string_v
 template <typename Char> Columns check2xColumnPos(Text<Char> list)
 {
     Scratch<Char> scratch;
-    const Parts<Char> names = splitKeepingEmpty(simplified(list, scratch), ',');
+    const Parts<Char> names = splitKeepingEmpty<','>(simplified(list, scratch));
     Columns columns;
     columns.time = columnNamed(names, "O");
     columns.type = columnNamed(names, "T");

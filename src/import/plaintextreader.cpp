@@ -110,11 +110,11 @@ void readDataFields(const Parts<Char> &fields, int first, CAN::CanRxMessage &mes
 }
 
 // "12.5;123;Rx;2;01;ff": time, identifier, any number of flags, length, payload.
-template <typename Char>
-bool readSeparatedLine(Text<Char> line, char separator, CAN::CanRxMessage &message)
+template <char separator, typename Char>
+bool readSeparatedLine(Text<Char> line, CAN::CanRxMessage &message)
 {
     constexpr int minFields = 4;
-    const Parts<Char> fields = splitKeepingEmpty(line, separator);
+    const Parts<Char> fields = splitKeepingEmpty<separator>(line);
     if (fields.size() < minFields || !readSeconds(trimmed(partAt(fields, 0)), message)
         || !readId(trimmed(partAt(fields, 1)), message))
         return false;
@@ -167,12 +167,11 @@ bool readLine(Text<Char> line, Origin origin, CAN::CanRxMessage &message, QStrin
                                        : readExportLine(line, message, note))
         return true;
     note.clear();
-    for (const char separator : {';', '\t'}) {
-        message = blank;
-        if (readSeparatedLine(line, separator, message))
-            return true;
-    }
-    return false;
+    message = blank;
+    if (readSeparatedLine<';'>(line, message))
+        return true;
+    message = blank;
+    return readSeparatedLine<'\t'>(line, message);
 }
 
 } // namespace

@@ -45,7 +45,7 @@ template <typename Char> void readId(Text<Char> text, CAN::CanRxMessage &message
     std::basic_string<Char> scratch;
     if (!text.empty() && text.back() == 'x') {
         message.extended = true;
-        text = withoutBrackets(text, 'x', 'x', scratch);
+        text = withoutBrackets<'x', 'x'>(text, scratch);
     }
     message.id = toNumber<quint32>(text, 16);
 }

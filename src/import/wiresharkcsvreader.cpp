@@ -9,27 +9,11 @@ namespace {
 
 enum Column { NumberColumn = 0, TimeColumn = 1, ProtocolColumn = 4 };
 
-// The line simplified and then without its quotes, kept in \a scratch.
-template <typename Char> Text<Char> withoutQuotes(Text<Char> line, Scratch<Char> &scratch)
+// The line simplified, but for the last field, of which only the words count.
+template <typename Char> Text<Char> simplifiedRow(Text<Char> line, Scratch<Char> &scratch)
 {
-    scratch.resize(int(line.size()));
-    Char *const start = scratch.data();
-    Char *end = start;
-    bool blankPending = false;
-    bool started = false;
-    for (const Char c : line) {
-        if (isBlank(c)) {
-            blankPending = started;
-            continue;
-        }
-        if (blankPending)
-            *end++ = Char(' ');
-        blankPending = false;
-        started = true;
-        if (c != '"')
-            *end++ = c;
-    }
-    return {start, std::size_t(end - start)};
+    line = trimmed(line);
+    return isSimplified(line.substr(0, line.rfind(Char(',')))) ? line : simplified(line, scratch);
 }
 
 // "STD: 0x123 11 22 33": identifier, then payload bytes up to the first that is no number.
@@ -53,11 +37,13 @@ template <typename Char> bool readRow(Text<Char> line, CAN::CanRxMessage &messag
     if (contains(line, "Info"))
         return false;
     Scratch<Char> scratch;
-    const Parts<Char> fields = splitKeepingEmpty(withoutQuotes(line, scratch), ',');
-    message.messageNumber = toNumber<quint32>(fields[NumberColumn]);
-    readTimeStampInParentheses(partAt(fields, TimeColumn), message);
-    message.fdFrame = equals(partAt(fields, ProtocolColumn), "CANFD");
-    const Text<Char> info = fields.last();
+    // Commas count within quotes too.
+    const Parts<Char> fields = splitKeepingEmpty<','>(simplifiedRow(line, scratch));
+    message.messageNumber = toNumber<quint32>(*Unquoted<Char>(fields, NumberColumn));
+    readTimeStampInParentheses(*Unquoted<Char>(fields, TimeColumn), message);
+    message.fdFrame = equals(*Unquoted<Char>(fields, ProtocolColumn), "CANFD");
+    const Unquoted<Char> lastField(fields, fields.size() - 1);
+    const Text<Char> info = *lastField;
     if (contains(info, "STD"))
         readStandardFrame(info, message);
     else if (contains(info, "ERR"))

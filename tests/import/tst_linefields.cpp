@@ -113,16 +113,27 @@ void LineFieldsTest::timeStamp()
 void LineFieldsTest::splitsAsQStringDoes()
 {
     std::mt19937 random(2);
-    const QByteArray alphabet = "ab;; \t\v\r\x1c";
+    const QByteArray alphabet = "ab;; \"\t\v\r\x1c";
     for (int i = 0; i < 20000; ++i) {
         QByteArray bytes;
-        for (unsigned left = random() % 30; left > 0; --left)
+        // Short texts, and those that take more than one look.
+        for (unsigned left = random() % (i % 4 == 0 ? 200 : 30); left > 0; --left)
             bytes += alphabet.at(int(random() % unsigned(alphabet.size())));
         const Text<char> text(bytes.constData(), std::size_t(bytes.size()));
         const QString line = QString::fromLatin1(bytes);
         QCOMPARE(strings(LineFields::splitAtBlanks(text)),
                  line.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts));
-        QCOMPARE(strings(LineFields::splitKeepingEmpty(text, ';')), line.split(QLatin1Char(';')));
+        QCOMPARE(strings(LineFields::splitKeepingEmpty<';'>(text)), line.split(QLatin1Char(';')));
+        LineFields::Scratch<char> scratch;
+        QCOMPARE(toQString(LineFields::simplified(text, scratch)), line.simplified());
+        // Every second piece between quotes is quoted, and its separators are none.
+        QStringList pieces = line.split(QLatin1Char('"'));
+        for (int piece = 1; piece < pieces.size(); piece += 2)
+            pieces[piece].replace(QLatin1Char(';'), QLatin1Char('_'));
+        QStringList parts = strings(LineFields::splitOutsideQuotes<';', '"'>(text));
+        for (QString &part : parts)
+            part.replace(QLatin1Char(';'), QLatin1Char('_'));
+        QCOMPARE(parts, pieces.join(QLatin1Char('"')).split(QLatin1Char(';')));
     }
 }
 

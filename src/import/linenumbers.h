@@ -1,0 +1,142 @@
+#pragma once
+
+#include "linesource.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <type_traits>
+
+/// Numbers in a line, with the results of QString's conversions.
+namespace LineFields {
+
+constexpr unsigned noDigit = 16;
+
+constexpr std::array<quint8, 256> makeDigitValues()
+{
+    std::array<quint8, 256> values{};
+    for (std::size_t c = 0; c < values.size(); ++c) {
+        const bool isDecimal = c >= '0' && c <= '9';
+        const std::size_t letter = (c | 0x20) - 'a';
+        values[c] = quint8(isDecimal ? c - '0' : letter < 6 ? letter + 10 : noDigit);
+    }
+    return values;
+}
+
+constexpr std::array<quint8, 256> digitValues = makeDigitValues();
+
+/// The value of a digit in bases up to 16, or noDigit for any other character.
+inline unsigned digitValue(char c)
+{
+    return digitValues[static_cast<unsigned char>(c)];
+}
+inline unsigned digitValue(char16_t c)
+{
+    return c < digitValues.size() ? digitValues[c] : noDigit;
+}
+
+/// QString's own conversion, for everything but plain digits.
+template <typename Number> Number toNumberByQt(const QString &text, int base, bool *ok)
+{
+    if constexpr (std::is_same_v<Number, quint16>)
+        return text.toUShort(ok, base);
+    else if constexpr (std::is_same_v<Number, quint32>)
+        return text.toUInt(ok, base);
+    else if constexpr (std::is_same_v<Number, qint32>)
+        return text.toInt(ok, base);
+    else if constexpr (std::is_same_v<Number, quint64>)
+        return text.toULongLong(ok, base);
+    else
+        return text.toLongLong(ok, base);
+}
+
+/// Whether no number holds this character. Says nothing of blanks and of other scripts.
+template <typename Char> bool isForeignToNumbers(Char c, int base)
+{
+    if (c <= ' ' || c > '~' || c == '+' || c == '-')
+        return false;
+    return base == 10 ? digitValue(c) >= 10 : digitValue(c) == noDigit && c != 'x' && c != 'X';
+}
+
+/// Reads plain digits, few enough not to overflow. False for any other text.
+template <unsigned base, typename Char> bool readDigits(Text<Char> text, quint64 &value)
+{
+    constexpr std::size_t digitsWithoutOverflow = 15;
+    if (text.empty() || text.size() > digitsWithoutOverflow)
+        return false;
+    value = 0;
+    for (const Char c : text) {
+        const unsigned digit = digitValue(c);
+        if (digit >= base)
+            return false;
+        value = value * base + digit;
+    }
+    return true;
+}
+
+/// What is left of toNumber for texts that are no plain digits or out of range.
+template <typename Number, typename Char>
+Q_NEVER_INLINE Number toUnusualNumber(Text<Char> text, int base, bool *ok)
+{
+    const bool isPrefixed =
+        base != 10 && text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+    quint64 value = 0;
+    if (isPrefixed && readDigits<16>(text.substr(2), value)
+        && value <= quint64(std::numeric_limits<Number>::max())) {
+        if (ok)
+            *ok = true;
+        return Number(value);
+    }
+    const bool isWord = text.empty() || std::any_of(text.begin(), text.end(), [base](Char c) {
+                            return isForeignToNumbers(c, base);
+                        });
+    if (!isWord)
+        return toNumberByQt<Number>(toQString(text), base, ok);
+    if (ok)
+        *ok = false;
+    return 0;
+}
+
+/// \a text as a number the way QString converts it, in \a base 10, 16 or 0 (found from the
+/// prefix); 0 when it is none or out of range.
+template <typename Number, typename Char>
+Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
+{
+    quint64 value = 0;
+    // With base 0, a leading zero stands for another base.
+    const bool isPlain = base == 16                      ? readDigits<16>(text, value)
+        : base == 0 && text.size() > 1 && text[0] == '0' ? false
+                                                         : readDigits<10>(text, value);
+    if (!isPlain || value > quint64(std::numeric_limits<Number>::max()))
+        return toUnusualNumber<Number>(text, base, ok);
+    if (ok)
+        *ok = true;
+    return Number(value);
+}
+
+template <typename Char> Q_NEVER_INLINE quint8 toUnusualByte(Text<Char> text, int base)
+{
+    // Words behind the payload are common.
+    if (!text.empty() && isForeignToNumbers(text.front(), base))
+        return 0;
+    return quint8(toNumber<quint32>(text, base));
+}
+
+/// A payload byte: the low 8 bits of a number.
+template <typename Char> quint8 toByte(Text<Char> text, int base)
+{
+    if (text.size() == 2 && base == 16) {
+        const unsigned high = digitValue(text[0]);
+        const unsigned low = digitValue(text[1]);
+        if ((high | low) < noDigit)
+            return quint8(high << 4 | low);
+    }
+    return toUnusualByte(text, base);
+}
+
+template <typename Char> quint8 toHexByte(Text<Char> text)
+{
+    return toByte(text, 16);
+}
+
+} // namespace LineFields

@@ -1,0 +1,241 @@
+#pragma once
+
+#include "charmask.h"
+
+#include <QtAlgorithms>
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <string>
+#include <type_traits>
+
+// Pieces of text need no construction in a QVarLengthArray.
+Q_DECLARE_TYPEINFO(Text<char>, Q_PRIMITIVE_TYPE);
+Q_DECLARE_TYPEINFO(Text<char16_t>, Q_PRIMITIVE_TYPE);
+
+/// Lines and their parts, without a copy wherever that is possible.
+namespace LineFields {
+
+using CharMask::IsBlank;
+
+/// Parts of a line. Long enough for a CAN FD frame without an allocation.
+template <typename Char> using Parts = QVarLengthArray<Text<Char>, 192>;
+
+/// Fills a list of parts without looking for room at each of them.
+template <typename Char> class PartWriter
+{
+public:
+    explicit PartWriter(Parts<Char> &parts) : parts(parts), next(parts.data()) { }
+
+    /// Makes room for the parts of one mask.
+    void makeRoom()
+    {
+        const int size = int(next - parts.data());
+        if (parts.capacity() - size > int(CharMask::width))
+            return;
+        parts.resize(size);
+        parts.reserve(2 * parts.capacity());
+        next = parts.data() + size;
+    }
+
+    void write(const Char *start, const Char *end)
+    {
+        *next++ = Text<Char>(start, std::size_t(end - start));
+    }
+
+    void finish() { parts.resize(int(next - parts.data())); }
+
+private:
+    Parts<Char> &parts;
+    Text<Char> *next;
+};
+
+/// Room for a changed copy of a piece of a line, without an allocation for ordinary ones.
+template <typename Char> using Scratch = QVarLengthArray<Char, 512>;
+
+template <typename Char> Text<Char> textOf(const Scratch<Char> &scratch)
+{
+    return {scratch.constData(), std::size_t(scratch.size())};
+}
+
+template <typename Char> bool isBlank(Char c)
+{
+    return IsBlank()(c);
+}
+
+template <typename Char> bool contains(Text<Char> text, std::string_view word)
+{
+    if constexpr (std::is_same_v<Char, char>) {
+        return text.find(word) != text.npos;
+    } else {
+        return std::search(text.begin(), text.end(), word.begin(), word.end()) != text.end();
+    }
+}
+
+template <typename Char> bool equals(Text<Char> text, std::string_view word)
+{
+    return text.size() == word.size() && std::equal(text.begin(), text.end(), word.begin());
+}
+
+/// The parts between runs of separators.
+template <typename Char, typename IsSeparator>
+Parts<Char> splitDroppingEmpty(Text<Char> line, IsSeparator isSeparator)
+{
+    Parts<Char> parts;
+    PartWriter<Char> writer(parts);
+    const Char *at = line.data();
+    const Char *const end = at + line.size();
+    const Char *start = nullptr; // of a part that began before `at`
+    while (at != end) {
+        const std::size_t count = std::min(std::size_t(end - at), CharMask::width);
+        quint64 inside = ~CharMask::maskOf(at, count, isSeparator);
+        if (count < CharMask::width)
+            inside &= (quint64(1) << count) - 1;
+        // A part begins or ends wherever a character differs from the one before it.
+        const quint64 before = inside << 1 | quint64(start != nullptr);
+        quint64 starts = inside & ~before;
+        quint64 ends = before & ~inside;
+        writer.makeRoom();
+        if (start && ends != 0) {
+            writer.write(start, at + qCountTrailingZeroBits(ends));
+            ends &= ends - 1;
+            start = nullptr;
+        }
+        for (; ends != 0; ends &= ends - 1, starts &= starts - 1) {
+            writer.write(at + qCountTrailingZeroBits(starts), at + qCountTrailingZeroBits(ends));
+        }
+        if (starts != 0)
+            start = at + qCountTrailingZeroBits(starts);
+        at += count;
+    }
+    writer.makeRoom();
+    if (start)
+        writer.write(start, end);
+    writer.finish();
+    return parts;
+}
+
+/// The parts between runs of blanks: simplified() and split at " " without empty parts.
+template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
+{
+    return splitDroppingEmpty(line, IsBlank());
+}
+
+/// Split at every \a separator, keeping empty parts.
+template <char separator, typename Char> Parts<Char> splitKeepingEmpty(Text<Char> text)
+{
+    Parts<Char> parts;
+    std::size_t start = 0;
+    CharMask::forEach(text, CharMask::Is<separator>(), [&](std::size_t end) {
+        parts.append(Text<Char>(text.data() + start, end - start));
+        start = end + 1;
+    });
+    parts.append(text.substr(start));
+    return parts;
+}
+
+/// Part \a index, or an empty text when there are not so many.
+template <typename Char> Text<Char> partAt(const Parts<Char> &parts, int index)
+{
+    return index >= 0 && index < parts.size() ? parts[index] : Text<Char>();
+}
+
+/// Without the blanks around it.
+template <typename Char> Text<Char> trimmed(Text<Char> text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+/// Whether nothing but single spaces part the words of a trimmed text.
+template <typename Char> bool isSimplified(Text<Char> text)
+{
+    bool afterBlank = false;
+    while (!text.empty()) {
+        const std::size_t count = std::min(text.size(), CharMask::width);
+        const quint64 blanks = CharMask::maskOf(text.data(), count, IsBlank());
+        const quint64 spaces = CharMask::maskOf(text.data(), count, CharMask::Is<' '>());
+        if (blanks != spaces || (blanks & (blanks << 1 | quint64(afterBlank))) != 0)
+            return false;
+        afterBlank = blanks >> (CharMask::width - 1) != 0;
+        text.remove_prefix(count);
+    }
+    return true;
+}
+
+/// QString::simplified; kept in \a scratch when blanks inside have to change.
+template <typename Char> Text<Char> simplified(Text<Char> text, Scratch<Char> &scratch)
+{
+    text = trimmed(text);
+    if (isSimplified(text))
+        return text;
+    scratch.clear();
+    for (const Text<Char> part : splitAtBlanks(text)) {
+        scratch.append(part.data(), int(part.size()));
+        scratch.append(Char(' '));
+    }
+    scratch.removeLast();
+    return textOf(scratch);
+}
+
+/// \a text without any \a open and \a close; kept in \a scratch when they stand inside.
+template <char open, char close, typename Char>
+Text<Char> withoutBrackets(Text<Char> text, std::basic_string<Char> &scratch)
+{
+    constexpr CharMask::IsOneOf<open, close> isBracket;
+    while (!text.empty() && isBracket(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBracket(text.back()))
+        text.remove_suffix(1);
+    if (!CharMask::anyOf(text, isBracket))
+        return text;
+    scratch.clear();
+    std::remove_copy_if(text.begin(), text.end(), std::back_inserter(scratch), isBracket);
+    return scratch;
+}
+
+/// Split at every \a separator outside quotes, keeping empty parts and the quotes.
+template <char separator, char quote, typename Char> Parts<Char> splitOutsideQuotes(Text<Char> text)
+{
+    Parts<Char> parts;
+    std::size_t partStart = 0;
+    quint64 before = 0; // all bits when a quote is open
+    for (std::size_t start = 0; start < text.size(); start += CharMask::width) {
+        const Char *const at = text.data() + start;
+        const std::size_t count = std::min(text.size() - start, CharMask::width);
+        // Bit i becomes the parity of the quotes up to character i.
+        quint64 inQuotes = CharMask::maskOf(at, count, CharMask::Is<quote>());
+        for (std::size_t shift = 1; shift < CharMask::width; shift *= 2)
+            inQuotes ^= inQuotes << shift;
+        inQuotes ^= before;
+        before = inQuotes >> (CharMask::width - 1) != 0 ? ~quint64(0) : 0;
+        quint64 ends = CharMask::maskOf(at, count, CharMask::Is<separator>()) & ~inQuotes;
+        for (; ends != 0; ends &= ends - 1) {
+            const std::size_t end = start + qCountTrailingZeroBits(ends);
+            parts.append(text.substr(partStart, end - partStart));
+            partStart = end + 1;
+        }
+    }
+    parts.append(text.substr(partStart));
+    return parts;
+}
+
+/// A part without the double quotes in and around it.
+template <typename Char> class Unquoted
+{
+public:
+    Unquoted(const Parts<Char> &parts, int index)
+        : text(withoutBrackets<'"', '"'>(partAt(parts, index), scratch))
+    {
+    }
+    Text<Char> operator*() const { return text; }
+
+private:
+    std::basic_string<Char> scratch;
+    const Text<Char> text;
+};
+
+} // namespace LineFields
