@@ -53,19 +53,16 @@ template <typename Char> void getColumnsFromLine(Text<Char> line, Columns &colum
 }
 
 // Once a text begins with a zero, all its zeros go: 050 is 5 and 1050 is 1050.
-template <typename Char> Text<Char> removeLeadingZeroes(Text<Char> text, Scratch<Char> &scratch)
-{
-    if (text.empty() || text.front() != '0')
-        return text;
-    scratch.resize(int(text.size()));
-    const auto end = std::remove_copy(text.begin(), text.end(), scratch.begin(), Char('0'));
-    return {scratch.constData(), std::size_t(end - scratch.begin())};
-}
-
 template <typename Number, typename Char> Number toNumberWithoutZeroes(Text<Char> text)
 {
+    if (text.empty() || text.front() != '0')
+        return toNumber<Number>(text, 0);
     Scratch<Char> scratch;
-    return toNumber<Number>(removeLeadingZeroes(text, scratch), 0);
+    for (const Char c : text) {
+        if (c != '0')
+            scratch.append(c);
+    }
+    return toNumber<Number>(textOf(scratch), 0);
 }
 
 // "hh:mm:ss.mmm.uuu" or "sss.mmm.uuu".

@@ -21,33 +21,37 @@ using CharMask::IsBlank;
 /// Parts of a line. Long enough for a CAN FD frame without an allocation.
 template <typename Char> using Parts = QVarLengthArray<Text<Char>, 192>;
 
-/// Fills a list of parts without looking for room at each of them.
+/// Fills a list of parts. Until finish() nobody else may use it.
 template <typename Char> class PartWriter
 {
 public:
-    explicit PartWriter(Parts<Char> &parts) : parts(parts), next(parts.data()) { }
-
-    /// Makes room for the parts of one mask.
-    void makeRoom()
+    explicit PartWriter(Parts<Char> &parts)
+        : parts(parts), next(parts.data()), end(next + parts.capacity())
     {
-        const int size = int(next - parts.data());
-        if (parts.capacity() - size > int(CharMask::width))
-            return;
-        parts.resize(size);
-        parts.reserve(2 * parts.capacity());
-        next = parts.data() + size;
     }
 
-    void write(const Char *start, const Char *end)
+    void write(const Char *from, const Char *to)
     {
-        *next++ = Text<Char>(start, std::size_t(end - start));
+        if (next == end)
+            makeRoom();
+        *next++ = Text<Char>(from, std::size_t(to - from));
     }
 
     void finish() { parts.resize(int(next - parts.data())); }
 
 private:
+    void makeRoom()
+    {
+        finish();
+        const int size = parts.size();
+        parts.reserve(2 * size);
+        next = parts.data() + size;
+        end = parts.data() + parts.capacity();
+    }
+
     Parts<Char> &parts;
     Text<Char> *next;
+    Text<Char> *end;
 };
 
 /// Room for a changed copy of a piece of a line, without an allocation for ordinary ones.
@@ -95,7 +99,6 @@ Parts<Char> splitDroppingEmpty(Text<Char> line, IsSeparator isSeparator)
         const quint64 before = inside << 1 | quint64(start != nullptr);
         quint64 starts = inside & ~before;
         quint64 ends = before & ~inside;
-        writer.makeRoom();
         if (start && ends != 0) {
             writer.write(start, at + qCountTrailingZeroBits(ends));
             ends &= ends - 1;
@@ -108,7 +111,6 @@ Parts<Char> splitDroppingEmpty(Text<Char> line, IsSeparator isSeparator)
             start = at + qCountTrailingZeroBits(starts);
         at += count;
     }
-    writer.makeRoom();
     if (start)
         writer.write(start, end);
     writer.finish();
@@ -125,12 +127,15 @@ template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
 template <char separator, typename Char> Parts<Char> splitKeepingEmpty(Text<Char> text)
 {
     Parts<Char> parts;
-    std::size_t start = 0;
-    CharMask::forEach(text, CharMask::Is<separator>(), [&](std::size_t end) {
-        parts.append(Text<Char>(text.data() + start, end - start));
+    PartWriter<Char> writer(parts);
+    const Char *start = text.data();
+    CharMask::forEach(text, CharMask::Is<separator>(), [&](std::size_t position) {
+        const Char *const end = text.data() + position;
+        writer.write(start, end);
         start = end + 1;
     });
-    parts.append(text.substr(start));
+    writer.write(start, text.data() + text.size());
+    writer.finish();
     return parts;
 }
 
@@ -201,25 +206,28 @@ Text<Char> withoutBrackets(Text<Char> text, std::basic_string<Char> &scratch)
 template <char separator, char quote, typename Char> Parts<Char> splitOutsideQuotes(Text<Char> text)
 {
     Parts<Char> parts;
-    std::size_t partStart = 0;
-    quint64 before = 0; // all bits when a quote is open
-    for (std::size_t start = 0; start < text.size(); start += CharMask::width) {
-        const Char *const at = text.data() + start;
-        const std::size_t count = std::min(text.size() - start, CharMask::width);
+    PartWriter<Char> writer(parts);
+    const Char *start = text.data();
+    const Char *const end = start + text.size();
+    quint64 openQuote = 0; // all bits when a quote is open
+    for (const Char *at = start; at != end;) {
+        const std::size_t count = std::min(std::size_t(end - at), CharMask::width);
         // Bit i becomes the parity of the quotes up to character i.
         quint64 inQuotes = CharMask::maskOf(at, count, CharMask::Is<quote>());
         for (std::size_t shift = 1; shift < CharMask::width; shift *= 2)
             inQuotes ^= inQuotes << shift;
-        inQuotes ^= before;
-        before = inQuotes >> (CharMask::width - 1) != 0 ? ~quint64(0) : 0;
+        inQuotes ^= openQuote;
+        openQuote = inQuotes >> (CharMask::width - 1) != 0 ? ~quint64(0) : 0;
         quint64 ends = CharMask::maskOf(at, count, CharMask::Is<separator>()) & ~inQuotes;
         for (; ends != 0; ends &= ends - 1) {
-            const std::size_t end = start + qCountTrailingZeroBits(ends);
-            parts.append(text.substr(partStart, end - partStart));
-            partStart = end + 1;
+            const Char *const partEnd = at + qCountTrailingZeroBits(ends);
+            writer.write(start, partEnd);
+            start = partEnd + 1;
         }
+        at += count;
     }
-    parts.append(text.substr(partStart));
+    writer.write(start, end);
+    writer.finish();
     return parts;
 }
 
