@@ -86,8 +86,10 @@ void plainReader(benchmark::State &state, const GeneratedFormat &format)
     compare(state, "xScan", seconds, cpuOf([&] { scanLines(file); }));
     if (sink.turns > sink.count / 100)
         compare(state, "xTurns", seconds, cpuOf([&] { turnEvents(sink.turns); }));
-    if (format.type == DatachunkHelper::SocketCanDump && qstrcmp(format.name, "candump") == 0)
+    if (format.type == DatachunkHelper::SocketCanDump && qstrcmp(format.name, "candump") == 0) {
+        parseCandumpFlat(file);
         compare(state, "xFlat", seconds, cpuOf([&] { parseCandumpFlat(file); }));
+    }
 }
 
 void wholeImport(benchmark::State &state, const GeneratedFormat &format)
