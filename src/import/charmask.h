@@ -120,10 +120,11 @@ template <typename Char, typename IsOfKind> bool anyOf(Text<Char> text, IsOfKind
     constexpr std::size_t fewCharacters = 16;
     if (text.size() < fewCharacters)
         return std::any_of(text.begin(), text.end(), isOfKind);
-    quint64 mask = 0;
-    for (; text.size() > width && !mask; text.remove_prefix(width))
-        mask = maskOf(text.data(), width, isOfKind);
-    return (mask | maskOf(text.data(), text.size(), isOfKind)) != 0;
+    for (; text.size() > width; text.remove_prefix(width)) {
+        if (maskOf(text.data(), width, isOfKind) != 0)
+            return true;
+    }
+    return maskOf(text.data(), text.size(), isOfKind) != 0;
 }
 
 } // namespace CharMask
