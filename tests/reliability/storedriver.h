@@ -1,0 +1,142 @@
+#pragma once
+
+#include "bookmarkhandler.h"
+#include "datachunkhandler.h"
+#include "storemodel.h"
+
+#include <QTemporaryDir>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <random>
+#include <thread>
+
+/// Gives a store and its model the same random commands and compares what they hold, write and
+/// tell. Stops at the first difference.
+class StoreDriver : public QObject
+{
+    Q_OBJECT
+public:
+    enum Weights {
+        Everything,
+        Recording ///< long bursts with some paging, exports and clearings; nothing loses messages
+    };
+
+    /// With \a readers, threads look at the messages shown all the while.
+    StoreDriver(quint32 seed, Weights weights, int readers);
+    ~StoreDriver() override;
+
+    /// Runs until so many commands were given or messages appended, then ends the store.
+    void run(int commands, quint64 messages);
+
+    /// The first difference; empty when there is none.
+    QString failure() const { return firstFailure; }
+    /// The commands given so far, one a line.
+    QString log() const { return commandLog.join(QLatin1Char('\n')); }
+    /// What became of the messages, for a person to read.
+    QString figures() const;
+
+private:
+    struct Command
+    {
+        const char *name;
+        int weight;
+        int weightWhileRecording;
+        void (StoreDriver::*run)();
+    };
+    static const Command commands[];
+    const Command &anyCommand();
+    void note(const QString &details) { commandLog.last() += QLatin1Char(' ') + details; }
+
+    void append();
+    void appendOne();
+    void writeNote();
+    void writeBookmark();
+    void noteNextMessage();
+    void noteLastMessage();
+    void pageChunk();
+    void openOldChunk();
+    void goLive();
+    void exportSome();
+    void exportRange();
+    void exportAll();
+    void clear();
+    void changeBudget();
+    void changeMode();
+    void addForeignFile();
+    void writeContinuousOutput();
+    void import();
+    void pack();
+    void merge();
+    void turnEventLoop();
+    void settle();
+    void replaceStore();
+
+    void beginStore();
+    void endStore();
+    void connectStore();
+    void read(quint32 seed);
+
+    // The checker.
+    /// Keeps the first difference that is not empty.
+    void fail(const QString &difference);
+    void check();
+    void checkView();
+    void checkNotes();
+    /// Why a chunk file is not as expected; empty when it is.
+    QString difference(const ModelFile &expected, const QString &path);
+    QString exportDifference(const ModelFile &exported);
+    void checkExports();
+    void checkPartials(const QString &importName);
+    void checkFolder();
+    void chunkAnnounced(quint32 index, const QString &time);
+    /// Turns the event loop; false when nothing came of it for too long.
+    bool waitUntil(const std::function<bool()> &condition);
+    void keepForeignFilesYoung();
+    /// Counts what a clearing or the end of the store takes along.
+    void forgetTrace();
+
+    int below(int limit) { return int(random() % quint32(qMax(limit, 1))); }
+    QString text() { return QStringLiteral("text %1").arg(++texts); }
+    QString newFile(const QString &suffix);
+    QString inChunkFolder(const QString &name) const;
+
+    std::mt19937 random;
+    const Weights weights;
+    const int readerCount;
+    QTemporaryDir folder;
+    std::unique_ptr<BookmarkHandler> bookmarks;
+    std::unique_ptr<DatachunkHandler> store;
+    std::unique_ptr<StoreModel> model;
+    QStringList commandLog;
+    QString firstFailure;
+    int texts = 0;
+    int files = 0;
+
+    // What the store told.
+    QStringList told;
+    QStringList toldPartials;
+    QVector<quint32> toldChunks;
+    quint32 toldRemovals = 0;
+    QSet<unsigned char> toldLines;
+    std::atomic<quint32> switchStarts{0};
+    std::atomic<quint32> switches{0};
+
+    QVector<ModelFile> archive; // in the order of its entries
+    QString archiveName;
+    std::unique_ptr<ModelFile> lastChunk; // the exported chunk in the chunk folder
+    qint64 foreignBytes = 0;              // of a file there that is no chunk
+    quint32 serials = 0;                  // used so far
+    quint32 imported = 0;
+
+    // Every message appended is in one of the last three.
+    quint64 appended = 0;
+    quint64 rotations = 0;
+    quint64 verified = 0;
+    quint64 lostByBudgetUnseen = 0;
+    quint64 lostWithReason = 0;
+    std::vector<std::thread> readers;
+    std::atomic<bool> stopReading{false};
+    std::atomic<bool> sawTorn{false};
+};

@@ -1,0 +1,458 @@
+#include "storemodel.h"
+
+#include "canframe.h"
+#include "messages.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr qint32 firstImportedSecond = 1000000;
+
+int payloadOf(quint32 serial)
+{
+    return int(serial % 13 == 0 ? serial % 65 : serial % 9);
+}
+
+char *put(char *to, quint32 value, int bytes)
+{
+    while (bytes-- > 0)
+        *to++ = char(value >> (8 * bytes));
+    return to;
+}
+
+void addInteger(QByteArray &bytes, quint32 value, int size)
+{
+    char digits[4];
+    put(digits, value, size);
+    bytes.append(digits, size);
+}
+
+void addText(QByteArray &bytes, const QString &text)
+{
+    addInteger(bytes, text.isNull() ? 0xFFFFFFFF : quint32(text.size()) * 2, 4);
+    for (const QChar c : text)
+        addInteger(bytes, c.unicode(), 2);
+}
+
+char *putRecord(char *to, const CAN::CanRxMessage &m, bool withLine)
+{
+    *to++ = char(m.length);
+    std::memcpy(to, m.data, std::size_t(m.length));
+    to = put(to + m.length, m.extended, 1);
+    to = put(to, m.id, 4);
+    for (const bool flag : {m.remote, m.flagC, m.fdFrame, m.flagB, m.flagD})
+        to = put(to, flag, 1);
+    to = put(to, quint32(m.microseconds), 4);
+    to = put(to, quint32(m.seconds), 4);
+    to = put(to, m.messageNumber, 4);
+    return withLine ? put(to, m.line, 2) : to;
+}
+
+// Entries are written from the highest key to the lowest.
+template <typename Map, typename AddValue>
+void addMap(QByteArray &bytes, const Map &map, const AddValue &addValue)
+{
+    addInteger(bytes, quint32(map.size()), 4);
+    const QList<unsigned int> keys = map.keys();
+    for (int i = keys.size() - 1; i >= 0; --i) {
+        addInteger(bytes, keys.at(i), 4);
+        addValue(map.value(keys.at(i)));
+    }
+}
+
+template <typename Map> void unite(Map &all, const Map &some)
+{
+    for (auto entry = some.begin(); entry != some.end(); ++entry)
+        all[entry.key()] = entry.value();
+}
+
+QString onOff(const char *signal, bool on)
+{
+    return QLatin1String(signal) + QLatin1String(on ? " 1" : " 0");
+}
+
+} // namespace
+
+bool sameText(const QString &expected, const QString &actual)
+{
+    static const QString ofTimes = QStringLiteral("0123456789:.");
+    return expected.size() == actual.size()
+        && std::equal(expected.begin(), expected.end(), actual.begin(), [](QChar e, QChar a) {
+               return e == a || (e.unicode() == unknownTime && ofTimes.contains(a));
+           });
+}
+
+CAN::CanRxMessage messageOf(quint32 serial, MessageRun::Kind kind)
+{
+    CAN::CanRxMessage message = makeMessage(serial, payloadOf(serial));
+    if (kind == MessageRun::WithoutLine)
+        message.line = 0;
+    if (kind != MessageRun::Imported)
+        return message;
+    // What a candump line keeps.
+    CAN::CanRxMessage imported;
+    imported.seconds = message.seconds + firstImportedSecond;
+    imported.microseconds = message.microseconds;
+    imported.id = message.id;
+    imported.extended = message.extended;
+    imported.length = qint8(serial % 9);
+    std::copy_n(message.data, imported.length, imported.data);
+    return imported;
+}
+
+CAN::CanRxMessage MessageRun::at(qint64 position) const
+{
+    if (position < 0 || position >= count)
+        return {};
+    CAN::CanRxMessage message = messageOf(serial + quint32(position), kind);
+    message.messageNumber = number + quint32(position);
+    return message;
+}
+
+bool isWhole(const CAN::CanRxMessage &message)
+{
+    if (sameInChunk(message, CAN::CanRxMessage()))
+        return true;
+    const bool imported = message.seconds >= firstImportedSecond;
+    const quint32 seconds = quint32(message.seconds - (imported ? firstImportedSecond : 0));
+    CAN::CanRxMessage expected = messageOf(seconds * 1000 + quint32(message.microseconds) / 1000,
+                                           imported ? MessageRun::Imported : MessageRun::Received);
+    expected.messageNumber = message.messageNumber;
+    expected.line = message.line == 0 ? quint16(0) : expected.line;
+    return sameInChunk(message, expected);
+}
+
+QVector<CAN::CanRxMessage> ModelFile::records(qint64 from) const
+{
+    QVector<CAN::CanRxMessage> found;
+    for (const unsigned int position : selected) {
+        if (position < messages.count)
+            found.append(messages.at(position));
+    }
+    const qint64 behind = selected.isEmpty() ? std::min<qint64>(end, messages.count) : 0;
+    for (qint64 i = std::max<qint64>(from, 0); i < behind; ++i)
+        found.append(messages.at(i));
+    return found;
+}
+
+QString ModelFile::timeText() const
+{
+    const CAN::CanRxMessage first = messages.at(start);
+    const CAN::CanRxMessage last = messages.at(end - 1);
+    return QString::asprintf("%d.%06d - %d.%06d", first.seconds, first.microseconds, last.seconds,
+                             last.microseconds);
+}
+
+bool ModelFile::hasFdFrame() const
+{
+    for (quint32 i = 0; i < messages.count; ++i) {
+        if (messages.at(i).fdFrame)
+            return true;
+    }
+    return false;
+}
+
+qint64 ModelFile::chunkSize() const
+{
+    ModelFile head = *this;
+    head.messages.count = 0;
+    qint64 size = head.chunkBytes().size() + (timeText().size() - head.timeText().size()) * 2;
+    for (quint32 i = 0; i < messages.count; ++i)
+        size += 25 + payloadOf(messages.serial + i);
+    return size;
+}
+
+QByteArray ModelFile::chunkBytes(quint32 version) const
+{
+    QByteArray bytes;
+    addText(bytes, timeText());
+    addText(bytes, QString::number(version));
+    if (version > 100)
+        addMap(bytes, notes, [&](const QString &note) { addText(bytes, note); });
+    if (version > 103) {
+        addMap(bytes, bookmarks, [&](const CanMessageBookmark &bookmark) {
+            addInteger(bytes, 0xB00A, 4);
+            addInteger(bytes, 1, 1);
+            addInteger(bytes, bookmark.messageNumber(), 4);
+            addText(bytes, bookmark.text());
+        });
+    }
+    const int head = bytes.size();
+    const QVector<CAN::CanRxMessage> saved = records(start);
+    bytes.resize(head + saved.size() * (25 + CAN::maxDataBytes));
+    char *to = bytes.data() + head;
+    for (const CAN::CanRxMessage &message : saved)
+        to = putRecord(to, message, version > 102);
+    bytes.resize(int(to - bytes.data()));
+    return bytes;
+}
+
+QString ModelFile::text() const
+{
+    QString text = QStringLiteral("# timestamp id (dlc): data;flags;notes\n");
+    const QVector<CAN::CanRxMessage> lines = records(0);
+    for (const CAN::CanRxMessage &m : lines) {
+        text += QString::asprintf(" %3d.%06d 0x%03x/%-4u (%d): ", m.seconds, m.microseconds, m.id,
+                                  m.id, m.length);
+        for (int i = 0; i < m.length && !m.remote; ++i)
+            text += QString::asprintf("%02x ", m.data[i]);
+        if (m.remote)
+            text += QStringLiteral("Remote Transmission Request");
+        const int flags = m.extended + 2 * m.fdFrame + 4 * m.flagC + 8 * m.flagB;
+        text += QStringLiteral(";%1;").arg(flags) + notes.value(m.messageNumber) + '\n';
+    }
+    return text;
+}
+
+StoreModel::StoreModel(quint32 maxMessageCount, bool hasBookmarks, quint32 serials, quint32 imports)
+    : maxMessageCount(maxMessageCount), imports(imports), hasBookmarks(hasBookmarks),
+      serial(serials)
+{
+}
+
+bool StoreModel::isFull(quint32 size) const
+{
+    return size != 0 && size >= maxMessageCount - 5000;
+}
+
+void StoreModel::append(quint32 count)
+{
+    linesOfOthers |= continuousMode;
+    for (; count > 0; --count) {
+        if (continuousMode && live.count >= maxMessageCount) {
+            ++live.serial;
+            ++live.number;
+            --live.count;
+            ++lostInContinuousMode;
+        } else if (!continuousMode && isFull(live.count)) {
+            rotate();
+        }
+        if (live.count == 0)
+            live = {serial, number, 0};
+        if (!continuousMode && !noteForNext.isEmpty())
+            (isLive ? notes : liveNotes)[number] = std::exchange(noteForNext, {});
+        ++live.count;
+        ++serial;
+        ++number;
+    }
+}
+
+void StoreModel::rotate()
+{
+    ModelFile chunk;
+    chunk.messages = live;
+    chunk.end = live.count;
+    chunk.notes = std::exchange(isLive ? notes : liveNotes, {});
+    chunk.bookmarks = std::exchange(isLive ? bookmarks : liveBookmarks, {});
+    rotated = live;
+    live.count = 0;
+    ++switchesAtMost;
+    if (isLive) {
+        showsRotated = true;
+        ++switchesAtLeast;
+        due += QStringLiteral("start");
+    }
+    if (budget == 0) {
+        lostWithoutBudget += rotated.count;
+        return;
+    }
+    chunk.name = QStringLiteral("tmpData%1.dck").arg(chunkCount++);
+    chunks.push_back(chunk);
+    enforceBudget();
+}
+
+void StoreModel::enforceBudget()
+{
+    const auto sizeOf = [](const ModelFile &chunk) { return quint32(chunk.chunkSize() / 1024); };
+    kibibytes += sizeOf(chunks.back());
+    if ((kibibytes + otherKibibytes) / 1024 <= budget)
+        return;
+    ModelFile &victim = chunks[oldest++];
+    kibibytes -= sizeOf(victim);
+    victim.removed = true;
+    ++removals;
+}
+
+QVector<QVector<MessageRun>> StoreModel::views() const
+{
+    if (!isLive)
+        return {paged};
+    QVector<QVector<MessageRun>> views{{live}};
+    if (showsRotated)
+        views.append({rotated});
+    return views;
+}
+
+void StoreModel::settle()
+{
+    showsRotated = false;
+    switchesAtLeast = switchesAtMost = 0;
+}
+
+void StoreModel::leaveLive()
+{
+    due += QStringLiteral("start");
+    if (isLive) {
+        liveNotes = std::exchange(notes, {});
+        liveBookmarks = bookmarks;
+        switchesAtLeast = 0; // the pool finds out that there is nothing to switch
+    } else {
+        bookmarks.clear();
+    }
+    isLive = linesOfOthers = showsRotated = false;
+}
+
+void StoreModel::show(const QVector<MessageRun> &messages)
+{
+    paged = messages;
+    due += QStringLiteral("cleared 0");
+    due += QStringLiteral("mode 0");
+}
+
+void StoreModel::page(const ModelFile &chunk, quint32 version, const QString &importedAs)
+{
+    leaveLive();
+    if (version > 100)
+        notes = chunk.notes;
+    if (version > 103 && hasBookmarks)
+        bookmarks = chunk.bookmarks;
+    due += onOff("fd", chunk.hasFdFrame());
+    due += QStringLiteral("start");
+    show({chunk.messages});
+    if (importedAs.isEmpty())
+        return;
+    due += QStringLiteral("file ") + importedAs.section('/', -1);
+    due += QStringLiteral("imported ") + importedAs;
+}
+
+void StoreModel::merge(const QVector<ModelFile> &entriesInArchiveOrder, const QString &archive)
+{
+    QMap<quint64, ModelFile> byStart;
+    for (const ModelFile &entry : entriesInArchiveOrder)
+        byStart[entry.messages.serial] = entry;
+    leaveLive();
+    QVector<MessageRun> all;
+    notes.clear();
+    bookmarks.clear();
+    for (const ModelFile &entry : qAsConst(byStart)) {
+        due += onOff("fd", entry.hasFdFrame());
+        unite(notes, entry.notes);
+        if (hasBookmarks)
+            unite(bookmarks, entry.bookmarks);
+        all.append(entry.messages);
+    }
+    due += QStringLiteral("archive ") + archive;
+    show(all);
+}
+
+void StoreModel::goLive()
+{
+    if (isLive)
+        return;
+    due += QStringLiteral("start");
+    due += QStringLiteral("cleared 1");
+    due += QStringLiteral("mode 1");
+    notes = std::exchange(liveNotes, {});
+    bookmarks = std::exchange(liveBookmarks, {});
+    paged.clear();
+    isLive = true;
+}
+
+void StoreModel::clear()
+{
+    if (isLive) {
+        due += QStringLiteral("start");
+        due += QStringLiteral("cleared 1");
+    }
+    live.count = number = chunkCount = removals = kibibytes = 0;
+    oldest = 0;
+    chunks.clear();
+    notes.clear();
+    liveNotes.clear();
+    bookmarks.clear();
+    liveBookmarks.clear();
+    showsRotated = false;
+}
+
+void StoreModel::setContinuousMode(bool on)
+{
+    continuousMode = on;
+    budget = 0;
+    maxMessageCount = 10000;
+}
+
+void StoreModel::savePartial(const MessageRun &messages, const ChunkFormat::Notes &notes)
+{
+    ModelFile chunk;
+    chunk.messages = messages;
+    chunk.end = messages.count;
+    chunk.notes = notes;
+    chunk.name = QString::number(chunkCount++);
+    partials.push_back(chunk);
+}
+
+void StoreModel::startImport()
+{
+    partials.clear();
+    leaveLive();
+    due += QStringLiteral("dialog 1");
+    due += QStringLiteral("dialog 0");
+}
+
+void StoreModel::finishImport(quint32 count, const QString &file)
+{
+    MessageRun buffer{imports, 0, 0, MessageRun::Imported};
+    imports += count;
+    for (quint32 i = 0; i < count; ++i) {
+        if (isFull(buffer.count)) {
+            ChunkFormat::Notes kept;
+            for (quint32 n = buffer.number; n < i && !notes.isEmpty(); ++n) {
+                if (notes.contains(n))
+                    kept[n] = notes.value(n);
+            }
+            if (budget != 0)
+                savePartial(buffer, kept);
+            buffer = {buffer.serial + buffer.count, i, 0, MessageRun::Imported};
+        }
+        ++buffer.count;
+    }
+    if (count == 0) {
+        due += QStringLiteral("cleared 0");
+        goLive();
+        due += QStringLiteral("error File seems to be empty or broken, nothing imported.");
+        due += QStringLiteral("imported ");
+        return;
+    }
+    savePartial(buffer, notes);
+    due += QStringLiteral("start");
+    show({buffer});
+    due += QStringLiteral("imported ") + file;
+}
+
+void StoreModel::exportMessages(const QString &file, bool withNotes,
+                                const QList<unsigned int> &selected)
+{
+    if (live.count == 0 || file.isEmpty()) {
+        due += QLatin1String(live.count == 0 ? "error Nothing to export."
+                                             : "error No filename specified.");
+        return;
+    }
+    exportNotes = withNotes ? notes : ChunkFormat::Notes();
+    if (hasBookmarks)
+        exportBookmarks = bookmarks;
+    exports.push_back({file, live, 0, live.count, selected, exportNotes, exportBookmarks});
+}
+
+void StoreModel::exportRange(const QString &file, int first, int last)
+{
+    if (last > int(live.count) || file.isEmpty()) {
+        due += QLatin1String(last > int(live.count) ? "error Nothing to export."
+                                                    : "error No filename specified.");
+        return;
+    }
+    exportNotes = notes;
+    const qint64 end = last == 0 ? live.count : qBound<qint64>(0, last + 1, live.count);
+    exports.push_back({file, live, first, end, {}, exportNotes, exportBookmarks});
+}
