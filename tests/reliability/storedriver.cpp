@@ -68,7 +68,7 @@ void StoreDriver::run(int commandCount, quint64 messages)
         check();
     }
     commandLog += QStringLiteral("end");
-    if (firstFailure.isEmpty())
+    if (firstFailure.isEmpty() && weights != EndingAtOnce)
         settle();
     endStore();
     const quint64 found = verified + lostByBudgetUnseen + lostWithReason;

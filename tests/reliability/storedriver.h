@@ -20,6 +20,7 @@ class StoreDriver : public QObject
 public:
     enum Weights {
         Everything,
+        EndingAtOnce, ///< the same, but with whatever is under way at the end
         Recording ///< long bursts with some paging, exports and clearings; nothing loses messages
     };
 

@@ -14,6 +14,7 @@ private slots:
     void initTestCase();
     void storeIsWhatItsModelIs_data();
     void storeIsWhatItsModelIs();
+    void storesEndAtAnyPoint();
     void everyRotatedMessageIsInOneChunk();
 };
 
@@ -56,6 +57,20 @@ void Model::storeIsWhatItsModelIs()
             qWarning("Replay with DATACHUNK_SEED=%u:%s", seed, qPrintable(driver.log()));
         QCOMPARE(driver.failure(), QString());
         qInfo("seed %u: %s", seed, qPrintable(driver.figures()));
+    }
+    QCOMPARE(leftBehind(before), QString());
+}
+
+void Model::storesEndAtAnyPoint()
+{
+    const ProcessState before = processState();
+    for (quint32 seed = 0; seed < 1000; ++seed) {
+        StoreDriver driver(seed, StoreDriver::EndingAtOnce, 0);
+        driver.run(int(seed % 20), 1000000);
+        QVERIFY2(
+            driver.failure().isEmpty(),
+            qPrintable(
+                QStringLiteral("seed %1: %2%3").arg(seed).arg(driver.failure(), driver.log())));
     }
     QCOMPARE(leftBehind(before), QString());
 }

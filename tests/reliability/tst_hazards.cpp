@@ -1,0 +1,364 @@
+#include "../../bench/tracegenerator.h"
+#include "archives.h"
+#include "datachunkhandler.h"
+#include "messages.h"
+#include "processstate.h"
+#include "storefixture.h"
+#include "ziparchive.h"
+
+#include <QtTest>
+
+#include <functional>
+
+/// Slots and events that use, or delete, a store which is in the middle of something.
+class Hazards : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void slotMayDoAnything_data();
+    void slotMayDoAnything();
+    void eventOfAnImportMayDoAnything_data();
+    void eventOfAnImportMayDoAnything();
+    void packingTakesWholeFilesOnly();
+
+private:
+    QString path(const char *name) const { return folder.filePath(QLatin1String(name)); }
+
+    QTemporaryDir folder;
+};
+
+namespace {
+
+using H = DatachunkHandler;
+using Type = DatachunkHelper::ImportFileType;
+
+constexpr int chunkSize = 10;
+constexpr int liveMessages = 5;
+constexpr int traceMessages = 25;
+
+// Calls a function at the n-th signal that a store emits on this thread, but for those that it
+// may emit under its lock.
+class AtSignal : public QObject
+{
+    Q_OBJECT
+public:
+    AtSignal(H &store, int n, bool clearingIsLocked, std::function<void()> act)
+        : act(std::move(act)), left(n)
+    {
+        const QMetaMethod counter = metaObject()->method(metaObject()->indexOfSlot("count()"));
+        const QMetaObject &meta = H::staticMetaObject;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+            const QMetaMethod method = meta.method(i);
+            const bool isLocked = method.name() == "newLine"
+                || (clearingIsLocked && method.name().startsWith("informAboutClear"));
+            if (method.methodType() == QMetaMethod::Signal && !isLocked)
+                connect(&store, method, this, counter, Qt::DirectConnection);
+        }
+    }
+
+    bool hasActed() const { return left < 0; }
+
+private slots:
+    void count()
+    {
+        if (QThread::currentThread() == thread() && left-- == 0)
+            act();
+    }
+
+private:
+    const std::function<void()> act;
+    std::atomic<int> left;
+};
+
+// Calls a function in one of the event turns that an import makes.
+class AtTurn : public QObject
+{
+public:
+    AtTurn(int turn, std::function<void()> act) : act(std::move(act)), left(turn) { startTimer(0); }
+
+    bool hasActed() const { return left < 0; }
+
+private:
+    void timerEvent(QTimerEvent *) override
+    {
+        if (left-- == 0)
+            act();
+    }
+
+    const std::function<void()> act;
+    int left;
+};
+
+struct Step
+{
+    const char *name;
+    std::function<void(H &, const QDir &)> run;
+    bool clearingIsLocked = false;
+};
+
+const QVector<Step> &operations()
+{
+    const auto import = [](const char *file, Type type) {
+        return [=](H &store, const QDir &in) {
+            store.importMessages(in.filePath(file), type, QStringLiteral("t n i ? ? l d"));
+        };
+    };
+    const auto page = [](H &store, const QDir &) { store.loadDataFromFile(0); };
+    static const QVector<Step> steps{
+        {"import of a trace", import("trace.log", DatachunkHelper::SocketCanDump)},
+        {"import that reports CAN FD",
+         import("trace.asc", DatachunkHelper::VectorAscWithoutBitcount)},
+        {"import of nothing", import("empty.log", DatachunkHelper::SocketCanDump)},
+        {"import of a broken trace", import("broken.txt", DatachunkHelper::GenericFormat)},
+        {"import of a chunk", import("good.dck", DatachunkHelper::ChunkFile)},
+        {"import of a chunk without messages", import("empty.dck", DatachunkHelper::ChunkFile)},
+        {"import of a newer chunk", import("newer.dck", DatachunkHelper::ChunkFile)},
+        {"paging", page},
+        {"going live",
+         [page](H &store, const QDir &in) {
+             const QPointer<H> guard(&store);
+             page(store, in);
+             if (guard)
+                 store.goLive();
+         }},
+        {"clearing", [](H &store, const QDir &) { store.clearAllMessages(); }, true},
+        {"clearing during an import",
+         [import](H &store, const QDir &in) {
+             AtTurn atTurn(0, [&store] { store.clearAllMessages(); });
+             import("trace.log", DatachunkHelper::SocketCanDump)(store, in);
+         },
+         true},
+        {"rotation",
+         [](H &store, const QDir &) {
+             for (int i = 0; i < 2 * chunkSize + liveMessages; ++i)
+                 store.addnewtestmessage();
+         },
+         true},
+        {"merging", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("good.zip")); }},
+        {"merging newer chunks",
+         [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("newer.zip")); }},
+        {"merging nothing", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("none.zip")); }},
+        {"merging in the background",
+         [](H &s, const QDir &in) { s.importZipAndMerge(in.filePath("good.zip")); }},
+        {"unpacking", [](H &s, const QDir &in) { s.loadZipFile(in.filePath("good.zip")); }},
+        {"unpacking nothing", [](H &s, const QDir &in) { s.loadZipFile(in.filePath("none.zip")); }},
+        {"unpacking in the background", import("good.zip", DatachunkHelper::ZipArchive)},
+        {"packing what cannot be read",
+         [](H &store, const QDir &in) {
+             QFile::link(in.path(), store.chunkFolderPath() + "/other.dck");
+             QFile(store.chunkFolderPath() + "/tmpData0.dck").setPermissions({});
+             store.setZipFileName(in.filePath("packed.zip"));
+             store.saveDatachunksToZip();
+         }},
+        {"refused export", [](H &store, const QDir &) { store.exportMessages(QString()); }},
+        {"export to a full disk",
+         [](H &store, const QDir &in) { store.exportMessages(in.filePath("full.dck")); }},
+        {"splitting a newer chunk",
+         [](H &store, const QDir &in) { store.splitFile(in.filePath("newer.dck"), 1); }},
+        {"splitting on a full disk",
+         [](H &store, const QDir &in) { store.splitFile(in.filePath("good.dck"), 2); }},
+    };
+    return steps;
+}
+
+const QVector<Step> &actions()
+{
+    static const QVector<Step> steps{
+        {"deletes the store", [](H &store, const QDir &) { delete &store; }},
+        {"has the store deleted", [](H &store, const QDir &) { store.deleteLater(); }},
+        {"goes live", [](H &store, const QDir &) { store.goLive(); }},
+        {"clears", [](H &store, const QDir &) { store.clearAllMessages(); }},
+        {"pages", [](H &store, const QDir &) { store.loadDataFromFile(0); }},
+        {"imports",
+         [](H &store, const QDir &in) {
+             store.importMessages(in.filePath("trace.log"), DatachunkHelper::SocketCanDump);
+         }},
+        {"merges", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("good.zip")); }},
+        {"packs",
+         [](H &store, const QDir &in) {
+             store.setZipFileName(in.filePath("packed.zip"));
+             store.saveDatachunksToZip();
+         }},
+        {"appends",
+         [](H &store, const QDir &) {
+             for (int i = 0; i < 2 * chunkSize + liveMessages; ++i)
+                 store.addnewtestmessage();
+         }},
+    };
+    return steps;
+}
+
+// With one chunk of \a buffer messages.
+H *newStore(int buffer)
+{
+    auto *const store = new H(unsigned(5000 + buffer));
+    for (int i = 0; i < buffer + liveMessages; ++i)
+        store->addnewtestmessage();
+    store->setMessageNote(unsigned(buffer), QStringLiteral("live"));
+    return store;
+}
+
+// Lets a store, if it still exists, finish what it does.
+void settle(const QPointer<H> &store)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (int i = 0; i < 3 && store; ++i) {
+        store->loadZipFile(QString()); // behind all other jobs on archives
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+    }
+}
+
+// Shows that a store, if it still exists, works, and ends it.
+QString endStore(const QPointer<H> &store, const QString &trace)
+{
+    if (!store)
+        return {};
+    store->importMessages(trace, DatachunkHelper::SocketCanDump);
+    const unsigned buffer = store->getMaxMessageCount() - 5000;
+    if (store->getIsLive() || store->getMessageCount() != (traceMessages - 1) % buffer + 1)
+        return QStringLiteral("%1 messages were imported").arg(store->getMessageCount());
+    store->goLive();
+    if (!store->getIsLive() || store->getMessageCount() > buffer)
+        return QStringLiteral("the store is not live again");
+    if (store->messageAt(0).messageNumber == buffer && store->getMessageNote(buffer) != "live")
+        return QStringLiteral("the live note is gone");
+    delete store.data();
+    return {};
+}
+
+QByteArray candump(int lines)
+{
+    QByteArray text;
+    for (int i = 0; i < lines; ++i)
+        text += QStringLiteral("(%1.5) can0 %2#1122\n").arg(i).arg(i % 0x800, 3, 16).toLatin1();
+    return text;
+}
+
+} // namespace
+
+void Hazards::initTestCase()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+    countObjects();
+    QByteArray newer = chunkBytes(QStringLiteral("1.0"), 0, 3);
+    newer[newer.indexOf(QByteArray::fromHex("003100300034")) + 5] = '5';
+    writeFile(path("trace.log"), candump(traceMessages));
+    writeFile(path("empty.log"), "nothing\n");
+    writeFile(path("broken.txt"), "1.0 1 123 Rx d 1 11\n1\n");
+    writeFile(path("good.dck"), chunkBytes(QStringLiteral("1.0"), 0, 3));
+    writeFile(path("empty.dck"), chunkBytes(QStringLiteral("1.0"), 0, 0));
+    writeFile(path("newer.dck"), newer);
+    for (const GeneratedFormat &format : generatedFormats()) {
+        if (format.type == DatachunkHelper::VectorAscWithoutBitcount)
+            writeFile(path("trace.asc"), generateTrace(format, generateTraffic(traceMessages)));
+    }
+    QVERIFY(writeArchive(path("good.zip"),
+                         {{"a.dck", chunkBytes("1.0", 0, 3)}, {"b.dck", chunkBytes("2.0", 3, 3)}}));
+    QVERIFY(writeArchive(path("newer.zip"), {{"a.dck", newer}}));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("full.dck")));
+    QVERIFY(QDir(folder.path()).mkdir("good_splitted"));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("good_splitted/good_0.dck")));
+}
+
+void Hazards::slotMayDoAnything_data()
+{
+    QTest::addColumn<int>("operation");
+    for (int operation = 0; operation < operations().size(); ++operation)
+        QTest::newRow(operations().at(operation).name) << operation;
+}
+
+void Hazards::slotMayDoAnything()
+{
+    QFETCH(int, operation);
+    const Step &step = operations().at(operation);
+    const QDir in(folder.path());
+    const ProcessState before = processState();
+    for (const Step &action : actions()) {
+        bool acted = true;
+        for (int n = 0; acted && n < 50; ++n) {
+            const QPointer<H> store(newStore(chunkSize));
+            QThreadPool::globalInstance()->waitForDone();
+            QCoreApplication::processEvents();
+            {
+                const AtSignal atSignal(*store, n, step.clearingIsLocked,
+                                        [&] { action.run(*store, in); });
+                step.run(*store, in);
+                settle(store);
+                acted = atSignal.hasActed();
+            }
+            const QString wrong = endStore(store, path("trace.log"));
+            QVERIFY2(wrong.isEmpty(),
+                     qPrintable(QStringLiteral("signal %1 %2: %3").arg(n).arg(action.name, wrong)));
+        }
+    }
+    QCOMPARE(leftBehind(before), QString());
+}
+
+void Hazards::eventOfAnImportMayDoAnything_data()
+{
+    QTest::addColumn<int>("format");
+    for (int format = 0; format < generatedFormats().size(); ++format)
+        QTest::newRow(generatedFormats().at(format).name) << format;
+}
+
+void Hazards::eventOfAnImportMayDoAnything()
+{
+    QFETCH(int, format);
+    constexpr int turns = 50;
+    const GeneratedFormat &generated = generatedFormats().at(format);
+    const QString file = path("generated");
+    writeFile(file, generateTrace(generated, generateTraffic(3200)));
+    const QDir in(folder.path());
+    for (const Step &action : actions()) {
+        bool acted = true;
+        for (int turn = 0; acted && turn < turns; ++turn) {
+            const QPointer<H> store(newStore(1500));
+            int dialogs = 0;
+            connect(store, &H::showLoadingDialog, this, [&](bool on) { dialogs += on ? 1 : -1; });
+            {
+                const AtTurn atTurn(turn, [&] { action.run(*store, in); });
+                store->importMessages(file, generated.type, generated.description);
+                acted = atTurn.hasActed();
+            }
+            QVERIFY(!store || dialogs == 0);
+            settle(store);
+            const QString wrong = endStore(store, path("trace.log"));
+            QVERIFY2(
+                wrong.isEmpty(),
+                qPrintable(QStringLiteral("turn %1 %2: %3").arg(turn).arg(action.name, wrong)));
+        }
+    }
+}
+
+void Hazards::packingTakesWholeFilesOnly()
+{
+    H store(200000);
+    QSet<int> sizes;
+    const auto exportMore = [&](int count) {
+        for (int number = 0; number < count; ++number)
+            store.appendCanMessage(makeMessage(quint32(number), 64));
+        sizes.insert(int(store.getMessageCount()));
+        store.exportAllMessages(QStringLiteral("x.dck"), {});
+    };
+    for (int i = 0; i < 5; ++i) {
+        const QString archive = folder.filePath(QStringLiteral("%1.zip").arg(i));
+        store.setZipFileName(archive);
+        store.setZipAfterSaving(true);
+        exportMore(20000);
+        QVERIFY(QTest::qWaitFor(
+            [&] {
+                exportMore(100);
+                return QFile::exists(archive);
+            },
+            60000));
+        const Zip::Reader reader(archive);
+        const QString file = path("packed.dck");
+        writeFile(file, reader.open(reader.entries().at(0), [] { return true; })->readAll());
+        QVERIFY(sizes.contains(readChunkFile(file).messages.size()));
+    }
+}
+
+QTEST_GUILESS_MAIN(Hazards)
+#include "tst_hazards.moc"
