@@ -37,18 +37,26 @@ void DatachunkHandler::setZipAfterSaving(bool on)
 
 void DatachunkHandler::saveDatachunksToZip()
 {
-    if (d->chunkFolder.exists())
-        d->packChunks();
+    if (!d->chunkFolder.exists())
+        return;
+    QString zipName;
+    {
+        const QReadLocker locker(&d->lock);
+        zipName = d->zipFileName;
+    }
+    const QString reason = d->packChunks(zipName);
+    if (reason.isEmpty())
+        return;
+    const QString error = DatachunkHandlerPrivate::incompleteFileText(zipName, reason);
+    d->onStoreThread([this, error] { emit newErrorMessage(error); });
 }
 
-void DatachunkHandlerPrivate::packChunks()
+QString DatachunkHandlerPrivate::packChunks(const QString &zipName)
 {
     const QMutexLocker archiveLocker(&archiveMutex);
-    QString zipName;
     quint64 packedGeneration = 0;
     {
         const QReadLocker locker(&lock);
-        zipName = zipFileName;
         packedGeneration = generation;
     }
     const auto keepGoing = [this, packedGeneration] {
@@ -57,16 +65,16 @@ void DatachunkHandlerPrivate::packChunks()
     };
     chunkQueue.waitForAll();
     exportQueue.waitForAll();
+    // The next export may write the same file again, and packing reads it.
+    exportQueue.pause();
+    exportQueue.waitForRunning();
     QFileInfoList files = chunkFolder.dir().entryInfoList(QDir::Files, QDir::NoSort);
     files.removeAll(QFileInfo(zipName));
     // What has begun to be written since must be whole before it is packed.
     chunkQueue.waitForAll();
-    exportQueue.waitForAll();
     const Zip::PackOutcome outcome = Zip::packFiles(zipName, files, keepGoing);
-    if (outcome.errorText.isEmpty())
-        return;
-    const QString error = incompleteFileText(zipName, outcome.errorText);
-    onStoreThread([this, error] { emit q->newErrorMessage(error); });
+    exportQueue.resume();
+    return outcome.errorText;
 }
 
 void DatachunkHandler::sortZipFile(QString zipName, QMap<double, QString> &order)
@@ -91,16 +99,16 @@ void DatachunkHandler::importZipAndMerge(QString zipName)
 
 bool DatachunkHandlerPrivate::mergeArchive(const QString &zipName, quint32 viewRequest)
 {
-    const QMutexLocker archiveLocker(&archiveMutex);
-    const auto keepGoing = [this, viewRequest] { return !stopping && viewRequests == viewRequest; };
+    const QPointer<DatachunkHandler> store(q);
     onStoreThread([this] { emit q->informAboutClearStart(); });
+    if (!store)
+        return false;
+    const auto keepGoing = [this, viewRequest] { return !stopping && viewRequests == viewRequest; };
     const auto merged = std::make_shared<ChunkArchive::Merged>();
-    ChunkArchive::merge(
-        zipName, ArchiveLimits::memoryLimit(), keepGoing,
-        [this](bool hasFdFrame) {
-            onStoreThread([this, hasFdFrame] { emit q->chunkContainsFdMessage(hasFdFrame); });
-        },
-        *merged);
+    {
+        const QMutexLocker archiveLocker(&archiveMutex);
+        ChunkArchive::merge(zipName, ArchiveLimits::memoryLimit(), keepGoing, *merged);
+    }
     // Whoever waits for the store's thread may be waited for by it, so the outcome of another
     // thread's merge is only told.
     const bool readAny = merged->outcome.result == Outcome::Done && !merged->messages.isEmpty();
@@ -114,31 +122,38 @@ bool DatachunkHandlerPrivate::mergeArchive(const QString &zipName, quint32 viewR
 bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
                                        ChunkArchive::Merged &merged)
 {
+    const QPointer<DatachunkHandler> store(q);
+    for (const bool hasFdFrame : qAsConst(merged.fdFramesByChunk)) {
+        emit store->chunkContainsFdMessage(hasFdFrame);
+        if (!store)
+            return false;
+    }
+    const auto isWanted = [this, viewRequest] {
+        return viewRequests == viewRequest && !importRunning;
+    };
     const Outcome::Result result = merged.outcome.result;
-    const bool wanted = viewRequests == viewRequest && !importRunning;
-    const bool shows = wanted && result == Outcome::Done && !merged.messages.isEmpty();
+    const bool isNewer = result == Outcome::NewerVersion;
+    const bool shows = isWanted() && result == Outcome::Done && !merged.messages.isEmpty();
     if (shows)
         showMerged(merged);
-    if (result != Outcome::NotOpened && result != Outcome::NewerVersion)
+    if (result != Outcome::NotOpened && !isNewer)
         emit q->zipFileLoaded(name);
-    if (shows) {
-        const QSet<unsigned char> seen = merged.lines.toSet();
-        for (const unsigned char line : seen)
-            emit q->newLine(line);
-    }
+    const QSet<unsigned char> seen = shows ? merged.lines.toSet() : QSet<unsigned char>();
+    for (auto line = seen.begin(); line != seen.end() && store; ++line)
+        emit store->newLine(*line);
     // Of a newer version the user is told first, as with a single chunk file.
-    const bool isNewer = result == Outcome::NewerVersion;
-    if (wanted && isNewer)
+    if (store && isWanted() && isNewer)
         reportFailure(merged.outcome);
-    emit q->informAboutCleared(isLive);
-    if (shows) {
+    if (store)
+        emit q->informAboutCleared(isLive);
+    if (store && shows)
         emit q->liveModeChanged(isLive);
-    } else if (wanted) {
+    if (store && !shows && isWanted()) {
         showLive();
-        if (!isNewer)
+        if (store && !isNewer)
             reportFailure(merged.outcome);
     }
-    return shows;
+    return store && shows;
 }
 
 void DatachunkHandlerPrivate::showMerged(ChunkArchive::Merged &merged)
@@ -183,23 +198,28 @@ bool DatachunkHandler::loadZipFile(QString zipName)
 
 bool DatachunkHandlerPrivate::unpackArchive(const QString &zipName)
 {
-    const QMutexLocker archiveLocker(&archiveMutex);
+    const QPointer<DatachunkHandler> store(q);
     const QString name = ArchiveLimits::archiveName(zipName);
-    bool anything = false;
+    QVector<std::function<void()>> reports;
     const auto unpacked = [&](const QString &entry, const QDir &folder, const QString &time) {
-        anything = true;
-        onStoreThread([=] { emit q->newZippedFile(entry, name, folder, time); });
+        reports.append([=] { emit q->newZippedFile(entry, name, folder, time); });
+        // On this thread a slot could be called, which has to wait for the end.
+        if (q->thread() != QThread::currentThread())
+            onStoreThread(reports.last());
     };
     Outcome outcome{Outcome::NoRoom};
     if (chunkFolder.exists()) {
+        const QMutexLocker archiveLocker(&archiveMutex);
         outcome = ChunkArchive::unpack(
             zipName, chunkFolder.dir(), [this] { return !stopping; }, unpacked);
     }
-    const bool failed = !anything || outcome.result != Outcome::Done;
-    onStoreThread([=] {
-        if (failed)
-            reportFailure(outcome);
-        emit q->zipFileLoaded(name);
-    });
+    const bool anything = !reports.isEmpty();
+    if (q->thread() != QThread::currentThread())
+        reports.clear();
+    if (!anything || outcome.result != Outcome::Done)
+        reports.append([this, outcome] { reportFailure(outcome); });
+    reports.append([this, name] { emit q->zipFileLoaded(name); });
+    for (int i = 0; i < reports.size() && store; ++i)
+        onStoreThread(reports.at(i));
     return anything;
 }

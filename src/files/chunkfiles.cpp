@@ -21,8 +21,7 @@ bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap boo
     QDataStream stream(&file);
     const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
     if (preamble.version > ChunkFormat::currentVersion) {
-        q->showDataChunkVersionMismatch();
-        q->goLive();
+        refuseNewerVersion();
         return false;
     }
     const ChunkFormat::Maps maps = ChunkFormat::readMaps(stream, preamble.version, bookmarkMap);
@@ -35,6 +34,14 @@ bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap boo
         setBookmarks(maps.bookmarks);
     emit q->chunkContainsFdMessage(readRecords(file, preamble.version));
     return true;
+}
+
+void DatachunkHandlerPrivate::refuseNewerVersion()
+{
+    const QPointer<DatachunkHandler> store(q);
+    q->showDataChunkVersionMismatch();
+    if (store)
+        q->goLive();
 }
 
 bool DatachunkHandlerPrivate::readRecords(QIODevice &file, quint32 version)
@@ -96,8 +103,7 @@ bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
     QDataStream stream(&file);
     const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
     if (preamble.version > ChunkFormat::currentVersion) {
-        showDataChunkVersionMismatch();
-        goLive();
+        d->refuseNewerVersion();
         return false;
     }
     ChunkFormat::readMaps(stream, preamble.version);
@@ -114,10 +120,11 @@ bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,
     quint32 count = 0;
     CAN::CanRxMessage message;
     ChunkFormat::RecordReader reader(file, version);
-    while (reader.next(message)) {
+    const QPointer<DatachunkHandler> store(q);
+    while (store && reader.next(message)) {
         if (count % messagesPerFile == 0) {
             q->finishContinousOutput();
-            if (count != 0 && !continuousOutput->errorText().isEmpty())
+            if (!store || (count != 0 && !continuousOutput->errorText().isEmpty()))
                 return false;
             if (!q->createContinuousOutputFile(fillChunkNumber(partTemplate, part++)))
                 return false;
@@ -125,7 +132,9 @@ bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,
         message.messageNumber = count++;
         q->appendToContinuousOutputFile(message);
     }
+    if (!store)
+        return false;
     continuousOutput->flushContinuousOutput();
     reportContinuousOutput();
-    return count == 0 || continuousOutput->errorText().isEmpty();
+    return store && (count == 0 || continuousOutput->errorText().isEmpty());
 }

@@ -102,7 +102,7 @@ Outcome::Result Merger::readRecords(Zip::EntryDevice &chunk, quint32 version)
 } // namespace
 
 void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
-           const std::function<void(bool)> &chunkRead, Merged &merged)
+           Merged &merged)
 {
     const Zip::Reader archive(zipName);
     const std::vector<Chunk> chunks = withoutEqualStarts(chunksByStart(archive, keepGoing));
@@ -126,7 +126,7 @@ void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &kee
             merged.outcome = tooLarge(chunks);
         if (merged.outcome.result != Outcome::Done)
             return;
-        chunkRead(merger.lastHasFdFrame());
+        merged.fdFramesByChunk.append(merger.lastHasFdFrame());
     }
 }
 

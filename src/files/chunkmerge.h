@@ -5,7 +5,7 @@
 #include "lineset.h"
 #include "messagelist.h"
 
-#include <functional>
+#include <QVector>
 
 namespace ChunkArchive {
 
@@ -18,13 +18,13 @@ struct Merged
     ChunkFormat::Bookmarks bookmarks;
     bool hasBookmarkMap = false; ///< whether any chunk has bookmarks, be it none
     LineSet lines;
+    QVector<bool> fdFramesByChunk; ///< for each chunk read, whether it holds CAN FD frames
 };
 
-/// Reads all chunks in order of their start, of equal ones only the last, and calls
-/// \a chunkRead after each with whether it holds CAN FD frames. A damaged chunk ends with its
-/// last whole record. Takes up to about \a memoryLimit bytes; an archive that needs more is too
-/// large.
+/// Reads all chunks in order of their start, of equal ones only the last. A damaged chunk ends
+/// with its last whole record. Takes up to about \a memoryLimit bytes; an archive that needs more
+/// is too large.
 void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
-           const std::function<void(bool)> &chunkRead, Merged &merged);
+           Merged &merged);
 
 } // namespace ChunkArchive

@@ -110,8 +110,10 @@ void DatachunkHandlerPrivate::partialChunkSaved(const QString &fileName, const Q
                                                 const QString &time)
 {
     forgetRotatedBuffer();
+    const QPointer<DatachunkHandler> store(q);
     emit q->newPartialDataFile(fileName, importName, time);
-    zipAfterSaving = false;
+    if (store)
+        zipAfterSaving = false;
 }
 
 void DatachunkHandler::savingFinished(bool success)
@@ -173,7 +175,10 @@ void DatachunkHandler::saveMessages(QString fileName, QList<CAN::CanRxMessage> *
 bool DatachunkHandler::createContinuousOutputFile(QString fileName)
 {
     // What goes wrong at the end of the file before is told of that file.
+    const QPointer<DatachunkHandler> store(this);
     finishContinousOutput();
+    if (!store)
+        return false;
     d->continuousOutputName = fileName;
     d->continuousOutputReported = false;
     return d->continuousOutput->createContinuousOutputFile(fileName);

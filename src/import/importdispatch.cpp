@@ -77,7 +77,8 @@ void DatachunkHandler::importMessages(QString openFileName,
     }
     if (importFileType == DatachunkHelper::ChunkFile)
         emit newImportedFile(openFileName.section(QLatin1Char('/'), -1), openFileName);
-    emit messagesImported(openFileName);
+    if (store)
+        emit messagesImported(openFileName);
 }
 
 bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
@@ -95,6 +96,8 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
     file.close();
     const ImportRun run(this);
     d->leaveLiveMode();
+    if (!run.storeExists())
+        return false;
     if (type == DatachunkHelper::ChunkFile) {
         if (!d->readChunk(fileName, ChunkFormat::BookmarkMap::Read))
             return false;
@@ -103,12 +106,14 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
         return d->finishImport(run, false);
     }
     emit showLoadingDialog(true);
+    if (!run.storeExists())
+        return false;
     const bool read = d->runReader(run, fileName, type, formatDescription);
     if (!run.storeExists())
         return false;
     emit showLoadingDialog(false);
     if (!run.goesOn())
-        return d->endCancelledImport();
+        return run.storeExists() && d->endCancelledImport();
     if (!read || traceReaderFor(type).outcome == TraceReader::CountsAsFailed)
         return d->failImport();
     return d->finishImport(run, savedType == DatachunkHelper::CurrentMessages);
@@ -156,9 +161,11 @@ bool DatachunkHandlerPrivate::endCancelledImport()
 
 bool DatachunkHandlerPrivate::failImport()
 {
+    const QPointer<DatachunkHandler> store(q);
     q->informAboutLastError();
-    emit q->informAboutCleared(isLive);
-    return endCancelledImport();
+    if (store)
+        emit q->informAboutCleared(isLive);
+    return store && endCancelledImport();
 }
 
 void DatachunkHandlerPrivate::reportNothingImported()
@@ -173,8 +180,10 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
     lastPartialSave.reset();
     if (pagedMessages.isEmpty()) {
         emit q->informAboutCleared(isLive);
-        q->goLive();
-        reportNothingImported();
+        if (run.storeExists())
+            q->goLive();
+        if (run.storeExists())
+            reportNothingImported();
         return false;
     }
     emit q->informAboutClearStart();
@@ -190,8 +199,9 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
         return run.storeExists() && endCancelledImport();
     q->updateLines();
     emit q->informAboutCleared(isLive);
-    emit q->liveModeChanged(isLive);
-    return true;
+    if (run.goesOn())
+        emit q->liveModeChanged(isLive);
+    return run.goesOn();
 }
 
 SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Notes &messageNotes)

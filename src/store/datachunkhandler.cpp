@@ -87,7 +87,7 @@ void DatachunkHandler::appendCanMessage(CAN::CanRxMessage message)
     }
     if (rotated)
         d->finishRotation();
-    if (lineIsNew)
+    else if (lineIsNew)
         emit newLine(static_cast<unsigned char>(message.line));
 }
 
@@ -136,9 +136,12 @@ void DatachunkHandler::goLive()
 
 void DatachunkHandler::clearAllMessages()
 {
+    const QPointer<DatachunkHandler> store(this);
     ++d->viewRequests;
     if (d->importRunning)
         goLive();
+    if (!store)
+        return;
     MessageList unused;
     {
         const QWriteLocker locker(&d->lock);
@@ -151,7 +154,8 @@ void DatachunkHandler::clearAllMessages()
     d->chunkQueue.resume();
     if (d->isLive)
         emit informAboutCleared(true);
-    updateLines();
+    if (store)
+        updateLines();
 }
 
 void DatachunkHandler::dataFileWasRemoved()

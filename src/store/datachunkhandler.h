@@ -30,8 +30,8 @@ class DatachunkHandlerPrivate;
 /// is connected directly to informAboutClearStart, informAboutCleared or newLine may be called
 /// under the lock and must not call back into the store; queued connections are free to.
 ///
-/// Destroying the store is safe at any moment, even from an event that an import lets through.
-/// Exports are written to their end first.
+/// Destroying the store is safe at any moment, even from an event that an import lets through
+/// and from a slot that is not called under the lock. Exports are written to their end first.
 class DATACHUNK_EXPORT DatachunkHandler : public QObject
 {
     Q_OBJECT

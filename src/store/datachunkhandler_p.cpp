@@ -121,10 +121,16 @@ void DatachunkHandlerPrivate::showLive()
 {
     if (isLive)
         return;
+    const QPointer<DatachunkHandler> store(q);
     emit q->informAboutClearStart();
+    if (!store)
+        return;
     MessageList unused;
     {
         const QWriteLocker locker(&lock);
+        // A slot may have been faster, and what was set aside is to be brought back once.
+        if (isLive)
+            return;
         const QMutexLocker notesLocker(&notesLock);
         notes = std::exchange(liveNotesBackup, {});
         setBookmarks(std::exchange(liveBookmarksBackup, {}));
@@ -135,13 +141,17 @@ void DatachunkHandlerPrivate::showLive()
         isLive = true;
     }
     emit q->informAboutCleared(isLive);
-    emit q->liveModeChanged(isLive);
+    if (store)
+        emit q->liveModeChanged(isLive);
 }
 
 void DatachunkHandlerPrivate::leaveLiveMode()
 {
     ++viewRequests;
+    const QPointer<DatachunkHandler> store(q);
     emit q->informAboutClearStart();
+    if (!store)
+        return;
     const QWriteLocker locker(&lock);
     leaveLiveModeLocked();
 }

@@ -52,6 +52,9 @@ public:
     /// messages, to be freed without the lock.
     MessageList clearLocked();
 
+    // A slot may delete the store, so whoever has emitted a signal, or called something that
+    // does, asks a guarded pointer or an ImportRun before the next use of anything here.
+
     /// Sets the live notes and bookmarks aside and empties the browsing list. Takes the lock.
     void leaveLiveMode();
     void leaveLiveModeLocked();
@@ -76,8 +79,7 @@ public:
     static QString incompleteFileText(const QString &fileName, const QString &reason);
     void post(const SaveJob &job, const std::function<void()> &report);
     void chunkSaved(quint32 index, const QString &time);
-    void partialChunkSaved(const QString &fileName, const QString &importName,
-                           const QString &time);
+    void partialChunkSaved(const QString &fileName, const QString &importName, const QString &time);
     /// Tells the user once when the continuous output is not complete.
     void reportContinuousOutput();
     void exportFinished(quint32 packRequest, bool success);
@@ -86,6 +88,7 @@ public:
     /// Tells the application so and returns true while an import runs.
     bool refuseDuringImport();
     bool readChunk(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
+    void refuseNewerVersion();
     /// Adds the records to the browsing list; returns whether one is a CAN FD frame.
     bool readRecords(QIODevice &file, quint32 version);
     bool splitRecords(QIODevice &file, quint32 version, const QString &partTemplate,
@@ -110,7 +113,8 @@ public:
     // Archives.
     /// Calls \a function at once on the store's thread, later from any other.
     void onStoreThread(const std::function<void()> &function);
-    void packChunks();
+    /// Returns why the archive is incomplete.
+    QString packChunks(const QString &zipName);
     bool mergeArchive(const QString &zipName, quint32 viewRequest);
     /// What follows a merge. False, with nothing shown, when it failed or is not wanted any more.
     bool endMerge(const QString &name, quint32 viewRequest, ChunkArchive::Merged &merged);
@@ -127,7 +131,7 @@ public:
     // Rotations must find a free thread in the global pool, however long archives take.
     QThreadPool archivePool;
     PoolTasks archives{&archivePool};
-    QRecursiveMutex archiveMutex; // held by whoever works on an archive; taken first of all
+    QMutex archiveMutex; // held by whoever works on an archive, not while telling; taken first
     std::atomic<bool> stopping{false};
     // Rises with everything that decides what is shown, so that a merge that has been overtaken
     // does not show its own.
