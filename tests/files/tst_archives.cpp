@@ -83,8 +83,7 @@ void TestArchives::init()
 QVector<quint32> TestArchives::mergedNumbers(Outcome::Result expected) const
 {
     Merged merged;
-    merge(
-        zip(), ampleMemory, always, [](bool) {}, merged);
+    merge(zip(), ampleMemory, always, merged);
     QVector<quint32> numbers;
     for (int i = 0; i < merged.messages.size(); ++i)
         numbers.append(merged.messages.at(i).messageNumber);
@@ -245,8 +244,7 @@ void TestArchives::memoryIsBounded()
     QVERIFY(content.size() < memory);
     QVERIFY(writeArchive(zip(), {{"a.dck", content}}));
     Merged merged;
-    merge(
-        zip(), memory, always, [](bool) {}, merged);
+    merge(zip(), memory, always, merged);
     QCOMPARE(merged.outcome.result, fits ? Outcome::Done : Outcome::TooLarge);
     QCOMPARE(merged.outcome.messages, fits ? 0 : quint32(content.size() / 23));
 }
@@ -305,8 +303,7 @@ void TestArchives::flippedBytesDoNoHarm()
         QFile::remove(zip());
         writeFile(zip(), damaged);
         Merged merged;
-        merge(
-            zip(), ampleMemory, always, [](bool) {}, merged);
+        merge(zip(), ampleMemory, always, merged);
         QVERIFY2(merged.messages.size() <= 2 * chunk.size() / 23, QByteArray::number(i));
         int count = 0;
         unpack(zip(), chunks(), always,

@@ -54,13 +54,11 @@ class TestArchiveStore : public QObject
 private slots:
     void init();
     void cleanup();
-    void wholeTraceComesBack();
     void entriesAreTheFiles();
     void failedPackingKeepsTheOldArchive();
     void completionsDecideAboutPacking_data();
     void completionsDecideAboutPacking();
     void rotationsDoNotSwallowTheArchive();
-    void goLiveBringsEverythingBack();
     void laterWishesWinOverAMerge_data();
     void laterWishesWinOverAMerge();
     void badArchivesLeadBackToLive_data();
@@ -94,37 +92,6 @@ void TestArchiveStore::newStore(unsigned int limit)
     store = std::make_unique<DatachunkHandler>(limit);
     store->setBookmarkhandler(bookmarks.get());
     store->setZipFileName(path("trace.zip"));
-}
-
-void TestArchiveStore::wholeTraceComesBack()
-{
-    constexpr int count = 3 * chunkSize + 50;
-    for (quint32 seed = 0; seed < count; ++seed) {
-        store->appendCanMessage(makeMessage(seed, int(seed % 65)));
-        if (seed % 40 == 7) {
-            store->setMessageNote(seed, QStringLiteral("note %1").arg(seed));
-            bookmarks->addBookmark(seed, QStringLiteral("mark %1").arg(seed));
-        }
-    }
-    store->setZipAfterSaving(true);
-    store->exportAllMessages(QStringLiteral("x.dck"), DatachunkHelper::ExportWithNotes);
-    QTRY_VERIFY(QFileInfo::exists(path("trace.zip")));
-    newStore();
-    bookmarks->clearBookmarks();
-    QSignalSpy lines(store.get(), &DatachunkHandler::newLine);
-    QVERIFY(store->loadZipMerged(path("trace.zip")));
-    QCOMPARE(store->getMessageCount(), unsigned(count));
-    for (quint32 seed = 0; seed < count; ++seed) {
-        QVERIFY2(sameInChunk(store->messageAt(int(seed)), makeMessage(seed, int(seed % 65))),
-                 QByteArray::number(seed));
-        const bool marked = seed % 40 == 7;
-        QCOMPARE(store->getMessageNote(seed),
-                 marked ? QStringLiteral("note %1").arg(seed) : QString());
-        QCOMPARE(store->bookmarkAt(int(seed)).text(),
-                 marked ? QStringLiteral("mark %1").arg(seed) : QString());
-    }
-    QCOMPARE(store->getLines().size(), 4);
-    QCOMPARE(lines.count(), 4);
 }
 
 void TestArchiveStore::entriesAreTheFiles()
@@ -225,36 +192,6 @@ void TestArchiveStore::rotationsDoNotSwallowTheArchive()
     QTRY_VERIFY(QFileInfo::exists(path("trace.zip")));
     QTRY_COMPARE(chunks.count(), 2);
     QCOMPARE(entriesOf(path("trace.zip")).keys(), QStringList({"tmpData0.dck", "zlastChunk.dck"}));
-}
-
-void TestArchiveStore::goLiveBringsEverythingBack()
-{
-    QVERIFY(writeArchive(
-        path("a.zip"),
-        {{"a.dck",
-          chunkBytes("1.0", 0, 3, {{1, "theirs"}}, {{2, CanMessageBookmark(2, "theirs")}})}}));
-    record(*store, 10, 50);
-    store->setMessageNote(1, "ours");
-    bookmarks->addBookmark(3, "ours");
-    QStringList signalsSeen;
-    const auto note = [&](const QString &text) { return [&, text] { signalsSeen.append(text); }; };
-    connect(store.get(), &DatachunkHandler::informAboutClearStart, note("start"));
-    connect(store.get(), &DatachunkHandler::chunkContainsFdMessage, note("fd"));
-    connect(store.get(), &DatachunkHandler::zipFileLoaded, note("loaded"));
-    connect(store.get(), &DatachunkHandler::informAboutCleared, note("cleared"));
-    connect(store.get(), &DatachunkHandler::liveModeChanged, note("mode"));
-    store->importZipAndMerge(path("a.zip"));
-    QTRY_COMPARE(signalsSeen, QStringList({"start", "fd", "loaded", "cleared", "mode"}));
-    QVERIFY(!store->getIsLive());
-    store->appendCanMessage(makeMessage(60, 8));
-    QCOMPARE(store->getMessageCount(), 3u);
-    QCOMPARE(store->getMessageNote(1), "theirs");
-    QCOMPARE(bookmarks->bookmarks().keys(), QList<unsigned int>{2});
-    store->goLive();
-    QVERIFY(store->getIsLive());
-    QCOMPARE(store->getMessageCount(), 11u);
-    QCOMPARE(store->getMessageNote(1), "ours");
-    QCOMPARE(bookmarks->bookmarks().keys(), QList<unsigned int>{3});
 }
 
 void TestArchiveStore::laterWishesWinOverAMerge_data()

@@ -23,11 +23,8 @@ private slots:
     void absurdSizesAreNotBelieved_data();
     void absurdSizesAreNotBelieved();
     void appendingTakesBookmarksForRecords();
-    void fdFramesAreTold();
-    void pagesInWhileLiveTrafficGoesOn();
     void goingLiveFromASlotEndsTheLoad();
     void missingChunkChangesNothing();
-    void opensWhatTheUserChose();
     void splitsIntoParts();
     void splitIsRefused_data();
     void splitIsRefused();
@@ -233,43 +230,6 @@ void Loading::appendingTakesBookmarksForRecords()
     QVERIFY(!store.appendDckFile(folder.filePath(QStringLiteral("missing.dck"))));
 }
 
-void Loading::fdFramesAreTold()
-{
-    DatachunkHandler store(20000);
-    QSignalSpy fd(&store, &DatachunkHandler::chunkContainsFdMessage);
-    writeFile(file, chunkBytes(QStringLiteral("104"), someMessages(3)));
-    QVERIFY(store.loadDckFile(file));
-    writeFile(file, chunkBytes(QStringLiteral("104"), {makeMessage(1, 64), makeMessage(1, 8)}));
-    QVERIFY(store.loadDckFile(file));
-    QCOMPARE(fd.count(), 2);
-    QCOMPARE(fd.at(0).first().toBool(), false);
-    QCOMPARE(fd.at(1).first().toBool(), true);
-}
-
-void Loading::pagesInWhileLiveTrafficGoesOn()
-{
-    DatachunkHandler store(5100);
-    QSignalSpy cleared(&store, &DatachunkHandler::informAboutCleared);
-    for (int i = 0; i < 250; ++i)
-        store.appendCanMessage(makeMessage(quint32(i)));
-    QVERIFY(store.loadDataFromFile(1));
-    QVERIFY(!store.getIsLive());
-    QCOMPARE(store.getMessageCount(), 100u);
-    QCOMPARE(store.messageAt(0).messageNumber, 100u);
-    QCOMPARE(store.getPositionOfMessageNumber(150), 50u);
-    const int clearedBefore = cleared.count();
-    for (int i = 0; i < 250; ++i)
-        store.appendCanMessage(makeMessage(quint32(i), "", 77));
-    QCOMPARE(store.getMessageCount(), 100u);
-    QVERIFY(!store.getLines().contains(77));
-    store.loadDataFromFile(3);
-    QCOMPARE(store.messageAt(0).messageNumber, 300u);
-    store.goLive();
-    QCOMPARE(store.getMessageCount(), 100u);
-    QCOMPARE(store.messageAt(0).messageNumber, 400u);
-    QCOMPARE(cleared.count(), clearedBefore + 2);
-}
-
 void Loading::goingLiveFromASlotEndsTheLoad()
 {
     writeFile(file, chunkBytes(QStringLiteral("104"), someMessages(3)));
@@ -311,16 +271,6 @@ void Loading::missingChunkChangesNothing()
     store.loadDataFromFile(pipe, DatachunkHelper::CurrentMessages);
     QVERIFY(!store.loadDckFile(pipe));
     QVERIFY(store.getIsLive());
-}
-
-void Loading::opensWhatTheUserChose()
-{
-    writeFile(file, chunkBytes(QStringLiteral("104"), someMessages(3)));
-    DatachunkHandler store(20000);
-    QVERIFY(QMetaObject::invokeMethod(
-        &store, "loadDataFromFile", Q_ARG(QString, file),
-        Q_ARG(DatachunkHelper::SavedMessageType, DatachunkHelper::CurrentMessages)));
-    QCOMPARE(store.getMessageCount(), 3u);
 }
 
 void Loading::splitsIntoParts()

@@ -20,12 +20,7 @@ private slots:
     void budgetRemovesTheOldestChunk();
     void lineOfTheTextExport_data();
     void lineOfTheTextExport();
-    void exportWritesTextFromTheFirstMessageOn();
-    void exportWritesAChunk();
-    void exportIsRefused_data();
-    void exportIsRefused();
     void fullDiskIsTold();
-    void continuousOutputTakesMessagesOneByOne();
 };
 
 namespace {
@@ -214,79 +209,6 @@ void SavingTest::lineOfTheTextExport()
     QTEST(worker.getOldStyleTxtOutput(message), "line");
 }
 
-void SavingTest::exportWritesTextFromTheFirstMessageOn()
-{
-    QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("new/range.txt"));
-    {
-        DatachunkHandler store(20000);
-        for (quint32 i = 0; i < 5; ++i)
-            store.appendCanMessage(makeMessage(i));
-        store.setMessageNote(1, QString::fromUtf8("näh"));
-        store.exportMessageRange(2, 3, file);
-    }
-    QCOMPARE(QString::fromUtf8(readFile(file)),
-             QString::fromUtf8("# timestamp id (dlc): data;flags;notes\n"
-                               "   0.000000 0x000/0    (0): ;0;\n"
-                               "   0.000000 0x001/1    (0): ;0;näh\n"
-                               "   0.000000 0x002/2    (0): ;0;\n"
-                               "   0.000000 0x003/3    (0): ;0;\n"));
-}
-
-void SavingTest::exportWritesAChunk()
-{
-    QTemporaryDir folder;
-    const QString some = folder.filePath(QStringLiteral("some.dck"));
-    BookmarkHandler bookmarks;
-    DatachunkHandler store(20000);
-    store.setBookmarkhandler(&bookmarks);
-    for (quint32 i = 0; i < 5; ++i)
-        store.appendCanMessage(makeMessage(i));
-    store.setMessageNote(1, QStringLiteral("note"));
-    bookmarks.addBookmark(2, QStringLiteral("mark"));
-    store.exportMessages(some, DatachunkHelper::ExportWithNotes, {4, 1});
-    QTRY_VERIFY(QFile::exists(some) && readChunkFile(some).messages.size() == 2);
-    QCOMPARE(numbersOf(readChunkFile(some).messages), (QVector<quint32>{4, 1}));
-    QCOMPARE(readChunkFile(some).notes.value(1), QStringLiteral("note"));
-    QCOMPARE(readChunkFile(some).bookmarks.keys(), QList<unsigned>{2});
-    store.exportAllMessages(QStringLiteral("whatever.dck"), {});
-    const QString last = store.chunkFolderPath() + QStringLiteral("/zlastChunk.dck");
-    QTRY_VERIFY(QFile::exists(last) && readChunkFile(last).messages.size() == 5);
-    QVERIFY(readChunkFile(last).notes.isEmpty());
-}
-
-void SavingTest::exportIsRefused_data()
-{
-    QTest::addColumn<int>("messagesInMemory");
-    QTest::addColumn<int>("last"); // of a range; -1 exports all
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("text");
-    const QString nothing = QStringLiteral("Nothing to export.");
-    const QString noName = QStringLiteral("No filename specified.");
-    QTest::newRow("range beyond the end") << 3 << 4 << "a.dck" << nothing;
-    QTest::newRow("range to the end without a name") << 3 << 3 << "" << noName;
-    QTest::newRow("range of an empty store without a name") << 0 << 0 << "" << noName;
-    QTest::newRow("all of an empty store without a name") << 0 << -1 << "" << nothing;
-    QTest::newRow("all without a name") << 3 << -1 << "" << noName;
-}
-
-void SavingTest::exportIsRefused()
-{
-    QFETCH(int, messagesInMemory);
-    QFETCH(int, last);
-    QFETCH(QString, name);
-    DatachunkHandler store(20000);
-    for (int i = 0; i < messagesInMemory; ++i)
-        store.addnewtestmessage();
-    QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
-    if (last < 0)
-        store.exportAllMessages(name, {});
-    else
-        store.exportMessageRange(0, last, name);
-    QCOMPARE(errors.count(), 1);
-    QTEST(errors.first().first().toString(), "text");
-}
-
 void SavingTest::fullDiskIsTold()
 {
     const QString fullDevice = QStringLiteral("/dev/full");
@@ -316,26 +238,6 @@ void SavingTest::fullDiskIsTold()
     QVERIFY(store.createContinuousOutputFile(folder.filePath(QStringLiteral("good.dck"))));
     store.finishContinousOutput();
     QCOMPARE(errors.count(), 1);
-}
-
-void SavingTest::continuousOutputTakesMessagesOneByOne()
-{
-    QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("c.dck"));
-    DatachunkHandler store(20000);
-    store.appendToContinuousOutputFile(makeMessage(1));
-    QVERIFY(!store.createContinuousOutputFile(folder.filePath(QStringLiteral("c.txt"))));
-    QVERIFY(!store.createContinuousOutputFile(folder.filePath(QStringLiteral("none/c.dck"))));
-    QVERIFY(store.createContinuousOutputFile(file));
-    for (quint32 i = 0; i < 3; ++i)
-        store.appendToContinuousOutputFile(makeMessage(i, 64));
-    store.finishContinousOutput();
-    store.appendToContinuousOutputFile(makeMessage(1));
-    store.finishContinousOutput();
-    const ReadChunk chunk = readChunkFile(file);
-    QCOMPARE(chunk.preamble.timeText, QStringLiteral("0.000000 - 0.000000"));
-    QCOMPARE(numbersOf(chunk.messages), numbersFromTo(0, 2));
-    QVERIFY(QDir(folder.path()).entryList(QDir::Files) == QStringList{"c.dck"});
 }
 
 QTEST_GUILESS_MAIN(SavingTest)

@@ -1,12 +1,9 @@
-#include "bookmarkhandler.h"
+#include "atturn.h"
 #include "datachunkhandler.h"
 #include "messages.h"
 #include "storefixture.h"
 
 #include <QtTest>
-
-#include <functional>
-#include <numeric>
 
 /// What an import does to the store, and what happens when others use the store meanwhile.
 class Dispatch : public QObject
@@ -16,14 +13,9 @@ private slots:
     void init();
     void signalsOfAnImport_data();
     void signalsOfAnImport();
-    void liveNotesComeBackAfterAFailure();
-    void traceAboveTheLimitBecomesSeveralChunks_data();
-    void traceAboveTheLimitBecomesSeveralChunks();
     void errorAtTheEndLeavesNoChunk();
     void chunksOfAnImportGoWithTheStore();
     void importWithoutAWritableChunkFolder();
-    void storeIsUsedDuringAnImport_data();
-    void storeIsUsedDuringAnImport();
     void liveTrafficGoesOnDuringAnImport();
     void importOnAThreadWithoutTheStoresEventLoop();
     void namesWithPercentSigns();
@@ -66,42 +58,6 @@ public:
 };
 
 const QStringList backToLive{"clearStart", "cleared live", "live"};
-
-// Calls a function in one of the event turns that an import makes.
-class AtTurn : public QObject
-{
-public:
-    AtTurn(int turn, std::function<void()> act) : act(std::move(act)), turnsLeft(turn)
-    {
-        startTimer(0);
-    }
-
-private:
-    void timerEvent(QTimerEvent *) override
-    {
-        if (turnsLeft-- == 0)
-            act();
-    }
-
-    const std::function<void()> act;
-    int turnsLeft;
-};
-
-void actDuringImport(DatachunkHandler *store, const QString &action, const QString &file)
-{
-    if (action == QLatin1String("import"))
-        store->importMessages(file, DatachunkHelper::SocketCanDump);
-    else if (action == QLatin1String("load"))
-        store->loadDckFile(file);
-    else if (action == QLatin1String("page"))
-        store->loadDataFromFile(0);
-    else if (action == QLatin1String("goLive"))
-        store->goLive();
-    else if (action == QLatin1String("clear"))
-        store->clearAllMessages();
-    else
-        delete store;
-}
 
 } // namespace
 
@@ -178,57 +134,6 @@ void Dispatch::signalsOfAnImport()
     QCOMPARE(store.getMessageCount(), 1u);
 }
 
-void Dispatch::liveNotesComeBackAfterAFailure()
-{
-    BookmarkHandler bookmarks;
-    DatachunkHandler store(20000);
-    store.setBookmarkhandler(&bookmarks);
-    store.addnewtestmessage();
-    store.setMessageNote(0, QStringLiteral("note"));
-    bookmarks.addBookmark(0, QStringLiteral("mark"));
-    const QString empty = candump(QStringLiteral("empty.log"), 0);
-    store.importMessages(empty, DatachunkHelper::SocketCanDump);
-    QCOMPARE(store.getMessageNote(0), QStringLiteral("note"));
-    QVERIFY(store.bookmarkAt(0).isValid());
-    store.importMessages(candump(QStringLiteral("a.log"), 3), DatachunkHelper::SocketCanDump);
-    QCOMPARE(store.getMessageNote(0), QString());
-    store.importMessages(empty, DatachunkHelper::SocketCanDump);
-    QVERIFY(store.getIsLive());
-    QCOMPARE(store.getMessageNote(0), QStringLiteral("note"));
-    QVERIFY(store.bookmarkAt(0).isValid());
-}
-
-void Dispatch::traceAboveTheLimitBecomesSeveralChunks_data()
-{
-    QTest::addColumn<unsigned>("budget");
-    QTest::addColumn<QVector<int>>("chunkSizes");
-    QTest::newRow("with a budget") << 1000u << QVector<int>{1000, 1000, 500};
-    QTest::newRow("without one the earlier messages are gone") << 0u << QVector<int>{500};
-}
-
-void Dispatch::traceAboveTheLimitBecomesSeveralChunks()
-{
-    QFETCH(unsigned, budget);
-    QFETCH(QVector<int>, chunkSizes);
-    DatachunkHandler store(6000);
-    store.setMaximumHDDSpace(budget);
-    QSignalSpy partial(&store, &DatachunkHandler::newPartialDataFile);
-    const QString file = candump(QStringLiteral("big.log"), 2500);
-    store.importMessages(file, DatachunkHelper::SocketCanDump);
-    QCOMPARE(partial.count(), chunkSizes.size());
-    quint32 next = 2500 - quint32(std::accumulate(chunkSizes.begin(), chunkSizes.end(), 0));
-    for (int i = 0; i < chunkSizes.size(); ++i) {
-        const QString name = partial.at(i).first().toString();
-        QCOMPARE(name, store.chunkFolderPath() + QStringLiteral("\\big\\%1.dck").arg(i));
-        const ReadChunk chunk = readChunkFile(name);
-        QCOMPARE(chunk.messages.size(), chunkSizes.at(i));
-        QCOMPARE(chunk.messages.first().messageNumber, next);
-        next += quint32(chunkSizes.at(i));
-    }
-    QCOMPARE(store.getMessageCount(), 500u);
-    QCOMPARE(store.messageAt(499).messageNumber, 2499u);
-}
-
 void Dispatch::errorAtTheEndLeavesNoChunk()
 {
     const QString file = folder.filePath(QStringLiteral("described.txt"));
@@ -286,61 +191,6 @@ void Dispatch::importWithoutAWritableChunkFolder()
     }
     qputenv("XDG_DATA_HOME", before);
     QCOMPARE(readFile(blocked), QByteArray("a file"));
-}
-
-void Dispatch::storeIsUsedDuringAnImport_data()
-{
-    QTest::addColumn<QString>("action");
-    QTest::addColumn<QString>("last"); // what the import reports in the end
-    QTest::addColumn<bool>("live");
-    QTest::newRow("second import is refused") << "import"
-                                              << "imported" << false;
-    QTest::newRow("second load is refused") << "load"
-                                            << "imported" << false;
-    QTest::newRow("paging is refused") << "page"
-                                       << "imported" << false;
-    QTest::newRow("goLive cancels") << "goLive"
-                                    << "nothing" << true;
-    QTest::newRow("clearing cancels") << "clear"
-                                      << "nothing" << true;
-    QTest::newRow("deleting ends all") << "delete"
-                                       << "" << true;
-}
-
-void Dispatch::storeIsUsedDuringAnImport()
-{
-    QFETCH(QString, action);
-    QFETCH(QString, last);
-    QFETCH(bool, live);
-    const QString file = candump(QStringLiteral("big.log"), 12000);
-    for (int turn = 0; turn < 50; ++turn) {
-        QPointer<DatachunkHandler> store(new DatachunkHandler(6500));
-        store->addnewtestmessage();
-        SignalLog signalLog(*store);
-        bool acted = false;
-        const AtTurn atTurn(turn, [&] {
-            acted = true;
-            actDuringImport(store, action, file);
-        });
-        store->importMessages(file, DatachunkHelper::SocketCanDump);
-        if (!acted) {
-            delete store.data();
-            QVERIFY2(turn > 10, "every thousandth message turns the event loop");
-            return;
-        }
-        QCOMPARE(store.isNull(), action == QLatin1String("delete"));
-        if (!store)
-            continue;
-        QVERIFY(signalLog.log.last().startsWith(last));
-        QCOMPARE(signalLog.log.count(QStringLiteral("dialog on")),
-                 signalLog.log.count(QStringLiteral("dialog off")));
-        QVERIFY(signalLog.log.contains(QStringLiteral("nothing")));
-        QCOMPARE(store->getIsLive(), live);
-        QCOMPARE(store->getMessageCount(), action == "clear" ? 0u : live ? 1u : 1500u);
-        store->goLive();
-        QCOMPARE(store->getMessageCount(), action == "clear" ? 0u : 1u);
-        delete store.data();
-    }
 }
 
 void Dispatch::liveTrafficGoesOnDuringAnImport()

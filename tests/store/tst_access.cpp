@@ -18,12 +18,9 @@ private slots:
     void stepsThroughOneLine();
     void wideLineBelongsToNoLine();
     void newLineIsTold();
-    void notesJoinOnce();
-    void pendingNoteTakesBothTimes();
     void bookmarkIsNotReplaced();
     void bookmarkStreamStopsAtForeignForms_data();
     void bookmarkStreamStopsAtForeignForms();
-    void goLiveBringsNotesAndBookmarksBack();
 };
 
 namespace {
@@ -171,36 +168,6 @@ void Access::newLineIsTold()
     QCOMPARE(store.getLines(), (QSet<unsigned char>{7, 255}));
 }
 
-void Access::notesJoinOnce()
-{
-    DatachunkHandler store(20000);
-    store.appendMessageNote(7, QStringLiteral("A"));
-    store.appendMessageNote(7, QStringLiteral("A"));
-    store.appendMessageNote(7, QStringLiteral("B"));
-    QCOMPARE(store.getMessageNote(7), QStringLiteral("A ; B"));
-    store.appendMessageNote(7, QStringLiteral("A ; B"));
-    store.appendMessageNote(7, QString());
-    QCOMPARE(store.getMessageNote(7), QStringLiteral("A ; B"));
-    store.setMessageNote(7, QStringLiteral("C"));
-    QCOMPARE(store.getMessageNote(7), QStringLiteral("C"));
-    store.appendCanMessage(makeMessage(1));
-    store.addMessageNoteToLastMessage(QStringLiteral("last"));
-    const QRegularExpression form(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d\\.\\d{3} - last$"));
-    QVERIFY(form.match(store.getMessageNote(0)).hasMatch());
-}
-
-void Access::pendingNoteTakesBothTimes()
-{
-    DatachunkHandler store(20000);
-    store.addMessageNoteToNextMessage(QStringLiteral("look"));
-    store.appendCanMessage(makeMessage(1));
-    store.appendCanMessage(makeMessage(2));
-    const QString time = QStringLiteral("\\d\\d:\\d\\d:\\d\\d\\.\\d{3} - ");
-    const QRegularExpression form(QLatin1Char('^') + time + time + QLatin1String("look$"));
-    QVERIFY(form.match(store.getMessageNote(0)).hasMatch());
-    QCOMPARE(store.getMessageNote(1), QString());
-}
-
 void Access::bookmarkIsNotReplaced()
 {
     DatachunkHandler store(20000);
@@ -252,33 +219,6 @@ void Access::bookmarkStreamStopsAtForeignForms()
     out << bookmark;
     if (taken)
         QCOMPARE(written.toHex(), hex);
-}
-
-void Access::goLiveBringsNotesAndBookmarksBack()
-{
-    BookmarkHandler bookmarks;
-    DatachunkHandler store(5010);
-    store.setBookmarkhandler(&bookmarks);
-    QSignalSpy mode(&store, &DatachunkHandler::liveModeChanged);
-    store.goLive();
-    QCOMPARE(mode.count(), 0);
-    for (quint32 i = 0; i < 15; ++i)
-        store.appendCanMessage(makeMessage(i));
-    store.setMessageNote(12, QStringLiteral("live note"));
-    bookmarks.addBookmark(12, QStringLiteral("live mark"));
-    store.loadDataFromFile(0);
-    QCOMPARE(store.getMessageCount(), 10u);
-    QCOMPARE(store.getMessageNote(12), QString());
-    store.goLive();
-    QCOMPARE(store.getMessageCount(), 5u);
-    QCOMPARE(store.getMessageNote(12), QStringLiteral("live note"));
-    QCOMPARE(store.bookmarkAt(12).text(), QStringLiteral("live mark"));
-    QCOMPARE(mode.count(), 2);
-    // What was removed before live mode is left again must not come back with it.
-    bookmarks.clearBookmarks();
-    store.loadDataFromFile(0);
-    store.goLive();
-    QVERIFY(bookmarks.bookmarks().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(Access)
