@@ -1,5 +1,8 @@
 #include "storefixture.h"
 
+#include "messages.h"
+
+#include <QDirIterator>
 #include <QFile>
 
 ReadChunk readChunkFile(const QString &fileName)
@@ -16,6 +19,31 @@ ReadChunk readChunkFile(const QString &fileName)
     while (reader.next(message))
         chunk.messages.append(message);
     return chunk;
+}
+
+bool holds(const QString &fileName, quint32 first, quint32 last)
+{
+    if (!QFile::exists(fileName))
+        return false;
+    const QVector<CAN::CanRxMessage> messages = readChunkFile(fileName).messages;
+    bool good = quint32(messages.size()) == last - first + 1;
+    for (int i = 0; good && i < messages.size(); ++i) {
+        const CAN::CanRxMessage &message = messages.at(i);
+        good = sameInChunk(message, makeMessage(first + quint32(i), message.length));
+    }
+    return good;
+}
+
+QMap<QString, QByteArray> filesBelow(const QString &folder)
+{
+    QMap<QString, QByteArray> files;
+    QDirIterator found(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                       QDirIterator::Subdirectories);
+    while (found.hasNext()) {
+        const QString path = found.next();
+        files.insert(path, found.fileInfo().isDir() ? QByteArray() : readFile(path));
+    }
+    return files;
 }
 
 QVector<quint32> numbersFromTo(quint32 first, quint32 last)

@@ -3,6 +3,7 @@
 #include "canrxmessage.h"
 #include "chunkformat.h"
 
+#include <QMap>
 #include <QString>
 #include <QVector>
 
@@ -17,6 +18,12 @@ struct ReadChunk
 
 /// Reads a chunk file of the current version; fails the program when there is none.
 ReadChunk readChunkFile(const QString &fileName);
+
+/// Whether a chunk file holds exactly the messages makeMessage(\a first) to makeMessage(\a last).
+bool holds(const QString &fileName, quint32 first, quint32 last);
+
+/// Everything below a folder with its content, which is empty for a folder.
+QMap<QString, QByteArray> filesBelow(const QString &folder);
 
 /// Message numbers \a first to \a last, both included.
 QVector<quint32> numbersFromTo(quint32 first, quint32 last);

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+
+/// Failing calls of the C library. A program that links this defines the calls itself, before the
+/// library does, so that Qt and the ZIP library call them too; and it can be asked from within.
+/// Only files below watchBelow() are touched; threads and allocations everywhere.
+namespace Faults {
+
+enum Call {
+    Open,
+    Read,
+    Write,
+    Close,  ///< of a file open for writing
+    Rename, ///< and link
+    Unlink, ///< and rmdir
+    Mkdir,
+    List, ///< the opening of a folder
+    Sync,
+    Thread,
+    Allocate ///< of at least 1 MiB; never met where a sanitizer owns the memory
+};
+
+/// In place of an error number.
+constexpr int shortCount = -1; ///< half of the bytes, at least one
+constexpr int delay = -2;      ///< 10 ms
+constexpr int end = -3;        ///< no byte, as from a file that has been cut meanwhile
+
+struct Fault
+{
+    Call call = Open;
+    int effect = 0; ///< the errno of the failing call, or one of the above
+    int at = 1;     ///< which of the calls since arm() is the first to fail
+    bool forEver =
+        false; ///< an EINTR then comes with every second call, so that trying again helps
+};
+
+/// Before any file is opened. Symbolic links are not followed.
+void watchBelow(const std::string &folder);
+
+void arm(const Fault &fault);
+
+/// Returns whether the fault was met.
+bool disarm();
+
+/// No call fails, and none counts, while one of these exists.
+class Pause
+{
+public:
+    Pause();
+    ~Pause();
+
+private:
+    const bool wasArmed;
+};
+
+/// Number of the watched files that are open.
+int openFiles();
+
+} // namespace Faults

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "datachunkhandler.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <functional>
+#include <memory>
+
+/// A store among files that are not its own, with a record of all that it reports. Home folder and
+/// base names hold percent signs, which must not be taken for placeholders.
+class Scene
+{
+public:
+    /// Messages that fill the live list, and so the messages of a chunk.
+    static constexpr quint32 chunkSize = 4000;
+
+    /// \a root is an empty folder. With \a longNotes every note is longer than a MiB.
+    explicit Scene(const QString &root, bool longNotes = false);
+    ~Scene();
+
+    /// Clears away what the last operation has made and remembers all other files.
+    void begin();
+    void newStore();
+
+    /// Appends the next \a count messages.
+    void append(quint32 count);
+
+    /// Turns the event loop until \a condition holds; a hang is a complaint.
+    void waitUntil(const std::function<bool()> &condition);
+    /// Waits for all saves.
+    void waitForSaves();
+    /// Waits for all archive jobs and saves.
+    void waitForArchives();
+
+    /// Whether the user could know that something is missing.
+    bool isTold() const;
+
+    QString chunkPath(quint32 index) const;
+    QString source(const QString &name) const { return root + QStringLiteral("/in/") + name; }
+    QString target(const QString &name) const { return root + QStringLiteral("/out/") + name; }
+
+    /// Writes the archive that a packing replaces.
+    void writeOldArchive();
+
+    /// Whether the view shows exactly the messages \a first to \a last.
+    bool shows(quint32 first, quint32 last) const;
+
+    /// Takes the store through another rotation and its end and looks for anything that it lost,
+    /// doubled, changed or left behind.
+    void checkAftermath(bool mayLeaveFiles);
+
+    std::unique_ptr<DatachunkHandler> store;
+    bool result = true; ///< of an operation that has one
+    QVector<quint32> chunks;
+    QStringList partialChunks;
+    QStringList unpacked; ///< paths
+    QStringList errors;
+    QStringList imported;
+    QStringList complaints;
+
+private:
+    const QString root;
+    const QString note;
+    QMap<QString, QByteArray> before;
+    quint32 appended = 0;
+    int archiveJobsEnded = 0;
+};
+
+/// One thing that a store does with files.
+struct Operation
+{
+    const char *name;
+    std::function<void(Scene &)> prepare; ///< without faults
+    std::function<void(Scene &)> run;
+    /// What a run without faults brings and this one did not; the user has to be told of it.
+    std::function<QString(Scene &)> missing;
+    bool failsSilently = false; ///< where a file or folder cannot be opened, that is
+    bool syncs = false;         ///< before it closes, so that closing cannot fail for want of room
+};
+
+const QVector<Operation> &operations();
