@@ -1,5 +1,7 @@
 #include "savequeue.h"
 
+#include "taskqueue.h"
+
 #include <QMutexLocker>
 
 #include <climits>
@@ -34,20 +36,19 @@ void SaveQueue::add(const SharedSaveJob &job)
     waiting.push_back(job);
 }
 
-void SaveQueue::start()
+bool SaveQueue::start()
 {
     const QMutexLocker startLocker(&startMutex);
     {
         const QMutexLocker locker(&mutex);
         if (working || paused || waiting.empty())
-            return;
+            return true;
         working = true;
     }
-    // An earlier run may still be on its way out.
-    thread->wait();
-    thread->start(QThread::LowestPriority);
-    if (!thread->isRunning() && !thread->isFinished())
-        work();
+    if (startAgain(*thread, QThread::LowestPriority))
+        return true;
+    work();
+    return false;
 }
 
 bool SaveQueue::takeNext(SharedSaveJob &job)

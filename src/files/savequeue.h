@@ -26,8 +26,8 @@ public:
     void add(const SharedSaveJob &job);
 
     /// Starts the thread unless it works already. Where no thread can be had, the jobs are done
-    /// by the caller: late is better than lost.
-    void start();
+    /// by the caller, late being better than lost, and the result is false.
+    bool start();
 
     /// Starts no further jobs until resume().
     void pause();

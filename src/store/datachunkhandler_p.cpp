@@ -18,8 +18,6 @@ DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
       chunkQueue([this](SaveJob &job) { runSave(job); }),
       exportQueue([this](SaveJob &job) { runSave(job); })
 {
-    // One thread, so that archive jobs run one after the other in the order of their coming.
-    archivePool.setMaxThreadCount(1);
 }
 
 const MessageList &DatachunkHandlerPrivate::shown() const
@@ -76,8 +74,11 @@ void DatachunkHandlerPrivate::rotateLocked()
 
 void DatachunkHandlerPrivate::finishRotation()
 {
-    chunkQueue.start();
-    poolTasks.run([this] { q->handleFullBuffer(); });
+    // A pool that cannot start a thread loses the task and never gets over it.
+    if (chunkQueue.start())
+        poolTasks.run([this] { q->handleFullBuffer(); });
+    else
+        q->handleFullBuffer();
     if (maximumHddSpace != 0 && !chunkFolder.exists() && !missingFolderReported.exchange(true)) {
         emit q->newErrorMessage(
             DatachunkHandler::tr("The folder for chunk files could not be created. Messages beyond "

@@ -10,6 +10,7 @@
 #include "pooltasks.h"
 #include "savefileworker.h"
 #include "savequeue.h"
+#include "taskqueue.h"
 
 #include <QMutex>
 #include <QPointer>
@@ -129,8 +130,7 @@ public:
     LineSet lines;
     PoolTasks poolTasks{QThreadPool::globalInstance()};
     // Rotations must find a free thread in the global pool, however long archives take.
-    QThreadPool archivePool;
-    PoolTasks archives{&archivePool};
+    TaskQueue archives;
     QMutex archiveMutex; // held by whoever works on an archive, not while telling; taken first
     std::atomic<bool> stopping{false};
     // Rises with everything that decides what is shown, so that a merge that has been overtaken
