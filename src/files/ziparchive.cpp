@@ -40,6 +40,19 @@ EntryDevice::~EntryDevice() = default;
 
 qint64 EntryDevice::readData(char *data, qint64 maxSize)
 {
+    // Whoever reads from a device takes less than was asked for as its end.
+    qint64 total = 0;
+    while (total < maxSize) {
+        const qint64 got = readBlock(data + total, maxSize - total);
+        if (got <= 0)
+            return total > 0 ? total : got;
+        total += got;
+    }
+    return total;
+}
+
+qint64 EntryDevice::readBlock(char *data, qint64 maxSize)
+{
     if (done == size || damaged)
         return checkEnd();
     overLimit = done >= limit;

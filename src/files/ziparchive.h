@@ -59,6 +59,7 @@ protected:
     qint64 writeData(const char *data, qint64 maxSize) override;
 
 private:
+    qint64 readBlock(char *data, qint64 maxSize);
     qint64 checkEnd();
 
     const std::unique_ptr<QuaZipFile> file;
