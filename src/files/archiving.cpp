@@ -4,6 +4,7 @@
 #include "chunkunpack.h"
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
+#include "fileerrors.h"
 
 #include <QFileInfo>
 #include <QMutexLocker>
@@ -11,6 +12,7 @@
 #include <QThread>
 #include <QWriteLocker>
 
+#include <algorithm>
 #include <utility>
 
 using ChunkArchive::Outcome;
@@ -44,11 +46,9 @@ void DatachunkHandler::saveDatachunksToZip()
         const QReadLocker locker(&d->lock);
         zipName = d->zipFileName;
     }
-    const QString reason = d->packChunks(zipName);
-    if (reason.isEmpty())
-        return;
-    const QString error = DatachunkHandlerPrivate::incompleteFileText(zipName, reason);
-    d->onStoreThread([this, error] { emit newErrorMessage(error); });
+    const QString error = d->packChunks(zipName);
+    if (!error.isEmpty())
+        d->onStoreThread([this, error] { emit newErrorMessage(error); });
 }
 
 QString DatachunkHandlerPrivate::packChunks(const QString &zipName)
@@ -68,13 +68,27 @@ QString DatachunkHandlerPrivate::packChunks(const QString &zipName)
     // The next export may write the same file again, and packing reads it.
     exportQueue.pause();
     exportQueue.waitForRunning();
-    QFileInfoList files = chunkFolder.dir().entryInfoList(QDir::Files, QDir::NoSort);
-    files.removeAll(QFileInfo(zipName));
+    const QString error = packFolder(zipName, keepGoing);
+    exportQueue.resume();
+    return error;
+}
+
+QString DatachunkHandlerPrivate::packFolder(const QString &zipName, const Zip::KeepGoing &keepGoing)
+{
+    // Two entries are in every folder, so that none means that it cannot be read.
+    QFileInfoList files = chunkFolder.dir().entryInfoList(QDir::Files | QDir::Dirs, QDir::NoSort);
+    if (files.isEmpty())
+        return FileErrors::notRead(chunkFolder.dir().path(), qt_error_string());
+    const auto isNotPacked = [&](const QFileInfo &file) {
+        return file.isDir() || file == QFileInfo(zipName);
+    };
+    files.erase(std::remove_if(files.begin(), files.end(), isNotPacked), files.end());
     // What has begun to be written since must be whole before it is packed.
     chunkQueue.waitForAll();
     const Zip::PackOutcome outcome = Zip::packFiles(zipName, files, keepGoing);
-    exportQueue.resume();
-    return outcome.errorText;
+    if (!outcome.readErrorText.isEmpty() || outcome.errorText.isEmpty())
+        return outcome.readErrorText;
+    return FileErrors::notWritten(zipName, outcome.errorText);
 }
 
 void DatachunkHandler::sortZipFile(QString zipName, QMap<double, QString> &order)
@@ -148,6 +162,8 @@ bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
         emit q->informAboutCleared(isLive);
     if (store && shows)
         emit q->liveModeChanged(isLive);
+    if (store && shows && !merged.outcome.systemError.isEmpty())
+        reportFailure(merged.outcome);
     if (store && !shows && isWanted()) {
         showLive();
         if (store && !isNewer)
@@ -179,7 +195,9 @@ void DatachunkHandlerPrivate::showMerged(ChunkArchive::Merged &merged)
 
 void DatachunkHandlerPrivate::reportFailure(const Outcome &outcome)
 {
-    if (outcome.result == Outcome::NewerVersion) {
+    if (!outcome.systemError.isEmpty()) {
+        emit q->newErrorMessage(outcome.systemError);
+    } else if (outcome.result == Outcome::NewerVersion) {
         q->showDataChunkVersionMismatch();
     } else if (outcome.result == Outcome::TooLarge) {
         q->showTooMuchMessagesError(outcome.messages);
@@ -207,7 +225,7 @@ bool DatachunkHandlerPrivate::unpackArchive(const QString &zipName)
         if (q->thread() != QThread::currentThread())
             onStoreThread(reports.last());
     };
-    Outcome outcome{Outcome::NoRoom};
+    Outcome outcome{Outcome::NoRoom, 0, {}};
     if (chunkFolder.exists()) {
         const QMutexLocker archiveLocker(&archiveMutex);
         outcome = ChunkArchive::unpack(
@@ -216,7 +234,7 @@ bool DatachunkHandlerPrivate::unpackArchive(const QString &zipName)
     const bool anything = !reports.isEmpty();
     if (q->thread() != QThread::currentThread())
         reports.clear();
-    if (!anything || outcome.result != Outcome::Done)
+    if (!anything || outcome.result != Outcome::Done || !outcome.systemError.isEmpty())
         reports.append([this, outcome] { reportFailure(outcome); });
     reports.append([this, name] { emit q->zipFileLoaded(name); });
     for (int i = 0; i < reports.size() && store; ++i)

@@ -68,7 +68,7 @@ bool isBomb(const Zip::Reader &archive, const std::vector<Chunk> &chunks)
 
 Outcome tooLarge(const std::vector<Chunk> &chunks)
 {
-    return {Outcome::TooLarge, ArchiveLimits::messagesIn(totalSize(chunks))};
+    return {Outcome::TooLarge, ArchiveLimits::messagesIn(totalSize(chunks)), {}};
 }
 
 } // namespace ChunkArchive

@@ -34,6 +34,7 @@ struct Outcome
     };
     Result result = Done;
     quint32 messages = 0; ///< how many there may be in all, when the archive is too large
+    QString systemError;  ///< what the user is told of a call that failed; mostly empty
 };
 
 /// The bytes that the chunks claim to have, unpacked.

@@ -3,6 +3,7 @@
 #include "chunkversion.h"
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
+#include "fileerrors.h"
 #include "regularfile.h"
 
 #include <QFileInfo>
@@ -15,8 +16,17 @@ using ChunkFormat::BookmarkMap;
 
 bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap bookmarkMap)
 {
-    QFile file(fileName);
-    if (!openRegularFile(file))
+    bool read = false;
+    if (!withinMemory([&] { read = readChunkWithinMemory(fileName, bookmarkMap); }))
+        emit q->newErrorMessage(FileErrors::outOfMemory(fileName));
+    return read;
+}
+
+bool DatachunkHandlerPrivate::readChunkWithinMemory(const QString &fileName,
+                                                    BookmarkMap bookmarkMap)
+{
+    RegularFile file(fileName);
+    if (!file.openForReading())
         return false;
     QDataStream stream(&file);
     const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
@@ -32,7 +42,10 @@ bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap boo
     }
     if (preamble.version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
         setBookmarks(maps.bookmarks);
+    const QPointer<DatachunkHandler> store(q);
     emit q->chunkContainsFdMessage(readRecords(file, preamble.version));
+    if (store && !file.readErrorText().isEmpty())
+        emit store->newErrorMessage(file.readErrorText());
     return true;
 }
 
@@ -90,26 +103,38 @@ void DatachunkHandler::loadDataFromFile(QString fileName, DatachunkHelper::Saved
 
 bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
 {
+    bool split = false;
+    if (!withinMemory([&] { split = d->split(fileName, messagesPerFile); }))
+        emit newErrorMessage(FileErrors::outOfMemory(fileName));
+    return split;
+}
+
+bool DatachunkHandlerPrivate::split(const QString &fileName, quint32 messagesPerFile)
+{
     const QFileInfo source(fileName);
-    QFile file(fileName);
+    RegularFile file(fileName);
     if (messagesPerFile == 0 || !source.isFile())
         return false;
     const QString baseName = source.baseName();
     QDir folder = source.absoluteDir();
     const QString folderName = baseName + QLatin1String("_splitted");
     folder.mkdir(folderName);
-    if (!folder.cd(folderName) || !openRegularFile(file))
+    if (!folder.cd(folderName) || !file.openForReading())
         return false;
     QDataStream stream(&file);
     const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
     if (preamble.version > ChunkFormat::currentVersion) {
-        d->refuseNewerVersion();
+        refuseNewerVersion();
         return false;
     }
     ChunkFormat::readMaps(stream, preamble.version);
     setCurrentChunkVersion(preamble.version);
     const QString partTemplate = folder.absoluteFilePath(baseName + QLatin1String("_%1.dck"));
-    return d->splitRecords(file, preamble.version, partTemplate, messagesPerFile);
+    const QPointer<DatachunkHandler> store(q);
+    const bool good = splitRecords(file, preamble.version, partTemplate, messagesPerFile);
+    if (store && !file.readErrorText().isEmpty())
+        emit store->newErrorMessage(file.readErrorText());
+    return good && file.readErrorText().isEmpty();
 }
 
 bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,

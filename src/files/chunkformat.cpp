@@ -1,6 +1,7 @@
 #include "chunkformat.h"
 
 #include "canframe.h"
+#include "fileerrors.h"
 
 #include <QtEndian>
 
@@ -197,13 +198,7 @@ bool RecordWriter::write(const CAN::CanRxMessage &message)
 
 bool RecordWriter::flush()
 {
-    // A disk that is almost full takes a part without an error and tells the reason only when it
-    // is given the rest.
-    for (int written = 0; written < used && !failed;) {
-        const qint64 taken = device.write(buffer.constData() + written, used - written);
-        failed = taken <= 0;
-        written += int(taken);
-    }
+    failed = failed || !FileErrors::write(device, buffer.constData(), used);
     used = 0;
     return !failed;
 }

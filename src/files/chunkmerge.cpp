@@ -1,6 +1,7 @@
 #include "chunkmerge.h"
 
 #include "chunkversion.h"
+#include "fileerrors.h"
 
 #include <QDataStream>
 
@@ -99,12 +100,9 @@ Outcome::Result Merger::readRecords(Zip::EntryDevice &chunk, quint32 version)
     return Outcome::Done;
 }
 
-} // namespace
-
-void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
-           Merged &merged)
+void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
+                 Merged &merged)
 {
-    const Zip::Reader archive(zipName);
     const std::vector<Chunk> chunks = withoutEqualStarts(chunksByStart(archive, keepGoing));
     if (!archive.isOpen()) {
         merged.outcome.result = Outcome::NotOpened;
@@ -128,6 +126,20 @@ void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &kee
             return;
         merged.fdFramesByChunk.append(merger.lastHasFdFrame());
     }
+}
+
+} // namespace
+
+void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
+           Merged &merged)
+{
+    const auto mergeArchive = [&] {
+        const Zip::Reader archive(zipName);
+        mergeChunks(archive, memoryLimit, keepGoing, merged);
+        merged.outcome.systemError = archive.readErrorText();
+    };
+    if (!withinMemory(mergeArchive))
+        merged.outcome = {Outcome::TooLarge, 0, FileErrors::outOfMemory(zipName)};
 }
 
 } // namespace ChunkArchive

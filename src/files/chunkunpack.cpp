@@ -2,6 +2,7 @@
 
 #include "archivelimits.h"
 #include "chunkformat.h"
+#include "fileerrors.h"
 
 #include <QDataStream>
 #include <QFile>
@@ -58,6 +59,8 @@ public:
 
     Result unpack(Zip::EntryDevice &chunk, const QString &name);
     QString fileName() const { return QFileInfo(file).fileName(); }
+    /// Tells of the file that failed.
+    QString systemError() const { return FileErrors::notWritten(file.fileName(), errorText); }
 
 private:
     Result copy(Zip::EntryDevice &chunk);
@@ -65,6 +68,7 @@ private:
 
     const QDir folder;
     QFile file;
+    QString errorText;
 };
 
 Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
@@ -73,8 +77,10 @@ Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
         file.setFileName(path);
         return file.open(QIODevice::ReadWrite | QIODevice::NewOnly);
     });
-    if (path.isEmpty())
-        return Skipped;
+    if (path.isEmpty()) {
+        errorText = file.errorString();
+        return Failed;
+    }
     Result result = copy(chunk);
     if (result == Unpacked && chunk.isDamaged()) {
         const qint64 end = endOfWholeRecords(file);
@@ -90,40 +96,39 @@ Unpacker::Result Unpacker::copy(Zip::EntryDevice &chunk)
         const qint64 got = chunk.read(block.data(), block.size());
         if (got <= 0)
             return got == 0 || chunk.isDamaged() ? Unpacked : Failed;
-        if (file.write(block.constData(), got) != got)
+        if (!FileErrors::write(file, block.constData(), got))
             return Failed;
     }
 }
 
 Unpacker::Result Unpacker::finish(Result result)
 {
-    if (!file.flush())
+    errorText = FileErrors::close(file);
+    if (!errorText.isEmpty())
         result = Failed;
-    if (result == Unpacked)
-        file.close();
-    else
+    if (result != Unpacked)
         file.remove();
     return result;
 }
 
 } // namespace
 
-Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing &keepGoing,
-               const Unpacked &unpacked)
+namespace {
+
+Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, const QDir &parent,
+                     const Zip::KeepGoing &keepGoing, const Unpacked &unpacked)
 {
-    const Zip::Reader archive(zipName);
     const std::vector<Chunk> chunks = chunksByStart(archive, keepGoing);
     if (!archive.isOpen())
-        return {Outcome::NotOpened};
+        return {Outcome::NotOpened, 0, archive.readErrorText()};
     if (isBomb(archive, chunks))
         return tooLarge(chunks);
     if (totalSize(chunks) > QStorageInfo(parent).bytesAvailable())
-        return {Outcome::NoRoom};
-    const QString name = ArchiveLimits::folderName(ArchiveLimits::archiveName(zipName));
-    const QString path =
-        createNumbered(parent, name, [&parent](const QString &path) { return parent.mkdir(path); });
+        return {Outcome::NoRoom, 0, {}};
+    const QString path = createNumbered(
+        parent, folderName, [&parent](const QString &path) { return parent.mkdir(path); });
     if (path.isEmpty())
-        return {Outcome::NoRoom};
+        return {Outcome::NoRoom, 0, {}};
     const QDir folder(path);
     Unpacker unpacker(folder);
     for (const Chunk &chunk : chunks) {
@@ -131,13 +136,29 @@ Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing 
         const Unpacker::Result result =
             content ? unpacker.unpack(*content, chunk.entry.name) : Unpacker::Skipped;
         if (!keepGoing())
-            return {Outcome::GivenUp};
+            return {Outcome::GivenUp, 0, {}};
         if (result == Unpacker::Failed)
-            return {Outcome::NoRoom};
+            return {Outcome::NoRoom, 0, unpacker.systemError()};
         if (result == Unpacker::Unpacked)
             unpacked(unpacker.fileName(), folder, chunk.timeText);
     }
-    return {};
+    return {Outcome::Done, 0, archive.readErrorText()};
+}
+
+} // namespace
+
+Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing &keepGoing,
+               const Unpacked &unpacked)
+{
+    Outcome outcome;
+    const auto unpackArchive = [&] {
+        const Zip::Reader archive(zipName);
+        const QString name = ArchiveLimits::folderName(ArchiveLimits::archiveName(zipName));
+        outcome = unpackChunks(archive, name, parent, keepGoing, unpacked);
+    };
+    if (!withinMemory(unpackArchive))
+        outcome = {Outcome::TooLarge, 0, FileErrors::outOfMemory(zipName)};
+    return outcome;
 }
 
 } // namespace ChunkArchive

@@ -2,6 +2,23 @@
 
 #include <QFile>
 
-/// Opens the file that \a file names for reading. False, with nothing opened, when it cannot be
-/// read or is no regular file: a pipe or a device may block for ever and has no end to wait for.
-bool openRegularFile(QFile &file);
+/// A regular file that is read. Once a read has failed, so do all later ones: whoever tries again
+/// would take the bytes behind a gap for what comes next.
+class RegularFile : public QFile
+{
+public:
+    using QFile::QFile;
+
+    /// False, with nothing opened, when the file cannot be read or is no regular file: a pipe or a
+    /// device may block for ever and has no end to wait for.
+    bool openForReading();
+
+    /// What the user is told when reading has failed; empty when it has not.
+    QString readErrorText() const;
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override;
+
+private:
+    QString readError;
+};

@@ -1,14 +1,17 @@
 #include "savejob.h"
 
 #include "chunkversion.h"
+#include "fileerrors.h"
 #include "textexport.h"
 
 #include <QDebug>
 #include <QFile>
 #include <QMutexLocker>
-#include <QTextStream>
+#include <QTextCodec>
+#include <QTextEncoder>
 
 #include <algorithm>
+#include <cerrno>
 
 void SaveJob::markFinished()
 {
@@ -55,20 +58,11 @@ template <typename Write> void forEachMessage(const SaveJob &job, qint64 start, 
     }
 }
 
-// Some file systems find out that they are full only when the file is closed.
-QString closeAndGetError(QFile &file)
-{
-    file.flush();
-    QString error = file.error() == QFileDevice::NoError ? QString() : file.errorString();
-    file.close();
-    if (error.isEmpty() && file.error() != QFileDevice::NoError)
-        error = file.errorString();
-    return error;
-}
-
 SaveOutcome finish(const SaveJob &job, QFile &file, SaveOutcome outcome)
 {
-    outcome.errorText = closeAndGetError(file);
+    const QString error = FileErrors::close(file);
+    if (outcome.errorText.isEmpty())
+        outcome.errorText = error;
     if (job.cancelled) {
         outcome.result = SaveOutcome::GivenUp;
         file.remove();
@@ -76,6 +70,40 @@ SaveOutcome finish(const SaveJob &job, QFile &file, SaveOutcome outcome)
         qDebug() << "void SaveFileWorker::saveToFile()" << outcome.errorText << job.endPosition;
     }
     return outcome;
+}
+
+void writeChunk(const SaveJob &job, const QString &timeText, QFile &file)
+{
+    QDataStream stream(&file);
+    ChunkFormat::writeHeader(stream, timeText, job.notes, job.bookmarks);
+    setCurrentChunkVersion(ChunkFormat::currentVersion);
+    ChunkFormat::RecordWriter writer(file, ChunkFormat::currentVersion);
+    forEachMessage(job, job.startPosition,
+                   [&writer](const CAN::CanRxMessage &message) { return writer.write(message); });
+    writer.flush();
+}
+
+void writeText(const SaveJob &job, QFile &file)
+{
+    constexpr int blockSize = 64 * 1024;
+    // A QTextStream keeps what it could not encode for want of memory, tries it again when it ends
+    // and takes the program down.
+    QTextEncoder encoder(QTextCodec::codecForLocale(), QTextCodec::IgnoreHeader);
+    QString block = TextExport::headerLine();
+    bool good = true;
+    const auto writeBlock = [&] {
+        const QByteArray bytes = encoder.fromUnicode(block);
+        good = good && FileErrors::write(file, bytes.constData(), bytes.size());
+        block.resize(0);
+    };
+    forEachMessage(job, 0, [&](const CAN::CanRxMessage &message) {
+        TextExport::appendMessageLine(block, message, job.notes.value(message.messageNumber));
+        if (block.size() < blockSize)
+            return true;
+        writeBlock();
+        return good;
+    });
+    writeBlock();
 }
 
 } // namespace
@@ -91,13 +119,8 @@ SaveOutcome writeChunkFile(const SaveJob &job)
         return outcome;
     }
     outcome.timeText = chunkTimeText(job.messages, job.startPosition, qint64(job.endPosition) - 1);
-    QDataStream stream(&file);
-    ChunkFormat::writeHeader(stream, outcome.timeText, job.notes, job.bookmarks);
-    setCurrentChunkVersion(ChunkFormat::currentVersion);
-    ChunkFormat::RecordWriter writer(file, ChunkFormat::currentVersion);
-    forEachMessage(job, job.startPosition,
-                   [&writer](const CAN::CanRxMessage &message) { return writer.write(message); });
-    writer.flush();
+    if (!withinMemory([&] { writeChunk(job, outcome.timeText, file); }))
+        outcome.errorText = qt_error_string(ENOMEM);
     return finish(job, file, outcome);
 }
 
@@ -110,18 +133,7 @@ SaveOutcome writeTextFile(const SaveJob &job)
         outcome.errorText = file.errorString();
         return outcome;
     }
-    constexpr int blockSize = 64 * 1024;
-    QTextStream stream(&file);
-    QString block = TextExport::headerLine();
-    forEachMessage(job, 0, [&](const CAN::CanRxMessage &message) {
-        TextExport::appendMessageLine(block, message, job.notes.value(message.messageNumber));
-        if (block.size() < blockSize)
-            return true;
-        stream << block;
-        block.resize(0);
-        return stream.status() == QTextStream::Ok;
-    });
-    stream << block;
-    stream.flush();
+    if (!withinMemory([&] { writeText(job, file); }))
+        outcome.errorText = qt_error_string(ENOMEM);
     return finish(job, file, outcome);
 }

@@ -2,6 +2,7 @@
 
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
+#include "fileerrors.h"
 
 #include <QFileInfo>
 #include <QReadLocker>
@@ -67,13 +68,8 @@ void DatachunkHandlerPrivate::runSave(SaveJob &job)
     worker.saveToFile();
     if (worker.errorText().isEmpty())
         return;
-    const QString error = incompleteFileText(job.fileName, worker.errorText());
+    const QString error = FileErrors::notWritten(job.fileName, worker.errorText());
     post(job, [this, error] { emit q->newErrorMessage(error); });
-}
-
-QString DatachunkHandlerPrivate::incompleteFileText(const QString &fileName, const QString &reason)
-{
-    return DatachunkHandler::tr("The file %1 could not be written: %2").arg(fileName, reason);
 }
 
 void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
@@ -201,7 +197,7 @@ void DatachunkHandlerPrivate::reportContinuousOutput()
     const QString reason = continuousOutput->errorText();
     if (reason.isEmpty() || std::exchange(continuousOutputReported, true))
         return;
-    emit q->newErrorMessage(incompleteFileText(continuousOutputName, reason));
+    emit q->newErrorMessage(FileErrors::notWritten(continuousOutputName, reason));
 }
 
 void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QString saveFileName)

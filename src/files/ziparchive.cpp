@@ -1,6 +1,6 @@
 #include "ziparchive.h"
 
-#include "regularfile.h"
+#include "fileerrors.h"
 
 #include <quazip.h>
 #include <quazipfile.h>
@@ -10,7 +10,10 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
+
+#include <unistd.h>
 
 namespace Zip {
 
@@ -23,9 +26,9 @@ qint64 boundedClaim(quint64 claim, qint64 bound)
     return qint64(std::min(claim, quint64(bound)));
 }
 
-bool openArchive(QFile &file, QuaZip &zip)
+bool openArchive(RegularFile &file, QuaZip &zip)
 {
-    return openRegularFile(file) && zip.open(QuaZip::mdUnzip) && zip.goToFirstFile();
+    return file.openForReading() && zip.open(QuaZip::mdUnzip) && zip.goToFirstFile();
 }
 
 } // namespace
@@ -146,15 +149,15 @@ bool isAscii(const QString &name)
     return std::all_of(name.begin(), name.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing)
+Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QString &readError)
 {
     constexpr qint64 zip64From = qint64(1) << 31;
     constexpr int fastest = 1;
     constexpr int windowBits = -15;
     constexpr int memoryLevel = 8;
     constexpr int defaultStrategy = 0;
-    QFile file(info.filePath());
-    if (!openRegularFile(file))
+    RegularFile file(info.filePath());
+    if (!file.openForReading())
         return file.exists() ? Step::Failed : Step::Done;
     zip.setZip64Enabled(file.size() >= zip64From);
     // Large entries marked as UTF-8 are too new for some programs, so only names that need the
@@ -167,18 +170,31 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing)
                     windowBits, memoryLevel, defaultStrategy))
         return Step::Failed;
     const Step step = copy(file, entry, keepGoing);
+    readError = file.readErrorText();
     entry.close();
     return step == Step::Done && entry.getZipError() != UNZ_OK ? Step::Failed : step;
 }
 
-Step packAll(QuaZip &zip, const QFileInfoList &files, const KeepGoing &keepGoing)
+Step packAll(QuaZip &zip, const QFileInfoList &files, const KeepGoing &keepGoing,
+             QString &readError)
 {
     for (const QFileInfo &info : files) {
-        const Step step = packFile(zip, info, keepGoing);
+        const Step step = packFile(zip, info, keepGoing, readError);
         if (step != Step::Done)
             return step;
     }
     return Step::Done;
+}
+
+// Puts the archive in its place. QSaveFile itself would do so even when the last bytes did not find
+// room, or when the disk is known to be full only once they get there.
+QString commit(QSaveFile &file)
+{
+    if (!file.flush())
+        return file.errorString();
+    if (fsync(file.handle()) != 0)
+        return qt_error_string(errno);
+    return file.commit() ? QString() : file.errorString();
 }
 
 } // namespace
@@ -195,13 +211,18 @@ PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
     QuaZip zip(&file);
     zip.setAutoClose(false);
     if (!zip.open(QuaZip::mdCreate))
-        return {false, file.errorString()};
-    const Step step = packAll(zip, files, keepGoing);
+        return {false, file.errorString(), {}};
+    PackOutcome outcome;
+    Step step = Step::Failed;
+    if (!withinMemory([&] { step = packAll(zip, files, keepGoing, outcome.readErrorText); }))
+        outcome.readErrorText = FileErrors::outOfMemory(fileName);
     zip.close();
     if (step == Step::GivenUp)
         return {};
-    const bool packed = step == Step::Done && zip.getZipError() == UNZ_OK && file.commit();
-    return {packed, packed ? QString() : file.errorString()};
+    const bool whole = step == Step::Done && zip.getZipError() == UNZ_OK;
+    outcome.errorText = whole ? commit(file) : file.errorString();
+    outcome.packed = outcome.errorText.isEmpty();
+    return outcome;
 }
 
 } // namespace Zip

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QFile>
+#include "regularfile.h"
+
 #include <QFileInfo>
 #include <QIODevice>
 #include <QString>
@@ -85,6 +86,9 @@ public:
     /// Size of the archive's file in bytes.
     qint64 size() const { return file.size(); }
 
+    /// What the user is told when the file could not be read to its end; mostly empty.
+    QString readErrorText() const { return file.readErrorText(); }
+
     /// All entries in the order of the archive's directory, equal names included.
     std::vector<Entry> entries() const;
 
@@ -93,7 +97,7 @@ public:
     std::unique_ptr<EntryDevice> open(const Entry &entry, const KeepGoing &keepGoing) const;
 
 private:
-    QFile file;
+    RegularFile file;
     const std::unique_ptr<QuaZip> zip;
     const bool opened;
 };
@@ -101,7 +105,8 @@ private:
 struct PackOutcome
 {
     bool packed = false;
-    QString errorText; ///< empty when it was given up or the archive could not be begun
+    QString errorText;     ///< empty when it was given up or the archive could not be begun
+    QString readErrorText; ///< what the user is told when a file to be packed could not be read
 };
 
 /// Packs \a files under their bare names into the archive \a fileName. The archive is written

@@ -98,8 +98,8 @@ DatachunkHelper::ImportFileType DatachunkHelper::getImportFileType(QString fileN
 
 DatachunkHelper::ImportFileType DatachunkHelper::checkPeakVersion(QString fileName)
 {
-    QFile file(fileName);
-    if (!openRegularFile(file))
+    RegularFile file(fileName);
+    if (!file.openForReading())
         return Unknown;
     LineSource lines(file, LineSource::CarriageReturns::Kept);
     if (!lines.next())
@@ -119,8 +119,8 @@ DatachunkHelper::ImportFileType DatachunkHelper::checkPeakVersion(QString fileNa
 
 DatachunkHelper::ImportFileType DatachunkHelper::checkTxtFile(QString fileName)
 {
-    QFile file(fileName);
-    if (!openRegularFile(file))
+    RegularFile file(fileName);
+    if (!file.openForReading())
         return Unknown;
     QTextStream stream(&file);
     return typeOfText(stream.read(headSize));

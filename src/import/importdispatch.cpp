@@ -2,6 +2,7 @@
 
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
+#include "fileerrors.h"
 #include "peakreader.h"
 #include "regularfile.h"
 #include "storesink.h"
@@ -38,6 +39,18 @@ ChunkFormat::Notes notesOf(const MessageList &messages, const ChunkFormat::Notes
             found.insert(note.key(), note.value());
     }
     return found;
+}
+
+ReadResult readInto(DatachunkHandlerPrivate &store, const ImportRun &run,
+                    const TraceRequest &request)
+{
+    if (traceReaderFor(request.type).delivery == TraceReader::AsRead) {
+        StoreSink sink(store, run);
+        return readTraceFile(request, sink);
+    }
+    WholeTraceSink sink(store, run, request);
+    const ReadResult result = readTraceFile(request, sink);
+    return sink.check().isDone() ? result : sink.check();
 }
 
 } // namespace
@@ -90,8 +103,8 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
     if (d->refuseDuringImport())
         return false;
     d->fileToLoad = fileName;
-    QFile file(fileName);
-    if (quint32(type) > DatachunkHelper::GenericFormat || !openRegularFile(file))
+    RegularFile file(fileName);
+    if (quint32(type) > DatachunkHelper::GenericFormat || !file.openForReading())
         return false;
     file.close();
     const ImportRun run(this);
@@ -125,20 +138,15 @@ bool DatachunkHandlerPrivate::runReader(const ImportRun &run, const QString &fil
 {
     const TraceRequest request{fileName, type, formatDescription};
     ReadResult result;
-    if (traceReaderFor(type).delivery == TraceReader::WhenWhole) {
-        WholeTraceSink sink(*this, run, request);
-        result = readTraceFile(request, sink);
-        if (!sink.check().isDone())
-            result = sink.check();
-    } else {
-        StoreSink sink(*this, run);
-        result = readTraceFile(request, sink);
-    }
+    if (!withinMemory([&] { result = readInto(*this, run, request); }))
+        result = {ReadResult::NotRead, 0, FileErrors::outOfMemory(fileName)};
     if (!run.storeExists())
         return false;
     const QString error = errorText(result, request);
     if (!error.isEmpty())
         lastError = error;
+    if (!result.systemError.isEmpty())
+        emit q->newErrorMessage(result.systemError);
     return result.isDone();
 }
 

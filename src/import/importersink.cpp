@@ -46,5 +46,7 @@ bool runImporter(QObject &importer, const TraceRequest &request, TraceSink &sink
     const ReadResult result = readTraceFile(request, sink);
     if (guard && result.isFileError())
         errorString = errorText(result, request);
-    return result.isDone();
+    if (guard && !result.systemError.isEmpty())
+        errorString = result.systemError;
+    return result.isDone() && result.systemError.isEmpty();
 }

@@ -7,11 +7,13 @@
 ReadResult readTraceFile(const TraceRequest &request, TraceSink &sink)
 {
     const TraceReader &reader = traceReaderFor(request.type);
-    QFile file(request.fileName);
-    if (!openRegularFile(file))
+    RegularFile file(request.fileName);
+    if (!file.openForReading())
         return ReadResult::notRead();
     LineSource lines(file, reader.carriageReturns);
-    return reader.read(lines, sink, request);
+    ReadResult result = reader.read(lines, sink, request);
+    result.systemError = file.readErrorText();
+    return result;
 }
 
 QString errorText(const ReadResult &result, const TraceRequest &request)

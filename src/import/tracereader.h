@@ -26,12 +26,13 @@ struct ReadResult
     };
     Status status = Done;
     quint64 line = 0;
+    QString systemError; ///< why the rest of the file is missing, for the user; mostly empty
 
-    static ReadResult done() { return {Done}; }
-    static ReadResult stopped() { return {Stopped}; }
-    static ReadResult notRead() { return {NotRead}; }
-    static ReadResult lineError(quint64 line = 0) { return {LineError, line}; }
-    static ReadResult noColumns() { return {NoColumns}; }
+    static ReadResult done() { return {Done, 0, {}}; }
+    static ReadResult stopped() { return {Stopped, 0, {}}; }
+    static ReadResult notRead() { return {NotRead, 0, {}}; }
+    static ReadResult lineError(quint64 line = 0) { return {LineError, line, {}}; }
+    static ReadResult noColumns() { return {NoColumns, 0, {}}; }
 
     bool isDone() const { return status == Done; }
     /// Whether what stands in the file is wrong.

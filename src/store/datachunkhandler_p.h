@@ -77,7 +77,6 @@ public:
     void saveWithExportNotes(const SharedSaveJob &job);
     SaveQueue &queueFor(const SaveJob &job);
     void runSave(SaveJob &job);
-    static QString incompleteFileText(const QString &fileName, const QString &reason);
     void post(const SaveJob &job, const std::function<void()> &report);
     void chunkSaved(quint32 index, const QString &time);
     void partialChunkSaved(const QString &fileName, const QString &importName, const QString &time);
@@ -89,9 +88,11 @@ public:
     /// Tells the application so and returns true while an import runs.
     bool refuseDuringImport();
     bool readChunk(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
+    bool readChunkWithinMemory(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
     void refuseNewerVersion();
     /// Adds the records to the browsing list; returns whether one is a CAN FD frame.
     bool readRecords(QIODevice &file, quint32 version);
+    bool split(const QString &fileName, quint32 messagesPerFile);
     bool splitRecords(QIODevice &file, quint32 version, const QString &partTemplate,
                       quint32 messagesPerFile);
     /// Runs the reader of a format. False when there is none, when it failed or when it was
@@ -114,8 +115,9 @@ public:
     // Archives.
     /// Calls \a function at once on the store's thread, later from any other.
     void onStoreThread(const std::function<void()> &function);
-    /// Returns why the archive is incomplete.
+    /// Returns what the user is told of an archive that is incomplete; mostly empty.
     QString packChunks(const QString &zipName);
+    QString packFolder(const QString &zipName, const Zip::KeepGoing &keepGoing);
     bool mergeArchive(const QString &zipName, quint32 viewRequest);
     /// What follows a merge. False, with nothing shown, when it failed or is not wanted any more.
     bool endMerge(const QString &name, quint32 viewRequest, ChunkArchive::Merged &merged);

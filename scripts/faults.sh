@@ -1,0 +1,27 @@
+#!/bin/bash
+# Runs what takes too long for every day: every fault at every call of every operation, and 500
+# kills. faults.sh [faults|kills [SEED]]; both without an argument.
+
+source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+
+run_test() {
+    "$project/tests/support/fresh-home.sh" "$project/build/dev/tests/tst_$1" 2>&1 |
+        grep -E '^(FAIL|QINFO|XPASS|   Loc|Totals|The test left|.*/)' |
+        grep -vE '^void '
+}
+
+what="${1:-all}"
+case "$what" in all | faults | kills) ;; *)
+    echo "usage: faults.sh [faults|kills [SEED]]" >&2
+    exit 2
+    ;;
+esac
+install_packages
+if [ "$what" != kills ]; then
+    build dev --target tst_faults
+    FAULTS_ALL=1 run_test faults
+fi
+if [ "$what" != faults ]; then
+    build dev --target tst_kills
+    KILLS="${KILLS:-500}" KILLS_SEED="${2:-$RANDOM}" run_test kills
+fi

@@ -1,0 +1,52 @@
+#include "fileerrors.h"
+
+#include <QCoreApplication>
+
+namespace FileErrors {
+
+namespace {
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("DatachunkHandler", text);
+}
+
+} // namespace
+
+QString notRead(const QString &fileName, const QString &reason)
+{
+    return translated("The file %1 could not be read to its end: %2").arg(fileName, reason);
+}
+
+QString notWritten(const QString &fileName, const QString &reason)
+{
+    return translated("The file %1 could not be written: %2").arg(fileName, reason);
+}
+
+QString outOfMemory(const QString &fileName)
+{
+    return translated("There is not enough memory for the file %1.").arg(fileName);
+}
+
+bool write(QIODevice &file, const char *bytes, qint64 size)
+{
+    // A disk that is almost full takes a part without an error and tells the reason only when it
+    // is given the rest.
+    qint64 taken = 1;
+    for (qint64 written = 0; written < size && taken > 0; written += taken)
+        taken = file.write(bytes + written, size - written);
+    return taken > 0;
+}
+
+// Some file systems find out that they are full only when the file is closed.
+QString close(QFile &file)
+{
+    file.flush();
+    QString error = file.error() == QFileDevice::NoError ? QString() : file.errorString();
+    file.close();
+    if (error.isEmpty() && file.error() != QFileDevice::NoError)
+        error = file.errorString();
+    return error;
+}
+
+} // namespace FileErrors
