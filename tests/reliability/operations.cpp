@@ -13,7 +13,7 @@
 namespace {
 
 constexpr quint32 size = Scene::chunkSize;
-constexpr quint32 sourceSize = 5000; // messages of each chunk below in
+constexpr quint32 sourceSize = 3000; // messages of each chunk below in
 
 QString unless(bool good, const char *complaint)
 {
@@ -76,6 +76,11 @@ QString missingImport(Scene &scene)
                 return QStringLiteral("order");
         }
     }
+    for (int i = 0; i < scene.partialChunks.size(); ++i) {
+        const QString end = QStringLiteral("\\a%1b\\") + QString::number(i) + ".dck";
+        if (!scene.partialChunks.at(i).endsWith(end))
+            return QStringLiteral("name");
+    }
     return unless(scene.imported == QStringList(scene.source("a%1b.log")) && count == 3 * size / 2
                       && scene.shows(size, 3 * size / 2 - 1),
                   "imported messages");
@@ -87,7 +92,7 @@ QString missingParts(Scene &scene)
     for (quint32 part = 0; part < 3; ++part) {
         const QString name =
             scene.source(QStringLiteral("a%1b_splitted/a%1b_") + QString::number(part) + ".dck");
-        if (!holds(name, part * 2000, std::min(part * 2000 + 1999, sourceSize - 1)))
+        if (!holds(name, part * 1200, std::min(part * 1200 + 1199, sourceSize - 1)))
             return QStringLiteral("part");
     }
     return {};
@@ -104,23 +109,27 @@ void pack(Scene &scene)
     scene.waitForArchives();
 }
 
-QString missingArchive(Scene &scene)
+bool isWholeArchive(const Scene &scene)
 {
     const Zip::Reader archive(scene.target("a%1b.zip"));
-    if (!archive.isOpen())
-        return readFile(scene.target("a%1b.zip")) == "the archive of yesterday"
-            ? QStringLiteral("new archive")
-            : QStringLiteral("any archive");
     QStringList names;
     for (const Zip::Entry &entry : archive.entries()) {
         names += entry.name;
         const auto content = archive.open(entry, [] { return true; });
         const QString file = scene.store->chunkFolderPath() + QLatin1Char('/') + entry.name;
         if (!content || content->readAll() != readFile(file))
-            return QStringLiteral("content of the archive");
+            return false;
     }
     names.sort();
-    return unless(names == QStringList{"tmpData0.dck", "zlastChunk.dck"}, "entries");
+    return names == QStringList{"tmpData0.dck", "zlastChunk.dck"};
+}
+
+QString missingArchive(Scene &scene)
+{
+    const bool good = isWholeArchive(scene);
+    if (!good && !scene.hasOldArchive() && scene.isTold())
+        scene.complaints += QStringLiteral("a failed archive has replaced the old one");
+    return unless(good, "archive");
 }
 
 QString missingUnpacked(Scene &scene)
@@ -150,7 +159,7 @@ const QVector<Operation> &operations()
         {"import", nothing, import, missingImport},
         {"split", nothing,
          [](Scene &scene) {
-             scene.result = scene.store->splitFile(scene.source("a%1b.dck"), 2000);
+             scene.result = scene.store->splitFile(scene.source("a%1b.dck"), 1200);
              scene.store->finishContinousOutput();
          },
          missingParts},

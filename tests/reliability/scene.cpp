@@ -38,8 +38,8 @@ Scene::Scene(const QString &root, bool longNotes)
     for (const char *name : {"1/tmpData0.dck", "1/a/tmpData0.dck", "1\\a\\0.dck", "tmpData0.dck"})
         writeFile(location + QLatin1String(name), "not yours");
     const ChunkFormat::Notes notes{{3, note}};
-    const QByteArray first = chunkBytes("1.0", 0, 5000, notes);
-    const QByteArray second = chunkBytes("2.0", 5000, 5000);
+    const QByteArray first = chunkBytes("1.0", 0, 3000, notes);
+    const QByteArray second = chunkBytes("2.0", 3000, 3000);
     writeFile(source("a%1b.dck"), first);
     writeFile(source("a%1b.log"), candump(3 * chunkSize / 2));
     writeArchive(source("a%1b.zip"), {{"b.dck", second}, {"a.dck", first}});
@@ -95,7 +95,7 @@ void Scene::append(quint32 count)
 
 void Scene::waitUntil(const std::function<bool()> &condition)
 {
-    constexpr int hangLimit = 5000;
+    constexpr int hangLimit = 20000;
     QElapsedTimer timer;
     timer.start();
     while (!condition()) {
@@ -137,6 +137,11 @@ QString Scene::chunkPath(quint32 index) const
 void Scene::writeOldArchive()
 {
     writeFile(target("a%1b.zip"), oldArchive);
+}
+
+bool Scene::hasOldArchive() const
+{
+    return readFile(target("a%1b.zip")) == oldArchive;
 }
 
 bool Scene::shows(quint32 first, quint32 last) const

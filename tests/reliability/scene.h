@@ -16,7 +16,7 @@ class Scene
 {
 public:
     /// Messages that fill the live list, and so the messages of a chunk.
-    static constexpr quint32 chunkSize = 4000;
+    static constexpr quint32 chunkSize = 3200;
 
     /// \a root is an empty folder. With \a longNotes every note is longer than a MiB.
     explicit Scene(const QString &root, bool longNotes = false);
@@ -45,6 +45,7 @@ public:
 
     /// Writes the archive that a packing replaces.
     void writeOldArchive();
+    bool hasOldArchive() const;
 
     /// Whether the view shows exactly the messages \a first to \a last.
     bool shows(quint32 first, quint32 last) const;
