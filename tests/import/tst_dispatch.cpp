@@ -14,11 +14,9 @@ private slots:
     void signalsOfAnImport_data();
     void signalsOfAnImport();
     void errorAtTheEndLeavesNoChunk();
-    void chunksOfAnImportGoWithTheStore();
     void importWithoutAWritableChunkFolder();
     void liveTrafficGoesOnDuringAnImport();
     void importOnAThreadWithoutTheStoresEventLoop();
-    void namesWithPercentSigns();
 
 private:
     QString candump(const QString &name, int lines);
@@ -155,22 +153,6 @@ void Dispatch::errorAtTheEndLeavesNoChunk()
     QCOMPARE(store.getMessageCount(), 500u);
 }
 
-void Dispatch::chunksOfAnImportGoWithTheStore()
-{
-    QString parent;
-    {
-        DatachunkHandler store(20000);
-        parent = QFileInfo(store.chunkFolderPath()).path();
-        writeFile(store.chunkFolderPath() + QStringLiteral("\\mine\\0.dck"), "not the store's");
-        store.importMessages(candump(QStringLiteral("a.log"), 3), DatachunkHelper::SocketCanDump);
-        QCOMPARE(QDir(parent).entryList(QDir::Files).size(), 2);
-    }
-    const QStringList left = QDir(parent).entryList(QDir::Files);
-    QCOMPARE(left.size(), 1);
-    QVERIFY(left.first().endsWith(QStringLiteral("mine\\0.dck")));
-    QFile::remove(QDir(parent).filePath(left.first()));
-}
-
 void Dispatch::importWithoutAWritableChunkFolder()
 {
     const QByteArray before = qgetenv("XDG_DATA_HOME");
@@ -228,19 +210,6 @@ void Dispatch::importOnAThreadWithoutTheStoresEventLoop()
     QVERIFY(thread->wait(20000));
     QCOMPARE(store.getMessageCount(), 500u);
     QVERIFY(!store.getIsLive());
-}
-
-void Dispatch::namesWithPercentSigns()
-{
-    DatachunkHandler store(5100);
-    QSignalSpy partial(&store, &DatachunkHandler::newPartialDataFile);
-    store.importMessages(candump(QStringLiteral("50%0 %1.log"), 250),
-                         DatachunkHelper::SocketCanDump);
-    QCOMPARE(partial.count(), 3);
-    for (int i = 0; i < 3; ++i) {
-        QVERIFY(partial.at(i).first().toString().endsWith(
-            QStringLiteral("\\50%0 %1\\") + QString::number(i) + QStringLiteral(".dck")));
-    }
 }
 
 QTEST_GUILESS_MAIN(Dispatch)

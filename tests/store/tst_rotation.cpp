@@ -18,8 +18,6 @@ private slots:
     void severalFeedersGetNumbersInOrder();
     void continuousModeDropsTheOldest();
     void clearingKeepsOtherFiles();
-    void losingAChunkIsTold();
-    void everyStoreHasAFolderOfItsOwn();
 };
 
 namespace {
@@ -138,31 +136,6 @@ void Rotation::clearingKeepsOtherFiles()
     QCOMPARE(cleared.count(), 1);
     append(store, 1);
     QCOMPARE(store.getLastMessage().messageNumber, 0u);
-}
-
-void Rotation::losingAChunkIsTold()
-{
-    DatachunkHandler store(margin + 10);
-    QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
-    QSignalSpy saved(&store, &DatachunkHandler::newDataFile);
-    QVERIFY(QDir().mkdir(chunk(store, 0)));
-    append(store, 21);
-    QTRY_COMPARE(saved.count(), 1);
-    QCOMPARE(saved.first().first().toUInt(), 1u);
-    QCOMPARE(errors.count(), 1);
-    QVERIFY(errors.first().first().toString().contains(chunk(store, 0)));
-}
-
-void Rotation::everyStoreHasAFolderOfItsOwn()
-{
-    srand(1);
-    auto first = std::make_unique<DatachunkHandler>(20000);
-    srand(1);
-    DatachunkHandler second(20000);
-    QVERIFY(first->chunkFolderPath() != second.chunkFolderPath());
-    const QString folder = second.chunkFolderPath();
-    first.reset();
-    QVERIFY(QDir(folder).exists());
 }
 
 QTEST_GUILESS_MAIN(Rotation)
