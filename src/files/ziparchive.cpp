@@ -157,8 +157,12 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QS
     constexpr int memoryLevel = 8;
     constexpr int defaultStrategy = 0;
     RegularFile file(info.filePath());
-    if (!file.openForReading())
-        return file.exists() ? Step::Failed : Step::Done;
+    if (!file.openForReading()) {
+        if (!file.exists())
+            return Step::Done;
+        readError = FileErrors::notRead(file.fileName(), file.errorString());
+        return Step::Failed;
+    }
     zip.setZip64Enabled(file.size() >= zip64From);
     // Large entries marked as UTF-8 are too new for some programs, so only names that need the
     // mark get it.
