@@ -205,8 +205,10 @@ void FaultsTest::everyFaultIsSurvived()
 
 void FaultsTest::everyCallWasMet()
 {
-    for (const CallRow &row : callRows())
-        QVERIFY2(callsMet.contains(row.name), row.name);
+    for (const CallRow &row : callRows()) {
+        if (Faults::allocationsFail || row.call != Faults::Allocate)
+            QVERIFY2(callsMet.contains(row.name), row.name);
+    }
     qInfo("%d cases, the slowest took %d ms", cases, slowest);
     QVERIFY(slowest < 5000 || !isFullSweep());
 }

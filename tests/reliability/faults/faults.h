@@ -18,8 +18,15 @@ enum Call {
     List, ///< the opening of a folder
     Sync,
     Thread,
-    Allocate ///< of at least 1 MiB; never met where a sanitizer owns the memory
+    Allocate ///< of at least 1 MiB
 };
+
+/// A sanitizer keeps the memory to itself.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool allocationsFail = false;
+#else
+constexpr bool allocationsFail = true;
+#endif
 
 /// In place of an error number.
 constexpr int shortCount = -1; ///< half of the bytes, at least one
