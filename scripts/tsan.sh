@@ -76,7 +76,7 @@ configure_qt() {
     mkdir "$qt/qtbuild"
     cd "$qt/qtbuild"
     "$qt/qtsource/configure" -opensource -confirm-license -release -platform linux-g++ \
-        -sanitize thread -prefix "$qt/installed" -nomake examples -nomake tests \
+        -sanitize thread -no-strip -prefix "$qt/installed" -nomake examples -nomake tests \
         -no-gui -no-widgets -no-dbus -no-openssl -no-glib -no-icu -no-pch \
         -qt-pcre -qt-doubleconversion -system-zlib \
         QMAKE_CFLAGS_RELEASE="-O1 -g1" QMAKE_CXXFLAGS_RELEASE="-O1 -g1" \
