@@ -6,6 +6,9 @@
 
 #include <QtTest>
 
+#include <atomic>
+#include <thread>
+
 namespace {
 
 // The smallest limit above which a store rotates, after this many messages.
@@ -55,6 +58,7 @@ private slots:
     void completionsDecideAboutPacking_data();
     void completionsDecideAboutPacking();
     void rotationsDoNotSwallowTheArchive();
+    void mergeRestartsTheLinesOfAnotherThread();
     void laterWishesWinOverAMerge_data();
     void laterWishesWinOverAMerge();
     void badArchivesLeadBackToLive_data();
@@ -169,6 +173,32 @@ void TestArchiveStore::rotationsDoNotSwallowTheArchive()
     QTRY_VERIFY(QFileInfo::exists(path("trace.zip")));
     QTRY_COMPARE(chunks.count(), 2);
     QCOMPARE(entriesOf(path("trace.zip")).keys(), QStringList({"tmpData0.dck", "zlastChunk.dck"}));
+}
+
+void TestArchiveStore::mergeRestartsTheLinesOfAnotherThread()
+{
+    QVERIFY(writeArchive(path("a.zip"), {{"a.dck", chunkBytes("1.0", 0, 1)}}));
+    record(*store, 1);
+    // Relaxed, so that the store alone orders what the threads do to it.
+    std::atomic<int> step{0};
+    const auto waitFor = [&step](int number) {
+        while (step.load(std::memory_order_relaxed) != number)
+            std::this_thread::yield();
+    };
+    bool found[2] = {};
+    std::thread reader([&] {
+        CAN::CanRxMessage message;
+        const auto line = static_cast<unsigned char>(makeMessage(0, 8).line);
+        found[0] = store->nextMessageForLine(message, line);
+        step.store(1, std::memory_order_relaxed);
+        waitFor(2);
+        found[1] = store->nextMessageForLine(message, line);
+    });
+    waitFor(1);
+    const bool merged = store->loadZipMerged(path("a.zip"));
+    step.store(2, std::memory_order_relaxed);
+    reader.join();
+    QVERIFY(merged && found[0] && found[1]);
 }
 
 void TestArchiveStore::laterWishesWinOverAMerge_data()
