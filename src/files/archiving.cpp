@@ -185,10 +185,10 @@ void DatachunkHandlerPrivate::showMerged(ChunkArchive::Merged &merged)
         const QSet<unsigned char> seen = merged.lines.toSet();
         for (const unsigned char line : seen)
             lines.insert(line);
+        q->resetLinePositions();
         const QMutexLocker notesLocker(&notesLock);
         notes = std::move(merged.notes);
     }
-    q->resetLinePositions();
     if (merged.hasBookmarkMap)
         setBookmarks(merged.bookmarks);
 }

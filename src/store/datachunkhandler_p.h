@@ -145,6 +145,9 @@ public:
     std::atomic<bool> missingFolderReported{false};
     std::atomic<bool> importRunning{false};
     std::atomic<bool> importCancelled{false};
+    // Where nextMessageForLine goes on. They belong to the list shown, so what replaces both does
+    // it under the lock.
+    std::array<std::atomic<quint32>, 256> linePositions{};
 
     // Guarded by lock.
     mutable QReadWriteLock lock;
@@ -175,7 +178,6 @@ public:
     ChunkFormat::Bookmarks savingBookmarks;
     bool zipAfterSaving = false;
     quint32 packRequests = 0; // rises with every setZipAfterSaving
-    std::array<quint32, 256> linePositions{};
     SharedSaveJob lastPartialSave;
     SaveFileWorker *const continuousOutput; // child of the store
     QString continuousOutputName;

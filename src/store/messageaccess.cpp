@@ -78,7 +78,8 @@ void DatachunkHandler::updateLines()
 
 void DatachunkHandler::resetLinePositions()
 {
-    d->linePositions.fill(0);
+    for (std::atomic<quint32> &position : d->linePositions)
+        position = 0;
 }
 
 unsigned int DatachunkHandler::messageCountForLine(unsigned char line)
@@ -132,8 +133,8 @@ bool DatachunkHandler::getMessageOfLine(CAN::CanRxMessage &out, unsigned char li
 
 bool DatachunkHandler::nextMessageForLine(CAN::CanRxMessage &out, unsigned char line)
 {
-    const quint32 resumeAt = d->linePositions[line];
     const QReadLocker locker(&d->lock);
+    const quint32 resumeAt = d->linePositions[line];
     const MessageList &messages = d->shown();
     for (quint32 i = resumeAt; i < quint32(messages.size()); ++i) {
         if (messages.at(int(i)).line == line) {
