@@ -2,12 +2,11 @@
 #include "datachunkhandler.h"
 #include "messages.h"
 #include "storefixture.h"
+#include "unorderedstep.h"
 #include "ziparchive.h"
 
 #include <QtTest>
 
-#include <atomic>
-#include <thread>
 
 namespace {
 
@@ -179,24 +178,19 @@ void TestArchiveStore::mergeRestartsTheLinesOfAnotherThread()
 {
     QVERIFY(writeArchive(path("a.zip"), {{"a.dck", chunkBytes("1.0", 0, 1)}}));
     record(*store, 1);
-    // Relaxed, so that the store alone orders what the threads do to it.
-    std::atomic<int> step{0};
-    const auto waitFor = [&step](int number) {
-        while (step.load(std::memory_order_relaxed) != number)
-            std::this_thread::yield();
-    };
+    UnorderedStep step;
     bool found[2] = {};
     std::thread reader([&] {
         CAN::CanRxMessage message;
         const auto line = static_cast<unsigned char>(makeMessage(0, 8).line);
         found[0] = store->nextMessageForLine(message, line);
-        step.store(1, std::memory_order_relaxed);
-        waitFor(2);
+        step.set(1);
+        step.waitFor(2);
         found[1] = store->nextMessageForLine(message, line);
     });
-    waitFor(1);
+    step.waitFor(1);
     const bool merged = store->loadZipMerged(path("a.zip"));
-    step.store(2, std::memory_order_relaxed);
+    step.set(2);
     reader.join();
     QVERIFY(merged && found[0] && found[1]);
 }

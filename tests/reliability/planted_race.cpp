@@ -4,39 +4,28 @@
 
 #include "datachunkhandler.h"
 #include "messages.h"
+#include "unorderedstep.h"
 
 #include <QThread>
 
-#include <atomic>
 #include <cstring>
 
 namespace {
-
-// Relaxed, so that waiting for it orders nothing but the clock.
-using Flag = std::atomic<bool>;
-
-void waitFor(const Flag &flag)
-{
-    while (!flag.load(std::memory_order_relaxed))
-        QThread::yieldCurrentThread();
-}
 
 class Appender : public QThread
 {
 public:
     explicit Appender(DatachunkHandler &store) : store(store) { }
 
-    Flag appended{false};
-    Flag read{false};
+    UnorderedStep step;
 
 private:
     void run() override
     {
         // Within the room that the list has already, so that the race does no harm.
         store.appendCanMessage(makeMessage(1));
-        appended.store(true, std::memory_order_relaxed);
-        // The sanitizer does not remember what a thread did that has ended.
-        waitFor(read);
+        step.set(1);
+        step.waitFor(2);
     }
 
     DatachunkHandler &store;
@@ -51,9 +40,9 @@ int main(int argc, char **argv)
     store.appendCanMessage(makeMessage(0));
     Appender appender(store);
     appender.start();
-    waitFor(appender.appended);
+    appender.step.waitFor(1);
     const quint32 id = guarded ? store.messageAt(1).id : store.messageAtPassMutex(1).id;
-    appender.read.store(true, std::memory_order_relaxed);
+    appender.step.set(2);
     appender.wait();
     return id != 1;
 }
