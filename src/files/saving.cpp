@@ -229,7 +229,7 @@ void DatachunkHandler::exportMessages(QString fileName, DatachunkHelper::ExportO
     const bool withNotes = expOptions.testFlag(DatachunkHelper::ExportWithNotes);
     d->savingNotes = withNotes ? d->notesInView() : ChunkFormat::Notes();
     if (d->bookmarkHandler)
-        d->savingBookmarks = d->bookmarkHandler->bookmarks();
+        d->savingBookmarks = d->bookmarkHandler->copyOfBookmarks();
     saveMessagesToFile(fileName, DatachunkHelper::CurrentMessages, messagesToExport, 0, 0);
 }
 

@@ -11,6 +11,12 @@ const QMap<unsigned int, CanMessageBookmark> &BookmarkHandler::bookmarks() const
     return map;
 }
 
+QMap<unsigned int, CanMessageBookmark> BookmarkHandler::copyOfBookmarks() const
+{
+    const QMutexLocker locker(&mutex);
+    return map;
+}
+
 CanMessageBookmark BookmarkHandler::bookmarkAt(unsigned int number)
 {
     const QMutexLocker locker(&mutex);

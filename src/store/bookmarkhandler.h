@@ -21,6 +21,9 @@ public:
 
     const QMap<unsigned int, CanMessageBookmark> &bookmarks() const;
 
+    /// A copy of them, whatever other threads do to the map.
+    QMap<unsigned int, CanMessageBookmark> copyOfBookmarks() const;
+
     /// The bookmark of message \a number, or the default bookmark.
     CanMessageBookmark bookmarkAt(unsigned int number);
 

@@ -213,7 +213,7 @@ void DatachunkHandlerPrivate::setBookmarks(const ChunkFormat::Bookmarks &bookmar
 
 ChunkFormat::Bookmarks DatachunkHandlerPrivate::bookmarks() const
 {
-    return bookmarkHandler ? bookmarkHandler->bookmarks() : ChunkFormat::Bookmarks();
+    return bookmarkHandler ? bookmarkHandler->copyOfBookmarks() : ChunkFormat::Bookmarks();
 }
 
 ChunkFormat::Notes DatachunkHandlerPrivate::notesInView() const
