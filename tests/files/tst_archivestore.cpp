@@ -2,11 +2,9 @@
 #include "datachunkhandler.h"
 #include "messages.h"
 #include "storefixture.h"
-#include "unorderedstep.h"
 #include "ziparchive.h"
 
 #include <QtTest>
-
 
 namespace {
 
@@ -57,7 +55,6 @@ private slots:
     void completionsDecideAboutPacking_data();
     void completionsDecideAboutPacking();
     void rotationsDoNotSwallowTheArchive();
-    void mergeRestartsTheLinesOfAnotherThread();
     void laterWishesWinOverAMerge_data();
     void laterWishesWinOverAMerge();
     void badArchivesLeadBackToLive_data();
@@ -172,27 +169,6 @@ void TestArchiveStore::rotationsDoNotSwallowTheArchive()
     QTRY_VERIFY(QFileInfo::exists(path("trace.zip")));
     QTRY_COMPARE(chunks.count(), 2);
     QCOMPARE(entriesOf(path("trace.zip")).keys(), QStringList({"tmpData0.dck", "zlastChunk.dck"}));
-}
-
-void TestArchiveStore::mergeRestartsTheLinesOfAnotherThread()
-{
-    QVERIFY(writeArchive(path("a.zip"), {{"a.dck", chunkBytes("1.0", 0, 1)}}));
-    record(*store, 1);
-    UnorderedStep step;
-    bool found[2] = {};
-    std::thread reader([&] {
-        CAN::CanRxMessage message;
-        const auto line = static_cast<unsigned char>(makeMessage(0, 8).line);
-        found[0] = store->nextMessageForLine(message, line);
-        step.set(1);
-        step.waitFor(2);
-        found[1] = store->nextMessageForLine(message, line);
-    });
-    step.waitFor(1);
-    const bool merged = store->loadZipMerged(path("a.zip"));
-    step.set(2);
-    reader.join();
-    QVERIFY(merged && found[0] && found[1]);
 }
 
 void TestArchiveStore::laterWishesWinOverAMerge_data()

@@ -2,11 +2,8 @@
 #include "messages.h"
 #include "savefileworker.h"
 #include "storefixture.h"
-#include "unorderedstep.h"
 
 #include <QtTest>
-
-#include <thread>
 
 #include <utime.h>
 
@@ -23,7 +20,6 @@ private slots:
     void budgetRemovesTheOldestChunk();
     void lineOfTheTextExport_data();
     void lineOfTheTextExport();
-    void bookmarksMayChangeOnAnotherThread();
     void fullDiskIsToldOncePerContinuousOutput();
 };
 
@@ -211,28 +207,6 @@ void SavingTest::lineOfTheTextExport()
     const ChunkFormat::Notes notes{{4, QStringLiteral("a;b\n")}};
     SaveFileWorker worker(QString(), nullptr, Type::CurrentMessages, 0, 0, notes, {}, 0, {});
     QTEST(worker.getOldStyleTxtOutput(message), "line");
-}
-
-void SavingTest::bookmarksMayChangeOnAnotherThread()
-{
-    QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("marked.dck"));
-    BookmarkHandler bookmarks;
-    DatachunkHandler store(20000);
-    store.setBookmarkhandler(&bookmarks);
-    store.appendCanMessage(makeMessage(0));
-    UnorderedStep step;
-    std::thread user([&] {
-        bookmarks.addBookmark(0, QStringLiteral("mark"));
-        step.set(1);
-        step.waitFor(2);
-    });
-    step.waitFor(1);
-    store.exportMessages(file);
-    step.set(2);
-    user.join();
-    QTRY_VERIFY(QFile::exists(file) && !readChunkFile(file).messages.isEmpty());
-    QCOMPARE(readChunkFile(file).bookmarks.keys(), QList<unsigned>{0});
 }
 
 void SavingTest::fullDiskIsToldOncePerContinuousOutput()

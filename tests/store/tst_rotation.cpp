@@ -35,16 +35,6 @@ QString chunk(const DatachunkHandler &store, int number)
     return store.chunkFolderPath() + QStringLiteral("/tmpData%1.dck").arg(number);
 }
 
-// A signal spy would write on the pool's thread while the test reads. What this returns ends the
-// listening with its own end.
-std::unique_ptr<QObject> listenForCleared(DatachunkHandler &store, QVector<bool> &cleared)
-{
-    auto listener = std::make_unique<QObject>();
-    QObject::connect(&store, &DatachunkHandler::informAboutCleared, listener.get(),
-                     [&cleared](bool live) { cleared.append(live); });
-    return listener;
-}
-
 } // namespace
 
 void Rotation::cleanup()

@@ -1,5 +1,6 @@
 #include "storefixture.h"
 
+#include "datachunkhandler.h"
 #include "messages.h"
 
 #include <QDirIterator>
@@ -44,6 +45,14 @@ QMap<QString, QByteArray> filesBelow(const QString &folder)
         files.insert(path, found.fileInfo().isDir() ? QByteArray() : readFile(path));
     }
     return files;
+}
+
+std::unique_ptr<QObject> listenForCleared(DatachunkHandler &store, QVector<bool> &cleared)
+{
+    auto listener = std::make_unique<QObject>();
+    QObject::connect(&store, &DatachunkHandler::informAboutCleared, listener.get(),
+                     [&cleared](bool live) { cleared.append(live); });
+    return listener;
 }
 
 QVector<quint32> numbersFromTo(quint32 first, quint32 last)
