@@ -1,6 +1,5 @@
 #include "storefixture.h"
 
-#include "datachunkhandler.h"
 #include "messages.h"
 
 #include <QDirIterator>
@@ -45,14 +44,6 @@ QMap<QString, QByteArray> filesBelow(const QString &folder)
         files.insert(path, found.fileInfo().isDir() ? QByteArray() : readFile(path));
     }
     return files;
-}
-
-std::unique_ptr<QObject> listenForCleared(DatachunkHandler &store, QVector<bool> &cleared)
-{
-    auto listener = std::make_unique<QObject>();
-    QObject::connect(&store, &DatachunkHandler::informAboutCleared, listener.get(),
-                     [&cleared](bool live) { cleared.append(live); });
-    return listener;
 }
 
 QVector<quint32> numbersFromTo(quint32 first, quint32 last)

@@ -4,13 +4,8 @@
 #include "chunkformat.h"
 
 #include <QMap>
-#include <QObject>
 #include <QString>
 #include <QVector>
-
-#include <memory>
-
-class DatachunkHandler;
 
 /// A chunk file as it was read back.
 struct ReadChunk
@@ -29,9 +24,6 @@ bool holds(const QString &fileName, quint32 first, quint32 last);
 
 /// Everything below a folder with its content, which is empty for a folder.
 QMap<QString, QByteArray> filesBelow(const QString &folder);
-/// Collects the values of informAboutCleared on the caller's thread, as long as the object
-/// returned lives; a signal spy would collect them on the pool's, while the test reads.
-std::unique_ptr<QObject> listenForCleared(DatachunkHandler &store, QVector<bool> &cleared);
 
 /// Message numbers \a first to \a last, both included.
 QVector<quint32> numbersFromTo(quint32 first, quint32 last);
