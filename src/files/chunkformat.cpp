@@ -50,6 +50,16 @@ void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version)
         get(in, message.line);
 }
 
+// A block, or for small files no more than they need. The number of bytes that an archive's
+// entry has left is not known.
+int bufferSizeFor(const QIODevice &device)
+{
+    constexpr qint64 smallestSize = 2 * maxRecordSize;
+    return device.isSequential()
+        ? blockSize
+        : int(qBound(smallestSize, device.bytesAvailable() + 1, qint64(blockSize)));
+}
+
 } // namespace
 
 QString timeText(const CAN::CanRxMessage &first, const CAN::CanRxMessage &last)
@@ -133,7 +143,7 @@ bool readRecord(QDataStream &stream, CAN::CanRxMessage &message, quint32 version
 }
 
 RecordReader::RecordReader(QIODevice &device, quint32 version)
-    : device(device), version(version), buffer(blockSize, Qt::Uninitialized)
+    : device(device), version(version), buffer(bufferSizeFor(device), Qt::Uninitialized)
 {
 }
 
@@ -144,7 +154,7 @@ void RecordReader::refill()
     position = 0;
     size = rest;
     while (!atEnd && size < maxRecordSize) {
-        const qint64 got = device.read(buffer.data() + size, blockSize - size);
+        const qint64 got = device.read(buffer.data() + size, buffer.size() - size);
         if (got <= 0)
             atEnd = true;
         else

@@ -24,11 +24,17 @@ bool isAscii(const char *bytes, int size)
     return !(bits & Q_UINT64_C(0x8080808080808080));
 }
 
+// A block, or for small files no more than they need.
+int roomFor(const QIODevice &device)
+{
+    constexpr qint64 smallestRoom = 1024;
+    return int(qBound(smallestRoom, device.bytesAvailable() + 1, qint64(blockSize)));
+}
+
 } // namespace
 
 LineSource::LineSource(QIODevice &device, CarriageReturns carriageReturns, Decoding decoding)
-    : device(device), carriageReturns(carriageReturns), decoding(decoding),
-      buffer(maxLineSize + blockSize, Qt::Uninitialized)
+    : device(device), carriageReturns(carriageReturns), decoding(decoding)
 {
     detectEncoding();
 }
@@ -88,7 +94,10 @@ bool LineSource::fill()
     std::memmove(buffer.data(), buffer.constData() + lineStart, std::size_t(kept));
     lineStart = 0;
     size = kept;
-    const qint64 bytes = readBytes(buffer.data() + size, blockSize);
+    const int room = roomFor(device);
+    if (buffer.size() < size + room)
+        buffer.resize(size + room);
+    const qint64 bytes = readBytes(buffer.data() + size, room);
     if (bytes <= 0)
         return false;
     const int start = size;

@@ -46,6 +46,23 @@ QMap<QString, QByteArray> filesBelow(const QString &folder)
     return files;
 }
 
+ReadChunk streamedChunk(const QByteArray &bytes, ChunkFormat::BookmarkMap bookmarkMap)
+{
+    ReadChunk chunk;
+    QDataStream stream(bytes);
+    chunk.preamble = ChunkFormat::readPreamble(stream);
+    if (chunk.isRefused())
+        return chunk;
+    if (chunk.preamble.version > 100)
+        stream >> chunk.notes;
+    if (chunk.preamble.version > 103 && bookmarkMap == ChunkFormat::BookmarkMap::Read)
+        stream >> chunk.bookmarks;
+    CAN::CanRxMessage message;
+    while (!stream.atEnd() && ChunkFormat::readRecord(stream, message, chunk.preamble.version))
+        chunk.messages.append(message);
+    return chunk;
+}
+
 QVector<quint32> numbersFromTo(quint32 first, quint32 last)
 {
     QVector<quint32> numbers;

@@ -14,6 +14,8 @@ struct ReadChunk
     ChunkFormat::Notes notes;
     ChunkFormat::Bookmarks bookmarks;
     QVector<CAN::CanRxMessage> messages;
+
+    bool isRefused() const { return preamble.version > ChunkFormat::currentVersion; }
 };
 
 /// Reads a chunk file of the current version; fails the program when there is none.
@@ -24,6 +26,11 @@ bool holds(const QString &fileName, quint32 first, quint32 last);
 
 /// Everything below a folder with its content, which is empty for a folder.
 QMap<QString, QByteArray> filesBelow(const QString &folder);
+
+/// The bytes of a chunk of any version, read item by item from one stream, without the blocks of
+/// ChunkFormat::RecordReader: what every way of reading a chunk has to give.
+ReadChunk streamedChunk(const QByteArray &bytes,
+                        ChunkFormat::BookmarkMap bookmarkMap = ChunkFormat::BookmarkMap::Read);
 
 /// Message numbers \a first to \a last, both included.
 QVector<quint32> numbersFromTo(quint32 first, quint32 last);

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+/// One thing to feed with arbitrary bytes. A run ends the process when what has to hold does not.
+struct FuzzTarget
+{
+    QString name;
+    std::function<void(const QByteArray &bytes)> run;
+};
+
+/// All targets; their names are the folders of the corpus. Needs a QCoreApplication.
+std::vector<FuzzTarget> fuzzTargets();
+
+std::vector<FuzzTarget> readerTargets();
+std::vector<FuzzTarget> chunkTargets();
+std::vector<FuzzTarget> archiveTargets();
+
+/// Ends the process with \a what unless it \a holds.
+void require(bool holds, const char *what);
+
+/// A place below the folder for temporary files, which is gone when the process ends well.
+QString workPath(const QString &name);
+
+/// Has \a bytes in the file \a name at that place and returns its path.
+QString inputFile(const QString &name, const QByteArray &bytes);
