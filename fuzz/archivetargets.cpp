@@ -26,8 +26,7 @@ QString archiveFile(const QByteArray &bytes)
 
 void mergeInto(Merged &all, const QString &zip)
 {
-    merge(
-        zip, memoryLimit, always, [](bool) {}, all);
+    merge(zip, memoryLimit, always, all);
 }
 
 // An empty folder of its own to unpack into.

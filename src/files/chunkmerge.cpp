@@ -31,10 +31,14 @@ void drain(QIODevice &device)
     while (device.read(block.data(), block.size()) > 0) { }
 }
 
+// A number that a damaged chunk has twice keeps the value which comes last in the file, and that
+// is the first one in the map.
 template <typename Map> void unite(Map &all, const Map &some)
 {
-    for (auto entry = some.begin(); entry != some.end(); ++entry)
+    for (auto entry = some.end(); entry != some.begin();) {
+        --entry;
         all.insert(entry.key(), entry.value());
+    }
 }
 
 class Merger

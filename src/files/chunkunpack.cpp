@@ -6,27 +6,31 @@
 
 #include <QDataStream>
 #include <QFile>
+#include <QHash>
 #include <QStorageInfo>
+
+#include <algorithm>
 
 namespace ChunkArchive {
 
 namespace {
 
 // `folder/name`, or with a number before the suffix the first such path that `create` accepts.
+// `number` is the first one to try, and is set behind the last one tried; 1 is the bare name.
 template <typename Create>
-QString createNumbered(const QDir &folder, const QString &name, const Create &create)
+QString createNumbered(const QDir &folder, const QString &name, int &number, const Create &create)
 {
     constexpr int attempts = 10000;
     const QString suffix = name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
-    QString candidate = name;
-    for (int number = 2; number < attempts; ++number) {
-        const QString path = folder.absoluteFilePath(candidate);
+    const QString stem = name.chopped(suffix.size()) + QLatin1Char('_');
+    while (number < attempts) {
+        const QString path =
+            folder.absoluteFilePath(number == 1 ? name : stem + QString::number(number) + suffix);
+        ++number;
         if (create(path))
             return path;
         if (!QFileInfo::exists(path))
             break;
-        candidate =
-            name.chopped(suffix.size()) + QLatin1Char('_') + QString::number(number) + suffix;
     }
     return {};
 }
@@ -37,7 +41,7 @@ qint64 endOfWholeRecords(QFile &file)
     // The maps of a damaged file are not trusted with more memory than this takes.
     constexpr qint64 maxPreamble = 64 * 1024 * 1024;
     file.seek(0);
-    const QByteArray head = file.read(maxPreamble);
+    const QByteArray head = file.read(std::min(maxPreamble, file.size()));
     QDataStream stream(head);
     const quint32 version = ChunkFormat::readPreamble(stream).version;
     ChunkFormat::readMaps(stream, version);
@@ -69,11 +73,13 @@ private:
     const QDir folder;
     QFile file;
     QString errorText;
+    QHash<QString, int> nextNumbers; // an archive may hold one name very often
 };
 
 Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
 {
-    const QString path = createNumbered(folder, name, [this](const QString &path) {
+    int &number = *nextNumbers.insert(name, nextNumbers.value(name, 1));
+    const QString path = createNumbered(folder, name, number, [this](const QString &path) {
         file.setFileName(path);
         return file.open(QIODevice::ReadWrite | QIODevice::NewOnly);
     });
@@ -125,8 +131,9 @@ Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, cons
         return tooLarge(chunks);
     if (totalSize(chunks) > QStorageInfo(parent).bytesAvailable())
         return {Outcome::NoRoom, 0, {}};
+    int number = 1;
     const QString path = createNumbered(
-        parent, folderName, [&parent](const QString &path) { return parent.mkdir(path); });
+        parent, folderName, number, [&parent](const QString &path) { return parent.mkdir(path); });
     if (path.isEmpty())
         return {Outcome::NoRoom, 0, {}};
     const QDir folder(path);

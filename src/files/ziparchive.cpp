@@ -41,9 +41,9 @@ EntryDevice::EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoin
 
 EntryDevice::~EntryDevice() = default;
 
+// A stream takes fewer bytes than it asked for as the end of its device.
 qint64 EntryDevice::readData(char *data, qint64 maxSize)
 {
-    // Whoever reads from a device takes less than was asked for as its end.
     qint64 total = 0;
     while (total < maxSize) {
         const qint64 got = readBlock(data + total, maxSize - total);

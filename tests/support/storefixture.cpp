@@ -93,3 +93,10 @@ QByteArray readFile(const QString &fileName)
         qFatal("cannot read %s", qPrintable(fileName));
     return file.readAll();
 }
+
+QString folderInMemory()
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath())
+        + QStringLiteral("/datachunk-test-XXXXXX");
+}

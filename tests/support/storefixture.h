@@ -39,3 +39,6 @@ QVector<quint32> numbersOf(const QVector<CAN::CanRxMessage> &messages);
 /// Writes \a content to \a fileName; fails the program when that is impossible.
 void writeFile(const QString &fileName, const QByteArray &content);
 QByteArray readFile(const QString &fileName);
+
+/// A template for temporary folders with very many files: in memory where that is possible.
+QString folderInMemory();

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// The most heap memory in bytes that was in use at once since the last resetHeapPeak(), beyond
+/// what was in use then. Counts all threads of the program that links this.
+qint64 heapPeak();
+void resetHeapPeak();
