@@ -1,5 +1,7 @@
 #include "targets.h"
 
+#include "storefixture.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -19,7 +21,7 @@ void require(bool holds, const char *what)
 
 QString workPath(const QString &name)
 {
-    static const QTemporaryDir folder;
+    static const QTemporaryDir folder(folderInMemory());
     return folder.filePath(name);
 }
 

@@ -23,8 +23,8 @@ std::vector<FuzzTarget> archiveTargets();
 /// Ends the process with \a what unless it \a holds.
 void require(bool holds, const char *what);
 
-/// A place below the folder for temporary files, which is gone when the process ends well.
+/// Where a target may have the file \a name; gone when the process ends well.
 QString workPath(const QString &name);
 
-/// Has \a bytes in the file \a name at that place and returns its path.
+/// Writes the file \a name there and returns its path.
 QString inputFile(const QString &name, const QByteArray &bytes);

@@ -19,7 +19,6 @@ private slots:
     void versionDecidesWhatIsRead_data();
     void versionDecidesWhatIsRead();
     void newerVersionLeadsBackToLiveMode();
-    void anyDamageIsSurvived();
     void absurdSizesAreNotBelieved_data();
     void absurdSizesAreNotBelieved();
     void appendingTakesBookmarksForRecords();
@@ -145,27 +144,6 @@ void Loading::newerVersionLeadsBackToLiveMode()
     QCOMPARE(store.getMessageNote(1), QStringLiteral("live note"));
     QVERIFY(!store.appendDckFile(file));
     QVERIFY(!store.splitFile(file, 2));
-}
-
-void Loading::anyDamageIsSurvived()
-{
-    const QByteArray whole = chunkBytes(QStringLiteral("104"), someMessages(6));
-    DatachunkHandler store(20000);
-    const auto load = [&](const QByteArray &bytes) {
-        writeFile(file, bytes);
-        store.loadDataFromFile(file, DatachunkHelper::CurrentMessages);
-        store.goLive();
-    };
-    for (int size = 0; size < whole.size(); ++size)
-        load(whole.left(size));
-    for (int bit = 0; bit < whole.size() * 8; bit += 3) {
-        QByteArray flipped = whole;
-        flipped[bit / 8] = char(flipped.at(bit / 8) ^ (1 << bit % 8));
-        load(flipped);
-    }
-    writeFile(file, whole);
-    store.loadDataFromFile(file, DatachunkHelper::CurrentMessages);
-    QCOMPARE(store.getMessageCount(), 6u);
 }
 
 void Loading::absurdSizesAreNotBelieved_data()
