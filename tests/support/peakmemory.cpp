@@ -20,7 +20,7 @@ void raisePeak(qint64 bytes)
 
 #if defined(__SANITIZE_ADDRESS__)
 
-#include <sanitizer/allocator_interface.h>
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 
 // The sanitizer counts by itself and lets others look at each allocation.
 extern "C" Q_DECL_EXPORT void __sanitizer_malloc_hook(const volatile void *, std::size_t)
