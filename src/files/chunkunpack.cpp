@@ -23,7 +23,7 @@ QString createNumbered(const QDir &folder, const QString &name, int &number, con
     constexpr int attempts = 10000;
     const QString suffix = name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
     const QString stem = name.chopped(suffix.size()) + QLatin1Char('_');
-    while (number < attempts) {
+    for (int attempt = 0; attempt < attempts; ++attempt) {
         const QString path =
             folder.absoluteFilePath(number == 1 ? name : stem + QString::number(number) + suffix);
         ++number;

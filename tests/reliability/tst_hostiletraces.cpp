@@ -94,8 +94,7 @@ void HostileTraces::onlyRegularFilesAreRead()
         QVERIFY(!store.loadDckFile(file) && !store.appendDckFile(file)
                 && !store.splitFile(file, 2));
         ChunkArchive::Merged merged;
-        ChunkArchive::merge(
-            file, mebibyte, always, [](bool) {}, merged);
+        ChunkArchive::merge(file, mebibyte, always, merged);
         QCOMPARE(merged.outcome.result, ChunkArchive::Outcome::NotOpened);
     }
 }
@@ -124,8 +123,7 @@ void HostileTraces::archiveCutWhileItIsReadEndsThere()
             return steps++ != stepsBefore || truncate(qPrintable(zip), chunk.size() / 2) == 0;
         };
         ChunkArchive::Merged merged;
-        ChunkArchive::merge(
-            zip, 64 * mebibyte, cutLater, [](bool) {}, merged);
+        ChunkArchive::merge(zip, 64 * mebibyte, cutLater, merged);
         QCOMPARE(merged.outcome.result, ChunkArchive::Outcome::Done);
         QVERIFY(merged.messages.size() < 20000);
         for (int i = 0; i < merged.messages.size(); ++i)
