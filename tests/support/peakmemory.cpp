@@ -20,13 +20,19 @@ void raisePeak(qint64 bytes)
 
 #if defined(__SANITIZE_ADDRESS__)
 
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+// The sanitizer has an allocator of its own and lets others look at each call.
+extern "C" {
+std::size_t __sanitizer_get_allocated_size(const volatile void *);
 
-// The sanitizer counts by itself and lets others look at each allocation.
-extern "C" Q_DECL_EXPORT void __sanitizer_malloc_hook(const volatile void *, std::size_t)
+Q_DECL_EXPORT void __sanitizer_malloc_hook(const volatile void *, std::size_t size)
 {
-    inUse = qint64(__sanitizer_get_current_allocated_bytes());
-    raisePeak(inUse);
+    raisePeak(inUse += qint64(size));
+}
+
+Q_DECL_EXPORT void __sanitizer_free_hook(const volatile void *memory)
+{
+    inUse -= qint64(__sanitizer_get_allocated_size(memory));
+}
 }
 
 #elif !defined(__SANITIZE_THREAD__)
