@@ -29,18 +29,6 @@ bool canBeImported(DatachunkHelper::ImportFileType type)
         && quint32(type) <= DatachunkHelper::GenericFormat;
 }
 
-// The notes on the messages of one list.
-ChunkFormat::Notes notesOf(const MessageList &messages, const ChunkFormat::Notes &notes)
-{
-    ChunkFormat::Notes found;
-    for (int i = 0; i < messages.size() && !notes.isEmpty(); ++i) {
-        const auto note = notes.constFind(messages.at(i).messageNumber);
-        if (note != notes.constEnd())
-            found.insert(note.key(), note.value());
-    }
-    return found;
-}
-
 ReadResult readInto(DatachunkHandlerPrivate &store, const ImportRun &run,
                     const TraceRequest &request)
 {
@@ -212,6 +200,18 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
     return run.goesOn();
 }
 
+ChunkFormat::Notes DatachunkHandlerPrivate::notesOf(const MessageList &messages) const
+{
+    const QMutexLocker locker(&notesLock);
+    ChunkFormat::Notes found;
+    for (int i = 0; i < messages.size() && !notes.isEmpty(); ++i) {
+        const auto note = notes.constFind(messages.at(i).messageNumber);
+        if (note != notes.constEnd())
+            found.insert(note.key(), note.value());
+    }
+    return found;
+}
+
 SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Notes &messageNotes)
 {
     if (!chunkFolder.exists())
@@ -241,7 +241,7 @@ bool DatachunkHandlerPrivate::makeRoomForImported()
         return false;
     lastPartialSave.reset();
     if (maximumHddSpace != 0)
-        lastPartialSave = savePagedMessages(notesOf(pagedMessages, notesInView()));
+        lastPartialSave = savePagedMessages(notesOf(pagedMessages));
     const QWriteLocker locker(&lock);
     pagedMessages.clear();
     return true;

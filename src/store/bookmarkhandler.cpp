@@ -14,7 +14,10 @@ const QMap<unsigned int, CanMessageBookmark> &BookmarkHandler::bookmarks() const
 QMap<unsigned int, CanMessageBookmark> BookmarkHandler::copyOfBookmarks() const
 {
     const QMutexLocker locker(&mutex);
-    return map;
+    // Qt's maps count who shares them, without ordering what they did with it before.
+    QMap<unsigned int, CanMessageBookmark> copy = map;
+    copy.detach();
+    return copy;
 }
 
 CanMessageBookmark BookmarkHandler::bookmarkAt(unsigned int number)

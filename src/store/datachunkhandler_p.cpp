@@ -219,5 +219,8 @@ ChunkFormat::Bookmarks DatachunkHandlerPrivate::bookmarks() const
 ChunkFormat::Notes DatachunkHandlerPrivate::notesInView() const
 {
     const QMutexLocker locker(&notesLock);
-    return notes;
+    // Qt's maps count who shares them, without ordering what they did with it before.
+    ChunkFormat::Notes copy = notes;
+    copy.detach();
+    return copy;
 }

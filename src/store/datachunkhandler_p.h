@@ -70,6 +70,8 @@ public:
     void setBookmarks(const ChunkFormat::Bookmarks &bookmarks);
     ChunkFormat::Bookmarks bookmarks() const;
     ChunkFormat::Notes notesInView() const;
+    /// The notes on the messages of a list in view.
+    ChunkFormat::Notes notesOf(const MessageList &messages) const;
 
     // Saving. A job is made under the lock, given to its queue and started without it.
     SharedSaveJob newChunkJobLocked(DatachunkHelper::SavedMessageType type);
@@ -126,6 +128,9 @@ public:
     bool unpackArchive(const QString &zipName);
 
     DatachunkHandler *const q;
+    // Qt makes what guarded pointers to an object share with the first of them, and does not order
+    // that for other threads. Here it is made before there are any.
+    const QPointer<DatachunkHandler> firstGuard{q};
 
     // Constant after construction, or safe to use from any thread by themselves.
     ChunkFolder chunkFolder;
