@@ -36,11 +36,12 @@ temporary="$(mktemp -d -p "$([ -w /dev/shm ] && echo /dev/shm || echo "${TMPDIR:
 trap 'rm -rf "$temporary"' EXIT
 export TMPDIR="$temporary" XDG_DATA_HOME="$temporary" LC_ALL=C.UTF-8
 
-dictionary_of() {
+# Dictionary and size of the longest input in bytes: a few lines, records or entries.
+kind_of() {
     case "$1" in
-    archiveroundtrip | chunk* | bookmarks) echo chunks ;;
-    archive*) echo archives ;;
-    *) echo traces ;;
+    archiveroundtrip | chunk* | bookmarks) echo chunks 512 ;;
+    archive*) echo archives 1024 ;;
+    *) echo traces 512 ;;
     esac
 }
 
@@ -48,14 +49,16 @@ fuzz() {
     local target="$1" log="$work/logs/$1.log"
     local findings="$work/findings/$target-" corpus="$work/corpus/$target"
     mkdir -p "$work/logs" "$work/findings" "$corpus"
+    local dictionary size
+    read -r dictionary size < <(kind_of "$target")
     local seeds=()
     for folder in "$project/fuzz/corpus/$target" "$project/tests/data/traces/$target"; do
         [ -d "$folder" ] && seeds+=("$folder")
     done
     local status=0
     DATACHUNK_FUZZ_TARGET="$target" "$work/fuzz/fuzzer" "$corpus" "${seeds[@]}" \
-        -dict="$project/fuzz/dictionaries/$(dictionary_of "$target").dict" \
-        -artifact_prefix="$findings" -max_len=1024 -runs="$runs" -max_total_time="$seconds" \
+        -dict="$project/fuzz/dictionaries/$dictionary.dict" \
+        -artifact_prefix="$findings" -max_len="$size" -runs="$runs" -max_total_time="$seconds" \
         -timeout=1 -rss_limit_mb=1024 -detect_leaks=0 -print_final_stats=1 >"$log" 2>&1 </dev/null || status=$?
     local executed
     executed="$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")"

@@ -10,7 +10,7 @@ std::atomic<qint64> inUse{0};
 std::atomic<qint64> peak{0};
 qint64 start = 0;
 
-void raisePeak(qint64 bytes)
+[[maybe_unused]] void raisePeak(qint64 bytes)
 {
     qint64 known = peak;
     while (bytes > known && !peak.compare_exchange_weak(known, bytes)) { }
