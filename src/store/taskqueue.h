@@ -3,7 +3,6 @@
 #include <QMutex>
 #include <QThread>
 
-#include <deque>
 #include <functional>
 #include <memory>
 
@@ -19,23 +18,17 @@ public:
     TaskQueue();
     ~TaskQueue();
 
-    /// Where no thread can be had, the caller runs the task.
+    /// Where no thread can be had, the caller runs the task, which may then destroy the queue.
     void run(std::function<void()> task);
 
-    /// Waits for the task that has begun; the others never will.
+    /// Waits for the task that has begun, unless that is the caller; the others never will.
     void stop();
 
 private:
+    struct Tasks;
     class Thread;
 
-    void work();
-
-    QMutex startMutex;                     // held while the thread is being started or joined
-    const std::unique_ptr<QThread> thread; // guarded by startMutex
-
-    // Guarded by mutex.
-    QMutex mutex;
-    std::deque<std::function<void()>> waiting;
-    bool working = false; // whether somebody runs work()
-    bool stopped = false;
+    const std::shared_ptr<Tasks> tasks; // outlives the queue where a task destroys it
+    QMutex startMutex;                  // held while the thread is being started
+    const std::unique_ptr<QThread> thread;
 };
