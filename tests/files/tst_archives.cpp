@@ -27,7 +27,9 @@ bool always()
     return true;
 }
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(__SANITIZE_THREAD__)
+constexpr int slowdown = 60;
+#elif defined(__SANITIZE_ADDRESS__)
 constexpr int slowdown = 20;
 #else
 constexpr int slowdown = 1;
