@@ -31,3 +31,10 @@ QByteArray chunkBytes(const QString &start, quint32 first, int count,
         ChunkFormat::writeRecord(stream, makeMessage(number, 8), ChunkFormat::currentVersion);
     return bytes;
 }
+
+QByteArray newerChunkBytes()
+{
+    QByteArray bytes = chunkBytes(QStringLiteral("1.0"), 0, 3);
+    bytes[bytes.indexOf(QByteArray::fromHex("003100300034")) + 5] = '5';
+    return bytes;
+}

@@ -22,3 +22,6 @@ bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries);
 QByteArray chunkBytes(const QString &start, quint32 first, int count,
                       const ChunkFormat::Notes &notes = {},
                       const ChunkFormat::Bookmarks &bookmarks = {});
+
+/// The same with a version that is not known yet.
+QByteArray newerChunkBytes();
