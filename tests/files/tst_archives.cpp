@@ -1,7 +1,6 @@
 #include "archives.h"
 #include "chunkmerge.h"
 #include "chunkunpack.h"
-#include "messages.h"
 #include "peakmemory.h"
 #include "storefixture.h"
 
@@ -9,12 +8,7 @@
 #include <quazipfileinfo.h>
 
 #include <QtEndian>
-#include <QTextCodec>
 #include <QtTest>
-
-#include <climits>
-
-Q_DECLARE_METATYPE(TestEntry)
 
 using namespace ChunkArchive;
 
@@ -64,17 +58,14 @@ QByteArray withClaimedEntries(QByteArray archive, quint16 count)
     return archive;
 }
 
-// The one entry of an archive as often as told, "NNNNN" in its name replaced by a number.
+// The one entry of an archive as often as told.
 QByteArray withRepeatedEntry(const QByteArray &archive, int count)
 {
     const int start = archive.indexOf(directoryMark);
     const QByteArray entry = archive.mid(start, archive.lastIndexOf(endMark) - start);
-    QByteArray directory;
-    for (int i = 0; i < count; ++i)
-        directory += QByteArray(entry).replace("NNNNN", QByteArray::number(10000 + i));
     QByteArray end = archive.mid(start + entry.size());
-    qToLittleEndian(quint32(directory.size()), end.data() + directorySizeOffset);
-    return withClaimedEntries(archive.left(start) + directory + end, quint16(count));
+    qToLittleEndian(quint32(entry.size() * count), end.data() + directorySizeOffset);
+    return withClaimedEntries(archive.left(start) + entry.repeated(count) + end, quint16(count));
 }
 
 QByteArray archiveOf(const QVector<TestEntry> &entries)
@@ -97,16 +88,13 @@ private slots:
     void chunksAreOrdered();
     void namesAreChecked_data();
     void namesAreChecked();
-    void foldersAreNamedAfterTheArchive_data();
     void foldersAreNamedAfterTheArchive();
     void bombsDoNoHarm_data();
     void bombsDoNoHarm();
-    void memoryIsBounded_data();
     void memoryIsBounded();
     void damageEndsAChunk_data();
     void damageEndsAChunk();
     void notesAreMergedAsTheyAreLoaded();
-    void packingCanBeGivenUp();
     void aLinkIsPackedAsTheFileBehindIt();
 
 private:
@@ -114,7 +102,7 @@ private:
     QDir chunks() const { return folder->filePath(QStringLiteral("chunks")); }
     QStringList everythingInFolder() const { return QDir(folder->path()).entryList(allEntries); }
     QVector<quint32> mergedNumbers(Outcome::Result expected = Outcome::Done) const;
-    QStringList unpackedNames(Outcome::Result expected = Outcome::Done);
+    QStringList unpackedNames(const QString &archive, Outcome::Result expected = Outcome::Done);
 
     std::unique_ptr<QTemporaryDir> folder;
     QDir unpackedInto;
@@ -134,18 +122,18 @@ QVector<quint32> TestArchives::mergedNumbers(Outcome::Result expected) const
     for (int i = 0; i < merged.messages.size(); ++i)
         numbers.append(merged.messages.at(i).messageNumber);
     if (merged.outcome.result != expected)
-        numbers.append(UINT_MAX);
+        numbers.append(0xFFFFFFFF);
     return numbers;
 }
 
-QStringList TestArchives::unpackedNames(Outcome::Result expected)
+QStringList TestArchives::unpackedNames(const QString &archive, Outcome::Result expected)
 {
     QStringList names;
     const auto unpacked = [&](const QString &name, const QDir &dir, const QString &) {
         unpackedInto = dir;
         names.append(name);
     };
-    const Outcome outcome = unpack(zip(), chunks(), always, unpacked);
+    const Outcome outcome = unpack(archive, chunks(), always, unpacked);
     if (outcome.result != expected)
         names.append(QStringLiteral("outcome %1").arg(outcome.result));
     return names;
@@ -153,43 +141,41 @@ QStringList TestArchives::unpackedNames(Outcome::Result expected)
 
 void TestArchives::chunksAreOrdered_data()
 {
-    QTest::addColumn<QVector<TestEntry>>("entries");
+    QTest::addColumn<QStringList>("entries"); // name, start and message number
     QTest::addColumn<QVector<quint32>>("merged");
     QTest::addColumn<QStringList>("unpacked");
-    const auto entry = [](const char *name, const char *start, quint32 number) {
-        return TestEntry{name, chunkBytes(start, number, 1)};
+    const auto row = [](const char *what, const QStringList &entries,
+                        const QVector<quint32> &merged, const QStringList &unpacked) {
+        QTest::newRow(what) << entries << merged << unpacked;
     };
-    using Entries = QVector<TestEntry>;
-    using Numbers = QVector<quint32>;
-    QTest::newRow("starts are numbers, not texts")
-        << Entries{entry("c.dck", "100.000000", 3), entry("a.dck", "3.000000", 1),
-                   entry("b.dck", "20.500000", 2)}
-        << Numbers{1, 2, 3} << QStringList{"a.dck", "b.dck", "c.dck"};
-    QTest::newRow("of equal starts the later is merged and both are unpacked")
-        << Entries{entry("b.dck", "0.000000", 1), entry("x.dck", "5.000000", 2),
-                   entry("a.dck", "0.000000", 3)}
-        << Numbers{3, 2} << QStringList{"b.dck", "a.dck", "x.dck"};
-    QTest::newRow("equal names are different chunks")
-        << Entries{entry("a.dck", "2.000000", 2), entry("a.dck", "1.000000", 1)} << Numbers{1, 2}
-        << QStringList{"a.dck", "a_2.dck"};
-    QTest::newRow("other entries are passed over, whatever their case")
-        << Entries{entry("a.DCK", "1.000000", 1), entry("b.txt", "2.000000", 2),
-                   entry("c.dck", "3.000000", 3)}
-        << Numbers{3} << QStringList{"c.dck"};
-    QTest::newRow("a start that is no number counts as 0")
-        << Entries{entry("a.dck", "1.000000", 1), entry("b.dck", "nan", 2)} << Numbers{2, 1}
-        << QStringList{"b.dck", "a.dck"};
-    QTest::newRow("an entry without content is a chunk without messages")
-        << Entries{{"a.dck", {}}, entry("b.dck", "1.000000", 1)} << Numbers{1}
-        << QStringList{"a.dck", "b.dck"};
+    row("starts are numbers, not texts", {"c.dck 100.0 3", "a.dck 3.0 1", "b.dck 20.5 2"},
+        {1, 2, 3}, {"a.dck", "b.dck", "c.dck"});
+    row("of equal starts the later is merged and both are unpacked",
+        {"b.dck 0.0 1", "x.dck 5.0 2", "a.dck 0.0 3"}, {3, 2}, {"b.dck", "a.dck", "x.dck"});
+    row("equal names are different chunks", {"a.dck 2.0 2", "a.dck 1.0 1"}, {1, 2},
+        {"a.dck", "a_2.dck"});
+    row("other entries are passed over, whatever their case",
+        {"a.DCK 1.0 1", "b.txt 2.0 2", "c.dck 3.0 3"}, {3}, {"c.dck"});
+    row("a start that is no number counts as 0", {"a.dck 1.0 1", "b.dck nan 2"}, {2, 1},
+        {"b.dck", "a.dck"});
+    row("an entry without content is a chunk without messages", {"a.dck", "b.dck 1.0 1"}, {1},
+        {"a.dck", "b.dck"});
 }
 
 void TestArchives::chunksAreOrdered()
 {
-    QFETCH(QVector<TestEntry>, entries);
-    QVERIFY(writeArchive(zip(), entries));
+    QFETCH(QStringList, entries);
+    QVector<TestEntry> written;
+    for (const QString &entry : qAsConst(entries)) {
+        const QStringList parts = entry.split(' ');
+        const bool hasContent = parts.size() > 1;
+        written.append(
+            {parts.at(0),
+             hasContent ? chunkBytes(parts.at(1), parts.at(2).toUInt(), 1) : QByteArray()});
+    }
+    QVERIFY(writeArchive(zip(), written));
     QTEST(mergedNumbers(), "merged");
-    QTEST(unpackedNames(), "unpacked");
+    QTEST(unpackedNames(zip()), "unpacked");
 }
 
 void TestArchives::namesAreChecked_data()
@@ -200,42 +186,12 @@ void TestArchives::namesAreChecked_data()
     QTest::newRow("256 bytes") << QByteArray(252, 'x') + ".dck" << false;
     QTest::newRow("zero character") << QByteArray("a.dck\0/../b.dck", 15) << false;
     QTest::newRow("only a zero character") << QByteArray("\0dck", 4) << false;
-    for (const char *name : {"../evil.dck",
-                             "/evil.dck",
-                             "folder/a.dck",
-                             "..\\evil.dck",
-                             "../../evil.dck",
-                             "..\\..\\evil.dck",
-                             "a/../../evil.dck",
-                             "a\\..\\..\\evil.dck",
-                             "//evil.dck",
-                             "\\\\server\\share\\evil.dck",
-                             "C:\\evil.dck",
-                             "C:/evil.dck",
-                             "./evil.dck",
-                             ".\\evil.dck",
-                             "/dck",
-                             "\\dck",
-                             "../dck",
-                             "~/evil.dck",
-                             "~root/evil.dck",
-                             "$HOME/evil.dck",
-                             "file:///evil.dck",
-                             "....//....//evil.dck",
-                             "..././evil.dck",
-                             "../chunks/trace/evil.dck",
-                             "/proc/self/cwd/evil.dck",
-                             "/dev/shm/evil.dck",
-                             "../trace.zip/dck",
-                             "a.dck/b.dck",
-                             "../chunks/tmpData0.dck",
-                             "..\\chunks\\tmpData0.dck",
-                             "/../evil.dck",
-                             "a//b.dck"})
+    for (const char *name :
+         {"../evil.dck", "/evil.dck", "folder/a.dck", "..\\evil.dck", "\\\\server\\share\\evil.dck",
+          "C:/evil.dck", "/dck", "\\dck", "../chunks/tmpData0.dck", "a.dck/b.dck"})
         QTest::newRow(name) << QByteArray(name) << false;
-    for (const char *name : {"tmpData0.dck", "dck", ".. .dck", "..dck", ".dck", "-rf.dck", "%1.dck",
-                             "%s%n.dck", "$(touch evil).dck", "a\nb.dck", "%2e%2e%2fevil.dck",
-                             "C:evil.dck", "*.dck", "~.dck", " .dck", "trace.zip.dck"})
+    for (const char *name : {"tmpData0.dck", "dck", "..dck", ".dck", "-rf.dck", "%1.dck",
+                             "a\nb.dck", "%2e%2e%2fevil.dck", "C:evil.dck", "~.dck", " .dck"})
         QTest::newRow(name) << QByteArray(name) << true;
 }
 
@@ -251,7 +207,7 @@ void TestArchives::namesAreChecked()
     setInDirectory(archive, attributesOffset, linkMode << 16);
     writeFile(zip(), archive);
     QCOMPARE(mergedNumbers().size(), int(accepted));
-    QCOMPARE(unpackedNames(), accepted ? QStringList(name) : QStringList());
+    QCOMPARE(unpackedNames(zip()), accepted ? QStringList(name) : QStringList());
     QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
     QCOMPARE(chunks().entryList(allEntries), QStringList("trace"));
     const QFileInfoList files = QDir(chunks().filePath("trace")).entryInfoList(allEntries);
@@ -259,32 +215,19 @@ void TestArchives::namesAreChecked()
     QVERIFY(files.isEmpty() || (files.first().isFile() && !files.first().isSymLink()));
 }
 
-void TestArchives::foldersAreNamedAfterTheArchive_data()
-{
-    QTest::addColumn<QString>("zipName");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("the suffix is dropped") << "my trace.zip"
-                                           << "my trace";
-    QTest::newRow("parent folder") << "...zip.zip"
-                                   << "archive";
-    QTest::newRow("backslash") << "a\\b.zip"
-                               << "archive";
-    QTest::newRow("a name that a rotation needs") << "tmpData7.dck.zip"
-                                                  << "archive";
-    QTest::newRow("taken by an earlier one") << "taken.zip"
-                                             << "taken_2";
-}
-
 void TestArchives::foldersAreNamedAfterTheArchive()
 {
-    QFETCH(QString, zipName);
-    QVERIFY(chunks().mkdir("taken"));
-    const QString path = folder->filePath(zipName);
-    QVERIFY(writeArchive(path, {{"a.dck", chunkBytes("1.000000", 1, 1)}}));
-    QDir target;
-    unpack(path, chunks(), always,
-           [&](const QString &, const QDir &dir, const QString &) { target = dir; });
-    QTEST(chunks().relativeFilePath(target.path()), "name");
+    const auto folderOf = [this](const char *zipName) {
+        const QString path = folder->filePath(zipName);
+        const bool written = writeArchive(path, {{"a.dck", chunkBytes("1.000000", 1, 1)}});
+        const bool unpacked = unpackedNames(path) == QStringList("a.dck");
+        return written && unpacked ? unpackedInto.dirName() : QString();
+    };
+    QCOMPARE(folderOf("my trace.zip"), "my trace");
+    QCOMPARE(folderOf("my trace.zip"), "my trace_2");
+    QCOMPARE(folderOf("...zip.zip"), "archive");
+    QCOMPARE(folderOf("a\\b.zip"), "archive_2");
+    QCOMPARE(folderOf("tmpData7.dck.zip"), "archive_3"); // a name that a rotation needs
 }
 
 void TestArchives::bombsDoNoHarm_data()
@@ -302,7 +245,6 @@ void TestArchives::bombsDoNoHarm_data()
     const QByteArray head = chunkBytes("1.000000", 0, 0).chopped(8);
     const TestEntry good{"good.dck", chunkBytes("2.000000", 2, 1)};
     const QByteArray one = archiveOf({good});
-    const auto sizes = [](const char *hex) { return QByteArray::fromHex(hex); };
 
     row("more than can be packed honestly", archiveOf({{"a.dck", zeros + zeros}, good}),
         Outcome::TooLarge, 0, 0);
@@ -313,27 +255,11 @@ void TestArchives::bombsDoNoHarm_data()
         Outcome::TooLarge, 0, 0);
     row("entries that share their bytes", withRepeatedEntry(archiveOf({{"a.dck", zeros}}), 1000),
         Outcome::Done, zeros.size() / 23 + 1, -1);
-    row("very many equal names", withRepeatedEntry(archiveOf({{"a.dck", good.content}}), 12000),
-        Outcome::Done, 1, 12000);
-    row("very many names", withRepeatedEntry(archiveOf({{"NNNNN.dck", good.content}}), 20000),
-        Outcome::Done, 1, 20000);
-    row("an archive within an archive", archiveOf({{"a.dck", archiveOf({{"b.dck", zeros}})}, good}),
-        Outcome::Done, 1, 2);
+    row("very many equal names", withRepeatedEntry(one, 12000), Outcome::Done, 1, 12000);
     row("nothing but zeros", archiveOf({{"a.dck", zeros}, good}), Outcome::Done,
         (zeros.size() - 8 + 22) / 23 + 1, 2);
-    row("very many messages",
-        archiveOf({{"a.dck", head + sizes("0000000000000000") + zeros}, good}), Outcome::Done,
-        (zeros.size() + 24) / 25 + 1, 2);
-    row("header text of 4 GiB", archiveOf({{"a.dck", sizes("fffffffe") + zeros}, good}),
+    row("4 billion notes", archiveOf({{"a.dck", head + "\xff\xff\xff\xff" + zeros}, good}),
         Outcome::Done, 1, 2);
-    row("4 billion notes", archiveOf({{"a.dck", head + sizes("ffffffff") + zeros}, good}),
-        Outcome::Done, 1, 2);
-    row("note of 2 GiB",
-        archiveOf({{"a.dck", head + sizes("00000001000000017ffffffe") + zeros}, good}),
-        Outcome::Done, 1, 2);
-    row("4 billion bookmarks",
-        archiveOf({{"a.dck", head + sizes("00000000ffffffff") + zeros}, good}), Outcome::Done, 1,
-        2);
     row("a directory that claims more entries than it has", withClaimedEntries(one, 0xFFFF),
         Outcome::Done, 1, 1);
     row("garbage before the archive", QByteArray(mebibyte, 'P') + one, Outcome::Done, 1, 1);
@@ -352,7 +278,7 @@ void TestArchives::bombsDoNoHarm()
     resetHeapPeak();
     QTEST(mergedNumbers(Outcome::Result(merged)).size(), "messages");
     const bool isTooLarge = merged == Outcome::TooLarge || unpackedCount < 0;
-    QCOMPARE(unpackedNames(isTooLarge ? Outcome::TooLarge : Outcome::Done).size(),
+    QCOMPARE(unpackedNames(zip(), isTooLarge ? Outcome::TooLarge : Outcome::Done).size(),
              qMax(unpackedCount, 0));
     QVERIFY2(heapPeak() < maxMemory, QByteArray::number(heapPeak()));
     QVERIFY2(timer.elapsed() < hangMilliseconds * slowdown, QByteArray::number(timer.elapsed()));
@@ -360,33 +286,26 @@ void TestArchives::bombsDoNoHarm()
     QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
 }
 
-void TestArchives::memoryIsBounded_data()
+void TestArchives::memoryIsBounded()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<int>("memory");
-    QTest::addColumn<bool>("fits");
+    const auto outcomeOf = [this](const QByteArray &content, int memory) {
+        Merged merged;
+        if (writeArchive(zip(), {{"a.dck", content}}))
+            merge(zip(), memory, always, merged);
+        return merged.outcome;
+    };
     const QByteArray messages = chunkBytes("1.000000", 0, 1000);
     ChunkFormat::Notes notes;
     for (unsigned int number = 0; number < 10000; ++number)
         notes.insert(number, QString());
     const QByteArray onlyNotes = chunkBytes("1.000000", 0, 0, notes);
-    QTest::newRow("messages that fit") << messages << 300000 << true;
-    QTest::newRow("messages that need more than their file") << messages << 80000 << false;
-    QTest::newRow("notes that fit") << onlyNotes << 1500000 << true;
-    QTest::newRow("notes that need more than their file") << onlyNotes << 500000 << false;
-}
-
-void TestArchives::memoryIsBounded()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(int, memory);
-    QFETCH(bool, fits);
-    QVERIFY(content.size() < memory);
-    QVERIFY(writeArchive(zip(), {{"a.dck", content}}));
-    Merged merged;
-    merge(zip(), memory, always, merged);
-    QCOMPARE(merged.outcome.result, fits ? Outcome::Done : Outcome::TooLarge);
-    QCOMPARE(merged.outcome.messages, fits ? 0 : quint32(content.size() / 23));
+    QCOMPARE(outcomeOf(messages, 300000).result, Outcome::Done);
+    QCOMPARE(outcomeOf(onlyNotes, 1500000).result, Outcome::Done);
+    // Less than they need, but more than their files.
+    QCOMPARE(outcomeOf(messages, 80000).result, Outcome::TooLarge);
+    QCOMPARE(outcomeOf(messages, 80000).messages, quint32(messages.size() / 23));
+    QCOMPARE(outcomeOf(onlyNotes, 500000).result, Outcome::TooLarge);
+    QVERIFY(messages.size() < 80000 && onlyNotes.size() < 500000);
 }
 
 void TestArchives::damageEndsAChunk_data()
@@ -395,25 +314,22 @@ void TestArchives::damageEndsAChunk_data()
     QTest::addColumn<int>("messages");
     QTest::addColumn<int>("unpackedBytes");
     constexpr int recordSize = 33;
-    const auto archiveOf = [](const QByteArray &content) {
-        return ::archiveOf({{"a.dck", content, true}});
-    };
     const QByteArray chunk = chunkBytes("1.000000", 5, 4);
-    const QByteArray whole = archiveOf(chunk);
-    const int content = whole.indexOf(chunk);
-    QTest::newRow("a whole chunk") << whole << 4 << chunk.size();
-    QTest::newRow("a chunk that was cut before it was packed keeps its cut record")
-        << archiveOf(chunk.chopped(1)) << 4 << chunk.size() - 1;
-    QTest::newRow("an entry that claims too little loses its cut record")
-        << withClaimedSize(whole, quint32(chunk.size() - 3)) << 3 << chunk.size() - recordSize;
-    QTest::newRow("an entry that claims too much keeps its records")
-        << withClaimedSize(whole, quint32(chunk.size() + 3)) << 4 << chunk.size();
+    const int size = chunk.size();
+    const QByteArray whole = archiveOf({{"a.dck", chunk, true}});
     QByteArray flipped = whole;
-    flipped[content + chunk.size() - recordSize + 5] = '\x77';
-    QTest::newRow("a wrong checksum keeps all whole records") << flipped << 4 << chunk.size();
+    flipped[whole.indexOf(chunk) + size - recordSize + 5] = '\x77';
     QByteArray newer = whole;
     newer[whole.indexOf(QByteArray::fromHex("003100300034")) + 1] = '9';
-    QTest::newRow("a damaged version is no newer version") << newer << 0 << chunk.size();
+    QTest::newRow("a whole chunk") << whole << 4 << size;
+    QTest::newRow("a chunk that was cut before it was packed keeps its cut record")
+        << archiveOf({{"a.dck", chunk.chopped(1), true}}) << 4 << size - 1;
+    QTest::newRow("an entry that claims too little loses its cut record")
+        << withClaimedSize(whole, quint32(size - 3)) << 3 << size - recordSize;
+    QTest::newRow("an entry that claims too much keeps its records")
+        << withClaimedSize(whole, quint32(size + 3)) << 4 << size;
+    QTest::newRow("a wrong checksum keeps all whole records") << flipped << 4 << size;
+    QTest::newRow("a damaged version is no newer version") << newer << 0 << size;
 }
 
 void TestArchives::damageEndsAChunk()
@@ -423,7 +339,7 @@ void TestArchives::damageEndsAChunk()
     QFETCH(int, unpackedBytes);
     writeFile(zip(), archive);
     QCOMPARE(mergedNumbers(), QVector<quint32>({5, 6, 7, 8}).mid(0, messages));
-    QCOMPARE(unpackedNames(), QStringList("a.dck"));
+    QCOMPARE(unpackedNames(zip()), QStringList("a.dck"));
     QCOMPARE(readFile(unpackedInto.filePath("a.dck")).size(), unpackedBytes);
 }
 
@@ -441,34 +357,20 @@ void TestArchives::notesAreMergedAsTheyAreLoaded()
     QCOMPARE(merged.notes, ChunkFormat::Notes({{5, longNote}, {6, "later"}}));
 }
 
-void TestArchives::packingCanBeGivenUp()
-{
-    const QString source = chunks().filePath("large");
-    writeFile(source, QByteArray(3 << 20, 'x'));
-    writeFile(zip(), "old");
-    int steps = 0;
-    const auto thrice = [&steps] { return ++steps <= 3; };
-    QVERIFY(!Zip::packFiles(zip(), {QFileInfo(source)}, thrice).packed);
-    QCOMPARE(steps, 4);
-    QCOMPARE(readFile(zip()), "old");
-    QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
-    const QFileInfo gone(chunks().filePath("gone"));
-    QVERIFY(Zip::packFiles(zip(), {gone, QFileInfo(source)}, always).packed);
-    QCOMPARE(Zip::Reader(zip()).entries().size(), std::size_t(1));
-}
-
 void TestArchives::aLinkIsPackedAsTheFileBehindIt()
 {
-    const QString source = chunks().filePath("source");
-    const QString link = chunks().filePath("link.dck");
-    writeFile(source, "content");
-    QVERIFY(QFile::link(source, link));
-    QVERIFY(Zip::packFiles(zip(), {QFileInfo(link)}, always).packed);
+    const QFileInfo source(chunks().filePath("source"));
+    const QFileInfo link(chunks().filePath("link.dck"));
+    writeFile(source.filePath(), "content");
+    QVERIFY(QFile::link(source.filePath(), link.filePath()));
+    // A file that is gone by now is passed over.
+    const QFileInfo gone(chunks().filePath("gone"));
+    QVERIFY(Zip::packFiles(zip(), {gone, link}, always).packed);
     QuaZip archive(zip());
     QuaZipFileInfo64 info;
     QVERIFY(archive.open(QuaZip::mdUnzip) && archive.goToFirstFile());
     QVERIFY(archive.getCurrentFileInfo(&info));
-    QCOMPARE(info.name, "link.dck");
+    QCOMPARE(archive.getFileNameList(), QStringList("link.dck"));
     QVERIFY(!info.isSymbolicLink());
 }
 
