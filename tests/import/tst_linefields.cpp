@@ -10,8 +10,6 @@ class LineFieldsTest : public QObject
     Q_OBJECT
 private slots:
     void numbersFollowQt();
-    void timeStamp_data();
-    void timeStamp();
     void splitsAsQStringDoes();
 };
 
@@ -71,43 +69,6 @@ void LineFieldsTest::numbersFollowQt()
             QVERIFY2(allAgree, qPrintable(QStringLiteral("'%1' base %2").arg(text).arg(base)));
         }
     }
-}
-
-void LineFieldsTest::timeStamp_data()
-{
-    using LineFields::FractionPart;
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<int>("part");
-    QTest::addColumn<int>("seconds");
-    QTest::addColumn<int>("microseconds");
-    const auto row = [](const char *what, const char *text, FractionPart part, int seconds,
-                        int microseconds) {
-        QTest::newRow(what) << QByteArray(text) << int(part) << seconds << microseconds;
-    };
-    row("fraction is padded", "12.5", FractionPart::Second, 12, 500000);
-    row("fraction is never cut", "12.1234567", FractionPart::Last, 12, 1234567);
-    row("second part of three", "1.2.3", FractionPart::Second, 1, 200000);
-    row("last part of three", "1.2.3", FractionPart::Last, 1, 300000);
-    row("no second part", "7", FractionPart::Second, 7, 0);
-    row("the last part is the first", "7", FractionPart::Last, 7, 700000);
-    row("nothing behind the point", "7.", FractionPart::Last, 7, 0);
-    row("leading zero is octal", "010.1", FractionPart::Last, 8, 100000);
-    row("an octal 9 is no number", "09.1", FractionPart::Last, 0, 100000);
-    row("hexadecimal seconds", "0x1F.1", FractionPart::Second, 31, 100000);
-    row("seconds beyond 32 bits", "2147483648.1", FractionPart::Second, 0, 100000);
-    row("fraction is no number", "1.x", FractionPart::Second, 1, 0);
-    row("empty", "", FractionPart::Last, 0, 0);
-}
-
-void LineFieldsTest::timeStamp()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(int, part);
-    CAN::CanRxMessage message;
-    LineFields::readTimeStamp(Text<char>(text.constData(), std::size_t(text.size())),
-                              LineFields::FractionPart(part), message);
-    QTEST(message.seconds, "seconds");
-    QTEST(message.microseconds, "microseconds");
 }
 
 void LineFieldsTest::splitsAsQStringDoes()

@@ -3,7 +3,6 @@
 #include "tracedump.h"
 #include "tracereader.h"
 
-#include <QBuffer>
 #include <QStringList>
 
 /// Keeps what a reader reports as texts, in order.
@@ -35,14 +34,3 @@ public:
     QStringList events; ///< messages, notes and FD reports in the form of the .expected files
     int turns = 0;
 };
-
-/// Reads \a text as a trace of a type without any file.
-inline ReadResult readTrace(QByteArray text, const TraceRequest &request, TraceSink &sink,
-                            LineSource::Decoding decoding = LineSource::Decoding::WhereNeeded)
-{
-    QBuffer buffer(&text);
-    buffer.open(QIODevice::ReadOnly);
-    const TraceReader &reader = traceReaderFor(request.type);
-    LineSource lines(buffer, reader.carriageReturns, decoding);
-    return reader.read(lines, sink, request);
-}

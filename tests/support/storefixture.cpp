@@ -26,12 +26,11 @@ bool holds(const QString &fileName, quint32 first, quint32 last)
     if (!QFile::exists(fileName))
         return false;
     const QVector<CAN::CanRxMessage> messages = readChunkFile(fileName).messages;
-    bool good = quint32(messages.size()) == last - first + 1;
-    for (int i = 0; good && i < messages.size(); ++i) {
-        const CAN::CanRxMessage &message = messages.at(i);
-        good = sameInChunk(message, makeMessage(first + quint32(i), message.length));
+    for (const CAN::CanRxMessage &message : messages) {
+        if (!sameInChunk(message, makeMessage(message.messageNumber, message.length)))
+            return false;
     }
-    return good;
+    return numbersOf(messages) == numbersFromTo(first, last);
 }
 
 QMap<QString, QByteArray> filesBelow(const QString &folder)

@@ -7,17 +7,12 @@
 
 QString messageDump(const CAN::CanRxMessage &m)
 {
-    QString line = QStringLiteral("%1 %2 %3 %4")
-                       .arg(m.messageNumber)
-                       .arg(m.seconds)
-                       .arg(m.microseconds)
-                       .arg(m.id, 0, 16);
-    for (const int field : {int(m.extended), int(m.remote), int(m.fdFrame), int(m.flagB),
-                            int(m.flagC), int(m.transmitted), int(m.line), int(m.length)})
-        line += QStringLiteral(" %1").arg(field);
+    const QString line = QString::asprintf(
+        "%u %d %d %x %d %d %d %d %d %d %d %d ", m.messageNumber, m.seconds, m.microseconds, m.id,
+        m.extended, m.remote, m.fdFrame, m.flagB, m.flagC, m.transmitted, m.line, m.length);
     const char *payload = reinterpret_cast<const char *>(m.data);
     const QByteArray hex = QByteArray(payload, CAN::payloadSize(m)).toHex();
-    return line + QLatin1Char(' ') + (hex.isEmpty() ? QLatin1String("-") : QLatin1String(hex));
+    return line + (hex.isEmpty() ? QLatin1String("-") : QLatin1String(hex));
 }
 
 QString traceDump(const QString &fileName, DatachunkHelper::ImportFileType type,
@@ -26,8 +21,7 @@ QString traceDump(const QString &fileName, DatachunkHelper::ImportFileType type,
     DatachunkHandler store(10000000);
     QString trailer;
     QObject::connect(&store, &DatachunkHandler::chunkContainsFdMessage, [&](bool seen) {
-        trailer +=
-            QStringLiteral("fd: %1\n").arg(seen ? QLatin1String("true") : QLatin1String("false"));
+        trailer += QLatin1String(seen ? "fd: true\n" : "fd: false\n");
     });
     QObject::connect(&store, &DatachunkHandler::newErrorMessage, [&](QString error) {
         trailer += QStringLiteral("error: %1\n").arg(error.replace(fileName, QLatin1String("%1")));

@@ -9,14 +9,9 @@
 
 namespace {
 
-DatachunkHelper::ImportFileType typeNamed(const QString &name)
-{
-    const auto types = QMetaEnum::fromType<DatachunkHelper::ImportFileType>();
-    return DatachunkHelper::ImportFileType(types.keyToValue(name.toUtf8()));
-}
-
 TraceFixture readFixture(const QString &expectedFile)
 {
+    const auto types = QMetaEnum::fromType<DatachunkHelper::ImportFileType>();
     TraceFixture fixture;
     fixture.fileName = expectedFile.left(expectedFile.lastIndexOf(QLatin1String(".expected")));
     fixture.name = fixture.fileName.section(QLatin1Char('/'), -2);
@@ -24,7 +19,7 @@ TraceFixture readFixture(const QString &expectedFile)
     QStringList rest;
     for (const QString &line : QString::fromUtf8(readFile(expectedFile)).split(QLatin1Char('\n'))) {
         if (line.startsWith(QLatin1String("#type "))) {
-            fixture.type = typeNamed(line.mid(6));
+            fixture.type = DatachunkHelper::ImportFileType(types.keyToValue(line.mid(6).toUtf8()));
             fixture.isDetected = false;
         } else if (line.startsWith(QLatin1String("#description "))) {
             fixture.description = line.mid(13);
