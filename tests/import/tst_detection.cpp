@@ -43,6 +43,7 @@ void Detection::tellsTheType_data()
     row("CR before the line end", "a.trc", ";$FILEVERSION=1.1\r\r\n", H::Unknown);
     row("CR within the version", "a.trc", ";$FILEVERSION=1.\r1\r\n", H::Unknown);
     row("version in the second line", "a.trc", ";\n;$FILEVERSION=1.1\n", H::Unknown);
+    row("empty trace", "a.trc", "", H::Unknown);
     row("trace without a version", "a.trc", "1) 2.3 Rx 300 1 00\n", H::Unknown);
     const QByteArray kolvar = "# timestamp id (dlc): data;flags\n";
     row("only line feeds", "a.txt", "\n\n\n", H::EmptyTxtFile);

@@ -116,6 +116,7 @@ void Dispatch::importWithoutAWritableChunkFolder()
         for (int i = 0; i < 25; ++i)
             store.addnewtestmessage();
         QCOMPARE(errors.count(), 1);
+        QVERIFY(store.loadDataFromFile(0));
         store.importMessages(candump(3), DatachunkHelper::SocketCanDump);
         QCOMPARE(store.getMessageCount(), 3u);
         store.clearAllMessages();

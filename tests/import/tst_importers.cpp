@@ -110,11 +110,14 @@ void Importers::use(const QByteArray &good, const QByteArray &broken, QString er
 
 void Importers::peak()
 {
-    const auto load = [](Store &s, const QString &f) {
-        return s.loadPeakTraceFile(f, Type::PeakTrc11);
-    };
-    use<PeakTraceImporter>("1) 1.5 Rx 0123 1 11\n", "1) 1.5 Warng BUSOFF\n2) 2.5 Rx\n", lineError,
-                           load, Type::PeakTrc11);
+    constexpr auto v11 = Type::PeakTrc11;
+    constexpr auto v20 = Type::PeakTrc20;
+    use<PeakTraceImporter>(
+        "1) 1.5 Rx 0123 1 11\n", "1) 1.5 Warng BUSOFF\n2) 2.5 Rx\n", lineError,
+        [](Store &s, const QString &f) { return s.loadPeakTraceFile(f, v11); }, v11);
+    use<PeakTraceImporter>(
+        ";$COLUMNS=N,O,T,I,d,l,D\n1 1.5 DT 0123 Rx 1 11\n", "1 1.5 DT 0123 Rx 1 11\n", columnError,
+        [](Store &s, const QString &f) { return s.loadPeakTraceFile(f, v20); }, v20);
 }
 
 void Importers::ixxat()

@@ -94,7 +94,6 @@ void PlainText::line_data()
                 {"0 1 349200 ffff00ef 0 0 0 0 0 0 0 4 00190808"});
     newTraceRow("bus warning", "7) 1346.8 Warng FFFFFFFF 4 00 00 00 08 BUSHEAVY");
     newTraceRow("comment", ";   Start time: 06.03.2009 16:15:12.317.3");
-    newTraceRow("length above 64", "8) 1 Rx 0100 65 01");
     newTraceRow("table", "1.5;123;2;01;ff", {"0 1 500000 123 0 0 0 0 0 0 0 2 01ff"});
     newTraceRow("exported line", "5.1 0x1/1 (1): 01 ;0;");
 }

@@ -96,6 +96,7 @@ void Rotation::continuousModeDropsTheOldest()
     QCOMPARE(store.getMessagesOfLine(0, 5).first().messageNumber, found.messageNumber);
     QCOMPARE(store.getMessagesOfLine(0, found.messageNumber + 1).size(),
              store.getMessagesOfLine(0, 0).size() - 1);
+    QCOMPARE(store.getMaxMessageCount(), 10000u);
     QVERIFY(QDir(store.chunkFolderPath()).isEmpty());
 }
 
