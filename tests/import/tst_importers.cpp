@@ -147,10 +147,10 @@ void Importers::peakReadsOnlyItsVersions()
     Messages messages;
     Store store(10000);
     // The last one is PeakTrc12 in 8 bits.
-    for (const auto type : {Type::PeakTrc10, Type::SocketCanDump, Type(262)}) {
-        QVERIFY(!importer.importFile(trace, type, &messages, nullptr));
+    for (const int type : {int(Type::PeakTrc10), int(Type::SocketCanDump), 262}) {
+        QVERIFY(!importer.importFile(trace, Type(type), &messages, nullptr));
         QCOMPARE(importer.getErrorString(), noError);
-        QVERIFY(!store.loadPeakTraceFile(trace, type));
+        QVERIFY(!store.loadPeakTraceFile(trace, Type(type)));
     }
 }
 
