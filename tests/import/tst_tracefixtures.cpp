@@ -1,3 +1,5 @@
+#include "datachunkhandler.h"
+#include "recordingsink.h"
 #include "tracedump.h"
 #include "tracefixtures.h"
 
@@ -11,6 +13,7 @@ class TraceFixtures : public QObject
 private slots:
     void import_data();
     void import();
+    void everyLoaderReadsItsOwnType();
 };
 
 void TraceFixtures::import_data()
@@ -32,6 +35,38 @@ void TraceFixtures::import()
     const QLatin1String found(types.valueToKey(fixture.type));
     QVERIFY2(!fixture.isDetected || fixture.name.startsWith(found.left(7), Qt::CaseInsensitive),
              found.data());
+}
+
+void TraceFixtures::everyLoaderReadsItsOwnType()
+{
+    using H = DatachunkHandler;
+    using Types = DatachunkHelper;
+    const QHash<int, bool (H::*)(QString)> loaders{
+        {Types::SocketCanDump, &H::loadSocketCanDump},
+        {Types::VectorAsc, &H::loadVectorAscLog},
+        {Types::VectorAscWithoutBitcount, &H::loadVectorAscLogWithoutBitcount},
+        {Types::KvaserCanKingLog, &H::loadKvaserCanKingLog},
+        {Types::KvaserTxtLog, &H::loadKvaserTxtLog},
+        {Types::KolvarTxt, &H::loadKolvarTxtFile},
+        {Types::PcanExplorerTxt, &H::importMessagesFromTxt},
+        {Types::WiresharkCsv, &H::loadWiresharkCSV},
+        {Types::IxxatTrace, &H::loadIxxatFile},
+        {Types::CoCTTLog, &H::loadCoCTTFile}};
+    QSet<int> read;
+    for (const TraceFixture &fixture : traceFixtures()) {
+        RecordingSink sink;
+        readTraceFile({fixture.fileName, fixture.type, {}}, sink);
+        if (!loaders.contains(fixture.type) || sink.messages.isEmpty())
+            continue;
+        QSet<unsigned char> lines;
+        for (const CAN::CanRxMessage &message : qAsConst(sink.messages))
+            lines.insert(static_cast<unsigned char>(message.line));
+        H store(100000);
+        (store.*loaders.value(fixture.type))(fixture.fileName);
+        QVERIFY2(store.getLines() == lines, qPrintable(fixture.name));
+        read.insert(fixture.type);
+    }
+    QCOMPARE(read.size(), loaders.size());
 }
 
 QTEST_GUILESS_MAIN(TraceFixtures)
