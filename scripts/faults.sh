@@ -5,9 +5,8 @@
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 run_test() {
-    "$project/tests/support/fresh-home.sh" "$project/build/dev/tests/tst_$1" 2>&1 |
-        grep -E '^(FAIL|QINFO|XPASS|   Loc|Totals|The test left|.*/)' |
-        grep -vE '^void '
+    "$project/tests/support/fresh-home.sh" "$project/build/dev/tests/tst_$1" "${@:2}" 2>&1 |
+        grep -E '^(FAIL|QINFO|XPASS|   Loc|Totals|The test left|/)'
 }
 
 what="${1:-all}"
@@ -20,6 +19,7 @@ install_packages
 if [ "$what" != kills ]; then
     build dev --target tst_faults
     FAULTS_ALL=1 run_test faults
+    FAULTS_ALL=1 run_test faults threads
 fi
 if [ "$what" != faults ]; then
     build dev --target tst_kills

@@ -11,8 +11,8 @@ constexpr char16_t unknownTime = 0xE000;
 /// Whether \a actual is \a expected but for the times of day.
 bool sameText(const QString &expected, const QString &actual);
 
-/// Messages in a row whose contents follow from their serial numbers. A serial number is never
-/// used twice, unlike a message number.
+/// Messages in a row whose contents follow from their serial numbers. A serial number is never used
+/// twice, unlike a message number.
 struct MessageRun
 {
     enum Kind { Received, Imported, WithoutLine };
@@ -32,7 +32,8 @@ CAN::CanRxMessage messageOf(quint32 serial, MessageRun::Kind kind);
 /// Whether a record is whole: a default one, or the one that its time stamp belongs to.
 bool isWhole(const CAN::CanRxMessage &message);
 
-/// A file that a store has been told to write, or has to read.
+/// A file that a store has been told to write, or has to read. The form of records and lines is the
+/// library's, which tests of its own compare with bytes and texts.
 struct ModelFile
 {
     QString name;
@@ -47,8 +48,6 @@ struct ModelFile
     QVector<CAN::CanRxMessage> records(qint64 from) const;
     QString timeText() const;
     bool hasFdFrame() const;
-    qint64 chunkSize() const;
-    /// The chunk file, byte for byte.
-    QByteArray chunkBytes(quint32 version = 104) const;
+    QByteArray chunkBytes(quint32 version = ChunkFormat::currentVersion) const;
     QString text() const;
 };

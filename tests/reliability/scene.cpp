@@ -5,43 +5,29 @@
 #include "storefixture.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
+#include <QDir>
 #include <QStandardPaths>
-#include <QThreadPool>
 
 namespace {
-
 constexpr unsigned int rotationMargin = 5000;
-constexpr char oldArchive[] = "the archive of yesterday";
-
-QByteArray candump(quint32 count)
-{
-    QByteArray text;
-    for (quint32 i = 0; i < count; ++i)
-        text += QStringLiteral("(%1.000000) can0 123#1122334455667788\n").arg(i).toLatin1();
-    return text;
 }
-
-} // namespace
 
 Scene::Scene(const QString &root, bool longNotes)
     : root(root), note(longNotes ? QString(700000, QLatin1Char('n')) : QStringLiteral("note"))
 {
     QDir(root).mkpath(QStringLiteral("in"));
-    QDir(root).mkpath(QStringLiteral("out"));
-    const QString home = root + QStringLiteral("/home 50%1 %2");
-    qputenv("XDG_DATA_HOME", QFile::encodeName(home));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(root + QStringLiteral("/home 50%1 %2")));
     // What other stores and programs have left in the place where chunk folders are.
     const QString location =
         QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/datachunks/";
     QDir().mkpath(location + QStringLiteral("1/a"));
     for (const char *name : {"1/tmpData0.dck", "1/a/tmpData0.dck", "1\\a\\0.dck", "tmpData0.dck"})
         writeFile(location + QLatin1String(name), "not yours");
-    const ChunkFormat::Notes notes{{3, note}};
-    const QByteArray first = chunkBytes("1.0", 0, 3000, notes);
-    const QByteArray second = chunkBytes("2.0", 3000, 3000);
+    const QByteArray first = chunkBytes("1.0", 0, sourceSize, {{3, note}});
+    const QByteArray second = chunkBytes("2.0", sourceSize, sourceSize);
     writeFile(source("a%1b.dck"), first);
-    writeFile(source("a%1b.log"), candump(3 * chunkSize / 2));
+    writeFile(source("a%1b.log"), candumpLines(0, 3 * chunkSize / 2));
     writeArchive(source("a%1b.zip"), {{"b.dck", second}, {"a.dck", first}});
 }
 
@@ -54,6 +40,7 @@ void Scene::begin()
     QDir(root).mkdir(QStringLiteral("out"));
     QDir(source("a%1b_splitted")).removeRecursively();
     before = filesBelow(root);
+    newStore();
 }
 
 void Scene::newStore()
@@ -63,14 +50,17 @@ void Scene::newStore()
         list->clear();
     result = true;
     appended = 0;
+    store.reset();
     store = std::make_unique<DatachunkHandler>(chunkSize + rotationMargin);
     using H = DatachunkHandler;
-    DatachunkHandler *const s = store.get();
+    H *const s = store.get();
+    const auto addTo = [](QStringList &list) {
+        return [&list](const QString &text) { list += text; };
+    };
     QObject::connect(s, &H::newDataFile, s, [this](quint32 index) { chunks += index; });
-    QObject::connect(s, &H::newPartialDataFile, s,
-                     [this](const QString &f) { partialChunks += f; });
-    QObject::connect(s, &H::newErrorMessage, s, [this](const QString &text) { errors += text; });
-    QObject::connect(s, &H::messagesImported, s, [this](const QString &n) { imported += n; });
+    QObject::connect(s, &H::newPartialDataFile, s, addTo(partialChunks));
+    QObject::connect(s, &H::newErrorMessage, s, addTo(errors));
+    QObject::connect(s, &H::messagesImported, s, addTo(imported));
     QObject::connect(s, &H::newZippedFile, s,
                      [this](const QString &name, const QString &, const QDir &folder) {
                          unpacked += folder.filePath(name);
@@ -95,16 +85,11 @@ void Scene::append(quint32 count)
 
 void Scene::waitUntil(const std::function<bool()> &condition)
 {
-    constexpr int hangLimit = 20000;
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        if (timer.hasExpired(hangLimit)) {
-            complaints += QStringLiteral("hangs");
-            return;
-        }
-    }
+    const QDeadlineTimer end(20000);
+    while (!condition() && !end.hasExpired())
+        QCoreApplication::processEvents();
+    if (end.hasExpired())
+        complaints += QStringLiteral("hangs");
 }
 
 void Scene::waitForSaves()
@@ -128,22 +113,6 @@ bool Scene::isTold() const
     return !errors.isEmpty() || imported.contains(QString()) || !result;
 }
 
-QString Scene::chunkPath(quint32 index) const
-{
-    return store->chunkFolderPath() + QStringLiteral("/tmpData") + QString::number(index)
-        + QStringLiteral(".dck");
-}
-
-void Scene::writeOldArchive()
-{
-    writeFile(target("a%1b.zip"), oldArchive);
-}
-
-bool Scene::hasOldArchive() const
-{
-    return readFile(target("a%1b.zip")) == oldArchive;
-}
-
 bool Scene::shows(quint32 first, quint32 last) const
 {
     const quint32 count = store->getMessageCount();
@@ -160,7 +129,8 @@ void Scene::checkAftermath(bool mayLeaveFiles)
     append(start + chunkSize + 1 - appended);
     waitUntil([&] { return !chunks.isEmpty() && shows(appended - 1, appended - 1); });
     waitForSaves();
-    if (chunks.isEmpty() || !holds(chunkPath(chunks.last()), start, start + chunkSize - 1))
+    const QString last = QStringLiteral("tmpData%1.dck").arg(chunks.isEmpty() ? 0 : chunks.last());
+    if (!holds(chunkPath(last), start, start + chunkSize - 1))
         complaints += QStringLiteral("the next rotation is not good");
     for (const QString &name : qAsConst(partialChunks)) {
         if (!QFile::exists(name))
@@ -168,12 +138,10 @@ void Scene::checkAftermath(bool mayLeaveFiles)
     }
     store.reset();
     QMap<QString, QByteArray> after = filesBelow(root);
-    for (const char *name : {"a.dck", "a.txt", "a%1b.zip"})
-        after.remove(target(name));
-    const QString parts = source("a%1b_splitted");
-    after.remove(parts);
-    for (const char *name : {"/a%1b_0.dck", "/a%1b_1.dck", "/a%1b_2.dck"})
-        after.remove(parts + QLatin1String(name));
+    for (const char *name : {"out/a.dck", "out/a.txt", "out/a%1b.zip", "in/a%1b_splitted",
+                             "in/a%1b_splitted/a%1b_0.dck", "in/a%1b_splitted/a%1b_1.dck",
+                             "in/a%1b_splitted/a%1b_2.dck"})
+        after.remove(root + QLatin1Char('/') + QLatin1String(name));
     for (auto file = before.begin(); file != before.end(); ++file) {
         if (!after.contains(file.key()) || after.take(file.key()) != file.value())
             complaints += file.key() + QStringLiteral(" is gone or changed");

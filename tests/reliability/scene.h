@@ -17,21 +17,20 @@ class Scene
 public:
     /// Messages that fill the live list, and so the messages of a chunk.
     static constexpr quint32 chunkSize = 3200;
+    /// Messages of each of the two chunks that are there to be read.
+    static constexpr quint32 sourceSize = 3000;
 
     /// \a root is an empty folder. With \a longNotes every note is longer than a MiB.
     explicit Scene(const QString &root, bool longNotes = false);
     ~Scene();
 
-    /// Clears away what the last operation has made and remembers all other files.
+    /// Clears away what the last operation has made, remembers all other files and begins a store.
     void begin();
     void newStore();
 
     /// Appends the next \a count messages.
     void append(quint32 count);
 
-    /// Turns the event loop until \a condition holds; a hang is a complaint.
-    void waitUntil(const std::function<bool()> &condition);
-    /// Waits for all saves.
     void waitForSaves();
     /// Waits for all archive jobs and saves.
     void waitForArchives();
@@ -39,13 +38,9 @@ public:
     /// Whether the user could know that something is missing.
     bool isTold() const;
 
-    QString chunkPath(quint32 index) const;
+    QString chunkPath(const QString &name) const { return store->chunkFolderPath() + '/' + name; }
     QString source(const QString &name) const { return root + QStringLiteral("/in/") + name; }
     QString target(const QString &name) const { return root + QStringLiteral("/out/") + name; }
-
-    /// Writes the archive that a packing replaces.
-    void writeOldArchive();
-    bool hasOldArchive() const;
 
     /// Whether the view shows exactly the messages \a first to \a last.
     bool shows(quint32 first, quint32 last) const;
@@ -64,6 +59,8 @@ public:
     QStringList complaints;
 
 private:
+    void waitUntil(const std::function<bool()> &condition);
+
     const QString root;
     const QString note;
     QMap<QString, QByteArray> before;
@@ -77,10 +74,9 @@ struct Operation
     const char *name;
     std::function<void(Scene &)> prepare; ///< without faults
     std::function<void(Scene &)> run;
-    /// What a run without faults brings and this one did not; the user has to be told of it.
-    std::function<QString(Scene &)> missing;
-    bool failsSilently = false; ///< where a file or folder cannot be opened, that is
-    bool syncs = false;         ///< before it closes, so that closing cannot fail for want of room
+    std::function<bool(Scene &)> isDone; ///< if not, the user has to be told
+    bool failsSilently = false;          ///< where a file or folder cannot be opened, that is
+    bool syncs = false; ///< before it closes, so that closing cannot fail for want of room
 };
 
 const QVector<Operation> &operations();

@@ -23,23 +23,30 @@ CAN::CanRxMessage messageIn(const QVector<MessageRun> &view, qint64 position)
 
 quint32 sizeOf(const QVector<MessageRun> &view)
 {
-    quint32 size = 0;
-    for (const MessageRun &run : view)
-        size += run.count;
-    return size;
+    return std::accumulate(view.begin(), view.end(), 0u,
+                           [](quint32 sum, const MessageRun &run) { return sum + run.count; });
 }
 
-// Says for the notes that are as expected what the times of day in them are.
-bool takeTimes(ChunkFormat::Notes &expected, const ChunkFormat::Notes &actual)
+// The expected chunk with the times of day that the file has in its notes.
+ModelFile withTimes(ModelFile chunk, const QString &path)
 {
-    if (expected.keys() != actual.keys())
-        return false;
-    for (auto note = expected.begin(); note != expected.end(); ++note) {
-        if (!sameText(*note, actual.value(note.key())))
-            return false;
+    const ChunkFormat::Notes notes = readChunkFile(path).notes;
+    for (auto note = chunk.notes.begin(); note != chunk.notes.end(); ++note) {
+        if (sameText(*note, notes.value(note.key())))
+            *note = notes.value(note.key());
     }
-    expected = actual;
-    return true;
+    return chunk;
+}
+
+bool isWritten(const ModelFile &file, const QString &path)
+{
+    const bool isChunk = file.name.endsWith(QLatin1String("dck"));
+    // A text is written even for nothing, a chunk is not.
+    const bool isDue = !isChunk || file.end != 0;
+    if (!isDue || !QFile::exists(path))
+        return isDue == QFile::exists(path);
+    return isChunk ? readFile(path) == withTimes(file, path).chunkBytes()
+                   : sameText(file.text(), QString::fromUtf8(readFile(path)));
 }
 
 } // namespace
@@ -50,37 +57,34 @@ void StoreDriver::connectStore()
     H *const from = store.get();
     told.clear();
     toldLines.clear();
-    const auto tell = [this](const QString &text) { told += text; };
-    const auto onOff = [this](const char *name) {
-        return [this, name](bool on) { told += QLatin1String(name) + QString::number(on); };
+    const auto onOff = [this](const QString &name) {
+        return [this, name](bool on) { told += name + QString::number(on); };
+    };
+    const auto withText = [this](const QString &name) {
+        return [this, name](const QString &text) { told += name + text; };
     };
     // The pool tells of what it does as well, and at times of its own.
-    connect(
-        from, &H::informAboutClearStart, this,
-        [this] {
-            if (QThread::currentThread() == thread())
-                told += QStringLiteral("start");
-            else
-                ++switchStarts;
-        },
-        Qt::DirectConnection);
-    connect(
-        from, &H::informAboutCleared, this,
-        [this](bool live) {
-            if (QThread::currentThread() == thread())
-                told += QStringLiteral("cleared %1").arg(live);
-            else
-                ++switches;
-        },
-        Qt::DirectConnection);
+    const auto start = [this] {
+        if (QThread::currentThread() == thread())
+            told += QStringLiteral("start");
+        else
+            ++switchStarts;
+    };
+    const auto cleared = [this](bool live) {
+        if (QThread::currentThread() == thread())
+            told += QStringLiteral("cleared %1").arg(live);
+        else
+            ++switches;
+    };
+    connect(from, &H::informAboutClearStart, this, start, Qt::DirectConnection);
+    connect(from, &H::informAboutCleared, this, cleared, Qt::DirectConnection);
     connect(from, &H::liveModeChanged, this, onOff("mode "));
     connect(from, &H::chunkContainsFdMessage, this, onOff("fd "));
     connect(from, &H::showLoadingDialog, this, onOff("dialog "));
-    connect(from, &H::newErrorMessage, this,
-            [tell](const QString &text) { tell("error " + text); });
-    connect(from, &H::messagesImported, this, [tell](const QString &f) { tell("imported " + f); });
-    connect(from, &H::zipFileLoaded, this, [tell](const QString &f) { tell("archive " + f); });
-    connect(from, &H::newImportedFile, this, [tell](const QString &f) { tell("file " + f); });
+    connect(from, &H::newErrorMessage, this, withText("error "));
+    connect(from, &H::messagesImported, this, withText("imported "));
+    connect(from, &H::zipFileLoaded, this, withText("archive "));
+    connect(from, &H::newImportedFile, this, withText("file "));
     connect(from, &H::newPartialDataFile, this,
             [this](const QString &file, const QString &name, const QString &time) {
                 toldPartials += file + ' ' + name + ' ' + time;
@@ -90,28 +94,17 @@ void StoreDriver::connectStore()
     connect(from, &H::newLine, this, [this](unsigned char line) { toldLines.insert(line); });
 }
 
-void StoreDriver::fail(const QString &difference)
+void StoreDriver::require(bool good, const QString &otherwise)
 {
-    if (firstFailure.isEmpty())
-        firstFailure = difference;
-}
-
-bool StoreDriver::waitUntil(const std::function<bool()> &condition)
-{
-    constexpr int hangLimit = 5000;
-    return QTest::qWaitFor(condition, hangLimit);
+    if (!good && firstFailure.isEmpty())
+        firstFailure = otherwise;
 }
 
 void StoreDriver::check()
 {
-    const QStringList due = model->takeDue();
-    if (told != due)
-        fail(QStringLiteral("told [%1] instead of [%2]").arg(told.join(", "), due.join(", ")));
-    told.clear();
-    if (store->getIsLive() != model->isLive)
-        fail(QStringLiteral("the mode is wrong"));
-    if (sawTorn)
-        fail(QStringLiteral("a reader saw a message that nobody appended"));
+    compare("told", std::exchange(told, {}), model->takeDue());
+    compare("live:", store->getIsLive(), model->isLive);
+    require(!sawTorn, QStringLiteral("a reader saw a message that nobody appended"));
     checkView();
     checkNotes();
 }
@@ -119,116 +112,81 @@ void StoreDriver::check()
 void StoreDriver::checkView()
 {
     const auto views = model->views();
-    const auto anyView = [&views](const std::function<bool(const QVector<MessageRun> &)> &holds) {
+    const auto anyView = [&views](const auto &holds) {
         return std::any_of(views.begin(), views.end(), holds);
     };
     const quint32 count = store->getMessageCount();
-    if (!anyView([count](const auto &view) { return sizeOf(view) == count; }))
-        fail(QStringLiteral("%1 messages are shown").arg(count));
+    require(anyView([count](const auto &view) { return sizeOf(view) == count; }),
+            QStringLiteral("%1 messages are shown").arg(count));
     for (const int position :
          {0, int(count) - 1, below(int(count)), below(int(count)), int(count)}) {
         const CAN::CanRxMessage message = store->messageAt(position);
-        if (!anyView([&](const auto &v) { return sameInChunk(message, messageIn(v, position)); }))
-            fail(QStringLiteral("message at %1 of %2 is wrong").arg(position).arg(count));
-        if (views.size() == 1 && views.first().size() == 1 && position < int(count)
-            && store->getPositionOfMessageNumber(message.messageNumber) != quint32(position))
-            fail(QStringLiteral("message at %1 is not found by its number").arg(position));
+        const bool isFound = views.size() > 1 || views.first().size() != 1 || position >= int(count)
+            || store->getPositionOfMessageNumber(message.messageNumber) == quint32(position);
+        require(isFound && anyView([&](const auto &view) {
+                    return sameInChunk(message, messageIn(view, position));
+                }),
+                QStringLiteral("message at %1 of %2 is wrong").arg(position).arg(count));
     }
-    if (model->isLive || model->linesOfOthers || below(8) != 0)
-        return;
+    if (!model->isLive && !model->linesOfOthers && below(8) == 0)
+        checkLines(views.first());
+}
+
+void StoreDriver::checkLines(const QVector<MessageRun> &view)
+{
     QSet<unsigned char> lines;
-    for (quint32 i = 0; i < count; ++i)
-        lines.insert(static_cast<unsigned char>(messageIn(views.first(), i).line));
-    if (store->getLines() != lines || !toldLines.contains(lines))
-        fail(QStringLiteral("%1 lines instead of %2")
-                 .arg(store->getLines().size())
-                 .arg(lines.size()));
+    for (quint32 i = 0; i < sizeOf(view); ++i)
+        lines.insert(static_cast<unsigned char>(messageIn(view, i).line));
+    compare("lines", store->getLines(), lines);
+    require(toldLines.contains(lines), QStringLiteral("a line was not told"));
 }
 
 void StoreDriver::checkNotes()
 {
-    const QList<unsigned int> numbers = model->notes.keys();
-    for (int i = 0; i < qMin(numbers.size(), 20); ++i) {
-        const quint32 number = numbers.at(below(numbers.size()));
-        if (!sameText(model->notes.value(number), store->getMessageNote(number)))
-            fail(QStringLiteral("note on %1 is wrong").arg(number));
+    const QList<unsigned int> noted = model->notes.keys();
+    for (int i = 0; i <= qMin(noted.size(), 20); ++i) {
+        const quint32 number = i == 0 ? quint32(below(1000)) : noted.at(below(noted.size()));
+        require(sameText(model->notes.value(number), store->getMessageNote(number)),
+                QStringLiteral("note on %1 is wrong").arg(number));
     }
-    const quint32 other = quint32(below(1000));
-    if (!sameText(model->notes.value(other), store->getMessageNote(other)))
-        fail(QStringLiteral("note on %1 came from nowhere").arg(other));
-    if (bookmarks && bookmarks->bookmarks() != model->bookmarks)
-        fail(QStringLiteral("the bookmarks are wrong"));
+    require(!bookmarks || bookmarks->bookmarks() == model->bookmarks,
+            QStringLiteral("the bookmarks are wrong"));
 }
 
 void StoreDriver::chunkAnnounced(quint32 index, const QString &time)
 {
-    const auto position = std::size_t(toldChunks.size());
-    toldChunks.append(index);
+    const auto position = std::size_t(toldChunks++);
     const QString name = QStringLiteral("tmpData%1.dck").arg(index);
     if (position >= model->chunks.size() || model->chunks[position].name != name)
-        return fail(QStringLiteral("chunk %1 was announced at the wrong time").arg(index));
+        return require(false, name + QStringLiteral(" was announced at the wrong time"));
     const ModelFile &chunk = model->chunks[position];
-    if (chunk.timeText() != time)
-        fail(QStringLiteral("chunk %1 was announced as %2").arg(index).arg(time));
+    compare("announced", time, chunk.timeText());
     // A second name keeps the file of a chunk that may be removed at any moment.
     const QString kept = QFileInfo(store->chunkFolderPath()).path() + QStringLiteral("/kept.dck");
     if (link(qPrintable(inChunkFolder(name)), qPrintable(kept)) != 0) {
-        if (!chunk.removed)
-            fail(name + QStringLiteral(" is missing"));
+        require(chunk.removed, name + QStringLiteral(" is missing"));
         lostByBudgetUnseen += chunk.messages.count;
         return;
     }
-    fail(difference(chunk, kept));
+    checkChunk(chunk, kept);
     QFile::remove(kept);
     verified += chunk.messages.count;
 }
 
-QString StoreDriver::difference(const ModelFile &expected, const QString &path)
+void StoreDriver::checkChunk(const ModelFile &expected, const QString &path)
 {
-    if (!QFile::exists(path))
-        return path + QStringLiteral(" is missing");
-    const ReadChunk read = readChunkFile(path);
-    ModelFile chunk = expected;
-    if (read.preamble.timeText != chunk.timeText() || read.preamble.version != 104)
-        return path + QStringLiteral(" has a wrong header");
-    if (!takeTimes(chunk.notes, read.notes) || read.bookmarks != chunk.bookmarks)
-        return path + QStringLiteral(" has wrong notes or bookmarks");
-    const QVector<CAN::CanRxMessage> messages = chunk.records(chunk.start);
-    if (!std::equal(messages.begin(), messages.end(), read.messages.begin(), read.messages.end(),
-                    sameInChunk))
-        return QStringLiteral("%1 has %2 messages or wrong ones")
-            .arg(path)
-            .arg(read.messages.size());
-    return readFile(path) == chunk.chunkBytes() ? QString()
-                                                : path + QStringLiteral(" differs in its bytes");
-}
-
-QString StoreDriver::exportDifference(const ModelFile &exported)
-{
-    const QString path = exported.name;
-    if (path.endsWith(QLatin1String("dck")) && exported.end != 0)
-        return difference(exported, path);
-    // A text is written even for nothing, a chunk is not.
-    const bool isText = !path.endsWith(QLatin1String("dck"));
-    if (QFile::exists(path) == isText
-        && (!isText || sameText(exported.text(), QString::fromUtf8(readFile(path)))))
-        return {};
-    return path + QStringLiteral(" is missing, or not as ordered");
+    require(isWritten(expected, path), expected.name + QStringLiteral(" is not as expected"));
 }
 
 void StoreDriver::checkExports()
 {
-    const QString lastChunkName = QStringLiteral("zlastChunk.dck");
     for (const ModelFile &exported : model->exports) {
-        const bool inChunkFolder = exported.name.endsWith(lastChunkName);
-        QString difference = exportDifference(exported);
-        if (store
-            && !waitUntil([&] { return (difference = exportDifference(exported)).isEmpty(); }))
-            fail(difference);
-        // Without the store all files are complete, and its own ones are gone.
-        if (!store && !inChunkFolder && !difference.isEmpty())
-            fail(difference);
-        if (!inChunkFolder)
+        const auto isDone = [&] { return isWritten(exported, exported.name); };
+        // Without the store all files are complete, and those in its own folder are gone.
+        if (store || QFileInfo(exported.name).path() == folder.path())
+            require(store ? QTest::qWaitFor(isDone) : isDone(),
+                    exported.name + QStringLiteral(" is not as ordered"));
+        if (QFileInfo(exported.name).path() == folder.path())
             QFile::remove(exported.name);
     }
     model->exports.clear();
@@ -239,39 +197,31 @@ void StoreDriver::checkPartials(const QString &importName)
     const QString path = store->chunkFolderPath() + '\\' + importName + '\\';
     QStringList expected;
     for (const ModelFile &partial : model->partials) {
-        const QString file = path + partial.name + QStringLiteral(".dck");
+        const QString file = path + partial.name;
         expected += file + ' ' + importName + ' ' + partial.timeText();
-        fail(difference(partial, file));
+        checkChunk(partial, file);
     }
-    if (toldPartials != expected)
-        fail(QStringLiteral("told of the chunks %1").arg(toldPartials.join(", ")));
-    toldPartials.clear();
+    compare("partial chunks", std::exchange(toldPartials, {}), expected);
 }
 
 void StoreDriver::settle()
 {
-    const auto allTold = [this] {
-        return std::size_t(toldChunks.size()) >= model->chunks.size()
-            && toldRemovals >= model->removals;
-    };
-    if (!waitUntil(allTold))
-        fail(QStringLiteral("%1 of %2 chunks were announced, %3 of %4 removals")
-                 .arg(toldChunks.size())
-                 .arg(model->chunks.size())
-                 .arg(toldRemovals)
-                 .arg(model->removals));
+    const auto chunks = [this] { return int(model->chunks.size()); };
+    const auto allTold = [&] { return toldChunks >= chunks() && toldRemovals >= model->removals; };
+    if (!QTest::qWaitFor(allTold))
+        require(false, QStringLiteral("told %1 of %2 chunks").arg(toldChunks).arg(chunks()));
     QThreadPool::globalInstance()->waitForDone();
     QCoreApplication::processEvents();
     checkExports();
-    if (toldRemovals != model->removals)
-        fail(QStringLiteral("%1 removals were told").arg(toldRemovals));
-    if (switches < model->switchesAtLeast || switches > switchStarts
-        || switchStarts > model->switchesAtMost)
-        fail(QStringLiteral("the pool switched the view %1 of %2 times instead of %3 to %4")
-                 .arg(switches)
-                 .arg(switchStarts)
-                 .arg(model->switchesAtLeast)
-                 .arg(model->switchesAtMost));
+    compare("chunks announced:", toldChunks, chunks());
+    compare("removals told:", toldRemovals, model->removals);
+    require(switches >= model->switchesAtLeast && switches <= switchStarts
+                && switchStarts <= model->switchesAtMost,
+            QStringLiteral("the pool switched the view %1 of %2 times instead of %3 to %4")
+                .arg(switches)
+                .arg(switchStarts)
+                .arg(model->switchesAtLeast)
+                .arg(model->switchesAtMost));
     switches = switchStarts = 0;
     model->settle();
     checkFolder();
@@ -287,14 +237,13 @@ void StoreDriver::checkFolder()
     }
     if (lastChunk)
         expected += QFileInfo(lastChunk->name).fileName();
-    if (foreignBytes != 0)
+    if (hasForeignFile)
         expected += QStringLiteral("other.bin");
     expected.sort();
     QStringList files =
         QDir(store->chunkFolderPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     files.sort();
-    if (files != expected)
-        fail(QStringLiteral("files [%1] instead of [%2]").arg(files.join(' '), expected.join(' ')));
+    compare("files", files, expected);
 }
 
 // Files that are never the oldest take room, but are not removed.
@@ -313,13 +262,10 @@ void StoreDriver::keepForeignFilesYoung()
 
 void StoreDriver::forgetTrace()
 {
-    for (auto position = std::size_t(toldChunks.size()); position < model->chunks.size();
-         ++position) {
-        const ModelFile &chunk = model->chunks[position];
-        lostWithReason += chunk.messages.count;
-    }
+    for (auto chunk = std::size_t(toldChunks); chunk < model->chunks.size(); ++chunk)
+        lostWithReason += model->chunks[chunk].messages.count;
     lostWithReason += model->live.count + std::exchange(model->lostWithoutBudget, 0)
         + std::exchange(model->lostInContinuousMode, 0);
-    toldChunks.clear();
+    toldChunks = 0;
     toldRemovals = 0;
 }

@@ -1,14 +1,13 @@
 // The commands that the driver gives.
 
+#include "archives.h"
 #include "storedriver.h"
 #include "storefixture.h"
-#include "ziparchive.h"
 
 #include <QtTest>
 
 const StoreDriver::Command StoreDriver::commands[] = {
-    {"append", 30, 60, &StoreDriver::append},
-    {"append one", 10, 5, &StoreDriver::appendOne},
+    {"append", 40, 65, &StoreDriver::append},
     {"note", 8, 5, &StoreDriver::writeNote},
     {"bookmark", 8, 5, &StoreDriver::writeBookmark},
     {"note on the next", 4, 2, &StoreDriver::noteNextMessage},
@@ -16,9 +15,8 @@ const StoreDriver::Command StoreDriver::commands[] = {
     {"page", 8, 6, &StoreDriver::pageChunk},
     {"open an old chunk", 4, 1, &StoreDriver::openOldChunk},
     {"go live", 8, 8, &StoreDriver::goLive},
-    {"export some", 4, 2, &StoreDriver::exportSome},
-    {"export range", 4, 1, &StoreDriver::exportRange},
-    {"export all", 4, 2, &StoreDriver::exportAll},
+    {"export", 10, 4, &StoreDriver::exportSome},
+    {"export into the chunk folder", 3, 1, &StoreDriver::exportLastChunk},
     {"clear", 3, 1, &StoreDriver::clear},
     {"budget", 3, 0, &StoreDriver::changeBudget},
     {"continuous mode", 1, 0, &StoreDriver::changeMode},
@@ -27,14 +25,19 @@ const StoreDriver::Command StoreDriver::commands[] = {
     {"import", 4, 0, &StoreDriver::import},
     {"pack", 2, 0, &StoreDriver::pack},
     {"merge", 2, 0, &StoreDriver::merge},
-    {"turn", 12, 40, &StoreDriver::turnEventLoop},
+    {"turn", 12, 40, [](StoreDriver &) { QCoreApplication::processEvents(); }},
     {"settle", 3, 2, &StoreDriver::settle},
-    {"replace", 1, 0, &StoreDriver::replaceStore},
+    {"replace", 1, 0,
+     [](StoreDriver &driver) {
+         driver.endStore();
+         driver.beginStore();
+     }},
 };
 
 namespace {
 const QString someTime = QString(12, QChar(unknownTime)) + QStringLiteral(" - ");
-}
+const QString lastChunkName = QStringLiteral("zlastChunk.dck");
+} // namespace
 
 const StoreDriver::Command &StoreDriver::anyCommand()
 {
@@ -45,17 +48,25 @@ const StoreDriver::Command &StoreDriver::anyCommand()
     for (const Command &command : commands)
         sum += weightOf(command);
     int left = below(sum);
-    for (const Command &command : commands) {
-        left -= weightOf(command);
-        if (left < 0)
-            return command;
-    }
-    return commands[0];
+    const Command *command = commands;
+    while ((left -= weightOf(*command)) >= 0)
+        ++command;
+    return *command;
 }
 
 QString StoreDriver::newFile(const QString &suffix)
 {
     return folder.filePath(QStringLiteral("file%1%2").arg(++files).arg(suffix));
+}
+
+QString StoreDriver::newExport()
+{
+    return below(8) == 0 ? QString() : newFile(QLatin1String(below(2) == 0 ? ".dck" : ".txt"));
+}
+
+DatachunkHelper::ExportOptions StoreDriver::options(bool withNotes) const
+{
+    return withNotes ? DatachunkHelper::ExportWithNotes : DatachunkHelper::ExportOptions();
 }
 
 QString StoreDriver::inChunkFolder(const QString &name) const
@@ -67,21 +78,13 @@ void StoreDriver::append()
 {
     const quint32 threshold = model->maxMessageCount - 5000;
     const int buffer = threshold > 10000000 ? 1000 : int(qMax(threshold, 1u));
-    const int burst = below(4) == 0 ? 1 + below(buffer * 4) : 1 + below(buffer);
+    const int most[] = {1, buffer, buffer, buffer * 4};
+    const int burst = 1 + below(most[below(4)]);
     note(QString::number(burst));
-    const std::size_t chunksBefore = model->chunks.size();
     for (int i = 0; i < burst; ++i)
         store->appendCanMessage(messageOf(model->nextSerial() + quint32(i), MessageRun::Received));
     model->append(quint32(burst));
     appended += quint32(burst);
-    rotations += model->chunks.size() - chunksBefore;
-}
-
-void StoreDriver::appendOne()
-{
-    store->appendCanMessage(messageOf(model->nextSerial(), MessageRun::Received));
-    model->append(1);
-    ++appended;
 }
 
 void StoreDriver::writeNote()
@@ -116,8 +119,8 @@ void StoreDriver::writeBookmark()
         model->bookmarks.remove(number);
         return;
     }
-    if (bookmarks->addBookmark(number, words) == model->bookmarks.contains(number))
-        fail(QStringLiteral("a bookmark was not taken, or replaced"));
+    compare("bookmark taken:", bookmarks->addBookmark(number, words),
+            !model->bookmarks.contains(number));
     if (!model->bookmarks.contains(number))
         model->bookmarks.insert(number, CanMessageBookmark(number, words));
 }
@@ -159,13 +162,15 @@ void StoreDriver::openOldChunk()
 {
     const quint32 version = 100 + quint32(below(5));
     note(QString::number(version));
-    ModelFile file;
-    file.messages = {quint32(below(1000000)), quint32(below(1000)), 1 + quint32(below(3000)),
-                     version > 102 ? MessageRun::Received : MessageRun::WithoutLine};
-    file.end = file.messages.count;
-    file.notes[file.messages.number] = text();
-    file.bookmarks[1] = CanMessageBookmark(1, text());
-    file.name = newFile(QStringLiteral(".dck"));
+    const MessageRun run{quint32(below(1000000)), quint32(below(1000)), 1 + quint32(below(3000)),
+                         version > 102 ? MessageRun::Received : MessageRun::WithoutLine};
+    const ModelFile file{newFile(".dck"),
+                         run,
+                         0,
+                         run.count,
+                         {},
+                         {{run.number, text()}},
+                         {{1, CanMessageBookmark(1, text())}}};
     writeFile(file.name, file.chunkBytes(version));
     if (below(2) == 0) {
         store->importMessages(file.name, DatachunkHelper::ChunkFile);
@@ -185,48 +190,39 @@ void StoreDriver::goLive()
 
 void StoreDriver::exportSome()
 {
+    const QString file = newExport();
+    const int count = int(model->live.count);
+    if (below(3) == 0) {
+        const int first = below(4) == 0 ? below(7) - 3 : below(count + 3);
+        const int last = below(4) == 0 ? below(7) - 3 : below(count + 2);
+        note(QStringLiteral("%1 to %2 of %3").arg(first).arg(last).arg(count));
+        store->exportMessageRange(first, last, file);
+        model->exportRange(file, first, last);
+        return;
+    }
+    const bool withNotes = below(2) == 0;
     QList<quint32> selected;
     for (int i = below(4) * below(20); i > 0; --i)
-        selected.append(quint32(below(int(model->live.count) + 3)));
-    if (!selected.isEmpty() && below(4) == 0)
-        selected.append(0xFFFFFFFF);
-    const bool withNotes = below(2) == 0;
-    const QString file =
-        below(8) == 0 ? QString() : newFile(QLatin1String(below(2) == 0 ? ".dck" : ".txt"));
-    note(QStringLiteral("%1 of %2").arg(selected.size()).arg(model->live.count));
-    store->exportMessages(
-        file, withNotes ? DatachunkHelper::ExportWithNotes : DatachunkHelper::ExportOptions(),
-        selected);
+        selected.append(below(50) == 0 ? 0xFFFFFFFF : quint32(below(count + 3)));
+    note(QStringLiteral("%1 of %2").arg(selected.size()).arg(count));
+    if (selected.isEmpty() && file.endsWith(QLatin1String(".txt")))
+        store->exportAllMessages(file, options(withNotes));
+    else
+        store->exportMessages(file, options(withNotes), selected);
     model->exportMessages(file, withNotes, selected);
 }
 
-void StoreDriver::exportRange()
+void StoreDriver::exportLastChunk()
 {
-    const int count = int(model->live.count);
-    const int first = below(4) == 0 ? below(7) - 3 : below(count + 3);
-    const int last = below(4) == 0 ? below(7) - 3 : below(count + 2);
-    const QString file =
-        below(8) == 0 ? QString() : newFile(QLatin1String(below(2) == 0 ? ".dck" : ".txt"));
-    note(QStringLiteral("%1 to %2 of %3").arg(first).arg(last).arg(count));
-    store->exportMessageRange(first, last, file);
-    model->exportRange(file, first, last);
-}
-
-void StoreDriver::exportAll()
-{
-    const bool withNotes = below(2) == 0;
-    const auto options =
-        withNotes ? DatachunkHelper::ExportWithNotes : DatachunkHelper::ExportOptions();
-    if (below(3) == 0) {
-        const QString file = newFile(QStringLiteral(".txt"));
-        store->exportAllMessages(file, options);
-        model->exportMessages(file, withNotes, {});
-        return;
-    }
     // The disk budget counts this file, so the order of the writes has to be known.
     settle();
-    store->exportAllMessages(QStringLiteral("x.dck"), options);
-    model->exportMessages(inChunkFolder(QStringLiteral("zlastChunk.dck")), withNotes, {});
+    const bool withNotes = below(2) == 0;
+    const QString file = inChunkFolder(lastChunkName);
+    // An earlier one, with the same messages perhaps, must not be taken for it.
+    if (model->live.count != 0)
+        QFile::remove(file);
+    store->exportAllMessages(QStringLiteral("x.dck"), options(withNotes));
+    model->exportMessages(file, withNotes, {});
     if (model->live.count != 0)
         lastChunk = std::make_unique<ModelFile>(model->exports.back());
     settle();
@@ -238,10 +234,8 @@ void StoreDriver::clear()
     store->clearAllMessages();
     model->clear();
     QCoreApplication::processEvents();
-    if (!toldChunks.isEmpty())
-        fail(QStringLiteral("a chunk was announced that had been cleared"));
-    if (!QDir(store->chunkFolderPath()).entryList({"*tmpData*"}).isEmpty())
-        fail(QStringLiteral("a chunk outlived its clearing"));
+    compare("chunks announced after a clearing:", toldChunks, 0);
+    compare("left:", QDir(store->chunkFolderPath()).entryList({"*tmpData*"}), {});
 }
 
 void StoreDriver::changeBudget()
@@ -268,25 +262,21 @@ void StoreDriver::changeMode()
 void StoreDriver::addForeignFile()
 {
     settle();
-    foreignBytes = 1 + below(3000000);
-    writeFile(inChunkFolder(QStringLiteral("other.bin")), QByteArray(int(foreignBytes), 'x'));
+    hasForeignFile = true;
+    writeFile(inChunkFolder("other.bin"), QByteArray(1 + below(3000000), 'x'));
     keepForeignFilesYoung();
 }
 
 void StoreDriver::writeContinuousOutput()
 {
-    ModelFile output;
-    output.name = newFile(QStringLiteral(".dck"));
-    output.messages = {quint32(below(100000)), 7, quint32(below(2000))};
-    // The header was written for messages that nobody knew.
-    output.start = -1;
-    output.end = qint64(output.messages.count) + 1;
+    const MessageRun run{quint32(below(100000)), 7, quint32(below(2000))};
+    // The header is written for messages that nobody knows.
+    const ModelFile output{newFile(".dck"), run, -1, qint64(run.count) + 1, {}, {}, {}};
     store->appendToContinuousOutputFile(CAN::CanRxMessage());
-    if (store->createContinuousOutputFile(folder.filePath("c.txt"))
-        || !store->createContinuousOutputFile(output.name))
-        fail(QStringLiteral("continuous output was not opened, or with a wrong name"));
-    for (quint32 i = 0; i < output.messages.count; ++i)
-        store->appendToContinuousOutputFile(output.messages.at(i));
+    compare("text opened:", store->createContinuousOutputFile(folder.filePath("c.txt")), false);
+    compare("chunk opened:", store->createContinuousOutputFile(output.name), true);
+    for (quint32 i = 0; i < run.count; ++i)
+        store->appendToContinuousOutputFile(run.at(i));
     store->finishContinousOutput();
     store->appendToContinuousOutputFile(CAN::CanRxMessage());
     model->exports.push_back(output);
@@ -318,33 +308,28 @@ void StoreDriver::pack()
     settle();
     archiveName = newFile(QStringLiteral(".zip"));
     store->setZipFileName(archiveName);
-    const bool afterExport = below(2) == 0 && model->live.count != 0;
-    if (afterExport) {
+    if (below(2) == 0 && model->live.count != 0) {
         store->setZipAfterSaving(true);
-        store->exportAllMessages(QStringLiteral("x.dck"), DatachunkHelper::ExportWithNotes);
-        model->exportMessages(inChunkFolder(QStringLiteral("zlastChunk.dck")), true, {});
-        lastChunk = std::make_unique<ModelFile>(model->exports.back());
-        waitUntil([this] { return QFile::exists(archiveName); });
+        exportLastChunk();
+        require(QTest::qWaitFor([this] { return QFile::exists(archiveName); }),
+                QStringLiteral("no archive came"));
     } else {
         store->saveDatachunksToZip();
     }
     settle();
     archive.clear();
-    const Zip::Reader reader(archiveName);
-    const auto entries = reader.entries();
-    for (const Zip::Entry &entry : entries) {
-        if (reader.open(entry, [] { return true; })->readAll()
-            != readFile(inChunkFolder(entry.name)))
-            fail(QStringLiteral("packed wrongly: ") + entry.name);
+    const auto entries = archiveEntries(archiveName);
+    for (const TestEntry &entry : entries) {
+        compare("packed", entry.content == readFile(inChunkFolder(entry.name)), true);
         for (const ModelFile &chunk : model->chunks) {
             if (chunk.name == entry.name)
                 archive.append(chunk);
         }
-        if (lastChunk && lastChunk->name.endsWith(entry.name))
+        if (entry.name == lastChunkName)
             archive.append(*lastChunk);
     }
-    if (int(entries.size()) != QDir(store->chunkFolderPath()).entryList(QDir::Files).size())
-        fail(QStringLiteral("%1 files were packed").arg(entries.size()));
+    compare("files packed:", entries.size(),
+            QDir(store->chunkFolderPath()).entryList(QDir::Files).size());
 }
 
 void StoreDriver::merge()
@@ -353,9 +338,4 @@ void StoreDriver::merge()
         return;
     store->loadZipMerged(archiveName);
     model->merge(archive, QFileInfo(archiveName).completeBaseName());
-}
-
-void StoreDriver::turnEventLoop()
-{
-    QCoreApplication::processEvents();
 }

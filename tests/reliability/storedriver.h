@@ -4,6 +4,7 @@
 #include "datachunkhandler.h"
 #include "storemodel.h"
 
+#include <QDebug>
 #include <QTemporaryDir>
 
 #include <atomic>
@@ -28,13 +29,10 @@ public:
     StoreDriver(quint32 seed, Weights weights, int readers);
     ~StoreDriver() override;
 
-    /// Runs until so many commands were given or messages appended, then ends the store.
-    void run(int commands, quint64 messages);
+    /// Runs until so many commands were given or messages appended, then ends the store. Returns
+    /// the first difference with the last commands; empty when there is none.
+    QString run(int commands, quint64 messages);
 
-    /// The first difference; empty when there is none.
-    QString failure() const { return firstFailure; }
-    /// The commands given so far, one a line.
-    QString log() const { return commandLog.join(QLatin1Char('\n')); }
     /// What became of the messages, for a person to read.
     QString figures() const;
 
@@ -44,14 +42,13 @@ private:
         const char *name;
         int weight;
         int weightWhileRecording;
-        void (StoreDriver::*run)();
+        std::function<void(StoreDriver &)> run;
     };
     static const Command commands[];
     const Command &anyCommand();
     void note(const QString &details) { commandLog.last() += QLatin1Char(' ') + details; }
 
     void append();
-    void appendOne();
     void writeNote();
     void writeBookmark();
     void noteNextMessage();
@@ -60,8 +57,7 @@ private:
     void openOldChunk();
     void goLive();
     void exportSome();
-    void exportRange();
-    void exportAll();
+    void exportLastChunk();
     void clear();
     void changeBudget();
     void changeMode();
@@ -70,9 +66,7 @@ private:
     void import();
     void pack();
     void merge();
-    void turnEventLoop();
     void settle();
-    void replaceStore();
 
     void beginStore();
     void endStore();
@@ -80,20 +74,22 @@ private:
     void read(quint32 seed);
 
     // The checker.
-    /// Keeps the first difference that is not empty.
-    void fail(const QString &difference);
+    void require(bool good, const QString &otherwise);
+    template <typename Value>
+    void compare(const char *what, const Value &actual, const Value &expected)
+    {
+        if (!(actual == expected) && firstFailure.isEmpty())
+            QDebug(&firstFailure) << what << actual << "instead of" << expected;
+    }
     void check();
     void checkView();
+    void checkLines(const QVector<MessageRun> &view);
     void checkNotes();
-    /// Why a chunk file is not as expected; empty when it is.
-    QString difference(const ModelFile &expected, const QString &path);
-    QString exportDifference(const ModelFile &exported);
+    void checkChunk(const ModelFile &expected, const QString &path);
     void checkExports();
     void checkPartials(const QString &importName);
     void checkFolder();
     void chunkAnnounced(quint32 index, const QString &time);
-    /// Turns the event loop; false when nothing came of it for too long.
-    bool waitUntil(const std::function<bool()> &condition);
     void keepForeignFilesYoung();
     /// Counts what a clearing or the end of the store takes along.
     void forgetTrace();
@@ -101,6 +97,8 @@ private:
     int below(int limit) { return int(random() % quint32(qMax(limit, 1))); }
     QString text() { return QStringLiteral("text %1").arg(++texts); }
     QString newFile(const QString &suffix);
+    QString newExport();
+    DatachunkHelper::ExportOptions options(bool withNotes) const;
     QString inChunkFolder(const QString &name) const;
 
     std::mt19937 random;
@@ -118,7 +116,7 @@ private:
     // What the store told.
     QStringList told;
     QStringList toldPartials;
-    QVector<quint32> toldChunks;
+    int toldChunks = 0;
     quint32 toldRemovals = 0;
     QSet<unsigned char> toldLines;
     std::atomic<quint32> switchStarts{0};
@@ -127,13 +125,12 @@ private:
     QVector<ModelFile> archive; // in the order of its entries
     QString archiveName;
     std::unique_ptr<ModelFile> lastChunk; // the exported chunk in the chunk folder
-    qint64 foreignBytes = 0;              // of a file there that is no chunk
+    bool hasForeignFile = false;          // there
     quint32 serials = 0;                  // used so far
     quint32 imported = 0;
 
     // Every message appended is in one of the last three.
     quint64 appended = 0;
-    quint64 rotations = 0;
     quint64 verified = 0;
     quint64 lostByBudgetUnseen = 0;
     quint64 lostWithReason = 0;

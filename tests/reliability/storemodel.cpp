@@ -2,21 +2,6 @@
 
 #include <utility>
 
-namespace {
-
-template <typename Map> void unite(Map &all, const Map &some)
-{
-    for (auto entry = some.begin(); entry != some.end(); ++entry)
-        all[entry.key()] = entry.value();
-}
-
-QString onOff(const char *signal, bool on)
-{
-    return QLatin1String(signal) + QLatin1String(on ? " 1" : " 0");
-}
-
-} // namespace
-
 StoreModel::StoreModel(quint32 maxMessageCount, bool hasBookmarks, quint32 serials, quint32 imports)
     : maxMessageCount(maxMessageCount), imports(imports), hasBookmarks(hasBookmarks),
       serial(serials)
@@ -52,9 +37,7 @@ void StoreModel::append(quint32 count)
 
 void StoreModel::rotate()
 {
-    ModelFile chunk;
-    chunk.messages = live;
-    chunk.end = live.count;
+    ModelFile chunk{{}, live, 0, live.count, {}, {}, {}};
     chunk.notes = std::exchange(isLive ? notes : liveNotes, {});
     chunk.bookmarks = std::exchange(isLive ? bookmarks : liveBookmarks, {});
     rotated = live;
@@ -76,7 +59,9 @@ void StoreModel::rotate()
 
 void StoreModel::enforceBudget()
 {
-    const auto sizeOf = [](const ModelFile &chunk) { return quint32(chunk.chunkSize() / 1024); };
+    const auto sizeOf = [](const ModelFile &file) {
+        return quint32(file.chunkBytes().size() / 1024);
+    };
     kibibytes += sizeOf(chunks.back());
     if ((kibibytes + otherKibibytes) / 1024 <= budget)
         return;
@@ -90,10 +75,8 @@ QVector<QVector<MessageRun>> StoreModel::views() const
 {
     if (!isLive)
         return {paged};
-    QVector<QVector<MessageRun>> views{{live}};
-    if (showsRotated)
-        views.append({rotated});
-    return views;
+    return showsRotated ? QVector<QVector<MessageRun>>{{live}, {rotated}}
+                        : QVector<QVector<MessageRun>>{{live}};
 }
 
 void StoreModel::settle()
@@ -129,7 +112,7 @@ void StoreModel::page(const ModelFile &chunk, quint32 version, const QString &im
         notes = chunk.notes;
     if (version > 103 && hasBookmarks)
         bookmarks = chunk.bookmarks;
-    due += onOff("fd", chunk.hasFdFrame());
+    due += QStringLiteral("fd %1").arg(chunk.hasFdFrame());
     due += QStringLiteral("start");
     show({chunk.messages});
     if (importedAs.isEmpty())
@@ -148,10 +131,10 @@ void StoreModel::merge(const QVector<ModelFile> &entriesInArchiveOrder, const QS
     notes.clear();
     bookmarks.clear();
     for (const ModelFile &entry : qAsConst(byStart)) {
-        due += onOff("fd", entry.hasFdFrame());
-        unite(notes, entry.notes);
+        due += QStringLiteral("fd %1").arg(entry.hasFdFrame());
+        notes.insert(entry.notes);
         if (hasBookmarks)
-            unite(bookmarks, entry.bookmarks);
+            bookmarks.insert(entry.bookmarks);
         all.append(entry.messages);
     }
     due += QStringLiteral("archive ") + archive;
@@ -196,12 +179,8 @@ void StoreModel::setContinuousMode(bool on)
 
 void StoreModel::savePartial(const MessageRun &messages, const ChunkFormat::Notes &notes)
 {
-    ModelFile chunk;
-    chunk.messages = messages;
-    chunk.end = messages.count;
-    chunk.notes = notes;
-    chunk.name = QString::number(chunkCount++);
-    partials.push_back(chunk);
+    const QString name = QStringLiteral("%1.dck").arg(chunkCount++);
+    partials.push_back({name, messages, 0, messages.count, {}, notes, {}});
 }
 
 void StoreModel::startImport()
@@ -242,14 +221,18 @@ void StoreModel::finishImport(quint32 count, const QString &file)
     due += QStringLiteral("imported ") + file;
 }
 
+bool StoreModel::isExportable(bool any, const QString &file)
+{
+    if (!any || file.isEmpty())
+        due += QLatin1String(any ? "error No filename specified." : "error Nothing to export.");
+    return any && !file.isEmpty();
+}
+
 void StoreModel::exportMessages(const QString &file, bool withNotes,
                                 const QList<unsigned int> &selected)
 {
-    if (live.count == 0 || file.isEmpty()) {
-        due += QLatin1String(live.count == 0 ? "error Nothing to export."
-                                             : "error No filename specified.");
+    if (!isExportable(live.count != 0, file))
         return;
-    }
     exportNotes = withNotes ? notes : ChunkFormat::Notes();
     if (hasBookmarks)
         exportBookmarks = bookmarks;
@@ -258,11 +241,8 @@ void StoreModel::exportMessages(const QString &file, bool withNotes,
 
 void StoreModel::exportRange(const QString &file, int first, int last)
 {
-    if (last > int(live.count) || file.isEmpty()) {
-        due += QLatin1String(last > int(live.count) ? "error Nothing to export."
-                                                    : "error No filename specified.");
+    if (!isExportable(last <= int(live.count), file))
         return;
-    }
     exportNotes = notes;
     const qint64 end = last == 0 ? live.count : qBound<qint64>(0, last + 1, live.count);
     exports.push_back({file, live, first, end, {}, exportNotes, exportBookmarks});

@@ -66,6 +66,7 @@ private:
     bool isFull(quint32 size) const;
     void rotate();
     void enforceBudget();
+    bool isExportable(bool any, const QString &file);
     void savePartial(const MessageRun &messages, const ChunkFormat::Notes &notes);
     void leaveLive();
     void show(const QVector<MessageRun> &messages);

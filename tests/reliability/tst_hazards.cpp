@@ -5,7 +5,6 @@
 #include "messages.h"
 #include "processstate.h"
 #include "storefixture.h"
-#include "ziparchive.h"
 
 #include <QtTest>
 
@@ -80,6 +79,39 @@ struct Step
     bool cancelsImport = false;
 };
 
+// What an application may do at any time.
+const QVector<Step> &actions()
+{
+    static const QVector<Step> steps{
+        {"going live", [](H &store, const QDir &) { store.goLive(); }, false, true},
+        {"clearing", [](H &store, const QDir &) { store.clearAllMessages(); }, true, true},
+        {"paging", [](H &store, const QDir &) { store.loadDataFromFile(0); }},
+        {"import of a trace",
+         [](H &store, const QDir &in) {
+             store.importMessages(in.filePath("trace.log"), DatachunkHelper::SocketCanDump);
+         }},
+        {"merging", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("good.zip")); }},
+        {"packing",
+         [](H &store, const QDir &in) {
+             store.setZipFileName(in.filePath("packed.zip"));
+             store.saveDatachunksToZip();
+         }},
+        {"rotation",
+         [](H &store, const QDir &) {
+             for (int i = 0; i < 2 * chunkSize + liveMessages; ++i)
+                 store.addnewtestmessage();
+         },
+         true},
+        {"deletion", [](H &store, const QDir &) { delete &store; }},
+        // Not by deleteLater(), which shares a word of memory with every signal's emission,
+        // unordered.
+        {"deletion ordered", [](H &store, const QDir &) {
+             QTimer::singleShot(0, &store, [&store] { delete &store; });
+         }}};
+    return steps;
+}
+
+// The same, what may fail, and what takes several event turns.
 const QVector<Step> &operations()
 {
     const auto import = [](const char *file, Type type) {
@@ -87,97 +119,56 @@ const QVector<Step> &operations()
             store.importMessages(in.filePath(file), type, QStringLiteral("t n i ? ? l d"));
         };
     };
-    const auto page = [](H &store, const QDir &) { store.loadDataFromFile(0); };
-    static const QVector<Step> steps{
-        {"import of a trace", import("trace.log", DatachunkHelper::SocketCanDump)},
-        {"import that reports CAN FD",
-         import("trace.asc", DatachunkHelper::VectorAscWithoutBitcount)},
-        {"import of nothing", import("empty.log", DatachunkHelper::SocketCanDump)},
-        {"import of a broken trace", import("broken.txt", DatachunkHelper::GenericFormat)},
-        {"import of a chunk", import("good.dck", DatachunkHelper::ChunkFile)},
-        {"import of a chunk without messages", import("empty.dck", DatachunkHelper::ChunkFile)},
-        {"import of a newer chunk", import("newer.dck", DatachunkHelper::ChunkFile)},
-        {"paging", page},
-        {"going live",
-         [page](H &store, const QDir &in) {
-             const QPointer<H> guard(&store);
-             page(store, in);
-             if (guard)
-                 store.goLive();
-         }},
-        {"clearing", [](H &store, const QDir &) { store.clearAllMessages(); }, true},
-        {"clearing during an import",
-         [import](H &store, const QDir &in) {
-             const QPointer<H> guard(&store);
-             AtTurn atTurn(0, [guard] {
+    static const QVector<Step> steps = actions().mid(1, 6)
+        + QVector<Step>{
+            {"import that reports CAN FD",
+             import("trace.asc", DatachunkHelper::VectorAscWithoutBitcount)},
+            {"import of nothing", import("empty.log", DatachunkHelper::SocketCanDump)},
+            {"import of a broken trace", import("broken.txt", DatachunkHelper::GenericFormat)},
+            {"import of a chunk", import("good.dck", DatachunkHelper::ChunkFile)},
+            {"import of a chunk without messages", import("empty.dck", DatachunkHelper::ChunkFile)},
+            {"import of a newer chunk", import("newer.dck", DatachunkHelper::ChunkFile)},
+            {"going live, when paged",
+             [](H &store, const QDir &) {
+                 const QPointer<H> guard(&store);
+                 store.loadDataFromFile(0);
                  if (guard)
-                     guard->clearAllMessages();
-             });
-             import("trace.log", DatachunkHelper::SocketCanDump)(store, in);
-         },
-         true},
-        {"rotation",
-         [](H &store, const QDir &) {
-             for (int i = 0; i < 2 * chunkSize + liveMessages; ++i)
-                 store.addnewtestmessage();
-         },
-         true},
-        {"merging", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("good.zip")); }},
-        {"merging newer chunks",
-         [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("newer.zip")); }},
-        {"merging nothing", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("none.zip")); }},
-        {"merging in the background",
-         [](H &s, const QDir &in) { s.importZipAndMerge(in.filePath("good.zip")); }},
-        {"unpacking", [](H &s, const QDir &in) { s.loadZipFile(in.filePath("good.zip")); }},
-        {"unpacking nothing", [](H &s, const QDir &in) { s.loadZipFile(in.filePath("none.zip")); }},
-        {"unpacking in the background", import("good.zip", DatachunkHelper::ZipArchive)},
-        {"packing what cannot be read",
-         [](H &store, const QDir &in) {
-             QFile::link(in.path(), store.chunkFolderPath() + "/other.dck");
-             QFile(store.chunkFolderPath() + "/tmpData0.dck").setPermissions({});
-             store.setZipFileName(in.filePath("packed.zip"));
-             store.saveDatachunksToZip();
-         }},
-        {"refused export", [](H &store, const QDir &) { store.exportMessages(QString()); }},
-        {"export to a full disk",
-         [](H &store, const QDir &in) { store.exportMessages(in.filePath("full.dck")); }},
-        {"splitting a newer chunk",
-         [](H &store, const QDir &in) { store.splitFile(in.filePath("newer.dck"), 1); }},
-        {"splitting on a full disk",
-         [](H &store, const QDir &in) { store.splitFile(in.filePath("good.dck"), 2); }},
-    };
-    return steps;
-}
-
-const QVector<Step> &actions()
-{
-    static const QVector<Step> steps{
-        {"deletes the store", [](H &store, const QDir &) { delete &store; }},
-        // Not by deleteLater(), which shares a word of memory with every signal's emission,
-        // unordered.
-        {"has the store deleted",
-         [](H &store, const QDir &) {
-             QTimer::singleShot(0, &store, [&store] { delete &store; });
-         }},
-        {"goes live", [](H &store, const QDir &) { store.goLive(); }, false, true},
-        {"clears", [](H &store, const QDir &) { store.clearAllMessages(); }, false, true},
-        {"pages", [](H &store, const QDir &) { store.loadDataFromFile(0); }},
-        {"imports",
-         [](H &store, const QDir &in) {
-             store.importMessages(in.filePath("trace.log"), DatachunkHelper::SocketCanDump);
-         }},
-        {"merges", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("good.zip")); }},
-        {"packs",
-         [](H &store, const QDir &in) {
-             store.setZipFileName(in.filePath("packed.zip"));
-             store.saveDatachunksToZip();
-         }},
-        {"appends",
-         [](H &store, const QDir &) {
-             for (int i = 0; i < 2 * chunkSize + liveMessages; ++i)
-                 store.addnewtestmessage();
-         }},
-    };
+                     store.goLive();
+             }},
+            {"clearing during an import",
+             [import](H &store, const QDir &in) {
+                 const QPointer<H> guard(&store);
+                 AtTurn atTurn(0, [guard] {
+                     if (guard)
+                         guard->clearAllMessages();
+                 });
+                 import("trace.log", DatachunkHelper::SocketCanDump)(store, in);
+             },
+             true},
+            {"merging newer chunks",
+             [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("newer.zip")); }},
+            {"merging nothing",
+             [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("none.zip")); }},
+            {"merging in the background",
+             [](H &s, const QDir &in) { s.importZipAndMerge(in.filePath("good.zip")); }},
+            {"unpacking", [](H &s, const QDir &in) { s.loadZipFile(in.filePath("good.zip")); }},
+            {"unpacking nothing",
+             [](H &s, const QDir &in) { s.loadZipFile(in.filePath("none.zip")); }},
+            {"unpacking in the background", import("good.zip", DatachunkHelper::ZipArchive)},
+            {"packing what cannot be read",
+             [](H &store, const QDir &in) {
+                 QFile::link(in.path(), store.chunkFolderPath() + "/other.dck");
+                 QFile(store.chunkFolderPath() + "/tmpData0.dck").setPermissions({});
+                 store.setZipFileName(in.filePath("packed.zip"));
+                 store.saveDatachunksToZip();
+             }},
+            {"refused export", [](H &store, const QDir &) { store.exportMessages(QString()); }},
+            {"export to a full disk",
+             [](H &store, const QDir &in) { store.exportMessages(in.filePath("full.dck")); }},
+            {"splitting a newer chunk",
+             [](H &store, const QDir &in) { store.splitFile(in.filePath("newer.dck"), 1); }},
+            {"splitting on a full disk",
+             [](H &store, const QDir &in) { store.splitFile(in.filePath("good.dck"), 2); }}};
     return steps;
 }
 
@@ -206,29 +197,21 @@ void settle(const QPointer<H> &store)
 }
 
 // Shows that a store, if it still exists, works, and ends it.
-QString endStore(const QPointer<H> &store, const QString &trace)
+QByteArray endStore(const QPointer<H> &store, const QString &trace)
 {
     if (!store)
         return {};
     store->importMessages(trace, DatachunkHelper::SocketCanDump);
     const unsigned buffer = store->getMaxMessageCount() - 5000;
     if (store->getIsLive() || store->getMessageCount() != (traceMessages - 1) % buffer + 1)
-        return QStringLiteral("%1 messages were imported").arg(store->getMessageCount());
+        return "messages were not imported";
     store->goLive();
     if (!store->getIsLive() || store->getMessageCount() > buffer)
-        return QStringLiteral("the store is not live again");
+        return "the store is not live again";
     if (store->messageAt(0).messageNumber == buffer && store->getMessageNote(buffer) != "live")
-        return QStringLiteral("the live note is gone");
+        return "the live note is gone";
     delete store.data();
     return {};
-}
-
-QByteArray candump(int lines)
-{
-    QByteArray text;
-    for (int i = 0; i < lines; ++i)
-        text += QStringLiteral("(%1.5) can0 %2#1122\n").arg(i).arg(i % 0x800, 3, 16).toLatin1();
-    return text;
 }
 
 } // namespace
@@ -239,7 +222,7 @@ void Hazards::initTestCase()
     countObjects();
     QByteArray newer = chunkBytes(QStringLiteral("1.0"), 0, 3);
     newer[newer.indexOf(QByteArray::fromHex("003100300034")) + 5] = '5';
-    writeFile(path("trace.log"), candump(traceMessages));
+    writeFile(path("trace.log"), candumpLines(0, traceMessages));
     writeFile(path("empty.log"), "nothing\n");
     writeFile(path("broken.txt"), "1.0 1 123 Rx d 1 11\n1\n");
     writeFile(path("good.dck"), chunkBytes(QStringLiteral("1.0"), 0, 3));
@@ -283,9 +266,8 @@ void Hazards::slotMayDoAnything()
                 settle(store);
                 acted = atSignal.hasActed();
             }
-            const QString wrong = endStore(store, path("trace.log"));
-            QVERIFY2(wrong.isEmpty(),
-                     qPrintable(QStringLiteral("signal %1 %2: %3").arg(n).arg(action.name, wrong)));
+            const QByteArray wrong = endStore(store, path("trace.log"));
+            QVERIFY2(wrong.isEmpty(), action.name + (' ' + QByteArray::number(n)) + ": " + wrong);
         }
     }
     QCOMPARE(leftBehind(before), QString());
@@ -327,10 +309,9 @@ void Hazards::eventOfAnImportMayDoAnything()
                 QCOMPARE(dialogs, 0);
             }
             settle(store);
-            const QString wrong = endStore(store, path("trace.log"));
-            QVERIFY2(
-                wrong.isEmpty(),
-                qPrintable(QStringLiteral("turn %1 %2: %3").arg(turn).arg(action.name, wrong)));
+            const QByteArray wrong = endStore(store, path("trace.log"));
+            QVERIFY2(wrong.isEmpty(),
+                     action.name + (' ' + QByteArray::number(turn)) + ": " + wrong);
         }
     }
 }
@@ -356,9 +337,8 @@ void Hazards::packingTakesWholeFilesOnly()
                 return QFile::exists(archive);
             },
             60000));
-        const Zip::Reader reader(archive);
         const QString file = path("packed.dck");
-        writeFile(file, reader.open(reader.entries().at(0), [] { return true; })->readAll());
+        writeFile(file, archiveEntries(archive).value(0).content);
         QVERIFY(sizes.contains(readChunkFile(file).messages.size()));
     }
 }

@@ -1,8 +1,11 @@
+#include "archives.h"
+#include "datachunkhandler.h"
+#include "messages.h"
 #include "storefixture.h"
-#include "ziparchive.h"
 
 #include <QtTest>
 
+#include <cstdio>
 #include <random>
 
 namespace {
@@ -12,92 +15,115 @@ constexpr quint32 chunkSize = 200;
 constexpr quint32 traceSize = 500;
 
 // Another process with a store, and what it has announced.
-class Recorder
+class Recorder : public QProcess
 {
 public:
     Recorder(const QString &archive, const QString &trace)
     {
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process.start(QStringLiteral(RECORDER), {archive, trace});
+        setProcessChannelMode(ForwardedErrorChannel);
+        start(QCoreApplication::applicationFilePath(), {"record", archive, trace});
     }
 
     // Reads on until this many chunks have been announced; false when that takes too long.
     bool waitForChunks(int count)
     {
-        while (chunks.size() < count) {
-            if (!process.canReadLine() && !process.waitForReadyRead(hangLimit))
+        while (told["chunk"].size() < count) {
+            if (!canReadLine() && !waitForReadyRead(hangLimit))
                 return false;
             readLines();
         }
         return true;
     }
 
-    void kill()
+    // Waits for its end, which has been brought about; whether that came without a crash.
+    bool hasEnded()
     {
-        process.kill();
-        process.waitForFinished(hangLimit);
+        const bool ended = waitForFinished(hangLimit);
         readLines();
-    }
-
-    bool end()
-    {
-        process.closeWriteChannel();
-        const bool ended = process.waitForFinished(hangLimit);
-        readLines();
-        return ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+        return ended && exitStatus() == NormalExit && exitCode() == 0;
     }
 
     // Whether everything announced is there, whole and exact.
-    bool isKept() const
+    bool isKept()
     {
-        for (int i = 0; i < chunks.size(); ++i) {
+        for (int i = 0; i < told["chunk"].size(); ++i) {
             const quint32 first = quint32(i) * chunkSize;
-            const QString file = QStringLiteral("%1/tmpData%2.dck").arg(folder, chunks.at(i));
+            const QString file = folder() + "/tmpData" + told["chunk"].at(i) + ".dck";
             if (!holds(file, first, first + chunkSize - 1))
                 return false;
         }
-        for (int i = 0; i < partialChunks.size(); ++i) {
+        for (int i = 0; i < told["partial"].size(); ++i) {
             const quint32 first = quint32(i) * chunkSize % (3 * chunkSize);
             const quint32 last = std::min(first + chunkSize, traceSize) - 1;
-            if (numbersOf(readChunkFile(partialChunks.at(i)).messages)
+            if (numbersOf(readChunkFile(told["partial"].at(i)).messages)
                 != numbersFromTo(first, last))
                 return false;
         }
-        return !folder.isEmpty() && errors.isEmpty();
+        return told["error"].isEmpty();
     }
 
-    QString folder;
-    QStringList chunks;
-    QStringList partialChunks;
-    QStringList errors;
+    QString folder() { return told["folder"].value(0); }
+
+    QMap<QString, QStringList> told;
 
 private:
     void readLines()
     {
-        while (process.canReadLine()) {
-            const QString line = QString::fromUtf8(process.readLine()).trimmed();
-            const QString rest = line.section(QLatin1Char(' '), 1);
-            if (line.startsWith(QLatin1String("folder")))
-                folder = rest;
-            else if (line.startsWith(QLatin1String("chunk")))
-                chunks += rest;
-            else if (line.startsWith(QLatin1String("partial")))
-                partialChunks += rest;
-            else
-                errors += rest;
+        while (canReadLine()) {
+            const QString line = QString::fromUtf8(readLine()).trimmed();
+            told[line.section(' ', 0, 0)] += line.section(' ', 1);
         }
     }
-
-    QProcess process;
 };
 
+// What the other process does: it records, imports and packs without end. Writes a line for all
+// that the store announces; ends cleanly when its standard input is closed.
+int record(const QString &archive, const QString &trace)
+{
+    constexpr int messagesPerTurn = 37;
+    const auto tell = [](const char *what) {
+        return [what](const QString &argument) {
+            std::printf("%s %s\n", what, qPrintable(argument));
+            std::fflush(stdout);
+        };
+    };
+    using H = DatachunkHandler;
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    H store(5000 + chunkSize);
+    store.setZipFileName(archive);
+    QObject::connect(&store, &H::newDataFile,
+                     [=](quint32 index) { tell("chunk")(QString::number(index)); });
+    QObject::connect(&store, &H::newPartialDataFile, tell("partial"));
+    QObject::connect(&store, &H::newErrorMessage, tell("error"));
+    tell("folder")(store.chunkFolderPath());
+
+    QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &QCoreApplication::quit);
+    QTimer timer;
+    quint32 number = 0;
+    int turn = 0;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        for (int i = 0; i < messagesPerTurn; ++i, ++number)
+            store.appendCanMessage(makeMessage(number, 64));
+        if (++turn % 20 == 5) {
+            store.importMessages(trace, DatachunkHelper::SocketCanDump);
+            store.goLive();
+        } else if (turn % 20 == 15) {
+            store.setZipAfterSaving(true);
+            store.exportAllMessages(QStringLiteral("x.dck"), {});
+        }
+    });
+    timer.start(0);
+    return QCoreApplication::exec();
+}
+
 // What is left of a process is named after its chunk folder.
-QMap<QString, QByteArray> filesWithout(const QMap<QString, QByteArray> &files,
-                                       const QString &folder)
+QMap<QString, QByteArray> filesWithout(const QString &location, const QString &chunkFolder)
 {
     QMap<QString, QByteArray> others;
+    const QMap<QString, QByteArray> files = filesBelow(location);
     for (auto file = files.begin(); file != files.end(); ++file) {
-        if (!file.key().startsWith(folder))
+        if (!file.key().startsWith(chunkFolder))
             others.insert(file.key(), file.value());
     }
     return others;
@@ -105,23 +131,14 @@ QMap<QString, QByteArray> filesWithout(const QMap<QString, QByteArray> &files,
 
 bool isWholeArchive(const QString &fileName, const QString &chunkFolder)
 {
-    const Zip::Reader archive(fileName);
-    for (const Zip::Entry &entry : archive.entries()) {
-        const auto content = archive.open(entry, [] { return true; });
-        const QByteArray bytes = content ? content->readAll() : QByteArray();
-        if (!content || content->isDamaged() || bytes.size() != entry.size)
-            return false;
-        // The last messages are exported again and again.
-        if (entry.name.startsWith(QLatin1String("tmpData"))
-            && bytes != readFile(chunkFolder + QLatin1Char('/') + entry.name))
-            return false;
-    }
-    return archive.isOpen();
-}
-
-int numberFrom(const char *variable, int otherwise)
-{
-    return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : otherwise;
+    const QVector<TestEntry> entries = archiveEntries(fileName);
+    // The last messages are exported again and again.
+    return !entries.isEmpty()
+        && std::all_of(entries.begin(), entries.end(), [&](const TestEntry &entry) {
+               return entry.name.startsWith(QLatin1String("tmpData"))
+                   ? entry.content == readFile(chunkFolder + QLatin1Char('/') + entry.name)
+                   : !entry.content.isEmpty();
+           });
 }
 
 } // namespace
@@ -148,10 +165,7 @@ void Kills::init()
 {
     cleanup();
     folder = std::make_unique<QTemporaryDir>();
-    QByteArray trace;
-    for (quint32 i = 0; i < traceSize; ++i)
-        trace += QStringLiteral("(%1.5) can0 123#1122\n").arg(i).toLatin1();
-    writeFile(path("trace.log"), trace);
+    writeFile(path("trace.log"), candumpLines(0, traceSize));
 }
 
 void Kills::cleanup()
@@ -159,52 +173,44 @@ void Kills::cleanup()
     const QStringList left = QDir(location).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     for (const QString &name : left)
         QDir(QDir(location).filePath(name)).removeRecursively();
-    QDir(location).mkpath(QStringLiteral("recorder/datachunks"));
+    QDir(location).mkpath(QStringLiteral("tst_kills/datachunks"));
 }
 
 void Kills::announcedChunksSurvive()
 {
-    const int kills = numberFrom("KILLS", 30);
-    const int seed = numberFrom("KILLS_SEED", 1);
-    qInfo("%d kills, seed %d", kills, seed);
-    int chunks = 0;
-    int partialChunks = 0;
-    int archives = 0;
-    int tornArchives = 0;
+    const int kills = int(numberFrom("KILLS", 30));
+    const auto seed = quint32(numberFrom("KILLS_SEED", 1));
+    QMap<QString, int> sum;
     writeFile(path("a.zip"), "the archive of yesterday");
-    QString before;
     for (int i = 0; i < kills; ++i) {
-        std::mt19937 random(quint32(seed + i));
+        const QByteArray complaint = "KILLS_SEED=" + QByteArray::number(seed + quint32(i));
+        std::mt19937 random(seed + quint32(i));
         const QByteArray oldArchive = readFile(path("a.zip"));
         const QMap<QString, QByteArray> others = filesBelow(location);
         Recorder recorder(path("a.zip"), path("trace.log"));
-        QVERIFY(recorder.waitForChunks(int(random() % 25)));
+        QVERIFY2(recorder.waitForChunks(int(random() % 25)), complaint);
         QThread::usleep(random() % 4000);
         recorder.kill();
-        const auto complaint = [i, seed] { return QByteArray::number(seed + i); };
-        QVERIFY2(recorder.folder.isEmpty() || recorder.isKept(), complaint());
+        recorder.hasEnded();
+        const QString own = recorder.folder();
+        QVERIFY2(own.isEmpty() || recorder.isKept(), complaint);
+        QVERIFY2(own.isEmpty() || filesWithout(location, own) == others, complaint);
         const bool isNew = readFile(path("a.zip")) != oldArchive;
-        QVERIFY2(!isNew || isWholeArchive(path("a.zip"), recorder.folder), complaint());
-        const QString own = recorder.folder.isEmpty() ? QStringLiteral("/") : recorder.folder;
-        if (!recorder.folder.isEmpty())
-            QVERIFY2(filesWithout(filesBelow(location), own) == others, complaint());
-        chunks += recorder.chunks.size();
-        partialChunks += recorder.partialChunks.size();
-        archives += isNew;
+        QVERIFY2(!isNew || isWholeArchive(path("a.zip"), own), complaint);
+        for (const char *told : {"chunk", "partial"})
+            sum[told] += recorder.told[told].size();
+        sum["archive"] += isNew;
         // Between its naming and its putting in place an archive may be left under a name of its
         // own.
-        const QStringList torn = QDir(folder->path()).entryList({QStringLiteral("a.zip.*")});
-        tornArchives += torn.size();
-        for (const QString &name : torn)
-            QFile::remove(folder->filePath(name));
+        for (const QString &name : QDir(folder->path()).entryList({QStringLiteral("a.zip.*")}))
+            sum["torn"] += QFile::remove(folder->filePath(name));
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden),
                  (QStringList{"a.zip", "trace.log"}));
         if (i % 5 == 4)
             cleanup();
     }
-    qInfo("%d chunks, %d chunks of imports, %d archives, %d temporary names", chunks, partialChunks,
-          archives, tornArchives);
-    QVERIFY(chunks > kills && partialChunks > 0 && archives > 0);
+    qInfo() << sum;
+    QVERIFY(sum["chunk"] > kills && sum["partial"] > 0 && sum["archive"] > 0);
 }
 
 void Kills::instancesShareNothing_data()
@@ -223,23 +229,34 @@ void Kills::instancesShareNothing()
     Recorder killed(path("killed.zip"), path("trace.log"));
     QVERIFY(killed.waitForChunks(3));
     killed.kill();
+    QVERIFY(!killed.hasEnded());
     const QMap<QString, QByteArray> leftovers = filesBelow(location);
 
     Recorder first(path("first.zip"), path("trace.log"));
     QVERIFY(together || first.waitForChunks(3));
     Recorder second(path("second.zip"), path("trace.log"));
     QVERIFY(first.waitForChunks(6) && second.waitForChunks(6));
-    QCOMPARE(QSet<QString>({killed.folder, first.folder, second.folder}).size(), 3);
+    QCOMPARE(QSet<QString>({killed.folder(), first.folder(), second.folder()}).size(), 3);
     Recorder &one = firstEndsFirst ? first : second;
     Recorder &other = firstEndsFirst ? second : first;
-    QVERIFY(one.end());
-    QVERIFY(other.waitForChunks(other.chunks.size() + 6));
+    one.closeWriteChannel();
+    QVERIFY(one.hasEnded());
+    QVERIFY(other.waitForChunks(other.told["chunk"].size() + 6));
     QVERIFY(other.isKept());
-    QCOMPARE(filesWithout(filesBelow(location), other.folder), leftovers);
+    QCOMPARE(filesWithout(location, other.folder()), leftovers);
     QVERIFY(killed.isKept());
-    QVERIFY(other.end());
+    other.closeWriteChannel();
+    QVERIFY(other.hasEnded());
     QCOMPARE(filesBelow(location), leftovers);
 }
 
-QTEST_GUILESS_MAIN(Kills)
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    if (argc == 4 && QByteArray(argv[1]) == "record")
+        return record(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
+    Kills test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_kills.moc"

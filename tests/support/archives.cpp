@@ -1,6 +1,7 @@
 #include "archives.h"
 
 #include "messages.h"
+#include "ziparchive.h"
 
 #include <quazip.h>
 #include <quazipfile.h>
@@ -19,6 +20,19 @@ bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries)
     }
     zip.close();
     return good && zip.getZipError() == 0;
+}
+
+QVector<TestEntry> archiveEntries(const QString &fileName)
+{
+    QVector<TestEntry> entries;
+    const Zip::Reader archive(fileName);
+    for (const Zip::Entry &entry : archive.entries()) {
+        const auto device = archive.open(entry, [] { return true; });
+        const QByteArray content = device ? device->readAll() : QByteArray();
+        const bool isWhole = content.size() == entry.size && !device->isDamaged();
+        entries.append({entry.name, isWhole ? content : QByteArray()});
+    }
+    return entries;
 }
 
 QByteArray chunkBytes(const QString &start, quint32 first, int count,

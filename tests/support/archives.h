@@ -17,6 +17,9 @@ struct TestEntry
 /// Writes an archive as other programs might.
 bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries);
 
+/// What an archive holds, in its order; a damaged entry has no content.
+QVector<TestEntry> archiveEntries(const QString &fileName);
+
 /// The bytes of a chunk with the messages makeMessage(number, 8) for the numbers from \a first
 /// on, whose header text begins with \a start.
 QByteArray chunkBytes(const QString &start, quint32 first, int count,

@@ -37,6 +37,15 @@ CAN::CanRxMessage makeMessage(quint32 seed, int payloadSize)
     return message;
 }
 
+QByteArray candumpLines(int first, int count)
+{
+    QByteArray lines;
+    for (int i = first; i < first + count; ++i)
+        lines += '(' + QByteArray::number(i) + ".000000) can0 123#"
+            + QByteArray::number(i % 256, 16).rightJustified(2, '0') + "55\n";
+    return lines;
+}
+
 bool sameInChunk(const CAN::CanRxMessage &a, const CAN::CanRxMessage &b)
 {
     const auto fields = [](const CAN::CanRxMessage &m) {

@@ -93,6 +93,13 @@ QByteArray readFile(const QString &fileName)
     return file.readAll();
 }
 
+quint64 numberFrom(const char *variable, quint64 otherwise)
+{
+    bool ok = false;
+    const quint64 number = qEnvironmentVariable(variable).toULongLong(&ok);
+    return ok ? number : otherwise;
+}
+
 QString folderInMemory()
 {
     const QString memory = QStringLiteral("/dev/shm");

@@ -40,5 +40,8 @@ QVector<quint32> numbersOf(const QVector<CAN::CanRxMessage> &messages);
 void writeFile(const QString &fileName, const QByteArray &content);
 QByteArray readFile(const QString &fileName);
 
+/// The number that an environment variable holds.
+quint64 numberFrom(const char *variable, quint64 otherwise);
+
 /// A template for temporary folders with very many files: in memory where that is possible.
 QString folderInMemory();

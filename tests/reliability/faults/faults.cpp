@@ -110,17 +110,9 @@ bool disarm()
     return met;
 }
 
-Pause::Pause() : wasArmed(armed.exchange(false)) { }
-
-Pause::~Pause()
-{
-    armed = wasArmed;
-}
-
 int openFiles()
 {
-    return int(
-        std::count_if(watched.begin(), watched.end(), [](Watch watch) { return watch != No; }));
+    return int(watched.size() - std::count(watched.begin(), watched.end(), No));
 }
 
 } // namespace Faults

@@ -38,8 +38,8 @@ struct Fault
     Call call = Open;
     int effect = 0; ///< the errno of the failing call, or one of the above
     int at = 1;     ///< which of the calls since arm() is the first to fail
-    bool forEver =
-        false; ///< an EINTR then comes with every second call, so that trying again helps
+    /// An EINTR then comes with every second call, so that trying again helps.
+    bool forEver = false;
 };
 
 /// Before any file is opened. Symbolic links are not followed.
@@ -49,17 +49,6 @@ void arm(const Fault &fault);
 
 /// Returns whether the fault was met.
 bool disarm();
-
-/// No call fails, and none counts, while one of these exists.
-class Pause
-{
-public:
-    Pause();
-    ~Pause();
-
-private:
-    const bool wasArmed;
-};
 
 /// Number of the watched files that are open.
 int openFiles();
