@@ -220,21 +220,19 @@ void Hazards::initTestCase()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     countObjects();
-    QByteArray newer = chunkBytes(QStringLiteral("1.0"), 0, 3);
-    newer[newer.indexOf(QByteArray::fromHex("003100300034")) + 5] = '5';
     writeFile(path("trace.log"), candumpLines(0, traceMessages));
     writeFile(path("empty.log"), "nothing\n");
     writeFile(path("broken.txt"), "1.0 1 123 Rx d 1 11\n1\n");
     writeFile(path("good.dck"), chunkBytes(QStringLiteral("1.0"), 0, 3));
     writeFile(path("empty.dck"), chunkBytes(QStringLiteral("1.0"), 0, 0));
-    writeFile(path("newer.dck"), newer);
+    writeFile(path("newer.dck"), newerChunkBytes());
     for (const GeneratedFormat &format : generatedFormats()) {
         if (format.type == DatachunkHelper::VectorAscWithoutBitcount)
             writeFile(path("trace.asc"), generateTrace(format, generateTraffic(traceMessages)));
     }
     QVERIFY(writeArchive(path("good.zip"),
                          {{"a.dck", chunkBytes("1.0", 0, 3)}, {"b.dck", chunkBytes("2.0", 3, 3)}}));
-    QVERIFY(writeArchive(path("newer.zip"), {{"a.dck", newer}}));
+    QVERIFY(writeArchive(path("newer.zip"), {{"a.dck", newerChunkBytes()}}));
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("full.dck")));
     QVERIFY(QDir(folder.path()).mkdir("good_splitted"));
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("good_splitted/good_0.dck")));

@@ -1,8 +1,6 @@
 #include "program.h"
 
 #include "canframe.h"
-#include "datachunkhandler.h"
-#include "savefileworker.h"
 
 #include <QProcess>
 #include <QtTest>
@@ -12,11 +10,11 @@ QString programPath()
     return QStringLiteral(DATACHUNK_PROGRAM);
 }
 
-ProgramResult runProgram(const QStringList &arguments, const QByteArray &input)
+ProgramResult run(const QString &arguments, const QByteArray &input, const QString &limits)
 {
     constexpr int longestRun = 120000;
     QProcess process;
-    process.start(programPath(), arguments);
+    process.start("/bin/sh", {"-c", limits + " exec \"$0\" " + arguments, programPath()});
     process.write(input);
     process.closeWriteChannel();
     ProgramResult result;
@@ -27,32 +25,29 @@ ProgramResult runProgram(const QStringList &arguments, const QByteArray &input)
     return result;
 }
 
-void writeFile(const QString &fileName, const QByteArray &content)
+bool succeeds(const QString &arguments)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("cannot write %s", qPrintable(fileName));
-}
-
-QByteArray candumpLines(int first, int count)
-{
-    QByteArray lines;
-    for (int i = first; i < first + count; ++i) {
-        const QByteArray number = QByteArray::number(i);
-        lines += '(' + number + ".000000) can0 123#"
-            + QByteArray::number(i % 256, 16).rightJustified(2, '0') + "55\n";
-    }
-    return lines;
+    const ProgramResult result = run(arguments);
+    if (result.status != 0)
+        qWarning() << arguments << result.errors;
+    return result.status == 0;
 }
 
 QList<int> secondsInChunk(const QString &fileName)
 {
-    DatachunkHandler reader(0);
-    reader.loadFile(fileName, false, DatachunkHelper::ChunkFile, DatachunkHelper::CurrentMessages,
-                    QString());
     QList<int> seconds;
-    for (int i = 0; !reader.getIsLive() && i < int(reader.getMessageCount()); ++i)
-        seconds.append(reader.messageAt(i).seconds);
+    for (const CAN::CanRxMessage &message : readChunkFile(fileName).messages)
+        seconds.append(message.seconds);
+    return seconds;
+}
+
+QList<int> secondsInText(const QByteArray &text)
+{
+    QList<int> seconds;
+    for (const QByteArray &line : text.split('\n')) {
+        if (line.startsWith(' '))
+            seconds.append(line.trimmed().split('.').first().toInt());
+    }
     return seconds;
 }
 
@@ -64,50 +59,42 @@ QList<int> numbersFrom(int first, int count)
     return numbers;
 }
 
-QStringList words(const QString &text)
+QStringList namesIn(const QString &folder)
 {
-    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
 void writeKinds(const QString &fileName)
 {
-    QList<CAN::CanRxMessage> messages;
-    for (quint32 i = 0; i < 5; ++i) {
-        CAN::CanRxMessage message;
-        message.messageNumber = 10 + i;
-        message.seconds = qint32(100 + i);
-        message.microseconds = 42;
-        message.id = 0x120 + i;
-        message.line = quint16(i / 3 + 1);
-        messages.append(message);
-    }
-    messages[0].length = 2;
-    messages[0].data[0] = 0xAB;
-    messages[1].remote = true;
-    messages[2].fdFrame = true;
+    CAN::CanRxMessage messages[] = {makeMessage(0x120, "ab00", 1), makeMessage(0x121, "", 1),
+                                    makeMessage(0x122, "", 1), makeMessage(0x7FF, "", 2),
+                                    makeMessage(0x120, "", 2)};
+    messages[1].remote = messages[2].fdFrame = messages[4].extended = true;
     messages[3].id = CAN::errorFrameId;
-    messages[4].id = 0x120;
-    messages[4].extended = true;
-    SaveFileWorker worker(fileName, &messages, DatachunkHelper::CurrentMessages, 0, 5,
-                          {{11, QStringLiteral("look here")}},
-                          {{12, CanMessageBookmark(12, QStringLiteral("mark"))}}, 0, {});
-    worker.saveToFile();
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    ChunkFormat::writeHeader(stream, QStringLiteral("100.000042 - 104.000042"),
+                             {{11, QStringLiteral("look here")}},
+                             {{12, CanMessageBookmark(12, QStringLiteral("mark"))}});
+    for (quint32 i = 0; i < 5; ++i) {
+        messages[i].messageNumber = 10 + i;
+        messages[i].seconds = qint32(100 + i);
+        messages[i].microseconds = 42;
+        ChunkFormat::writeRecord(stream, messages[i], ChunkFormat::currentVersion);
+    }
+    writeFile(fileName, bytes);
 }
 
 void FolderTest::init()
 {
     folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(folder->isValid());
-    QVERIFY(QDir::setCurrent(folder->path()));
+    QVERIFY(folder->isValid() && QDir::setCurrent(folder->path()));
     qputenv("TMPDIR", QFile::encodeName(folder->path()));
 }
 
 void FolderTest::cleanup()
 {
-    const QStringList leftovers =
-        QDir(folder->path())
-            .entryList({QStringLiteral(".datachunk*")}, QDir::AllEntries | QDir::Hidden);
-    QCOMPARE(leftovers, QStringList());
+    QCOMPARE(namesIn(folder->path()).filter(QStringLiteral(".datachunk")), QStringList());
     QDir::setCurrent(QDir::rootPath());
     folder.reset();
 }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QByteArray>
-#include <QList>
+#include "messages.h"
+#include "storefixture.h"
+
 #include <QObject>
-#include <QString>
-#include <QStringList>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -20,23 +19,23 @@ struct ProgramResult
 
 QString programPath();
 
-/// Runs the program to its end.
-ProgramResult runProgram(const QStringList &arguments, const QByteArray &input = {});
+/// Runs the program to its end with the arguments of a shell's command line. \a limits are
+/// commands that the shell carries out before.
+ProgramResult run(const QString &arguments, const QByteArray &input = {},
+                  const QString &limits = {});
 
-void writeFile(const QString &fileName, const QByteArray &content);
+/// Whether a run without limits succeeds; says why not.
+bool succeeds(const QString &arguments);
 
-/// candump log lines "(N.000000) can0 123#..." with the number from \a first on as time and
-/// payload.
-QByteArray candumpLines(int first, int count);
-
-/// The seconds of all messages in a chunk file, read with the library.
+/// The seconds of all messages in a chunk file, or in lines of the text form.
 QList<int> secondsInChunk(const QString &fileName);
+QList<int> secondsInText(const QByteArray &text);
 
 /// The numbers from \a first on.
 QList<int> numbersFrom(int first, int count);
 
-/// The words between the blanks of a text, as the arguments of a program.
-QStringList words(const QString &text);
+/// Names of everything in a folder, sorted.
+QStringList namesIn(const QString &folder);
 
 /// Writes a chunk with one message of each kind. Their numbers are 10 to 14 and their seconds
 /// 100 to 104; the second has the note "look here", the third the bookmark "mark".
