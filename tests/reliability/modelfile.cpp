@@ -21,9 +21,7 @@ bool sameText(const QString &expected, const QString &actual)
 CAN::CanRxMessage messageOf(quint32 serial, MessageRun::Kind kind)
 {
     const int payload = int(serial % 13 == 0 ? serial % 65 : serial % 9);
-    CAN::CanRxMessage message = makeMessage(serial, payload);
-    if (kind == MessageRun::WithoutLine)
-        message.line = 0;
+    const CAN::CanRxMessage message = makeMessage(serial, payload);
     if (kind != MessageRun::Imported)
         return message;
     // What a candump line keeps.
@@ -55,7 +53,6 @@ bool isWhole(const CAN::CanRxMessage &message)
     CAN::CanRxMessage expected = messageOf(seconds * 1000 + quint32(message.microseconds) / 1000,
                                            imported ? MessageRun::Imported : MessageRun::Received);
     expected.messageNumber = message.messageNumber;
-    expected.line = message.line == 0 ? quint16(0) : expected.line;
     return sameInChunk(message, expected);
 }
 
@@ -83,17 +80,13 @@ bool ModelFile::hasFdFrame() const
     return std::any_of(all.begin(), all.end(), [](const auto &message) { return message.fdFrame; });
 }
 
-QByteArray ModelFile::chunkBytes(quint32 version) const
+QByteArray ModelFile::chunkBytes() const
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << timeText() << QString::number(version);
-    if (version >= ChunkFormat::notesSince)
-        stream << notes;
-    if (version >= ChunkFormat::bookmarksSince)
-        stream << bookmarks;
+    ChunkFormat::writeHeader(stream, timeText(), notes, bookmarks);
     for (const CAN::CanRxMessage &message : records(start))
-        ChunkFormat::writeRecord(stream, message, version);
+        ChunkFormat::writeRecord(stream, message, ChunkFormat::currentVersion);
     return bytes;
 }
 

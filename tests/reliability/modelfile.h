@@ -15,7 +15,7 @@ bool sameText(const QString &expected, const QString &actual);
 /// twice, unlike a message number.
 struct MessageRun
 {
-    enum Kind { Received, Imported, WithoutLine };
+    enum Kind { Received, Imported };
 
     quint32 serial = 0; ///< of the first message
     quint32 number = 0; ///< message number of the first message
@@ -48,6 +48,6 @@ struct ModelFile
     QVector<CAN::CanRxMessage> records(qint64 from) const;
     QString timeText() const;
     bool hasFdFrame() const;
-    QByteArray chunkBytes(quint32 version = ChunkFormat::currentVersion) const;
+    QByteArray chunkBytes() const;
     QString text() const;
 };

@@ -18,25 +18,9 @@ namespace {
 
 std::atomic<int> objects{0};
 
-void objectAdded(QObject *)
-{
-    ++objects;
-}
-
-void objectRemoved(QObject *)
-{
-    --objects;
-}
-
 int entriesOf(const QString &folder)
 {
     return int(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size());
-}
-
-qint64 heapBytes()
-{
-    const auto info = mallinfo2();
-    return qint64(info.uordblks + info.hblkhd);
 }
 
 } // namespace
@@ -44,33 +28,36 @@ qint64 heapBytes()
 void countObjects()
 {
     constexpr int addObjectHook = 3;
-    qtHookData[addObjectHook] = reinterpret_cast<quintptr>(&objectAdded);
-    qtHookData[addObjectHook + 1] = reinterpret_cast<quintptr>(&objectRemoved);
+    void (*const added)(QObject *) = [](QObject *) { ++objects; };
+    void (*const removed)(QObject *) = [](QObject *) { --objects; };
+    qtHookData[addObjectHook] = reinterpret_cast<quintptr>(added);
+    qtHookData[addObjectHook + 1] = reinterpret_cast<quintptr>(removed);
 }
 
 ProcessState processState()
 {
     QThreadPool::globalInstance()->waitForDone();
     const QDir location(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
-    return {entriesOf(QStringLiteral("/proc/self/task")),
-            entriesOf(QStringLiteral("/proc/self/fd")), objects,
-            entriesOf(location.filePath(QStringLiteral("datachunks"))), heapBytes()};
+    const auto heap = mallinfo2();
+    return {{"threads", entriesOf("/proc/self/task")},
+            {"files", entriesOf("/proc/self/fd")},
+            {"objects", objects},
+            {"folders", entriesOf(location.filePath("datachunks"))},
+            {"bytes", qint64(heap.uordblks + heap.hblkhd)}};
 }
 
 QString leftBehind(const ProcessState &before)
 {
     constexpr qint64 tolerance = 2 * 1024 * 1024;
-    ProcessState now = processState();
     // A thread that was waited for may be listed for another moment.
-    if (!QTest::qWaitFor([&] { return (now = processState()).threads <= before.threads; }, 10000))
+    if (!QTest::qWaitFor([&] { return processState()["threads"] <= before["threads"]; }, 10000))
         qWarning("threads are left");
-    const auto more = [](const char *what, qint64 count, qint64 allowed) {
-        return count <= allowed
-            ? QString()
-            : QStringLiteral("%1 %2 instead of %3; ").arg(count).arg(what).arg(allowed);
-    };
-    return more("threads", now.threads, before.threads) + more("files", now.files, before.files)
-        + more("objects", now.objects, before.objects)
-        + more("folders", now.folders, before.folders)
-        + more("bytes", now.heapBytes, before.heapBytes + tolerance);
+    const ProcessState now = processState();
+    QString more;
+    for (const QString &what : now.keys()) {
+        if (now[what] > before[what] + (what == "bytes" ? tolerance : 0))
+            more +=
+                QStringLiteral("%1 %2 instead of %3; ").arg(now[what]).arg(what).arg(before[what]);
+    }
+    return more;
 }

@@ -1,16 +1,11 @@
 #pragma once
 
+#include <QMap>
 #include <QString>
 
-/// What a process holds of the things that a store may forget to give back.
-struct ProcessState
-{
-    int threads = 0;
-    int files = 0;
-    int objects = 0;      ///< QObjects, counted since countObjects()
-    int folders = 0;      ///< of stores
-    qint64 heapBytes = 0; ///< 0 where the allocator does not tell
-};
+/// How many a process holds of the things that a store may forget to give back: threads, files,
+/// QObjects since countObjects(), folders of stores, and bytes where the allocator counts them.
+using ProcessState = QMap<QString, qint64>;
 
 /// Starts counting QObjects.
 void countObjects();

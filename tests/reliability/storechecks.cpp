@@ -225,7 +225,7 @@ void StoreDriver::settle()
     switches = switchStarts = 0;
     model->settle();
     checkFolder();
-    keepForeignFilesYoung();
+    keepLastChunkYoung();
 }
 
 void StoreDriver::checkFolder()
@@ -237,8 +237,6 @@ void StoreDriver::checkFolder()
     }
     if (lastChunk)
         expected += QFileInfo(lastChunk->name).fileName();
-    if (hasForeignFile)
-        expected += QStringLiteral("other.bin");
     expected.sort();
     QStringList files =
         QDir(store->chunkFolderPath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
@@ -246,18 +244,14 @@ void StoreDriver::checkFolder()
     compare("files", files, expected);
 }
 
-// Files that are never the oldest take room, but are not removed.
-void StoreDriver::keepForeignFilesYoung()
+// A file that is never the oldest takes room, but is not removed.
+void StoreDriver::keepLastChunkYoung()
 {
+    if (!lastChunk)
+        return;
     const utimbuf future{4000000000, 4000000000};
-    model->otherKibibytes = 0;
-    for (const char *name : {"other.bin", "zlastChunk.dck"}) {
-        const QFileInfo file(inChunkFolder(QLatin1String(name)));
-        if (!file.exists())
-            continue;
-        utime(qPrintable(file.filePath()), &future);
-        model->otherKibibytes += quint32(file.size() / 1024);
-    }
+    utime(qPrintable(lastChunk->name), &future);
+    model->otherKibibytes = quint32(QFileInfo(lastChunk->name).size() / 1024);
 }
 
 void StoreDriver::forgetTrace()

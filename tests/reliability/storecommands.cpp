@@ -12,15 +12,13 @@ const StoreDriver::Command StoreDriver::commands[] = {
     {"bookmark", 8, 5, &StoreDriver::writeBookmark},
     {"note on the next", 4, 2, &StoreDriver::noteNextMessage},
     {"note on the last", 4, 0, &StoreDriver::noteLastMessage},
-    {"page", 8, 6, &StoreDriver::pageChunk},
-    {"open an old chunk", 4, 1, &StoreDriver::openOldChunk},
+    {"page", 10, 7, &StoreDriver::pageChunk},
     {"go live", 8, 8, &StoreDriver::goLive},
     {"export", 10, 4, &StoreDriver::exportSome},
     {"export into the chunk folder", 3, 1, &StoreDriver::exportLastChunk},
     {"clear", 3, 1, &StoreDriver::clear},
     {"budget", 3, 0, &StoreDriver::changeBudget},
     {"continuous mode", 1, 0, &StoreDriver::changeMode},
-    {"foreign file", 1, 0, &StoreDriver::addForeignFile},
     {"continuous output", 2, 0, &StoreDriver::writeContinuousOutput},
     {"import", 4, 0, &StoreDriver::import},
     {"pack", 2, 0, &StoreDriver::pack},
@@ -41,17 +39,10 @@ const QString lastChunkName = QStringLiteral("zlastChunk.dck");
 
 const StoreDriver::Command &StoreDriver::anyCommand()
 {
-    const auto weightOf = [this](const Command &command) {
-        return weights == Recording ? command.weightWhileRecording : command.weight;
-    };
-    int sum = 0;
+    std::vector<int> shares;
     for (const Command &command : commands)
-        sum += weightOf(command);
-    int left = below(sum);
-    const Command *command = commands;
-    while ((left -= weightOf(*command)) >= 0)
-        ++command;
-    return *command;
+        shares.push_back(weights == Recording ? command.weightWhileRecording : command.weight);
+    return commands[std::discrete_distribution<int>(shares.begin(), shares.end())(random)];
 }
 
 QString StoreDriver::newFile(const QString &suffix)
@@ -158,30 +149,6 @@ void StoreDriver::pageChunk()
         model->page(*chunk);
 }
 
-void StoreDriver::openOldChunk()
-{
-    const quint32 version = 100 + quint32(below(5));
-    note(QString::number(version));
-    const MessageRun run{quint32(below(1000000)), quint32(below(1000)), 1 + quint32(below(3000)),
-                         version > 102 ? MessageRun::Received : MessageRun::WithoutLine};
-    const ModelFile file{newFile(".dck"),
-                         run,
-                         0,
-                         run.count,
-                         {},
-                         {{run.number, text()}},
-                         {{1, CanMessageBookmark(1, text())}}};
-    writeFile(file.name, file.chunkBytes(version));
-    if (below(2) == 0) {
-        store->importMessages(file.name, DatachunkHelper::ChunkFile);
-        model->page(file, version, file.name);
-    } else {
-        store->loadDataFromFile(file.name, DatachunkHelper::CurrentMessages);
-        model->page(file, version);
-    }
-    QFile::remove(file.name);
-}
-
 void StoreDriver::goLive()
 {
     store->goLive();
@@ -257,14 +224,6 @@ void StoreDriver::changeMode()
         return;
     store->setMaximumHDDSpace(1000);
     model->budget = 1000;
-}
-
-void StoreDriver::addForeignFile()
-{
-    settle();
-    hasForeignFile = true;
-    writeFile(inChunkFolder("other.bin"), QByteArray(1 + below(3000000), 'x'));
-    keepForeignFilesYoung();
 }
 
 void StoreDriver::writeContinuousOutput()

@@ -77,7 +77,6 @@ void StoreDriver::endStore()
     compare("left:", QDir(base).entryList(), QStringList{".", ".."});
     checkExports();
     lastChunk.reset();
-    hasForeignFile = false;
     serials = model->nextSerial();
     imported = model->imports;
 }

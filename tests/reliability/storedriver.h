@@ -54,14 +54,12 @@ private:
     void noteNextMessage();
     void noteLastMessage();
     void pageChunk();
-    void openOldChunk();
     void goLive();
     void exportSome();
     void exportLastChunk();
     void clear();
     void changeBudget();
     void changeMode();
-    void addForeignFile();
     void writeContinuousOutput();
     void import();
     void pack();
@@ -90,7 +88,7 @@ private:
     void checkPartials(const QString &importName);
     void checkFolder();
     void chunkAnnounced(quint32 index, const QString &time);
-    void keepForeignFilesYoung();
+    void keepLastChunkYoung();
     /// Counts what a clearing or the end of the store takes along.
     void forgetTrace();
 
@@ -125,7 +123,6 @@ private:
     QVector<ModelFile> archive; // in the order of its entries
     QString archiveName;
     std::unique_ptr<ModelFile> lastChunk; // the exported chunk in the chunk folder
-    bool hasForeignFile = false;          // there
     quint32 serials = 0;                  // used so far
     quint32 imported = 0;
 

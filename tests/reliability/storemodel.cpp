@@ -105,20 +105,15 @@ void StoreModel::show(const QVector<MessageRun> &messages)
     due += QStringLiteral("mode 0");
 }
 
-void StoreModel::page(const ModelFile &chunk, quint32 version, const QString &importedAs)
+void StoreModel::page(const ModelFile &chunk)
 {
     leaveLive();
-    if (version > 100)
-        notes = chunk.notes;
-    if (version > 103 && hasBookmarks)
+    notes = chunk.notes;
+    if (hasBookmarks)
         bookmarks = chunk.bookmarks;
     due += QStringLiteral("fd %1").arg(chunk.hasFdFrame());
     due += QStringLiteral("start");
     show({chunk.messages});
-    if (importedAs.isEmpty())
-        return;
-    due += QStringLiteral("file ") + importedAs.section('/', -1);
-    due += QStringLiteral("imported ") + importedAs;
 }
 
 void StoreModel::merge(const QVector<ModelFile> &entriesInArchiveOrder, const QString &archive)

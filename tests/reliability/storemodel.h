@@ -15,8 +15,7 @@ public:
     StoreModel(quint32 maxMessageCount, bool hasBookmarks, quint32 serials, quint32 imports);
 
     void append(quint32 count);
-    /// \a importedAs is the name under which the user opened the file, if he did.
-    void page(const ModelFile &chunk, quint32 version = 104, const QString &importedAs = {});
+    void page(const ModelFile &chunk);
     void merge(const QVector<ModelFile> &entriesInArchiveOrder, const QString &archive);
     void goLive();
     void clear();
@@ -44,7 +43,7 @@ public:
     bool linesOfOthers = false; ///< those of messages appended while browsing count as shown
     quint32 maxMessageCount;
     quint32 budget = 1000;
-    quint32 otherKibibytes = 0; ///< of files in the chunk folder that are no rotated chunks
+    quint32 otherKibibytes = 0; ///< of the exported chunk in the chunk folder
     quint32 chunkCount = 0;
     quint32 imports; ///< serial number of the next imported message
 

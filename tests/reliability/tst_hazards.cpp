@@ -23,8 +23,6 @@ private slots:
     void packingTakesWholeFilesOnly();
 
 private:
-    QString path(const char *name) const { return folder.filePath(QLatin1String(name)); }
-
     QTemporaryDir folder;
 };
 
@@ -74,7 +72,7 @@ private:
 struct Step
 {
     const char *name;
-    std::function<void(H &, const QDir &)> run;
+    std::function<void(H &)> run;
     bool clearingIsLocked = false;
     bool cancelsImport = false;
 };
@@ -83,31 +81,28 @@ struct Step
 const QVector<Step> &actions()
 {
     static const QVector<Step> steps{
-        {"going live", [](H &store, const QDir &) { store.goLive(); }, false, true},
-        {"clearing", [](H &store, const QDir &) { store.clearAllMessages(); }, true, true},
-        {"paging", [](H &store, const QDir &) { store.loadDataFromFile(0); }},
+        {"going live", [](H &store) { store.goLive(); }, false, true},
+        {"clearing", [](H &store) { store.clearAllMessages(); }, true, true},
+        {"paging", [](H &store) { store.loadDataFromFile(0); }},
         {"import of a trace",
-         [](H &store, const QDir &in) {
-             store.importMessages(in.filePath("trace.log"), DatachunkHelper::SocketCanDump);
-         }},
-        {"merging", [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("good.zip")); }},
+         [](H &store) { store.importMessages("trace.log", DatachunkHelper::SocketCanDump); }},
+        {"merging", [](H &s) { s.loadZipMerged("good.zip"); }},
         {"packing",
-         [](H &store, const QDir &in) {
-             store.setZipFileName(in.filePath("packed.zip"));
+         [](H &store) {
+             store.setZipFileName("packed.zip");
              store.saveDatachunksToZip();
          }},
         {"rotation",
-         [](H &store, const QDir &) {
+         [](H &store) {
              for (int i = 0; i < 2 * chunkSize + liveMessages; ++i)
                  store.addnewtestmessage();
          },
          true},
-        {"deletion", [](H &store, const QDir &) { delete &store; }},
+        {"deletion", [](H &store) { delete &store; }},
         // Not by deleteLater(), which shares a word of memory with every signal's emission,
         // unordered.
-        {"deletion ordered", [](H &store, const QDir &) {
-             QTimer::singleShot(0, &store, [&store] { delete &store; });
-         }}};
+        {"deletion ordered",
+         [](H &store) { QTimer::singleShot(0, &store, [&store] { delete &store; }); }}};
     return steps;
 }
 
@@ -115,9 +110,7 @@ const QVector<Step> &actions()
 const QVector<Step> &operations()
 {
     const auto import = [](const char *file, Type type) {
-        return [=](H &store, const QDir &in) {
-            store.importMessages(in.filePath(file), type, QStringLiteral("t n i ? ? l d"));
-        };
+        return [=](H &store) { store.importMessages(file, type, QStringLiteral("t n i ? ? l d")); };
     };
     static const QVector<Step> steps = actions().mid(1, 6)
         + QVector<Step>{
@@ -129,46 +122,39 @@ const QVector<Step> &operations()
             {"import of a chunk without messages", import("empty.dck", DatachunkHelper::ChunkFile)},
             {"import of a newer chunk", import("newer.dck", DatachunkHelper::ChunkFile)},
             {"going live, when paged",
-             [](H &store, const QDir &) {
+             [](H &store) {
                  const QPointer<H> guard(&store);
                  store.loadDataFromFile(0);
                  if (guard)
                      store.goLive();
              }},
             {"clearing during an import",
-             [import](H &store, const QDir &in) {
+             [import](H &store) {
                  const QPointer<H> guard(&store);
                  AtTurn atTurn(0, [guard] {
                      if (guard)
                          guard->clearAllMessages();
                  });
-                 import("trace.log", DatachunkHelper::SocketCanDump)(store, in);
+                 import("trace.log", DatachunkHelper::SocketCanDump)(store);
              },
              true},
-            {"merging newer chunks",
-             [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("newer.zip")); }},
-            {"merging nothing",
-             [](H &s, const QDir &in) { s.loadZipMerged(in.filePath("none.zip")); }},
-            {"merging in the background",
-             [](H &s, const QDir &in) { s.importZipAndMerge(in.filePath("good.zip")); }},
-            {"unpacking", [](H &s, const QDir &in) { s.loadZipFile(in.filePath("good.zip")); }},
-            {"unpacking nothing",
-             [](H &s, const QDir &in) { s.loadZipFile(in.filePath("none.zip")); }},
+            {"merging newer chunks", [](H &s) { s.loadZipMerged("newer.zip"); }},
+            {"merging nothing", [](H &s) { s.loadZipMerged("none.zip"); }},
+            {"merging in the background", [](H &s) { s.importZipAndMerge("good.zip"); }},
+            {"unpacking", [](H &s) { s.loadZipFile("good.zip"); }},
+            {"unpacking nothing", [](H &s) { s.loadZipFile("none.zip"); }},
             {"unpacking in the background", import("good.zip", DatachunkHelper::ZipArchive)},
             {"packing what cannot be read",
-             [](H &store, const QDir &in) {
-                 QFile::link(in.path(), store.chunkFolderPath() + "/other.dck");
+             [](H &store) {
+                 QFile::link(QDir::currentPath(), store.chunkFolderPath() + "/other.dck");
                  QFile(store.chunkFolderPath() + "/tmpData0.dck").setPermissions({});
-                 store.setZipFileName(in.filePath("packed.zip"));
+                 store.setZipFileName("packed.zip");
                  store.saveDatachunksToZip();
              }},
-            {"refused export", [](H &store, const QDir &) { store.exportMessages(QString()); }},
-            {"export to a full disk",
-             [](H &store, const QDir &in) { store.exportMessages(in.filePath("full.dck")); }},
-            {"splitting a newer chunk",
-             [](H &store, const QDir &in) { store.splitFile(in.filePath("newer.dck"), 1); }},
-            {"splitting on a full disk",
-             [](H &store, const QDir &in) { store.splitFile(in.filePath("good.dck"), 2); }}};
+            {"refused export", [](H &store) { store.exportMessages(QString()); }},
+            {"export to a full disk", [](H &store) { store.exportMessages("full.dck"); }},
+            {"splitting a newer chunk", [](H &store) { store.splitFile("newer.dck", 1); }},
+            {"splitting on a full disk", [](H &store) { store.splitFile("good.dck", 2); }}};
     return steps;
 }
 
@@ -197,11 +183,11 @@ void settle(const QPointer<H> &store)
 }
 
 // Shows that a store, if it still exists, works, and ends it.
-QByteArray endStore(const QPointer<H> &store, const QString &trace)
+QByteArray endStore(const QPointer<H> &store)
 {
     if (!store)
         return {};
-    store->importMessages(trace, DatachunkHelper::SocketCanDump);
+    store->importMessages("trace.log", DatachunkHelper::SocketCanDump);
     const unsigned buffer = store->getMaxMessageCount() - 5000;
     if (store->getIsLive() || store->getMessageCount() != (traceMessages - 1) % buffer + 1)
         return "messages were not imported";
@@ -220,22 +206,23 @@ void Hazards::initTestCase()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     countObjects();
-    writeFile(path("trace.log"), candumpLines(0, traceMessages));
-    writeFile(path("empty.log"), "nothing\n");
-    writeFile(path("broken.txt"), "1.0 1 123 Rx d 1 11\n1\n");
-    writeFile(path("good.dck"), chunkBytes(QStringLiteral("1.0"), 0, 3));
-    writeFile(path("empty.dck"), chunkBytes(QStringLiteral("1.0"), 0, 0));
-    writeFile(path("newer.dck"), newerChunkBytes());
+    QVERIFY(QDir::setCurrent(folder.path()));
+    writeFile("trace.log", candumpLines(0, traceMessages));
+    writeFile("empty.log", "nothing\n");
+    writeFile("broken.txt", "1.0 1 123 Rx d 1 11\n1\n");
+    writeFile("good.dck", chunkBytes(QStringLiteral("1.0"), 0, 3));
+    writeFile("empty.dck", chunkBytes(QStringLiteral("1.0"), 0, 0));
+    writeFile("newer.dck", newerChunk());
     for (const GeneratedFormat &format : generatedFormats()) {
         if (format.type == DatachunkHelper::VectorAscWithoutBitcount)
-            writeFile(path("trace.asc"), generateTrace(format, generateTraffic(traceMessages)));
+            writeFile("trace.asc", generateTrace(format, generateTraffic(traceMessages)));
     }
-    QVERIFY(writeArchive(path("good.zip"),
+    QVERIFY(writeArchive("good.zip",
                          {{"a.dck", chunkBytes("1.0", 0, 3)}, {"b.dck", chunkBytes("2.0", 3, 3)}}));
-    QVERIFY(writeArchive(path("newer.zip"), {{"a.dck", newerChunkBytes()}}));
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("full.dck")));
-    QVERIFY(QDir(folder.path()).mkdir("good_splitted"));
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), path("good_splitted/good_0.dck")));
+    QVERIFY(writeArchive("newer.zip", {{"a.dck", newerChunk()}}));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), "full.dck"));
+    QVERIFY(QDir().mkdir("good_splitted"));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), "good_splitted/good_0.dck"));
 }
 
 void Hazards::slotMayDoAnything_data()
@@ -249,7 +236,6 @@ void Hazards::slotMayDoAnything()
 {
     QFETCH(int, operation);
     const Step &step = operations().at(operation);
-    const QDir in(folder.path());
     const ProcessState before = processState();
     for (const Step &action : actions()) {
         bool acted = true;
@@ -259,12 +245,12 @@ void Hazards::slotMayDoAnything()
             QCoreApplication::processEvents();
             {
                 const AtSignal atSignal(*store, n, step.clearingIsLocked,
-                                        [&] { action.run(*store, in); });
-                step.run(*store, in);
+                                        [&] { action.run(*store); });
+                step.run(*store);
                 settle(store);
                 acted = atSignal.hasActed();
             }
-            const QByteArray wrong = endStore(store, path("trace.log"));
+            const QByteArray wrong = endStore(store);
             QVERIFY2(wrong.isEmpty(), action.name + (' ' + QByteArray::number(n)) + ": " + wrong);
         }
     }
@@ -283,9 +269,8 @@ void Hazards::eventOfAnImportMayDoAnything()
     QFETCH(int, format);
     constexpr int turns = 50;
     const GeneratedFormat &generated = generatedFormats().at(format);
-    const QString file = path("generated");
+    const QString file = "generated";
     writeFile(file, generateTrace(generated, generateTraffic(3200)));
-    const QDir in(folder.path());
     for (const Step &action : actions()) {
         bool acted = true;
         for (int turn = 0; acted && turn < turns; ++turn) {
@@ -296,7 +281,7 @@ void Hazards::eventOfAnImportMayDoAnything()
             int dialogs = 0;
             connect(store, &H::showLoadingDialog, this, [&](bool on) { dialogs += on ? 1 : -1; });
             {
-                const AtTurn atTurn(turn, [&] { action.run(*store, in); });
+                const AtTurn atTurn(turn, [&] { action.run(*store); });
                 store->importMessages(file, generated.type, generated.description);
                 acted = atTurn.hasActed();
             }
@@ -307,7 +292,7 @@ void Hazards::eventOfAnImportMayDoAnything()
                 QCOMPARE(dialogs, 0);
             }
             settle(store);
-            const QByteArray wrong = endStore(store, path("trace.log"));
+            const QByteArray wrong = endStore(store);
             QVERIFY2(wrong.isEmpty(),
                      action.name + (' ' + QByteArray::number(turn)) + ": " + wrong);
         }
@@ -325,7 +310,7 @@ void Hazards::packingTakesWholeFilesOnly()
         store.exportAllMessages(QStringLiteral("x.dck"), {});
     };
     for (int i = 0; i < 5; ++i) {
-        const QString archive = folder.filePath(QStringLiteral("%1.zip").arg(i));
+        const QString archive = QStringLiteral("%1.zip").arg(i);
         store.setZipFileName(archive);
         store.setZipAfterSaving(true);
         exportMore(20000);
@@ -335,7 +320,7 @@ void Hazards::packingTakesWholeFilesOnly()
                 return QFile::exists(archive);
             },
             60000));
-        const QString file = path("packed.dck");
+        const QString file = "packed.dck";
         writeFile(file, archiveEntries(archive).value(0).content);
         QVERIFY(sizes.contains(readChunkFile(file).messages.size()));
     }

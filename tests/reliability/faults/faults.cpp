@@ -160,32 +160,27 @@ FAULTY int close(int fd)
     return -1;
 }
 
-#define FAULTY_SYNC(function)                                                                      \
-    FAULTY int function(int fd)                                                                    \
+#define FAULTY_CALL(call, function, parameters, watching, arguments)                               \
+    FAULTY int function parameters                                                                 \
     {                                                                                              \
         REAL(function);                                                                            \
-        return watchOf(fd) != No && fails(Sync) ? -1 : real(fd);                                   \
+        return watching && fails(call) ? -1 : real arguments;                                      \
     }
 
-FAULTY_SYNC(fsync)
-FAULTY_SYNC(fdatasync)
-
-#define FAULTY_PATH(call, function, parameters, arguments)                                         \
-    FAULTY int function parameters noexcept                                                        \
-    {                                                                                              \
-        REAL(function);                                                                            \
-        return isWatched(path) && fails(call) ? -1 : real arguments;                               \
-    }
-
-FAULTY_PATH(Rename, rename, (const char *from, const char *path), (from, path))
-FAULTY_PATH(Rename, renameat2, (int a, const char *from, int b, const char *path, unsigned flags),
-            (a, from, b, path, flags))
-FAULTY_PATH(Rename, link, (const char *from, const char *path), (from, path))
-FAULTY_PATH(Rename, linkat, (int a, const char *from, int b, const char *path, int flags),
-            (a, from, b, path, flags))
-FAULTY_PATH(Unlink, unlink, (const char *path), (path))
-FAULTY_PATH(Unlink, rmdir, (const char *path), (path))
-FAULTY_PATH(Mkdir, mkdir, (const char *path, mode_t mode), (path, mode))
+FAULTY_CALL(Sync, fsync, (int fd), watchOf(fd) != No, (fd))
+FAULTY_CALL(Sync, fdatasync, (int fd), watchOf(fd) != No, (fd))
+FAULTY_CALL(Rename, rename, (const char *from, const char *path) noexcept, isWatched(path),
+            (from, path))
+FAULTY_CALL(Rename, renameat2,
+            (int a, const char *from, int b, const char *path, unsigned flags) noexcept,
+            isWatched(path), (a, from, b, path, flags))
+FAULTY_CALL(Rename, link, (const char *from, const char *path) noexcept, isWatched(path),
+            (from, path))
+FAULTY_CALL(Rename, linkat, (int a, const char *from, int b, const char *path, int flags) noexcept,
+            isWatched(path), (a, from, b, path, flags))
+FAULTY_CALL(Unlink, unlink, (const char *path) noexcept, isWatched(path), (path))
+FAULTY_CALL(Unlink, rmdir, (const char *path) noexcept, isWatched(path), (path))
+FAULTY_CALL(Mkdir, mkdir, (const char *path, mode_t mode) noexcept, isWatched(path), (path, mode))
 
 FAULTY DIR *opendir(const char *path)
 {
