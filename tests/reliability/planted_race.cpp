@@ -9,40 +9,24 @@
 #include <QThread>
 
 #include <cstring>
-
-namespace {
-
-class Appender : public QThread
-{
-public:
-    explicit Appender(DatachunkHandler &store) : store(store) { }
-
-    UnorderedStep step;
-
-private:
-    void run() override
-    {
-        // Within the room that the list has already, so that the race does no harm.
-        store.appendCanMessage(makeMessage(1));
-        step.set(1);
-        step.waitFor(2);
-    }
-
-    DatachunkHandler &store;
-};
-
-} // namespace
+#include <memory>
 
 int main(int argc, char **argv)
 {
     const bool guarded = argc == 2 && std::strcmp(argv[1], "guarded") == 0;
     DatachunkHandler store(20000);
     store.appendCanMessage(makeMessage(0));
-    Appender appender(store);
-    appender.start();
-    appender.step.waitFor(1);
+    UnorderedStep step;
+    const std::unique_ptr<QThread> appender(QThread::create([&] {
+        // Within the room that the list has already, so that the race does no harm.
+        store.appendCanMessage(makeMessage(1));
+        step.set(1);
+        step.waitFor(2);
+    }));
+    appender->start();
+    step.waitFor(1);
     const quint32 id = guarded ? store.messageAt(1).id : store.messageAtPassMutex(1).id;
-    appender.step.set(2);
-    appender.wait();
+    step.set(2);
+    appender->wait();
     return id != 1;
 }

@@ -33,7 +33,6 @@ const StoreDriver::Command StoreDriver::commands[] = {
 };
 
 namespace {
-const QString someTime = QString(12, QChar(unknownTime)) + QStringLiteral(" - ");
 const QString lastChunkName = QStringLiteral("zlastChunk.dck");
 } // namespace
 
@@ -70,12 +69,16 @@ void StoreDriver::append()
     const quint32 threshold = model->maxMessageCount - 5000;
     const int buffer = threshold > 10000000 ? 1000 : int(qMax(threshold, 1u));
     const int most[] = {1, buffer, buffer, buffer * 4};
-    const int burst = 1 + below(most[below(4)]);
-    note(QString::number(burst));
-    for (int i = 0; i < burst; ++i)
+    appendBurst(1 + below(most[below(4)]));
+}
+
+void StoreDriver::appendBurst(int count)
+{
+    note(QString::number(count));
+    for (int i = 0; i < count; ++i)
         store->appendCanMessage(messageOf(model->nextSerial() + quint32(i), MessageRun::Received));
-    model->append(quint32(burst));
-    appended += quint32(burst);
+    model->append(quint32(count));
+    appended += quint32(count);
 }
 
 void StoreDriver::writeNote()
@@ -91,7 +94,7 @@ void StoreDriver::writeNote()
         model->notes[number] = words;
         return;
     }
-    if (below(3) == 0 && !existing.contains(QChar(unknownTime)))
+    if (below(3) == 0)
         words = existing.mid(1); // empty, or contained already
     store->appendMessageNote(number, words);
     if (!existing.contains(words))
@@ -118,9 +121,13 @@ void StoreDriver::writeBookmark()
 
 void StoreDriver::noteNextMessage()
 {
+    if (model->continuousMode)
+        return;
+    goLive();
     const QString words = text();
     store->addMessageNoteToNextMessage(words);
-    model->noteForNext = someTime + someTime + words;
+    appendBurst(1);
+    takeTimedNote(model->live.number + model->live.count - 1, {}, 2, words);
 }
 
 void StoreDriver::noteLastMessage()
@@ -128,10 +135,23 @@ void StoreDriver::noteLastMessage()
     settle();
     const auto view = model->views().first();
     const MessageRun last = view.isEmpty() ? MessageRun() : view.last();
+    const quint32 number = last.count == 0 ? 0 : last.number + last.count - 1;
+    const QString before = model->notes.value(number);
     const QString words = text();
     store->addMessageNoteToLastMessage(words);
-    QString &expected = model->notes[last.count == 0 ? 0 : last.number + last.count - 1];
-    expected = expected.isEmpty() ? someTime + words : expected + " ; " + someTime + words;
+    takeTimedNote(number, before.isEmpty() ? before : before + " ; ", 1, words);
+}
+
+// Makes a note with times of day, which only the store knows, the model's.
+void StoreDriver::takeTimedNote(quint32 number, const QString &before, int times,
+                                const QString &words)
+{
+    const QString note = store->getMessageNote(number);
+    const QString form = QRegularExpression::escape(before)
+        + QStringLiteral("([0-9:.]{12} - ){%1}").arg(times) + words;
+    require(QRegularExpression(QRegularExpression::anchoredPattern(form)).match(note).hasMatch(),
+            QStringLiteral("note with times: ") + note);
+    model->notes[number] = note;
 }
 
 void StoreDriver::pageChunk()

@@ -25,21 +25,12 @@ QString StoreDriver::run(int commandCount, quint64 messages)
     if (firstFailure.isEmpty() && weights != EndingAtOnce)
         settle();
     endStore();
+    if (weights != EndingAtOnce)
+        qInfo("%llu messages appended; %llu found in chunks, %llu removed with theirs before, %llu "
+              "live or on their way at a clearing or an end, or lost by design",
+              appended, verified, lostByBudgetUnseen, lostWithReason);
     compare("messages accounted for:", verified + lostByBudgetUnseen + lostWithReason, appended);
     return firstFailure.isEmpty() ? QString() : commandLog.join('\n') + '\n' + firstFailure;
-}
-
-QString StoreDriver::figures() const
-{
-    return QStringLiteral("%1 messages appended; %2 found in chunks, %3 removed "
-                          "with theirs before "
-                          "they were looked at, %4 live or on their way at a "
-                          "clearing or an end, "
-                          "or lost to a budget of 0 or to continuous mode")
-        .arg(appended)
-        .arg(verified)
-        .arg(lostByBudgetUnseen)
-        .arg(lostWithReason);
 }
 
 void StoreDriver::beginStore()

@@ -33,9 +33,6 @@ public:
     /// the first difference with the last commands; empty when there is none.
     QString run(int commands, quint64 messages);
 
-    /// What became of the messages, for a person to read.
-    QString figures() const;
-
 private:
     struct Command
     {
@@ -49,10 +46,12 @@ private:
     void note(const QString &details) { commandLog.last() += QLatin1Char(' ') + details; }
 
     void append();
+    void appendBurst(int count);
     void writeNote();
     void writeBookmark();
     void noteNextMessage();
     void noteLastMessage();
+    void takeTimedNote(quint32 number, const QString &before, int times, const QString &words);
     void pageChunk();
     void goLive();
     void exportSome();

@@ -1,10 +1,53 @@
 #pragma once
 
-#include "modelfile.h"
+#include "canrxmessage.h"
+#include "chunkformat.h"
 
 #include <QStringList>
+#include <QVector>
 
 #include <vector>
+
+/// Messages in a row whose contents follow from their serial numbers. A serial number is never used
+/// twice, unlike a message number.
+struct MessageRun
+{
+    enum Kind { Received, Imported };
+
+    quint32 serial = 0; ///< of the first message
+    quint32 number = 0; ///< message number of the first message
+    quint32 count = 0;
+    Kind kind = Received;
+
+    /// A default record outside the run.
+    CAN::CanRxMessage at(qint64 position) const;
+};
+
+/// One message of a kind, without its number.
+CAN::CanRxMessage messageOf(quint32 serial, MessageRun::Kind kind);
+
+/// Whether a record is whole: a default one, or the one that its time stamp belongs to.
+bool isWhole(const CAN::CanRxMessage &message);
+
+/// A file that a store has been told to write, or has to read. The form of records and lines is the
+/// library's, which tests of its own compare with bytes and texts.
+struct ModelFile
+{
+    QString name;
+    MessageRun messages;
+    qint64 start = 0;
+    qint64 end = 0;
+    QList<unsigned int> selected;
+    ChunkFormat::Notes notes;
+    ChunkFormat::Bookmarks bookmarks;
+    bool removed = false; ///< by the disk budget
+
+    QVector<CAN::CanRxMessage> records(qint64 from) const;
+    QString timeText() const;
+    bool hasFdFrame() const;
+    QByteArray chunkBytes() const;
+    QString text() const;
+};
 
 /// What a store has to hold, to write and to tell, computed on one thread with plain vectors. Each
 /// operation is the one of the store with the same purpose.
@@ -47,7 +90,6 @@ public:
     quint32 chunkCount = 0;
     quint32 imports; ///< serial number of the next imported message
 
-    QString noteForNext;
     ChunkFormat::Notes notes;
     ChunkFormat::Bookmarks bookmarks;
 

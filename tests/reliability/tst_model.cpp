@@ -27,8 +27,6 @@ QByteArray drive(StoreDriver::Weights weights, quint32 seed, int readers, int co
 {
     StoreDriver driver(seed, weights, readers);
     const QByteArray failure = driver.run(commands, messages).toUtf8();
-    if (weights != StoreDriver::EndingAtOnce)
-        qInfo("seed %u: %s", seed, qPrintable(driver.figures()));
     return failure.isEmpty() ? failure : "DATACHUNK_SEED=" + QByteArray::number(seed) + failure;
 }
 
