@@ -48,8 +48,7 @@ public:
     {
         for (int i = 0; i < told["chunk"].size(); ++i) {
             const quint32 first = quint32(i) * chunkSize;
-            const QString file = folder() + "/tmpData" + told["chunk"].at(i) + ".dck";
-            if (!holds(file, first, first + chunkSize - 1))
+            if (!holds(told["chunk"].at(i), first, first + chunkSize - 1))
                 return false;
         }
         for (int i = 0; i < told["partial"].size(); ++i) {
@@ -91,8 +90,8 @@ int record(const QString &archive, const QString &trace)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     H store(5000 + chunkSize);
     store.setZipFileName(archive);
-    QObject::connect(&store, &H::newDataFile,
-                     [=](quint32 index) { tell("chunk")(QString::number(index)); });
+    const QString chunk = store.chunkFolderPath() + "/tmpData%1.dck";
+    QObject::connect(&store, &H::newDataFile, [=](quint32 i) { tell("chunk")(chunk.arg(i)); });
     QObject::connect(&store, &H::newPartialDataFile, tell("partial"));
     QObject::connect(&store, &H::newErrorMessage, tell("error"));
     tell("folder")(store.chunkFolderPath());
@@ -117,18 +116,6 @@ int record(const QString &archive, const QString &trace)
     return QCoreApplication::exec();
 }
 
-// What is left of a process is named after its chunk folder.
-QMap<QString, QByteArray> filesWithout(const QString &location, const QString &chunkFolder)
-{
-    QMap<QString, QByteArray> others;
-    const QMap<QString, QByteArray> files = filesBelow(location);
-    for (auto file = files.begin(); file != files.end(); ++file) {
-        if (!file.key().startsWith(chunkFolder))
-            others.insert(file.key(), file.value());
-    }
-    return others;
-}
-
 bool isWholeArchive(const QString &fileName, const QString &chunkFolder)
 {
     const QVector<TestEntry> entries = archiveEntries(fileName);
@@ -149,31 +136,41 @@ class Kills : public QObject
     Q_OBJECT
 private slots:
     void init();
-    void cleanup();
     void announcedChunksSurvive();
     void instancesShareNothing_data();
     void instancesShareNothing();
 
 private:
+    void clearLocation();
+    QMap<QString, QByteArray> filesWithout(const QString &chunkFolder) const;
     QString path(const char *name) const { return folder->filePath(QLatin1String(name)); }
 
-    const QString location = qEnvironmentVariable("XDG_DATA_HOME");
     std::unique_ptr<QTemporaryDir> folder;
 };
 
 void Kills::init()
 {
-    cleanup();
     folder = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_DATA_HOME", QFile::encodeName(path("data")));
+    clearLocation();
     writeFile(path("trace.log"), candumpLines(0, traceSize));
 }
 
-void Kills::cleanup()
+void Kills::clearLocation()
 {
-    const QStringList left = QDir(location).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    for (const QString &name : left)
-        QDir(QDir(location).filePath(name)).removeRecursively();
-    QDir(location).mkpath(QStringLiteral("tst_kills/datachunks"));
+    QDir(path("data")).removeRecursively();
+    QDir().mkpath(path("data/tst_kills/datachunks"));
+}
+
+// What is left of a process is named after its chunk folder.
+QMap<QString, QByteArray> Kills::filesWithout(const QString &chunkFolder) const
+{
+    QMap<QString, QByteArray> files = filesBelow(path("data"));
+    for (const QString &name : files.keys()) {
+        if (name.startsWith(chunkFolder))
+            files.remove(name);
+    }
+    return files;
 }
 
 void Kills::announcedChunksSurvive()
@@ -186,7 +183,7 @@ void Kills::announcedChunksSurvive()
         const QByteArray complaint = "KILLS_SEED=" + QByteArray::number(seed + quint32(i));
         std::mt19937 random(seed + quint32(i));
         const QByteArray oldArchive = readFile(path("a.zip"));
-        const QMap<QString, QByteArray> others = filesBelow(location);
+        const QMap<QString, QByteArray> others = filesBelow(path("data"));
         Recorder recorder(path("a.zip"), path("trace.log"));
         QVERIFY2(recorder.waitForChunks(int(random() % 25)), complaint);
         QThread::usleep(random() % 4000);
@@ -194,7 +191,7 @@ void Kills::announcedChunksSurvive()
         recorder.hasEnded();
         const QString own = recorder.folder();
         QVERIFY2(own.isEmpty() || recorder.isKept(), complaint);
-        QVERIFY2(own.isEmpty() || filesWithout(location, own) == others, complaint);
+        QVERIFY2(own.isEmpty() || filesWithout(own) == others, complaint);
         const bool isNew = readFile(path("a.zip")) != oldArchive;
         QVERIFY2(!isNew || isWholeArchive(path("a.zip"), own), complaint);
         for (const char *told : {"chunk", "partial"})
@@ -207,7 +204,7 @@ void Kills::announcedChunksSurvive()
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden),
                  (QStringList{"a.zip", "trace.log"}));
         if (i % 5 == 4)
-            cleanup();
+            clearLocation();
     }
     qInfo() << sum;
     QVERIFY(sum["chunk"] > kills && sum["partial"] > 0 && sum["archive"] > 0);
@@ -230,7 +227,7 @@ void Kills::instancesShareNothing()
     QVERIFY(killed.waitForChunks(3));
     killed.kill();
     QVERIFY(!killed.hasEnded());
-    const QMap<QString, QByteArray> leftovers = filesBelow(location);
+    const QMap<QString, QByteArray> leftovers = filesBelow(path("data"));
 
     Recorder first(path("first.zip"), path("trace.log"));
     QVERIFY(together || first.waitForChunks(3));
@@ -243,11 +240,11 @@ void Kills::instancesShareNothing()
     QVERIFY(one.hasEnded());
     QVERIFY(other.waitForChunks(other.told["chunk"].size() + 6));
     QVERIFY(other.isKept());
-    QCOMPARE(filesWithout(location, other.folder()), leftovers);
+    QCOMPARE(filesWithout(other.folder()), leftovers);
     QVERIFY(killed.isKept());
     other.closeWriteChannel();
     QVERIFY(other.hasEnded());
-    QCOMPARE(filesBelow(location), leftovers);
+    QCOMPARE(filesBelow(path("data")), leftovers);
 }
 
 int main(int argc, char *argv[])

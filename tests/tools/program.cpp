@@ -25,12 +25,17 @@ ProgramResult run(const QString &arguments, const QByteArray &input, const QStri
     return result;
 }
 
-bool succeeds(const QString &arguments)
+QByteArray outputOf(const QString &arguments, const QByteArray &input)
 {
-    const ProgramResult result = run(arguments);
-    if (result.status != 0)
-        qWarning() << arguments << result.errors;
-    return result.status == 0;
+    const ProgramResult result = run(arguments, input);
+    return result.status == 0 ? result.output : "It failed: " + result.errors;
+}
+
+QByteArray errorsOf(const QString &arguments, const QByteArray &input, const QString &limits)
+{
+    const ProgramResult result = run(arguments, input, limits);
+    const bool isRefused = result.status == 1 && result.output.isEmpty();
+    return isRefused ? result.errors : "It printed: " + result.output + result.errors;
 }
 
 QList<int> secondsInChunk(const QString &fileName)

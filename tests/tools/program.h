@@ -24,8 +24,11 @@ QString programPath();
 ProgramResult run(const QString &arguments, const QByteArray &input = {},
                   const QString &limits = {});
 
-/// Whether a run without limits succeeds; says why not.
-bool succeeds(const QString &arguments);
+/// The output of a run that succeeds, and the errors of one that fails without any output; what
+/// else it did, otherwise.
+QByteArray outputOf(const QString &arguments, const QByteArray &input = {});
+QByteArray errorsOf(const QString &arguments, const QByteArray &input = {},
+                    const QString &limits = {});
 
 /// The seconds of all messages in a chunk file, or in lines of the text form.
 QList<int> secondsInChunk(const QString &fileName);

@@ -123,9 +123,8 @@ void TestRecording::anOccupiedFolderIsLeftAlone()
     for (const QString &name : {QStringLiteral("tmpData7.dck"), QStringLiteral("zlastChunk.dck")}) {
         QVERIFY(QDir().mkdir("rec"));
         writeFile("rec/" + name, "precious");
-        const ProgramResult result = run("record --into rec", candumpLines(0, 10));
-        QCOMPARE(result.status, 1);
-        QVERIFY(result.errors.contains("The folder holds a recording already."));
+        QCOMPARE(errorsOf("record --into rec", candumpLines(0, 10)),
+                 "datachunk: rec: The folder holds a recording already.\n");
         QCOMPARE(namesIn("rec"), QStringList(name));
         QVERIFY(QDir("rec").removeRecursively());
     }
@@ -177,8 +176,8 @@ void TestRecording::framesComeFromAPlugin()
     process.terminate();
     QTRY_COMPARE(process.state(), QProcess::NotRunning);
     QCOMPARE(process.exitCode(), 0);
-    const ProgramResult dump = run("dump rec/tmpData0.dck --line 1 --id 123");
-    QVERIFY2(dump.output.contains("(2): 11 22 ;0;"), dump.output + dump.errors);
+    const QByteArray dump = outputOf("dump rec/tmpData0.dck --line 1 --id 123");
+    QVERIFY2(dump.contains("(2): 11 22 ;0;"), dump);
 }
 
 QTEST_GUILESS_MAIN(TestRecording)
