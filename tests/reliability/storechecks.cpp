@@ -54,7 +54,7 @@ void StoreDriver::connectStore()
     // The pool tells of what it does as well, and at times of its own.
     const auto start = [this] {
         if (QThread::currentThread() == thread())
-            told += QStringLiteral("start");
+            told += "start";
         else
             ++switchStarts;
     };
@@ -92,7 +92,7 @@ void StoreDriver::check()
 {
     compare("told", std::exchange(told, {}), model->takeDue());
     compare("live:", store->getIsLive(), model->isLive);
-    require(!sawTorn, QStringLiteral("a reader saw a message that nobody appended"));
+    require(!sawTorn, "a reader saw a message that nobody appended");
     checkView();
     checkNotes();
 }
@@ -126,7 +126,7 @@ void StoreDriver::checkLines(const QVector<MessageRun> &view)
     for (quint32 i = 0; i < sizeOf(view); ++i)
         lines.insert(static_cast<unsigned char>(messageIn(view, i).line));
     compare("lines", store->getLines(), lines);
-    require(toldLines.contains(lines), QStringLiteral("a line was not told"));
+    require(toldLines.contains(lines), "a line was not told");
 }
 
 void StoreDriver::checkNotes()
@@ -136,8 +136,7 @@ void StoreDriver::checkNotes()
         const quint32 number = i == 0 ? quint32(below(1000)) : noted.at(below(noted.size()));
         compare("note", store->getMessageNote(number), model->notes.value(number));
     }
-    require(!bookmarks || bookmarks->bookmarks() == model->bookmarks,
-            QStringLiteral("the bookmarks are wrong"));
+    require(!bookmarks || bookmarks->bookmarks() == model->bookmarks, "the bookmarks are wrong");
 }
 
 void StoreDriver::chunkAnnounced(quint32 index, const QString &time)
@@ -145,13 +144,13 @@ void StoreDriver::chunkAnnounced(quint32 index, const QString &time)
     const auto position = std::size_t(toldChunks++);
     const QString name = QStringLiteral("tmpData%1.dck").arg(index);
     if (position >= model->chunks.size() || model->chunks[position].name != name)
-        return require(false, name + QStringLiteral(" was announced at the wrong time"));
+        return require(false, name + " was announced at the wrong time");
     const ModelFile &chunk = model->chunks[position];
     compare("announced", time, chunk.timeText());
     // A second name keeps the file of a chunk that may be removed at any moment.
-    const QString kept = QFileInfo(store->chunkFolderPath()).path() + QStringLiteral("/kept.dck");
+    const QString kept = QFileInfo(store->chunkFolderPath()).path() + "/kept.dck";
     if (link(qPrintable(inChunkFolder(name)), qPrintable(kept)) != 0) {
-        require(chunk.removed, name + QStringLiteral(" is missing"));
+        require(chunk.removed, name + " is missing");
         lostByBudgetUnseen += chunk.messages.count;
         return;
     }
@@ -162,7 +161,7 @@ void StoreDriver::chunkAnnounced(quint32 index, const QString &time)
 
 void StoreDriver::checkChunk(const ModelFile &expected, const QString &path)
 {
-    require(isWritten(expected, path), expected.name + QStringLiteral(" is not as expected"));
+    require(isWritten(expected, path), expected.name + " is not as expected");
 }
 
 void StoreDriver::checkExports()
@@ -172,7 +171,7 @@ void StoreDriver::checkExports()
         // Without the store all files are complete, and those in its own folder are gone.
         if (store || QFileInfo(exported.name).path() == folder.path())
             require(store ? QTest::qWaitFor(isDone) : isDone(),
-                    exported.name + QStringLiteral(" is not as ordered"));
+                    exported.name + " is not as ordered");
         if (QFileInfo(exported.name).path() == folder.path())
             QFile::remove(exported.name);
     }

@@ -33,7 +33,7 @@ const StoreDriver::Command StoreDriver::commands[] = {
 };
 
 namespace {
-const QString lastChunkName = QStringLiteral("zlastChunk.dck");
+const QString lastChunkName = "zlastChunk.dck";
 } // namespace
 
 const StoreDriver::Command &StoreDriver::anyCommand()
@@ -150,7 +150,7 @@ void StoreDriver::takeTimedNote(quint32 number, const QString &before, int times
     const QString form = QRegularExpression::escape(before)
         + QStringLiteral("([0-9:.]{12} - ){%1}").arg(times) + words;
     require(QRegularExpression(QRegularExpression::anchoredPattern(form)).match(note).hasMatch(),
-            QStringLiteral("note with times: ") + note);
+            "note with times: " + note);
     model->notes[number] = note;
 }
 
@@ -208,7 +208,7 @@ void StoreDriver::exportLastChunk()
     // An earlier one, with the same messages perhaps, must not be taken for it.
     if (model->live.count != 0)
         QFile::remove(file);
-    store->exportAllMessages(QStringLiteral("x.dck"), options(withNotes));
+    store->exportAllMessages("x.dck", options(withNotes));
     model->exportMessages(file, withNotes, {});
     if (model->live.count != 0)
         lastChunk = std::make_unique<ModelFile>(model->exports.back());
@@ -265,7 +265,7 @@ void StoreDriver::import()
 {
     const int buffer = int(qBound(1u, model->maxMessageCount - 5000, 2000u));
     const int count = below(5) == 0 ? 0 : 1 + below(buffer * 3);
-    const QString file = newFile(QStringLiteral(".log"));
+    const QString file = newFile(".log");
     QByteArray lines("no frame\n");
     for (int i = 0; i < count; ++i) {
         const CAN::CanRxMessage m = messageOf(model->imports + quint32(i), MessageRun::Imported);
@@ -285,13 +285,12 @@ void StoreDriver::import()
 void StoreDriver::pack()
 {
     settle();
-    archiveName = newFile(QStringLiteral(".zip"));
+    archiveName = newFile(".zip");
     store->setZipFileName(archiveName);
     if (below(2) == 0 && model->live.count != 0) {
         store->setZipAfterSaving(true);
         exportLastChunk();
-        require(QTest::qWaitFor([this] { return QFile::exists(archiveName); }),
-                QStringLiteral("no archive came"));
+        require(QTest::qWaitFor([this] { return QFile::exists(archiveName); }), "no archive came");
     } else {
         store->saveDatachunksToZip();
     }

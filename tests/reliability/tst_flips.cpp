@@ -20,19 +20,13 @@ private slots:
 
 namespace {
 
-QByteArray sampleChunk()
-{
-    return chunkBytes(QStringLiteral("1.000000"), 4, 2, {{4, QStringLiteral("a")}, {5, {}}},
-                      {{5, CanMessageBookmark(5, QStringLiteral("m"))}});
-}
-
 QByteArray sampleArchive()
 {
     QTemporaryDir folder;
-    const QString zip = folder.filePath(QStringLiteral("a.zip"));
-    writeArchive(zip,
-                 {{QStringLiteral("a.dck"), chunkBytes(QStringLiteral("1.0"), 10, 2), true},
-                  {QStringLiteral("b.dck"), chunkBytes(QStringLiteral("2.0"), 20, 2), false}});
+    const QString zip = folder.filePath("a.zip");
+    writeArchive(
+        zip,
+        {{"a.dck", chunkBytes("1.0", 10, 2), true}, {"b.dck", chunkBytes("2.0", 20, 2), false}});
     return readFile(zip);
 }
 
@@ -65,7 +59,8 @@ QSet<quint32> mergedNumbers(const QByteArray &archive)
 void Flips::anyDamageDoesNoMore_data()
 {
     QTest::addColumn<QByteArray>("whole");
-    const QByteArray chunk = sampleChunk();
+    const QByteArray chunk =
+        chunkBytes("1.000000", 4, 2, {{4, "a"}, {5, {}}}, {{5, CanMessageBookmark(5, "m")}});
     QTest::newRow("chunkload") << chunk;
     QTest::newRow("chunkappend") << chunk;
     QTest::newRow("chunksplit") << '\1' + chunk;
@@ -80,11 +75,10 @@ void Flips::anyDamageDoesNoMore()
     // and Qt rounds that up.
     constexpr qint64 roomForText = 4 * 1024 * 1024 + 64 * 1024;
     QFETCH(QByteArray, whole);
-    FuzzTarget target;
-    for (const FuzzTarget &known : fuzzTargets()) {
-        if (known.name == QLatin1String(QTest::currentDataTag()))
-            target = known;
-    }
+    const auto targets = fuzzTargets();
+    const FuzzTarget &target = *std::find_if(targets.begin(), targets.end(), [](const auto &known) {
+        return known.name == QLatin1String(QTest::currentDataTag());
+    });
     target.run(whole);
     const qint64 limit = 2 * memoryToRun(target, whole) + roomForText;
     for (int size = 0; size < whole.size(); ++size)

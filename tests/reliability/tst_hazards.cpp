@@ -110,7 +110,7 @@ const QVector<Step> &actions()
 const QVector<Step> &operations()
 {
     const auto import = [](const char *file, Type type) {
-        return [=](H &store) { store.importMessages(file, type, QStringLiteral("t n i ? ? l d")); };
+        return [=](H &store) { store.importMessages(file, type, "t n i ? ? l d"); };
     };
     static const QVector<Step> steps = actions().mid(1, 6)
         + QVector<Step>{
@@ -164,7 +164,7 @@ H *newStore(int buffer)
     auto *const store = new H(unsigned(5000 + buffer));
     for (int i = 0; i < buffer + liveMessages; ++i)
         store->addnewtestmessage();
-    store->setMessageNote(unsigned(buffer), QStringLiteral("live"));
+    store->setMessageNote(unsigned(buffer), "live");
     return store;
 }
 
@@ -204,14 +204,14 @@ QByteArray endStore(const QPointer<H> &store)
 
 void Hazards::initTestCase()
 {
-    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+    QLoggingCategory::setFilterRules("*.debug=false");
     countObjects();
     QVERIFY(QDir::setCurrent(folder.path()));
     writeFile("trace.log", candumpLines(0, traceMessages));
     writeFile("empty.log", "nothing\n");
     writeFile("broken.txt", "1.0 1 123 Rx d 1 11\n1\n");
-    writeFile("good.dck", chunkBytes(QStringLiteral("1.0"), 0, 3));
-    writeFile("empty.dck", chunkBytes(QStringLiteral("1.0"), 0, 0));
+    writeFile("good.dck", chunkBytes("1.0", 0, 3));
+    writeFile("empty.dck", chunkBytes("1.0", 0, 0));
     writeFile("newer.dck", newerChunk());
     for (const GeneratedFormat &format : generatedFormats()) {
         if (format.type == DatachunkHelper::VectorAscWithoutBitcount)
@@ -220,9 +220,9 @@ void Hazards::initTestCase()
     QVERIFY(writeArchive("good.zip",
                          {{"a.dck", chunkBytes("1.0", 0, 3)}, {"b.dck", chunkBytes("2.0", 3, 3)}}));
     QVERIFY(writeArchive("newer.zip", {{"a.dck", newerChunk()}}));
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), "full.dck"));
+    QVERIFY(QFile::link("/dev/full", "full.dck"));
     QVERIFY(QDir().mkdir("good_splitted"));
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), "good_splitted/good_0.dck"));
+    QVERIFY(QFile::link("/dev/full", "good_splitted/good_0.dck"));
 }
 
 void Hazards::slotMayDoAnything_data()
@@ -307,7 +307,7 @@ void Hazards::packingTakesWholeFilesOnly()
         for (int number = 0; number < count; ++number)
             store.appendCanMessage(makeMessage(quint32(number), 64));
         sizes.insert(int(store.getMessageCount()));
-        store.exportAllMessages(QStringLiteral("x.dck"), {});
+        store.exportAllMessages("x.dck", {});
     };
     for (int i = 0; i < 5; ++i) {
         const QString archive = QStringLiteral("%1.zip").arg(i);
