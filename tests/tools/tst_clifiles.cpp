@@ -146,8 +146,8 @@ void TestCliFiles::nothingIsOverwritten_data()
                                    << "taken";
     QTest::newRow("merged trace") << "merge day.zip --to taken.dck"
                                   << "taken.dck";
-    QTest::newRow("one imported chunk") << "import day.log --into place"
-                                        << "place/day_7.dck";
+    QTest::newRow("one imported chunk") << "import day.log --into ."
+                                        << "day_7.dck";
     QTest::newRow("one unpacked chunk") << "unpack day.zip --into place"
                                         << "place/day_2.dck";
 }
