@@ -123,10 +123,10 @@ void StoreDriver::noteNextMessage()
 {
     if (model->continuousMode)
         return;
-    goLive();
     const QString words = text();
     store->addMessageNoteToNextMessage(words);
     appendBurst(1);
+    goLive(); // where it can be seen
     takeTimedNote(model->live.number + model->live.count - 1, {}, 2, words);
 }
 
