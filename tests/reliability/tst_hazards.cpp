@@ -212,14 +212,14 @@ void Hazards::initTestCase()
     writeFile("broken.txt", "1.0 1 123 Rx d 1 11\n1\n");
     writeFile("good.dck", chunkBytes("1.0", 0, 3));
     writeFile("empty.dck", chunkBytes("1.0", 0, 0));
-    writeFile("newer.dck", newerChunk());
+    writeFile("newer.dck", newerChunkBytes());
     for (const GeneratedFormat &format : generatedFormats()) {
         if (format.type == DatachunkHelper::VectorAscWithoutBitcount)
             writeFile("trace.asc", generateTrace(format, generateTraffic(traceMessages)));
     }
     QVERIFY(writeArchive("good.zip",
                          {{"a.dck", chunkBytes("1.0", 0, 3)}, {"b.dck", chunkBytes("2.0", 3, 3)}}));
-    QVERIFY(writeArchive("newer.zip", {{"a.dck", newerChunk()}}));
+    QVERIFY(writeArchive("newer.zip", {{"a.dck", newerChunkBytes()}}));
     QVERIFY(QFile::link("/dev/full", "full.dck"));
     QVERIFY(QDir().mkdir("good_splitted"));
     QVERIFY(QFile::link("/dev/full", "good_splitted/good_0.dck"));
