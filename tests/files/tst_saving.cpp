@@ -18,7 +18,7 @@ private slots:
     void workerReports();
     void budgetRemovesTheOldestChunk();
     void workerGoesByTheCurrentVersion();
-    void textsOfOddMessages();
+    void textsOfMessages();
     void aDiskThatFillsUpIsTold();
     void fullDiskIsToldOncePerContinuousOutput();
 };
@@ -121,13 +121,19 @@ void SavingTest::workerGoesByTheCurrentVersion()
     }
 }
 
-void SavingTest::textsOfOddMessages()
+void SavingTest::textsOfMessages()
 {
     const auto lineOf = [](const CAN::CanRxMessage &message) {
         const ChunkFormat::Notes notes{{0, QStringLiteral("a;b\n")}};
         SaveFileWorker worker(QString(), nullptr, Type::CurrentMessages, 0, 0, notes, {}, 0, {});
         return worker.getOldStyleTxtOutput(message);
     };
+    CAN::CanRxMessage fdFrame = withTime(makeMessage(0x123, "01abff"), 5, 42);
+    fdFrame.fdFrame = fdFrame.flagB = true;
+    QCOMPARE(lineOf(fdFrame), "   5.000042 0x123/291  (3): 01 ab ff ;10;a;b\n\n");
+    CAN::CanRxMessage remote = makeMessage(7, "1122");
+    remote.remote = remote.flagC = true;
+    QCOMPARE(lineOf(remote), "   0.000000 0x007/7    (2): Remote Transmission Request;4;a;b\n\n");
     CAN::CanRxMessage negativeLength;
     negativeLength.length = -3;
     QCOMPARE(lineOf(withTime(makeMessage(0x18FF50E5), 12345, 0)),
