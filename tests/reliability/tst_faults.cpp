@@ -22,6 +22,7 @@ private slots:
     void everyFaultIsSurvived_data();
     void everyFaultIsSurvived();
     void everyCallWasMet();
+    void storeMayBeDeletedByAJobOfItsOwnThread();
 
 private:
     bool survives(Scene &scene, const Operation &operation, const Fault &fault);
@@ -166,6 +167,19 @@ void FaultsTest::everyCallWasMet()
     QCOMPARE(callsMet.size(), callRows(threads).size());
     qInfo("%d cases, the slowest took %lld ms", cases, slowest);
     QVERIFY(slowest < 5000 || !isFullSweep());
+}
+
+void FaultsTest::storeMayBeDeletedByAJobOfItsOwnThread()
+{
+    const QPointer<DatachunkHandler> store(new DatachunkHandler(20000));
+    connect(store, &DatachunkHandler::zipFileLoaded, this, [&store] {
+        store->importZipAndMerge(QStringLiteral("none.zip")); // waits, and is never done
+        delete store.data();
+    });
+    Faults::arm({Faults::Thread, EAGAIN, 1, true});
+    store->importMessages(QStringLiteral("none.zip"), DatachunkHelper::ZipArchive);
+    QVERIFY(Faults::disarm());
+    QVERIFY(store.isNull());
 }
 
 int main(int argc, char *argv[])

@@ -275,6 +275,8 @@ void Hazards::eventOfAnImportMayDoAnything()
         bool acted = true;
         for (int turn = 0; acted && turn < turns; ++turn) {
             const QPointer<H> store(newStore(1500));
+            // While the pool tells of the rotation, nobody may connect: Qt does not order that.
+            QThreadPool::globalInstance()->waitForDone();
             QStringList imported;
             connect(store, &H::messagesImported, this,
                     [&imported](const QString &name) { imported.append(name); });
