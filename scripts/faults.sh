@@ -5,7 +5,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 run_test() {
-    "$project/tests/support/fresh-home.sh" "$project/build/dev/tests/tst_$1" "${@:2}" 2>&1 |
+    "$project/tests/support/fresh-home.sh" "$project/build/dev/tests/tst_$1" "${@:2}" -maxwarnings 0 2>&1 |
         grep -E '^(FAIL|QINFO|XPASS|   Loc|Totals|The test left|/)'
 }
 
