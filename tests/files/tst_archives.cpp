@@ -182,9 +182,30 @@ void TestArchives::namesAreChecked_data()
     QTest::newRow("256 bytes") << QByteArray(252, 'x') + ".dck" << false;
     QTest::newRow("zero character") << QByteArray("a.dck\0/../b.dck", 15) << false;
     QTest::newRow("only a zero character") << QByteArray("\0dck", 4) << false;
-    for (const char *name :
-         {"../evil.dck", "/evil.dck", "folder/a.dck", "..\\evil.dck", "\\\\server\\share\\evil.dck",
-          "C:/evil.dck", "/dck", "\\dck", "../chunks/tmpData0.dck", "a.dck/b.dck"})
+    for (const char *name : {"../evil.dck",
+                             "/evil.dck",
+                             "folder/a.dck",
+                             "..\\evil.dck",
+                             "\\\\server\\share\\evil.dck",
+                             "C:/evil.dck",
+                             "/dck",
+                             "\\dck",
+                             "../chunks/tmpData0.dck",
+                             "a.dck/b.dck",
+                             "../../evil.dck",
+                             "a/../../evil.dck",
+                             "a\\..\\..\\evil.dck",
+                             "//evil.dck",
+                             "C:\\evil.dck",
+                             "./evil.dck",
+                             "~/evil.dck",
+                             "$HOME/evil.dck",
+                             "file:///evil.dck",
+                             "....//....//evil.dck",
+                             "../chunks/trace/evil.dck",
+                             "/proc/self/cwd/evil.dck",
+                             "../trace.zip/dck",
+                             "a//b.dck"})
         QTest::newRow(name) << QByteArray(name) << false;
     for (const char *name : {"tmpData0.dck", "dck", "..dck", ".dck", "-rf.dck", "%1.dck",
                              "a\nb.dck", "%2e%2e%2fevil.dck", "C:evil.dck", "~.dck", " .dck"})
@@ -252,6 +273,8 @@ void TestArchives::bombsDoNoHarm_data()
     row("entries that share their bytes", withRepeatedEntry(archiveOf({{"a.dck", zeros}}), 1000),
         Outcome::Done, zeros.size() / 23 + 1, -1);
     row("very many equal names", withRepeatedEntry(one, 12000), Outcome::Done, 1, 12000);
+    row("an archive within an archive", archiveOf({{"a.dck", archiveOf({{"b.dck", zeros}})}, good}),
+        Outcome::Done, 1, 2);
     row("nothing but zeros", archiveOf({{"a.dck", zeros}, good}), Outcome::Done,
         (zeros.size() - 8 + 22) / 23 + 1, 2);
     row("4 billion notes", archiveOf({{"a.dck", head + "\xff\xff\xff\xff" + zeros}, good}),
