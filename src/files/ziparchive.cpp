@@ -26,7 +26,7 @@ qint64 boundedClaim(quint64 claim, qint64 bound)
     return qint64(std::min(claim, quint64(bound)));
 }
 
-bool openArchive(RegularFile &file, QuaZip &zip)
+bool openArchive(ArchiveFile &file, QuaZip &zip)
 {
     return file.openForReading() && zip.open(QuaZip::mdUnzip) && zip.goToFirstFile();
 }
@@ -84,6 +84,18 @@ qint64 EntryDevice::checkEnd()
 qint64 EntryDevice::writeData(const char *, qint64)
 {
     return -1;
+}
+
+bool ArchiveFile::openForReading()
+{
+    const bool opened = RegularFile::openForReading();
+    end = size();
+    return opened;
+}
+
+qint64 ArchiveFile::readData(char *data, qint64 maxSize)
+{
+    return pos() < end ? RegularFile::readData(data, maxSize) : 0;
 }
 
 Reader::Reader(const QString &fileName)

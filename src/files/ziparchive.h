@@ -73,6 +73,21 @@ private:
     bool overLimit = false;
 };
 
+/// Knows its end: a directory may claim fields far behind it, which are looked for byte by byte.
+class ArchiveFile : public RegularFile
+{
+public:
+    using RegularFile::RegularFile;
+
+    bool openForReading();
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override;
+
+private:
+    qint64 end = 0;
+};
+
 /// An archive that is read.
 class Reader
 {
@@ -97,7 +112,7 @@ public:
     std::unique_ptr<EntryDevice> open(const Entry &entry, const KeepGoing &keepGoing) const;
 
 private:
-    RegularFile file;
+    ArchiveFile file;
     const std::unique_ptr<QuaZip> zip;
     const bool opened;
 };
