@@ -1,25 +1,12 @@
 #include "savequeue.h"
 
-#include "taskqueue.h"
-
 #include <QMutexLocker>
 
 #include <climits>
 #include <utility>
 
-class SaveQueue::Thread : public QThread
-{
-public:
-    explicit Thread(SaveQueue &queue) : queue(queue) { }
-
-private:
-    void run() override { queue.work(); }
-
-    SaveQueue &queue;
-};
-
 SaveQueue::SaveQueue(std::function<void(SaveJob &)> run)
-    : run(std::move(run)), thread(std::make_unique<Thread>(*this))
+    : run(std::move(run)), thread([this] { work(); })
 {
 }
 
@@ -27,7 +14,7 @@ SaveQueue::~SaveQueue()
 {
     resume();
     waitForAll();
-    thread->wait();
+    thread.wait();
 }
 
 void SaveQueue::add(const SharedSaveJob &job)
@@ -45,7 +32,7 @@ bool SaveQueue::start()
             return true;
         working = true;
     }
-    if (startAgain(*thread, QThread::LowestPriority))
+    if (thread.startAgain(QThread::LowestPriority))
         return true;
     work();
     return false;

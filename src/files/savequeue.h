@@ -1,14 +1,13 @@
 #pragma once
 
+#include "repeatablethread.h"
 #include "savejob.h"
 
 #include <QMutex>
-#include <QThread>
 #include <QWaitCondition>
 
 #include <deque>
 #include <functional>
-#include <memory>
 
 /// Runs save jobs one after the other, in the order in which they came, on a thread of its own
 /// that lives while there is work. All operations may be called from any thread.
@@ -44,14 +43,12 @@ public:
     void waitForAll();
 
 private:
-    class Thread;
-
     void work();
     bool takeNext(SharedSaveJob &job);
 
     const std::function<void(SaveJob &)> run;
-    QMutex startMutex;               // held while the thread is being started or joined
-    std::unique_ptr<QThread> thread; // guarded by startMutex
+    QMutex startMutex;       // held while the thread is being started or joined
+    RepeatableThread thread; // guarded by startMutex
 
     // Guarded by mutex.
     QMutex mutex;

@@ -6,14 +6,6 @@
 #include <deque>
 #include <utility>
 
-bool startAgain(QThread &thread, QThread::Priority priority)
-{
-    // An earlier run may still be on its way out.
-    thread.wait();
-    thread.start(priority);
-    return thread.isRunning() || thread.isFinished();
-}
-
 struct TaskQueue::Tasks
 {
     /// False when somebody works already, or nobody shall any more.
@@ -59,20 +51,7 @@ struct TaskQueue::Tasks
     bool stopped = false;
 };
 
-class TaskQueue::Thread : public QThread
-{
-public:
-    explicit Thread(Tasks &tasks) : tasks(tasks) { }
-
-private:
-    void run() override { tasks.work(); }
-
-    Tasks &tasks;
-};
-
-TaskQueue::TaskQueue() : tasks(std::make_shared<Tasks>()), thread(std::make_unique<Thread>(*tasks))
-{
-}
+TaskQueue::TaskQueue() : tasks(std::make_shared<Tasks>()), thread([this] { tasks->work(); }) { }
 
 TaskQueue::~TaskQueue()
 {
@@ -87,7 +66,7 @@ void TaskQueue::run(std::function<void()> task)
     bool started = false;
     {
         const QMutexLocker startLocker(&startMutex);
-        started = startAgain(*thread);
+        started = thread.startAgain();
     }
     if (!started)
         ours->work();
@@ -97,5 +76,5 @@ void TaskQueue::stop()
 {
     tasks->stop();
     const QMutexLocker startLocker(&startMutex);
-    thread->wait();
+    thread.wait();
 }

@@ -1,13 +1,11 @@
 #pragma once
 
+#include "repeatablethread.h"
+
 #include <QMutex>
-#include <QThread>
 
 #include <functional>
 #include <memory>
-
-/// Starts a thread that may have run before. False when the system has no thread to give.
-bool startAgain(QThread &thread, QThread::Priority priority = QThread::InheritPriority);
 
 /// Runs functions one after the other, in the order in which they came, on a thread of its own
 /// that lives while there is work. A thread pool would do, were it not for a thread that cannot be
@@ -26,9 +24,8 @@ public:
 
 private:
     struct Tasks;
-    class Thread;
 
     const std::shared_ptr<Tasks> tasks; // outlives the queue where a task destroys it
     QMutex startMutex;                  // held while the thread is being started
-    const std::unique_ptr<QThread> thread;
+    RepeatableThread thread;
 };

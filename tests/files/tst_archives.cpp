@@ -7,7 +7,6 @@
 #include <quazip.h>
 #include <quazipfileinfo.h>
 
-#include <QtEndian>
 #include <QtTest>
 
 using namespace ChunkArchive;
@@ -30,51 +29,6 @@ constexpr int slowdown = 1;
 #endif
 
 constexpr auto allEntries = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-
-// An entry of the archive's directory begins with the first of these, and what ends the archive
-// with the second. Their fields lie at fixed distances.
-const QByteArray directoryMark("PK\x01\x02");
-const QByteArray endMark("PK\x05\x06");
-constexpr int claimedSizeOffset = 24;
-constexpr int attributesOffset = 38;
-constexpr int entryCountOffsets[] = {8, 10};
-constexpr int directorySizeOffset = 12;
-
-void setInDirectory(QByteArray &archive, int offset, quint32 value)
-{
-    qToLittleEndian(value, archive.data() + archive.indexOf(directoryMark) + offset);
-}
-
-QByteArray withClaimedSize(QByteArray archive, quint32 size)
-{
-    setInDirectory(archive, claimedSizeOffset, size);
-    return archive;
-}
-
-QByteArray withClaimedEntries(QByteArray archive, quint16 count)
-{
-    for (const int offset : entryCountOffsets)
-        qToLittleEndian(count, archive.data() + archive.lastIndexOf(endMark) + offset);
-    return archive;
-}
-
-// The one entry of an archive as often as told.
-QByteArray withRepeatedEntry(const QByteArray &archive, int count)
-{
-    const int start = archive.indexOf(directoryMark);
-    const QByteArray entry = archive.mid(start, archive.lastIndexOf(endMark) - start);
-    QByteArray end = archive.mid(start + entry.size());
-    qToLittleEndian(quint32(entry.size() * count), end.data() + directorySizeOffset);
-    return withClaimedEntries(archive.left(start) + entry.repeated(count) + end, quint16(count));
-}
-
-QByteArray archiveOf(const QVector<TestEntry> &entries)
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath("a.zip");
-    writeArchive(path, entries);
-    return readFile(path);
-}
 
 } // namespace
 
@@ -220,9 +174,7 @@ void TestArchives::namesAreChecked()
     QVERIFY(writeArchive(zip(), {{placeholder, chunkBytes("1.000000", 1, 1)}}));
     QByteArray archive = readFile(zip()).replace(placeholder.toUtf8(), name);
     // The entry says that it is a link, which must not become one.
-    constexpr quint32 linkMode = 0120777;
-    setInDirectory(archive, attributesOffset, linkMode << 16);
-    writeFile(zip(), archive);
+    writeFile(zip(), withLink(archive));
     QCOMPARE(mergedNumbers().size(), int(accepted));
     QCOMPARE(unpackedNames(zip()), accepted ? QStringList(name) : QStringList());
     QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));

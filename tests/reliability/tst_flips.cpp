@@ -22,12 +22,8 @@ namespace {
 
 QByteArray sampleArchive()
 {
-    QTemporaryDir folder;
-    const QString zip = folder.filePath("a.zip");
-    writeArchive(
-        zip,
+    return archiveOf(
         {{"a.dck", chunkBytes("1.0", 10, 2), true}, {"b.dck", chunkBytes("2.0", 20, 2), false}});
-    return readFile(zip);
 }
 
 QByteArray flipped(QByteArray bytes, int bit)

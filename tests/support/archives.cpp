@@ -1,11 +1,36 @@
 #include "archives.h"
 
 #include "messages.h"
+#include "storefixture.h"
 #include "ziparchive.h"
 
 #include <quazip.h>
 #include <quazipfile.h>
 #include <quazipnewinfo.h>
+
+#include <QTemporaryDir>
+#include <QtEndian>
+
+#include <utility>
+
+namespace {
+
+// An entry of the archive's directory begins with the first of these, and what ends the archive
+// with the second. Their fields lie at fixed distances.
+const QByteArray directoryMark("PK\x01\x02");
+const QByteArray endMark("PK\x05\x06");
+constexpr int claimedSizeOffset = 24;
+constexpr int attributesOffset = 38;
+constexpr int entryCountOffsets[] = {8, 10};
+constexpr int directorySizeOffset = 12;
+
+QByteArray withField(QByteArray archive, int offset, quint32 value)
+{
+    qToLittleEndian(value, archive.data() + archive.indexOf(directoryMark) + offset);
+    return archive;
+}
+
+} // namespace
 
 bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries)
 {
@@ -20,6 +45,42 @@ bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries)
     }
     zip.close();
     return good && zip.getZipError() == 0;
+}
+
+QByteArray archiveOf(const QVector<TestEntry> &entries)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.zip"));
+    writeArchive(path, entries);
+    return readFile(path);
+}
+
+QByteArray withClaimedSize(QByteArray archive, quint32 size)
+{
+    return withField(std::move(archive), claimedSizeOffset, size);
+}
+
+QByteArray withLink(QByteArray archive)
+{
+    constexpr quint32 mode = 0120777;
+    return withField(std::move(archive), attributesOffset, mode << 16);
+}
+
+QByteArray withClaimedEntries(QByteArray archive, quint16 count)
+{
+    for (const int offset : entryCountOffsets)
+        qToLittleEndian(count, archive.data() + archive.lastIndexOf(endMark) + offset);
+    return archive;
+}
+
+// The one entry of an archive as often as told.
+QByteArray withRepeatedEntry(const QByteArray &archive, int count)
+{
+    const int start = archive.indexOf(directoryMark);
+    const QByteArray entry = archive.mid(start, archive.lastIndexOf(endMark) - start);
+    QByteArray end = archive.mid(start + entry.size());
+    qToLittleEndian(quint32(entry.size() * count), end.data() + directorySizeOffset);
+    return withClaimedEntries(archive.left(start) + entry.repeated(count) + end, quint16(count));
 }
 
 QVector<TestEntry> archiveEntries(const QString &fileName)

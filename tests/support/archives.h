@@ -17,6 +17,16 @@ struct TestEntry
 /// Writes an archive as other programs might.
 bool writeArchive(const QString &fileName, const QVector<TestEntry> &entries);
 
+/// The bytes of such an archive.
+QByteArray archiveOf(const QVector<TestEntry> &entries);
+
+// What a hostile archive may say of itself, of its first entry where it is about one.
+QByteArray withClaimedSize(QByteArray archive, quint32 size);
+QByteArray withClaimedEntries(QByteArray archive, quint16 count);
+QByteArray withLink(QByteArray archive); ///< that it is a symbolic link
+/// The one entry of an archive as often as told, all sharing the same bytes.
+QByteArray withRepeatedEntry(const QByteArray &archive, int count);
+
 /// What an archive holds, in its order; a damaged entry has no content.
 QVector<TestEntry> archiveEntries(const QString &fileName);
 
