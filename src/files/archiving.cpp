@@ -147,29 +147,30 @@ bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
     };
     const Outcome::Result result = merged.outcome.result;
     const bool isNewer = result == Outcome::NewerVersion;
-    const bool shows = isWanted() && result == Outcome::Done && !merged.messages.isEmpty();
-    if (shows)
+    const bool isRead = result == Outcome::Done && !merged.messages.isEmpty();
+    const auto isShown = [&] { return store && isRead && isWanted(); };
+    if (isShown())
         showMerged(merged);
     if (result != Outcome::NotOpened && !isNewer)
         emit q->zipFileLoaded(name);
-    const QSet<unsigned char> seen = shows ? merged.lines.toSet() : QSet<unsigned char>();
-    for (auto line = seen.begin(); line != seen.end() && store; ++line)
+    const QSet<unsigned char> seen = isRead ? merged.lines.toSet() : QSet<unsigned char>();
+    for (auto line = seen.begin(); line != seen.end() && isShown(); ++line)
         emit store->newLine(*line);
     // Of a newer version the user is told first, as with a single chunk file.
     if (store && isWanted() && isNewer)
         reportFailure(merged.outcome);
     if (store)
         emit q->informAboutCleared(isLive);
-    if (store && shows)
+    if (isShown())
         emit q->liveModeChanged(isLive);
-    if (store && shows && !merged.outcome.systemError.isEmpty())
+    if (isShown() && !merged.outcome.systemError.isEmpty())
         reportFailure(merged.outcome);
-    if (store && !shows && isWanted()) {
+    if (store && !isRead && isWanted()) {
         showLive();
         if (store && !isNewer)
             reportFailure(merged.outcome);
     }
-    return store && shows;
+    return isShown();
 }
 
 void DatachunkHandlerPrivate::showMerged(ChunkArchive::Merged &merged)

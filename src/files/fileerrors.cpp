@@ -4,28 +4,24 @@
 
 namespace FileErrors {
 
-namespace {
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("DatachunkHandler", text);
-}
-
-} // namespace
-
 QString notRead(const QString &fileName, const QString &reason)
 {
-    return translated("The file %1 could not be read to its end: %2").arg(fileName, reason);
+    return QCoreApplication::translate("DatachunkHandler",
+                                       "The file %1 could not be read to its end: %2")
+        .arg(fileName, reason);
 }
 
 QString notWritten(const QString &fileName, const QString &reason)
 {
-    return translated("The file %1 could not be written: %2").arg(fileName, reason);
+    return QCoreApplication::translate("DatachunkHandler", "The file %1 could not be written: %2")
+        .arg(fileName, reason);
 }
 
 QString outOfMemory(const QString &fileName)
 {
-    return translated("There is not enough memory for the file %1.").arg(fileName);
+    return QCoreApplication::translate("DatachunkHandler",
+                                       "There is not enough memory for the file %1.")
+        .arg(fileName);
 }
 
 bool write(QIODevice &file, const char *bytes, qint64 size)

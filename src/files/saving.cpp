@@ -116,6 +116,8 @@ void DatachunkHandler::savingFinished(bool success)
 {
     d->forgetRotatedBuffer();
     const bool zip = std::exchange(d->zipAfterSaving, false);
+    if (zip)
+        ++d->packRequests; // the exports behind this one have the same wish, which is used up
     if (zip && success)
         d->archives.run([this] { saveDatachunksToZip(); });
 }
