@@ -15,17 +15,26 @@ namespace ChunkArchive {
 
 namespace {
 
+// `name` with a number before the suffix, cut where the file system would find it too long.
+QString numbered(const QString &name, int number)
+{
+    constexpr int longestName = 255; // bytes
+    const QString suffix = name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
+    const QString end = QLatin1Char('_') + QString::number(number) + suffix;
+    QString stem = name.chopped(suffix.size());
+    while (QFile::encodeName(stem + end).size() > longestName)
+        stem.chop(1);
+    return stem + end;
+}
+
 // `folder/name`, or with a number before the suffix the first such path that `create` accepts.
 // `number` is the first one to try, and is set behind the last one tried; 1 is the bare name.
 template <typename Create>
 QString createNumbered(const QDir &folder, const QString &name, int &number, const Create &create)
 {
     constexpr int attempts = 10000;
-    const QString suffix = name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
-    const QString stem = name.chopped(suffix.size()) + QLatin1Char('_');
     for (int attempt = 0; attempt < attempts; ++attempt) {
-        const QString path =
-            folder.absoluteFilePath(number == 1 ? name : stem + QString::number(number) + suffix);
+        const QString path = folder.absoluteFilePath(number == 1 ? name : numbered(name, number));
         ++number;
         if (create(path))
             return path;

@@ -227,6 +227,9 @@ void TestArchives::bombsDoNoHarm_data()
     row("very many equal names", withRepeatedEntry(one, 12000), Outcome::Done, 1, 12000);
     row("an archive within an archive", archiveOf({{"a.dck", archiveOf({{"b.dck", zeros}})}, good}),
         Outcome::Done, 1, 2);
+    row("equal names of the greatest length",
+        withRepeatedEntry(archiveOf({{QString(251, 'x') + ".dck", good.content}}), 3),
+        Outcome::Done, 1, 3);
     row("nothing but zeros", archiveOf({{"a.dck", zeros}, good}), Outcome::Done,
         (zeros.size() - 8 + 22) / 23 + 1, 2);
     row("4 billion notes", archiveOf({{"a.dck", head + "\xff\xff\xff\xff" + zeros}, good}),
