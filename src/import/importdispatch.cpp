@@ -130,11 +130,14 @@ bool DatachunkHandlerPrivate::runReader(const ImportRun &run, const QString &fil
         result = {ReadResult::NotRead, 0, FileErrors::outOfMemory(fileName)};
     if (!run.storeExists())
         return false;
-    const QString error = errorText(result, request);
-    if (!error.isEmpty())
+    // Whoever calls this tells the last error of a reader that has failed.
+    const bool isTold = result.isDone() && !result.systemError.isEmpty();
+    const QString error =
+        result.systemError.isEmpty() ? errorText(result, request) : result.systemError;
+    if (!isTold && !error.isEmpty())
         lastError = error;
-    if (!result.systemError.isEmpty())
-        emit q->newErrorMessage(result.systemError);
+    if (isTold)
+        emit q->newErrorMessage(error);
     return result.isDone();
 }
 

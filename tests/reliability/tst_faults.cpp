@@ -1,5 +1,6 @@
 #include "faults.h"
 #include "scene.h"
+#include "storefixture.h"
 
 #include <QtTest>
 
@@ -23,6 +24,7 @@ private slots:
     void everyFaultIsSurvived();
     void everyCallWasMet();
     void storeMayBeDeletedByAJobOfItsOwnThread();
+    void lackOfMemoryForATraceIsToldOnce();
 
 private:
     bool survives(Scene &scene, const Operation &operation, const Fault &fault);
@@ -180,6 +182,20 @@ void FaultsTest::storeMayBeDeletedByAJobOfItsOwnThread()
     store->importMessages(QStringLiteral("none.zip"), DatachunkHelper::ZipArchive);
     QVERIFY(Faults::disarm());
     QVERIFY(store.isNull());
+}
+
+void FaultsTest::lackOfMemoryForATraceIsToldOnce()
+{
+    QTemporaryDir folder;
+    const QString trace = folder.filePath(QStringLiteral("a.trc"));
+    writeFile(trace, QByteArray(8 << 20, 'x'));
+    DatachunkHandler store(20000);
+    QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
+    Faults::arm({Faults::Allocate, ENOMEM, 1, true});
+    store.importMessages(trace, DatachunkHelper::PeakTrc11);
+    Faults::disarm();
+    QCOMPARE(errors.count(), 1);
+    QVERIFY(!Faults::allocationsFail || errors.first().first().toString().contains(trace));
 }
 
 int main(int argc, char *argv[])
