@@ -66,10 +66,13 @@ void unpackArchive(const QByteArray &bytes)
                        "a chunk becomes a file of its own in the folder");
                names.insert(name);
            });
-    const QStringList left = QDir(parent.filePath(QStringLiteral("input"))).entryList(QDir::Files);
+    const QStringList left =
+        QDir(parent.filePath(QStringLiteral("input"))).entryList(QDir::Files | QDir::Hidden);
     require(left.size() == names.size(), "nothing else is left behind");
-    require(QDir(parent.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size() <= 1,
-            "nothing appears beside the folder");
+    require(
+        QDir(parent.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size()
+            <= 1,
+        "nothing appears beside the folder");
 }
 
 QByteArray writtenChunk(const QString &name, const QVector<CAN::CanRxMessage> &messages,
