@@ -130,15 +130,17 @@ bool DatachunkHandlerPrivate::runReader(const ImportRun &run, const QString &fil
         result = {ReadResult::NotRead, 0, FileErrors::outOfMemory(fileName)};
     if (!run.storeExists())
         return false;
-    // Whoever calls this tells the last error of a reader that has failed.
-    const bool isTold = result.isDone() && !result.systemError.isEmpty();
+    if (result.isDone()) {
+        if (!result.systemError.isEmpty())
+            emit q->newErrorMessage(result.systemError);
+        return true;
+    }
+    // Whoever calls this tells the last error.
     const QString error =
         result.systemError.isEmpty() ? errorText(result, request) : result.systemError;
-    if (!isTold && !error.isEmpty())
+    if (!error.isEmpty())
         lastError = error;
-    if (isTold)
-        emit q->newErrorMessage(error);
-    return result.isDone();
+    return false;
 }
 
 bool DatachunkHandlerPrivate::runLoader(const QString &fileName,
