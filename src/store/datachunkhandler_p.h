@@ -15,7 +15,6 @@
 #include <QMutex>
 #include <QPointer>
 #include <QReadWriteLock>
-#include <QThreadPool>
 
 #include <array>
 #include <atomic>
@@ -135,7 +134,7 @@ public:
     // Constant after construction, or safe to use from any thread by themselves.
     ChunkFolder chunkFolder;
     LineSet lines;
-    PoolTasks poolTasks{QThreadPool::globalInstance()};
+    PoolTasks poolTasks;
     // Rotations must find a free thread in the global pool, however long archives take.
     TaskQueue archives;
     QMutex archiveMutex; // held by whoever works on an archive, not while telling; taken first

@@ -30,7 +30,7 @@ struct PoolTasks::Gate
     bool open = true;
 };
 
-PoolTasks::PoolTasks(QThreadPool *pool) : pool(pool), gate(std::make_shared<Gate>()) { }
+PoolTasks::PoolTasks() : gate(std::make_shared<Gate>()) { }
 
 PoolTasks::~PoolTasks()
 {
@@ -39,7 +39,7 @@ PoolTasks::~PoolTasks()
 
 void PoolTasks::run(std::function<void()> task)
 {
-    QtConcurrent::run(pool, [gate = gate, task = std::move(task)] {
+    QtConcurrent::run([gate = gate, task = std::move(task)] {
         if (!gate->enter())
             return;
         task();

@@ -3,15 +3,12 @@
 #include <functional>
 #include <memory>
 
-class QThreadPool;
-
-/// Functions that run on a thread pool on behalf of an object that may end at any moment. Any
-/// thread.
+/// Functions that run on the global thread pool on behalf of an object that may end at any moment.
+/// Any thread.
 class PoolTasks
 {
 public:
-    /// \a pool has to outlive this object.
-    explicit PoolTasks(QThreadPool *pool);
+    PoolTasks();
     ~PoolTasks();
 
     /// Has the pool run \a task as soon as it has a thread for it.
@@ -23,6 +20,5 @@ public:
 
 private:
     struct Gate;
-    QThreadPool *const pool;
     const std::shared_ptr<Gate> gate;
 };
