@@ -2,7 +2,6 @@
 #include "datachunkhandler.h"
 #include "messages.h"
 #include "storefixture.h"
-#include "ziparchive.h"
 
 #include <QtTest>
 
@@ -21,11 +20,8 @@ void record(DatachunkHandler &store, quint32 count)
 QMap<QString, QByteArray> entriesOf(const QString &zipName)
 {
     QMap<QString, QByteArray> entries;
-    const Zip::Reader reader(zipName);
-    for (const Zip::Entry &entry : reader.entries()) {
-        const auto content = reader.open(entry, [] { return true; });
-        entries.insert(entry.name, content->readAll());
-    }
+    for (const TestEntry &entry : archiveEntries(zipName))
+        entries.insert(entry.name, entry.content);
     return entries;
 }
 

@@ -1,6 +1,7 @@
 #include "archives.h"
 #include "atturn.h"
 #include "datachunkhandler.h"
+#include "messages.h"
 #include "storefixture.h"
 
 #include <QtTest>
@@ -25,11 +26,8 @@ private:
 
 QString Dispatch::candump(int lines)
 {
-    QByteArray text;
-    for (int i = 0; i < lines; ++i)
-        text += QStringLiteral("(%1.5) can0 %2#1122\n").arg(i).arg(i % 0x800, 3, 16).toLatin1();
     const QString file = folder.filePath(QStringLiteral("a.log"));
-    writeFile(file, text);
+    writeFile(file, candumpLines(0, lines));
     return file;
 }
 
