@@ -196,13 +196,12 @@ void StoreDriver::settle()
     const auto allTold = [&] { return toldChunks >= chunks() && toldRemovals >= model->removals; };
     if (!QTest::qWaitFor(allTold))
         require(false, QStringLiteral("told %1 of %2 chunks").arg(toldChunks).arg(chunks()));
-    QThreadPool::globalInstance()->waitForDone();
+    const bool switched = QTest::qWaitFor([this] { return switches >= model->switchesAtLeast; });
     QCoreApplication::processEvents();
     checkExports();
     compare("chunks announced:", toldChunks, chunks());
     compare("removals told:", toldRemovals, model->removals);
-    require(switches >= model->switchesAtLeast && switches <= switchStarts
-                && switchStarts <= model->switchesAtMost,
+    require(switched && switches <= switchStarts && switchStarts <= model->switchesAtMost,
             QStringLiteral("the pool switched the view %1 times").arg(switches));
     switches = switchStarts = 0;
     model->settle();

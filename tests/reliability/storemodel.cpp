@@ -314,9 +314,9 @@ void StoreModel::exportMessages(const QString &file, bool withNotes,
 {
     if (!isExportable(live.count != 0, file))
         return;
-    exportNotes = withNotes ? notes : ChunkFormat::Notes();
+    exportNotes = withNotes ? notesOfLive() : ChunkFormat::Notes();
     if (hasBookmarks)
-        exportBookmarks = bookmarks;
+        exportBookmarks = isLive ? bookmarks : liveBookmarks;
     exports.push_back({file, live, 0, live.count, selected, exportNotes, exportBookmarks});
 }
 
@@ -324,7 +324,7 @@ void StoreModel::exportRange(const QString &file, int first, int last)
 {
     if (!isExportable(last <= int(live.count), file))
         return;
-    exportNotes = notes;
+    exportNotes = notesOfLive();
     const qint64 end = last == 0 ? live.count : qBound<qint64>(0, last + 1, live.count);
     exports.push_back({file, live, first, end, {}, exportNotes, exportBookmarks});
 }

@@ -173,12 +173,12 @@ void FaultsTest::everyCallWasMet()
 
 void FaultsTest::storeMayBeDeletedByAJobOfItsOwnThread()
 {
+    Faults::arm({Faults::Thread, EAGAIN, 1, true});
     const QPointer<DatachunkHandler> store(new DatachunkHandler(20000));
     connect(store, &DatachunkHandler::zipFileLoaded, this, [&store] {
         store->importZipAndMerge(QStringLiteral("none.zip")); // waits, and is never done
         delete store.data();
     });
-    Faults::arm({Faults::Thread, EAGAIN, 1, true});
     store->importMessages(QStringLiteral("none.zip"), DatachunkHelper::ZipArchive);
     QVERIFY(Faults::disarm());
     QVERIFY(store.isNull());
