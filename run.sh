@@ -21,14 +21,15 @@ demo=build/demo
 rm -rf "$demo"
 mkdir -p "$demo"
 
-# step TITLE ARGUMENT...: says what is typed for it, and does it.
+# step TITLE ARGUMENT...: says what is typed for it, and does it. Reads the file $input, if any.
 step() {
-    printf '\n== %s\n$ ./run.sh %s\n' "$1" "${*:2}"
-    "$datachunk" "${@:2}"
+    printf '\n== %s\n$ ./run.sh %s%s\n' "$1" "${*:2}" "${input:+ <$input}"
+    "$datachunk" "${@:2}" <"${input:-/dev/null}"
 }
 
-step "Record a candump log from standard input; every 100 messages go into a chunk file" \
-    record --into $demo/recording --limit 5100 <$traces/engine_start.log
+input=$traces/engine_start.log \
+    step "Record a candump log; every 100 messages go into a chunk file" \
+    record --into $demo/recording --limit 5100
 step "Page chunk 1 back: its first messages" dump $demo/recording/tmpData1.dck --count 5
 step "What the recorded log holds" info $traces/engine_start.log
 step "Import a Wireshark capture into chunk files" import $traces/door_module.csv --into $demo/imported
