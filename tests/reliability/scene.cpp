@@ -98,6 +98,11 @@ void Scene::waitForSaves()
     QCoreApplication::sendPostedEvents();
 }
 
+void Scene::waitForView(quint32 first, quint32 last)
+{
+    waitUntil([&] { return shows(first, last); });
+}
+
 void Scene::waitForArchives()
 {
     const int ended = archiveJobsEnded;
@@ -125,7 +130,8 @@ void Scene::checkAftermath(bool mayLeaveFiles)
     const quint32 rotations = (appended - (appended > 0)) / chunkSize;
     const quint32 start = rotations * chunkSize;
     append(start + chunkSize + 1 - appended);
-    waitUntil([&] { return !chunks.isEmpty() && shows(appended - 1, appended - 1); });
+    waitUntil([this] { return !chunks.isEmpty(); });
+    waitForView(appended - 1, appended - 1);
     waitForSaves();
     const QString last = QStringLiteral("tmpData%1.dck").arg(chunks.isEmpty() ? 0 : chunks.last());
     if (!holds(chunkPath(last), start, start + chunkSize - 1))

@@ -128,10 +128,10 @@ void StoreModel::rotate()
     chunk.bookmarks = std::exchange(isLive ? bookmarks : liveBookmarks, {});
     rotated = live;
     live.count = 0;
-    ++switchesAtMost;
+    ++rotations;
     if (isLive) {
         showsRotated = true;
-        ++switchesAtLeast;
+        ++switchesDue;
         due += QStringLiteral("start");
     }
     if (budget == 0) {
@@ -168,7 +168,7 @@ QVector<QVector<MessageRun>> StoreModel::views() const
 void StoreModel::settle()
 {
     showsRotated = false;
-    switchesAtLeast = switchesAtMost = 0;
+    switchesDue = 0;
 }
 
 void StoreModel::leaveLive()
@@ -177,7 +177,7 @@ void StoreModel::leaveLive()
     if (isLive) {
         liveNotes = std::exchange(notes, {});
         liveBookmarks = bookmarks;
-        switchesAtLeast = 0; // the pool finds out that there is nothing to switch
+        switchesDue = 0; // a handover finds out that there is nothing to switch
     } else {
         bookmarks.clear();
     }
@@ -249,6 +249,7 @@ void StoreModel::clear()
     bookmarks.clear();
     liveBookmarks.clear();
     showsRotated = false;
+    switchesDue = 0;
 }
 
 void StoreModel::setContinuousMode(bool on)
