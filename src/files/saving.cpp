@@ -72,6 +72,11 @@ void DatachunkHandlerPrivate::runSave(SaveJob &job)
     post(job, [this, error] { emit q->newErrorMessage(error); });
 }
 
+void DatachunkHandler::waitForChunks()
+{
+    d->chunkQueue.waitForAll();
+}
+
 void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
 {
     forgetRotatedBuffer();
