@@ -144,7 +144,7 @@ void SavingTest::textsOfMessages()
              "  -1.000000 Error-frame (1): 00 ;1;a;b\n\n");
     QCOMPARE(ChunkFormat::timeText(withTime({}, -5, 4512), withTime({}, 98, 1234567)),
              "-5.004512 - 98.1234567");
-    QCOMPARE(lineOf(negativeLength), "   0.000000 0x000/0    (0): ;0;a;b\n\n");
+    QCOMPARE(lineOf(negativeLength), "   0.000000 0x000/0    (-3): ;0;a;b\n\n");
 }
 
 void SavingTest::aDiskThatFillsUpIsTold()
