@@ -65,11 +65,6 @@ void DatachunkHandlerPrivate::reportSaved(const SaveReport &report)
     }
 }
 
-void DatachunkHandler::waitForChunks()
-{
-    d->chunkQueue.waitForAll();
-}
-
 void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
 {
     forgetRotatedBuffer();

@@ -157,9 +157,6 @@ public:
     /// Shows rotated chunk \a number, from memory where its file is not complete yet. Notes and
     /// bookmarks made on its messages are gone when another list is shown. Always returns true.
     bool loadDataFromFile(int number);
-    /// Returns when every chunk rotated before has been written or given up. What became of it is
-    /// told by the signals, which wait as queued calls. Takes no lock.
-    void waitForChunks();
     /// Cuts a chunk file into parts of \a messagesPerFile messages, numbered from 0 across the
     /// parts, in a folder "..._splitted" beside it. The last part stays open as the continuous
     /// output. False when the file cannot be read, is of a newer version or a part cannot be
