@@ -5,6 +5,7 @@
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
 #include "fileerrors.h"
+#include "foldertree.h"
 
 #include <QFileInfo>
 #include <QMutexLocker>
@@ -12,7 +13,6 @@
 #include <QThread>
 #include <QWriteLocker>
 
-#include <algorithm>
 #include <utility>
 
 using ChunkArchive::Outcome;
@@ -66,15 +66,10 @@ QString DatachunkHandlerPrivate::packChunks(const QString &zipName)
 
 QString DatachunkHandlerPrivate::packFolder(const QString &zipName, const Zip::KeepGoing &keepGoing)
 {
-    const QDir folder = chunkFolder.dir();
-    // Two entries are in every folder, so that none means that it cannot be read.
-    QFileInfoList files = folder.entryInfoList(QDir::Files | QDir::Dirs, QDir::NoSort);
-    if (files.isEmpty())
-        return FileErrors::notRead(folder.path(), qt_error_string());
-    const auto isNotPacked = [&](const QFileInfo &file) {
-        return file.isDir() || file == QFileInfo(zipName);
-    };
-    files.erase(std::remove_if(files.begin(), files.end(), isNotPacked), files.end());
+    QFileInfoList files;
+    if (!FolderTree::listFiles(chunkFolder.path(), files))
+        return FileErrors::notRead(chunkFolder.path(), qt_error_string());
+    files.removeAll(QFileInfo(zipName));
     // What has begun to be written since must be whole before it is packed.
     if (!chunkSaver.waitForAll(keepGoing))
         return {};

@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <cstring>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -43,11 +42,6 @@ QString createFolder()
     return {};
 }
 
-QByteArray lastName(const QString &path)
-{
-    return QFile::encodeName(QFileInfo(path).fileName());
-}
-
 } // namespace
 
 ChunkFolder::ChunkFolder()
@@ -59,27 +53,22 @@ ChunkFolder::ChunkFolder()
     folderPath = path;
     device = status.st_dev;
     inode = status.st_ino;
+    heldHandle = open();
 }
 
 ChunkFolder::~ChunkFolder()
 {
-    const int handle = open();
-    if (handle < 0)
+    if (!exists())
         return;
-    FolderTree::removeContents(handle);
-    // The parent may well be a link that the user has made. It is the right one if it has the
-    // folder.
-    const int parent = FolderTree::openFollowing(QFileInfo(folderPath).path());
-    struct stat status = {};
-    const QByteArray name = lastName(folderPath);
-    if (parent >= 0 && fstatat(parent, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0
-        && isOurs(status)) {
-        for (const QString &path : qAsConst(filesBeside))
-            unlinkat(parent, lastName(path).constData(), 0);
-        unlinkat(parent, name.constData(), AT_REMOVEDIR);
-    }
-    if (parent >= 0)
-        close(parent);
+    const int handle = heldHandle >= 0 ? heldHandle : open();
+    if (handle >= 0)
+        FolderTree::removeContents(handle);
+    // Only an empty folder is removed by its name, and only the one that was created.
+    if (!isInPlace())
+        return;
+    for (const QString &path : qAsConst(filesBeside))
+        unlink(QFile::encodeName(path).constData());
+    rmdir(QFile::encodeName(folderPath).constData());
 }
 
 bool ChunkFolder::isOurs(const struct stat &status) const
