@@ -3,11 +3,13 @@
 #include "chunkfolder.h"
 #include "chunkformat.h"
 #include "chunkmerge.h"
+#include "chunkreading.h"
 #include "datachunkhandler.h"
 #include "importrun.h"
 #include "lineset.h"
 #include "messagelist.h"
 #include "pooltasks.h"
+#include "regularfile.h"
 #include "savefileworker.h"
 #include "savequeue.h"
 #include "taskqueue.h"
@@ -89,13 +91,19 @@ public:
     /// Tells the application so and returns true while an import runs.
     bool refuseDuringImport();
     bool readChunk(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
-    bool readChunkWithinMemory(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
-    void refuseNewerVersion();
-    /// Adds the records to the browsing list; returns whether one is a CAN FD frame.
-    bool readRecords(QIODevice &file, quint32 version);
-    bool split(const QString &fileName, quint32 messagesPerFile);
-    bool splitRecords(QIODevice &file, quint32 version, const QString &partTemplate,
-                      quint32 messagesPerFile);
+    struct ChunkLoad;
+    void loadChunk(const ImportRun &run, const QString &fileName,
+                   ChunkFormat::BookmarkMap bookmarkMap, ChunkLoad &load);
+    void takeChunk(ChunkLoad &load, ChunkFormat::BookmarkMap bookmarkMap);
+    /// Tells why a chunk is not read and goes live.
+    void refuseChunk(ChunkReading::Result result, quint32 messagesAtMost);
+    bool split(const ImportRun &run, const QString &fileName, quint32 messagesPerFile);
+    bool splitRecords(const ImportRun &run, RegularFile &file, const ChunkReading::Front &front,
+                      const QString &partTemplate, quint32 messagesPerFile);
+    /// Makes a file that has been begun elsewhere the continuous output.
+    void continueOutput(const QString &fileName, std::unique_ptr<SaveFileWorker> output);
+    /// Emits each text that is not empty as an error message.
+    void tell(const QStringList &texts);
     /// Runs the reader of a format. False when there is none, when it failed or when it was
     /// stopped; the store may then be gone.
     bool runReader(const ImportRun &run, const QString &fileName,
@@ -106,6 +114,7 @@ public:
     bool endCancelledImport();
     bool failImport();
     bool finishImport(const ImportRun &run, bool save);
+    QString partName() const;
     SharedSaveJob savePagedMessages(const ChunkFormat::Notes &notes);
     /// Adds one imported message; false when the import has to stop, and the store may then be
     /// gone. Turns the event loop where a full buffer has to wait for the one before it.
@@ -183,7 +192,7 @@ public:
     bool zipAfterSaving = false;
     quint32 packRequests = 0; // rises with every setZipAfterSaving
     SharedSaveJob lastPartialSave;
-    SaveFileWorker *const continuousOutput; // child of the store
+    SaveFileWorker *continuousOutput; // child of the store
     QString continuousOutputName;
     bool continuousOutputReported = false;
 
