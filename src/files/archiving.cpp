@@ -82,8 +82,13 @@ QString DatachunkHandlerPrivate::packFolder(const QString &zipName, const Zip::K
 void DatachunkHandler::sortZipFile(QString zipName, QMap<double, QString> &order)
 {
     const Zip::Reader archive(zipName);
-    for (const auto &chunk : ChunkArchive::chunksByStart(archive, [this] { return !d->stopping; }))
-        order.insert(chunk.start, chunk.entry.name);
+    const auto keepGoing = [this] { return !d->stopping; };
+    Damage::List damage;
+    const auto chunks = ChunkArchive::chunksByStart(archive, keepGoing, damage);
+    for (const auto &chunk : ChunkArchive::lastOfEachStart(archive, chunks, keepGoing, damage)) {
+        if (chunk.hasHeader())
+            order.insert(chunk.start, chunk.entry.name);
+    }
 }
 
 bool DatachunkHandler::loadZipMerged(QString zipName)
@@ -153,6 +158,8 @@ bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
         emit q->liveModeChanged(isLive);
     if (isShown() && !merged.outcome.systemError.isEmpty())
         reportFailure(merged.outcome);
+    if (store && isWanted())
+        tell(merged.outcome.damage);
     if (store && !isRead && isWanted()) {
         showLive();
         if (store && !isNewer)
@@ -223,6 +230,7 @@ bool DatachunkHandlerPrivate::unpackArchive(const QString &zipName)
     const bool anything = !reports.isEmpty();
     if (q->thread() != QThread::currentThread())
         reports.clear();
+    reports.append([this, outcome] { tell(outcome.damage); });
     if (!anything || outcome.result != Outcome::Done || !outcome.systemError.isEmpty())
         reports.append([this, outcome] { reportFailure(outcome); });
     reports.append([this, name] { emit q->zipFileLoaded(name); });

@@ -1,6 +1,7 @@
 #include "chunkcut.h"
 
-#include "chunkformat.h"
+#include "archivelimits.h"
+#include "chunkreading.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -10,19 +11,18 @@ qint64 cutToWholeRecords(const QString &fileName)
     QFile file(fileName);
     if (!QFileInfo(fileName).isFile() || !file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
         return -1;
-    QDataStream stream(&file);
-    const quint32 version = ChunkFormat::readPreamble(stream).version;
-    if (version > ChunkFormat::currentVersion)
+    ChunkReading::Front front;
+    const ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), [] { return true; }};
+    if (ChunkReading::readFront(file, ChunkFormat::BookmarkMap::Read, bounds, front)
+        != ChunkReading::Result::Done)
         return -1;
-    ChunkFormat::readMaps(stream, version);
-    const qint64 start = file.pos();
-    if (stream.status() != QDataStream::Ok)
+    if (front.headerIsDamaged || front.mapsAreDamaged)
         return 0;
     qint64 count = 0;
     CAN::CanRxMessage message;
-    ChunkFormat::RecordReader records(file, version);
-    while (records.next(message) && !records.lastIsCut())
+    ChunkFormat::RecordReader records(file, front.preamble.version);
+    while (records.next(message) && records.end().cause != ChunkFormat::RecordsEnd::Cut)
         ++count;
-    const bool cut = count == 0 || file.resize(start + records.wholeRecords());
+    const bool cut = count == 0 || file.resize(front.size + records.end().offset);
     return cut && file.error() == QFileDevice::NoError ? count : -1;
 }

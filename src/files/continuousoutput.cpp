@@ -27,6 +27,12 @@ bool ContinuousOutput::create(const QString &fileName, const QString &timeText,
     return true;
 }
 
+bool ContinuousOutput::create(const QString &fileName)
+{
+    const CAN::CanRxMessage none;
+    return create(fileName, ChunkFormat::timeText(none, none), {}, {});
+}
+
 void ContinuousOutput::append(const CAN::CanRxMessage &message)
 {
     if (!file.isOpen())

@@ -14,6 +14,8 @@ public:
     /// opened, when the name does not end in "dck" or the file cannot be created.
     bool create(const QString &fileName, const QString &timeText, const ChunkFormat::Notes &notes,
                 const ChunkFormat::Bookmarks &bookmarks);
+    /// The same with the header of two default records, and no notes or bookmarks.
+    bool create(const QString &fileName);
 
     /// Adds one message; does nothing without an open file.
     void append(const CAN::CanRxMessage &message);

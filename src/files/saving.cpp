@@ -174,28 +174,27 @@ bool DatachunkHandler::createContinuousOutputFile(QString fileName)
     if (!store)
         return false;
     d->continuousOutputReported = false;
-    const CAN::CanRxMessage none;
-    return d->continuousOutput.create(fileName, ChunkFormat::timeText(none, none), {}, {});
+    return d->continuousOutput->create(fileName);
 }
 
 void DatachunkHandler::appendToContinuousOutputFile(CAN::CanRxMessage message)
 {
-    d->continuousOutput.append(message);
+    d->continuousOutput->append(message);
     d->reportContinuousOutput();
 }
 
 void DatachunkHandler::finishContinousOutput()
 {
-    d->continuousOutput.finish();
+    d->continuousOutput->finish();
     d->reportContinuousOutput();
 }
 
 void DatachunkHandlerPrivate::reportContinuousOutput()
 {
-    const QString reason = continuousOutput.errorText();
+    const QString reason = continuousOutput->errorText();
     if (reason.isEmpty() || std::exchange(continuousOutputReported, true))
         return;
-    emit q->newErrorMessage(FileErrors::notWritten(continuousOutput.fileName(), reason));
+    emit q->newErrorMessage(FileErrors::notWritten(continuousOutput->fileName(), reason));
 }
 
 void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QString saveFileName)

@@ -1,11 +1,13 @@
 #include "ziparchive.h"
 
+#include "archivelimits.h"
 #include "fileerrors.h"
 
 #include <quazip.h>
 #include <quazipfile.h>
 #include <quazipnewinfo.h>
 #include <unzip.h>
+#include <zip.h>
 
 #include <QSaveFile>
 
@@ -58,10 +60,9 @@ qint64 EntryDevice::readBlock(char *data, qint64 maxSize)
 {
     if (done == size || damaged)
         return checkEnd();
-    overLimit = done >= limit;
-    if (overLimit || !keepGoing())
+    if (!keepGoing())
         return -1;
-    const qint64 wanted = std::min({maxSize, blockSize, size - done, limit - done});
+    const qint64 wanted = std::min({maxSize, blockSize, size - done});
     const qint64 got = file->read(data, wanted);
     if (got <= 0) {
         damaged = true;
@@ -104,6 +105,12 @@ Reader::Reader(const QString &fileName)
 }
 
 Reader::~Reader() = default;
+
+quint64 Reader::entryCount() const
+{
+    unz_global_info64 info = {};
+    return opened && unzGetGlobalInfo64(zip->getUnzFile(), &info) == UNZ_OK ? info.number_entry : 0;
+}
 
 std::vector<Entry> Reader::entries() const
 {
@@ -161,6 +168,17 @@ bool isAscii(const QString &name)
     return std::all_of(name.begin(), name.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
+// Large entries marked as UTF-8 are too new for some programs, so only names that need the mark
+// get it.
+void markNameAsUtf8(QuaZip &zip, bool isUtf8)
+{
+    zip.setUtf8Enabled(isUtf8);
+    // The library takes that for the names from here on, but for the mark only when it opens the
+    // archive.
+    const auto mark = isUtf8 ? zipSetFlags : zipClearFlags;
+    mark(zip.getZipFile(), ZIP_ENCODING_UTF8);
+}
+
 Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QString &readError)
 {
     constexpr qint64 zip64From = qint64(1) << 31;
@@ -176,9 +194,7 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QS
         return Step::Failed;
     }
     zip.setZip64Enabled(file.size() >= zip64From);
-    // Large entries marked as UTF-8 are too new for some programs, so only names that need the
-    // mark get it.
-    zip.setUtf8Enabled(!isAscii(info.fileName()));
+    markNameAsUtf8(zip, !isAscii(info.fileName()));
     QuaZipFile entry(&zip);
     // What is packed of a link is the file behind it, so the entry must not say that it is a link.
     const QuaZipNewInfo newInfo(info.fileName(), info.canonicalFilePath());
@@ -222,7 +238,11 @@ PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
     QSaveFile file(fileName);
     // A device or a pipe of that name must not be replaced by a file.
     const bool taken = target.exists() && !target.isFile();
-    if (fileName.isEmpty() || taken || !file.open(QIODevice::WriteOnly))
+    if (fileName.isEmpty() || taken)
+        return {};
+    if (quint64(files.size()) > ArchiveLimits::maxEntries)
+        return {false, FileErrors::tooManyFiles(int(ArchiveLimits::maxEntries)), {}};
+    if (!file.open(QIODevice::WriteOnly))
         return {};
     QuaZip zip(&file);
     zip.setAutoClose(false);

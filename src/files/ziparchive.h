@@ -45,12 +45,11 @@ public:
 
     bool isSequential() const override { return true; }
 
-    /// Reading fails once \a bytes have been unpacked, counted from the entry's start.
-    void setLimit(qint64 bytes) { limit = bytes; }
-    bool limitReached() const { return overLimit; }
-
     /// The bytes unpacked so far, including those that bytesAvailable() counts.
     qint64 unpackedSize() const { return done; }
+
+    /// Whether all that the entry claims to hold has been unpacked.
+    bool isWhole() const { return done == size; }
 
     /// Whether the content read so far ended in damage.
     bool isDamaged() const { return damaged; }
@@ -66,11 +65,9 @@ private:
     const std::unique_ptr<QuaZipFile> file;
     const qint64 size;
     const KeepGoing keepGoing;
-    qint64 limit = maxClaim;
     qint64 done = 0;
     bool ended = false;
     bool damaged = false;
-    bool overLimit = false;
 };
 
 /// Knows its end: a directory may claim fields far behind it, which are looked for byte by byte.
@@ -98,13 +95,19 @@ public:
     /// False when the file cannot be read, is no regular file or no archive.
     bool isOpen() const { return opened; }
 
+    QString fileName() const { return file.fileName(); }
+
     /// Size of the archive's file in bytes.
     qint64 size() const { return file.size(); }
 
     /// What the user is told when the file could not be read to its end; mostly empty.
     QString readErrorText() const { return file.readErrorText(); }
 
-    /// All entries in the order of the archive's directory, equal names included.
+    /// How many entries the directory claims to have.
+    quint64 entryCount() const;
+
+    /// All entries in the order of the archive's directory, equal names included. Fewer than
+    /// claimed when the directory is broken.
     std::vector<Entry> entries() const;
 
     /// Opens one entry, whatever others are called like it. Null when it is damaged or packed

@@ -2,6 +2,7 @@
 
 #include "chunkformat.h"
 #include "chunkmerge.h"
+#include "chunkreading.h"
 #include "chunksaver.h"
 #include "continuousoutput.h"
 #include "datachunkhandler.h"
@@ -10,6 +11,7 @@
 #include "lineset.h"
 #include "messagelist.h"
 #include "pooltasks.h"
+#include "regularfile.h"
 #include "taskqueue.h"
 
 #include <QMutex>
@@ -95,13 +97,19 @@ public:
     /// Shows a chunk whose file is not complete as the file will show it.
     void showPending(const SaveJob &job);
     bool readChunk(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
-    bool readChunkWithinMemory(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
-    void refuseNewerVersion();
-    /// Adds the records to the browsing list; returns whether one is a CAN FD frame.
-    bool readRecords(QIODevice &file, quint32 version);
-    bool split(const QString &fileName, quint32 messagesPerFile);
-    bool splitRecords(QIODevice &file, quint32 version, const QString &partTemplate,
-                      quint32 messagesPerFile);
+    struct ChunkLoad;
+    void loadChunk(const ImportRun &run, const QString &fileName,
+                   ChunkFormat::BookmarkMap bookmarkMap, ChunkLoad &load);
+    void takeChunk(ChunkLoad &load, ChunkFormat::BookmarkMap bookmarkMap);
+    /// Tells why a chunk is not read and goes live.
+    void refuseChunk(ChunkReading::Result result, quint32 messagesAtMost);
+    bool split(const ImportRun &run, const QString &fileName, quint32 messagesPerFile);
+    bool splitRecords(const ImportRun &run, RegularFile &file, const ChunkReading::Front &front,
+                      const QString &partTemplate, quint32 messagesPerFile);
+    /// Makes a file that has been begun elsewhere the continuous output.
+    void continueOutput(std::unique_ptr<ContinuousOutput> output);
+    /// Emits each text that is not empty as an error message.
+    void tell(const QStringList &texts);
     /// Runs the reader of a format. False when there is none, when it failed or when it was
     /// stopped; the store may then be gone.
     bool runReader(const ImportRun &run, const QString &fileName,
@@ -112,6 +120,7 @@ public:
     bool endCancelledImport();
     bool failImport();
     bool finishImport(const ImportRun &run, bool save);
+    QString partName() const;
     SharedSaveJob savePagedMessages(const ChunkFormat::Notes &notes);
     /// Adds one imported message; false when the import has to stop, and the store may then be
     /// gone. Turns the event loop where a full buffer has to wait for the one before it.
@@ -186,7 +195,7 @@ public:
     bool zipAfterSaving = false;
     quint32 packRequests = 0; // rises with every setZipAfterSaving
     SharedSaveJob lastPartialSave;
-    ContinuousOutput continuousOutput;
+    std::unique_ptr<ContinuousOutput> continuousOutput = std::make_unique<ContinuousOutput>();
     bool continuousOutputReported = false;
 
     // Last, so that their threads end before anything that they report to is gone.

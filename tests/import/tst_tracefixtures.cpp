@@ -55,9 +55,12 @@ void TraceFixtures::everyLoaderReadsItsOwnType()
     QSet<int> read;
     for (const TraceFixture &fixture : traceFixtures()) {
         RecordingSink sink;
-        readTraceFile({fixture.fileName, fixture.type, {}}, sink);
+        const ReadResult result = readTraceFile({fixture.fileName, fixture.type, {}}, sink);
         if (!loaders.contains(fixture.type) || sink.messages.isEmpty())
             continue;
+        const bool needsWhole = traceReaderFor(fixture.type).delivery == TraceReader::WhenWhole;
+        if (needsWhole && !result.isDone())
+            sink.messages.clear();
         QSet<unsigned char> lines;
         for (const CAN::CanRxMessage &message : qAsConst(sink.messages))
             lines.insert(static_cast<unsigned char>(message.line));

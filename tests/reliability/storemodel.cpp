@@ -1,5 +1,9 @@
 #include "storemodel.h"
 
+#include "damage.h"
+
+#include <QFileInfo>
+
 #include "messages.h"
 #include "textexport.h"
 
@@ -218,8 +222,11 @@ void StoreModel::merge(const QVector<ModelFile> &entriesInArchiveOrder, const QS
             bookmarks.insert(entry.bookmarks);
         all.append(entry.messages);
     }
-    due += QStringLiteral("archive ") + archive;
+    due += QStringLiteral("archive ") + QFileInfo(archive).completeBaseName();
     show(all);
+    const int leftOut = entriesInArchiveOrder.size() - byStart.size();
+    if (leftOut > 0)
+        due += QStringLiteral("error ") + Damage::equalStarts(archive, leftOut);
 }
 
 void StoreModel::goLive()
