@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 #include <unistd.h>
@@ -89,14 +90,47 @@ qint64 EntryDevice::writeData(const char *, qint64)
 
 bool ArchiveFile::openForReading()
 {
-    const bool opened = RegularFile::openForReading();
-    end = size();
-    return opened;
+    if (!file.openForReading())
+        return false;
+    end = file.size();
+    return open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+const ArchiveFile::Block &ArchiveFile::blockAt(qint64 position)
+{
+    constexpr qint64 size = 64 * 1024;
+    if (blocks[lastUsed].holds(position))
+        return blocks[lastUsed];
+    lastUsed = 1 - lastUsed;
+    Block &block = blocks[lastUsed];
+    if (block.holds(position))
+        return block;
+    block.start = position - position % size;
+    block.bytes.clear();
+    if (position < end && file.seek(block.start))
+        block.bytes = file.read(std::min(size, end - block.start));
+    return block;
 }
 
 qint64 ArchiveFile::readData(char *data, qint64 maxSize)
 {
-    return pos() < end ? RegularFile::readData(data, maxSize) : 0;
+    qint64 total = 0;
+    while (total < maxSize) {
+        const qint64 position = pos() + total;
+        const Block &block = blockAt(position);
+        if (!block.holds(position))
+            break;
+        const qint64 offset = position - block.start;
+        const qint64 got = std::min(maxSize - total, block.bytes.size() - offset);
+        std::memcpy(data + total, block.bytes.constData() + offset, std::size_t(got));
+        total += got;
+    }
+    return total > 0 || file.readErrorText().isEmpty() ? total : -1;
+}
+
+qint64 ArchiveFile::writeData(const char *, qint64)
+{
+    return -1;
 }
 
 Reader::Reader(const QString &fileName)

@@ -70,19 +70,42 @@ private:
     bool damaged = false;
 };
 
-/// Knows its end: a directory may claim fields far behind it, which are looked for byte by byte.
-class ArchiveFile : public RegularFile
+/// The file of an archive. Of each entry its place in the directory and its content are read in
+/// turn, so the blocks around two places are kept. Knows its end: a directory may claim fields far
+/// behind it, which are looked for byte by byte.
+class ArchiveFile : public QIODevice
 {
 public:
-    using RegularFile::RegularFile;
+    explicit ArchiveFile(const QString &fileName) : file(fileName) { }
 
     bool openForReading();
+    qint64 size() const override { return end; }
+    QString fileName() const { return file.fileName(); }
+
+    /// What the user is told when reading has failed; empty when it has not.
+    QString readErrorText() const { return file.readErrorText(); }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
+    qint64 writeData(const char *data, qint64 maxSize) override;
 
 private:
+    struct Block
+    {
+        qint64 start = 0;
+        QByteArray bytes;
+        bool holds(qint64 position) const
+        {
+            return position >= start && position < start + bytes.size();
+        }
+    };
+    /// The block that holds \a position; empty behind the end and on a read error.
+    const Block &blockAt(qint64 position);
+
+    RegularFile file;
     qint64 end = 0;
+    Block blocks[2];
+    int lastUsed = 0;
 };
 
 /// An archive that is read.
