@@ -127,8 +127,13 @@ int runImport(const QCommandLineParser &parser, const QStringList &files)
         return usageError(Cli::tr("--into is missing"));
     const QDir folder(into);
     const QString base = QFileInfo(trace.name).completeBaseName();
-    if (!checkSource(trace) || !checkTarget(folder, base))
+    if (!checkSource(trace))
+        return Failed;
+    const bool isNew = !folder.exists();
+    if (!checkTarget(folder, base))
         return Failed;
     const bool done = importTrace(trace, folder, base, quint32(messages));
+    if (!done && isNew)
+        QDir().rmdir(into);
     return finishOutput() && done ? Succeeded : Failed;
 }

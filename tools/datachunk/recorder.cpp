@@ -36,7 +36,7 @@ Recorder::Recorder(RecordingFolder &folder, FrameSource &source, const Recording
     folder.setChunkFolder(store->chunkFolderPath());
     connect(store.get(), &DatachunkHandler::newDataFile, this, &Recorder::chunkWritten);
     connect(store.get(), &DatachunkHandler::newErrorMessage, this,
-            [this](const QString &text) { fail(this->folder.path(), text); });
+            &Recorder::storeFailed);
     connect(&source, &FrameSource::received, this, &Recorder::take);
     connect(&source, &FrameSource::ended, this, &Recorder::sourceEnded);
 }
@@ -168,6 +168,12 @@ void Recorder::fail(const QString &subject, const QString &text)
     stopFailed();
 }
 
+void Recorder::storeFailed(QString text)
+{
+    // The user knows a chunk by the place that it was meant for.
+    fail(folder.path(), text.replace(store->chunkFolderPath(), folder.path()));
+}
+
 // A recording with a gap is not worth going on with.
 void Recorder::stopFailed()
 {
@@ -205,10 +211,10 @@ void Recorder::finish()
     QCoreApplication::sendPostedEvents(store.get());
     if (!waiting.empty() && !failed)
         fail(folder.path(), Cli::tr("Not every chunk file was written."));
-    // What was announced may still be cut short, which its size alone does not tell.
-    total.stored =
+    total.stored = quint64(saveLastMessages());
+    // Where something went wrong a chunk may be cut short.
+    total.stored +=
         failed ? quint64(folder.countRecords()) : quint64(folder.chunkCount()) * messagesPerChunk;
-    total.stored += quint64(saveLastMessages());
     total.dropped = total.taken - total.stored;
 }
 
