@@ -35,8 +35,7 @@ Recorder::Recorder(RecordingFolder &folder, FrameSource &source, const Recording
     store->setMaximumHDDSpace(std::numeric_limits<quint32>::max());
     folder.setChunkFolder(store->chunkFolderPath());
     connect(store.get(), &DatachunkHandler::newDataFile, this, &Recorder::chunkWritten);
-    connect(store.get(), &DatachunkHandler::newErrorMessage, this,
-            &Recorder::storeFailed);
+    connect(store.get(), &DatachunkHandler::newErrorMessage, this, &Recorder::storeFailed);
     connect(&source, &FrameSource::received, this, &Recorder::take);
     connect(&source, &FrameSource::ended, this, &Recorder::sourceEnded);
 }
@@ -211,6 +210,7 @@ void Recorder::finish()
     QCoreApplication::sendPostedEvents(store.get());
     if (!waiting.empty() && !failed)
         fail(folder.path(), Cli::tr("Not every chunk file was written."));
+    waitingBytes = 0;
     total.stored = quint64(saveLastMessages());
     // Where something went wrong a chunk may be cut short.
     total.stored +=
