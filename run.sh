@@ -2,40 +2,38 @@
 # Without arguments: records, pages back and imports the sample traces. With arguments: runs
 # "datachunk" with them. Installs and builds what is missing first.
 
-source "$(dirname "${BASH_SOURCE[0]}")/scripts/setup.sh"
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/scripts/setup.sh"
 
 datachunk="$project/build/release/tools/datachunk/datachunk"
-traces="$project/examples/traces"
 
 install_packages
 if [ $# -gt 0 ]; then
-    build_quietly release --target datachunk
+    quietly build release --target datachunk
     exec "$datachunk" "$@"
 fi
 
-echo "== Building"
+echo "== Building in build/release, some minutes the first time"
 (build release --target datachunk) 2>&1
 
-work="$(mktemp -d)"
-trap 'rm -rf "$work"' EXIT
+cd "$project"
+traces=examples/traces
+demo=build/demo
+rm -rf "$demo"
+mkdir -p "$demo"
 
-echo
-echo "== Recording a candump log; every 100 messages go into a chunk file"
-"$datachunk" record --into "$work/recording" --limit 5100 <"$traces/engine_start.log"
-(cd "$work/recording" && ls -l -- *.dck)
+# step TITLE ARGUMENT...: says what is typed for it, and does it. Reads the file $input, if any.
+step() {
+    printf '\n== %s\n$ ./run.sh %s%s\n' "$1" "${*:2}" "${input:+ <$input}"
+    "$datachunk" "${@:2}" <"${input:-/dev/null}"
+}
 
-echo
-echo "== Paging chunk 1 back: its first messages"
-"$datachunk" dump "$work/recording/tmpData1.dck" --count 5
+input=$traces/engine_start.log \
+    step "Record a candump log; every 100 messages go into a chunk file" \
+    record --into $demo/recording --limit 5100
+step "Page chunk 1 back: its first messages" dump $demo/recording/tmpData1.dck --count 5
+step "What the recorded log holds" info $traces/engine_start.log
+step "Import a Wireshark capture into chunk files" import $traces/door_module.csv --into $demo/imported
+step "What the imported capture holds" info $demo/imported/door_module_0.dck
 
-echo
-echo "== Importing a Wireshark capture into chunk files"
-"$datachunk" import "$traces/door_module.csv" --into "$work/imported"
-
-echo
-echo "== What the recorded log holds"
-"$datachunk" info "$traces/engine_start.log"
-
-echo
-echo "== What the imported capture holds"
-"$datachunk" info "$work/imported/door_module_0.dck"
+printf '\nAll of it lies in %s. Go on with one of\n' "$project/$demo"
+printf '    ./run.sh %s\n' "info YOUR_TRACE" "export $demo/imported/door_module_0.dck --to door.txt" --help

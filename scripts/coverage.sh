@@ -2,7 +2,7 @@
 # Prints how many lines of the readers (src/import) the tests and the corpus of the fuzzer run,
 # file by file, with the numbers of those that they do not. Builds into build/coverage.
 
-source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 packages+=(gcovr)
 
 install_packages

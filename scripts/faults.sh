@@ -2,7 +2,7 @@
 # Runs what takes too long for every day: every fault at every call of every operation, and 500
 # kills. faults.sh [faults|kills [SEED]]; both without an argument.
 
-source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
 run_test() {
     "$project/tests/support/fresh-home.sh" "$project/build/dev/tests/tst_$1" "${@:2}" -maxwarnings 0 2>&1 |

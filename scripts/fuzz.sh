@@ -8,7 +8,7 @@
 #
 # What the fuzzer learns is kept in build/fuzz/corpus.
 
-source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 packages+=(clang libclang-rt-14-dev)
 
 runs=10000000

@@ -3,7 +3,12 @@
 
 set -euo pipefail
 
-project="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+project="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)"
+
+# In other locales Qt and its tools lose characters of file names.
+if [ "$(locale charmap 2>/dev/null)" != UTF-8 ]; then
+    export LC_ALL=C.UTF-8
+fi
 
 packages=(
     cmake ninja-build g++ pkg-config
@@ -33,38 +38,45 @@ as_root() {
     fi
 }
 
+# quietly COMMAND...: says a word only when it fails, and then all of them.
+quietly() {
+    local log status=0
+    log="$(mktemp)"
+    # In a shell of its own, because "||" would have it run on behind a failure.
+    set +e
+    (set -e; "$@") >"$log" 2>&1 </dev/null
+    status=$?
+    set -e
+    if [ "$status" -ne 0 ]; then
+        cat "$log" >&2
+    fi
+    rm -f "$log"
+    return "$status"
+}
+
 install_packages() {
+    # No process substitution, which needs a mounted /proc.
     local missing
-    mapfile -t missing < <(missing_packages)
-    if [ "${#missing[@]}" -eq 0 ]; then
+    missing="$(missing_packages)"
+    if [ -z "$missing" ]; then
         return
     fi
-    echo "== Installing: ${missing[*]}" >&2
+    echo "== Installing packages, some minutes:" $missing >&2
     as_root true
     # A package source that is out of reach matters only when a package is missing afterwards.
-    as_root apt-get -qq update >&2 </dev/null || true
-    as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get -qq install --yes --no-install-recommends "${missing[@]}" >&2 </dev/null
+    quietly as_root apt-get update || true
+    quietly as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install --yes --no-install-recommends $missing
 }
 
 # build PRESET [--target NAME]: configures where that has not been done and brings the build up to
-# date.
+# date. Progress is for terminals.
 build() {
     cd "$project"
     if [ ! -f "build/$1/build.ninja" ]; then
-        cmake --preset "$1" >&2 </dev/null
+        quietly cmake --preset "$1"
     fi
-    cmake --build --preset "$@" >&2 </dev/null
-}
-
-# The same without a word unless it fails.
-build_quietly() {
-    local log
-    log="$(mktemp)"
-    if ! (build "$@") 2>"$log"; then
-        cat "$log" >&2
-        rm -f "$log"
-        return 1
-    fi
-    rm -f "$log"
+    local quiet=()
+    [ -t 2 ] || quiet=(-- --quiet)
+    cmake --build --preset "$@" "${quiet[@]}" >&2 </dev/null
 }

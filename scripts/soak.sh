@@ -3,7 +3,7 @@
 # clearings in between, and looks for every one of them in the chunk files. Takes about
 # a quarter of an hour and 300 MB of disk space. DATACHUNK_SEED gives another order of events.
 
-source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
 install_packages
 build release --target tst_model

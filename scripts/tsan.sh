@@ -3,7 +3,7 @@
 # ctest. Qt and QuaZip are built with it first, from the distribution's sources and of the versions
 # installed; that takes some 15 minutes once and stays in build/tsan-qt.
 
-source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
 packages+=(dpkg-dev)
 install_packages

@@ -54,37 +54,30 @@ void DatachunkHandler::saveDatachunksToZip()
 QString DatachunkHandlerPrivate::packChunks(const QString &zipName)
 {
     const QMutexLocker archiveLocker(&archiveMutex);
-    quint64 packedGeneration = 0;
-    {
-        const QReadLocker locker(&lock);
-        packedGeneration = generation;
-    }
-    const auto keepGoing = [this, packedGeneration] {
-        const QReadLocker locker(&lock);
-        return !stopping && generation == packedGeneration;
+    const auto keepGoing = [this, packed = chunkSaver.generation()] {
+        return !stopping && chunkSaver.generation() == packed;
     };
-    chunkQueue.waitForAll();
-    exportQueue.waitForAll();
-    // The next export may write the same file again, and packing reads it.
-    exportQueue.pause();
-    exportQueue.waitForRunning();
-    const QString error = packFolder(zipName, keepGoing);
-    exportQueue.resume();
-    return error;
+    if (!chunkSaver.waitForAll(keepGoing))
+        return {};
+    // The next export into the folder may write the same file again, and packing reads it.
+    const ExportDesk::Hold hold(exports);
+    return packFolder(zipName, keepGoing);
 }
 
 QString DatachunkHandlerPrivate::packFolder(const QString &zipName, const Zip::KeepGoing &keepGoing)
 {
+    const QDir folder = chunkFolder.dir();
     // Two entries are in every folder, so that none means that it cannot be read.
-    QFileInfoList files = chunkFolder.dir().entryInfoList(QDir::Files | QDir::Dirs, QDir::NoSort);
+    QFileInfoList files = folder.entryInfoList(QDir::Files | QDir::Dirs, QDir::NoSort);
     if (files.isEmpty())
-        return FileErrors::notRead(chunkFolder.dir().path(), qt_error_string());
+        return FileErrors::notRead(folder.path(), qt_error_string());
     const auto isNotPacked = [&](const QFileInfo &file) {
         return file.isDir() || file == QFileInfo(zipName);
     };
     files.erase(std::remove_if(files.begin(), files.end(), isNotPacked), files.end());
     // What has begun to be written since must be whole before it is packed.
-    chunkQueue.waitForAll();
+    if (!chunkSaver.waitForAll(keepGoing))
+        return {};
     const Zip::PackOutcome outcome = Zip::packFiles(zipName, files, keepGoing);
     if (!outcome.readErrorText.isEmpty() || outcome.errorText.isEmpty())
         return outcome.readErrorText;

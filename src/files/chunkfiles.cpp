@@ -88,12 +88,49 @@ bool DatachunkHandler::loadDataFromFile(int number)
 {
     if (!d->chunkFolder.exists())
         return true;
-    d->chunkQueue.waitFor(
-        [number](const SaveJob &job) { return job.chunkIndex == quint32(number); });
-    const QString name = QStringLiteral("tmpData%1.dck").arg(number);
-    loadFile(d->chunkFolder.dir().absoluteFilePath(name), true, DatachunkHelper::ChunkFile,
+    if (const SharedSaveJob job = d->chunkSaver.pending(quint32(number))) {
+        d->showPending(*job);
+        return true;
+    }
+    const QString name = QStringLiteral("/tmpData%1.dck").arg(number);
+    loadFile(d->chunkFolder.path() + name, true, DatachunkHelper::ChunkFile,
              DatachunkHelper::CurrentMessages, QString());
     return true;
+}
+
+void DatachunkHandlerPrivate::showPending(const SaveJob &job)
+{
+    if (refuseDuringImport())
+        return;
+    fileToLoad = job.fileName;
+    const ImportRun run(q);
+    leaveLiveMode();
+    if (!run.goesOn()) {
+        if (run.storeExists())
+            endCancelledImport();
+        return;
+    }
+    bool containsFdFrame = false;
+    MessageList messages;
+    for (int i = 0; i < job.messages.size(); ++i) {
+        messages.append(ChunkFormat::asInChunk(job.messages.at(i)));
+        containsFdFrame |= messages.at(i).fdFrame;
+        insertLine(messages.at(i));
+    }
+    {
+        const QWriteLocker locker(&lock);
+        pagedMessages = std::move(messages);
+        const QMutexLocker notesLocker(&notesLock);
+        notes = job.notes;
+        notes.detach();
+    }
+    setBookmarks(job.bookmarks);
+    setCurrentChunkVersion(ChunkFormat::currentVersion);
+    emit q->chunkContainsFdMessage(containsFdFrame);
+    if (run.goesOn())
+        finishImport(run, false);
+    else if (run.storeExists())
+        endCancelledImport();
 }
 
 void DatachunkHandler::loadDataFromFile(QString fileName, DatachunkHelper::SavedMessageType smt)
@@ -149,7 +186,7 @@ bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,
     while (store && reader.next(message)) {
         if (count % messagesPerFile == 0) {
             q->finishContinousOutput();
-            if (!store || (count != 0 && !continuousOutput->errorText().isEmpty()))
+            if (!store || (count != 0 && !continuousOutput.errorText().isEmpty()))
                 return false;
             if (!q->createContinuousOutputFile(fillChunkNumber(partTemplate, part++)))
                 return false;
@@ -159,7 +196,7 @@ bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,
     }
     if (!store)
         return false;
-    continuousOutput->flushContinuousOutput();
+    continuousOutput.flush();
     reportContinuousOutput();
-    return store && (count == 0 || continuousOutput->errorText().isEmpty());
+    return store && (count == 0 || continuousOutput.errorText().isEmpty());
 }

@@ -124,6 +124,15 @@ void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 
     stream.writeRawData(record, encodeRecord(record, message, version));
 }
 
+CAN::CanRxMessage asInChunk(const CAN::CanRxMessage &message)
+{
+    char record[maxRecordSize];
+    encodeRecord(record, message, currentVersion);
+    CAN::CanRxMessage read;
+    decodeRecord(record, read, currentVersion);
+    return read;
+}
+
 bool readRecord(QDataStream &stream, CAN::CanRxMessage &message, quint32 version)
 {
     qint8 length = 0;

@@ -53,6 +53,9 @@ Maps readMaps(QDataStream &stream, quint32 version, BookmarkMap bookmarkMap = Bo
 int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version);
 void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 version);
 
+/// What is left of a message in a chunk of the current version.
+CAN::CanRxMessage asInChunk(const CAN::CanRxMessage &message);
+
 /// Reads one record over \a message: fields behind the end of the stream become 0, payload
 /// bytes there and a line that the version does not carry keep their values. Returns false,
 /// with the stream's status set to ReadCorruptData, for a length outside 0..64.

@@ -221,20 +221,21 @@ SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Note
 {
     if (!chunkFolder.exists())
         return {};
-    SharedSaveJob job;
+    const auto job = std::make_shared<SaveJob>();
+    job->type = DatachunkHelper::PartialBuffer;
+    job->isPrivate = true;
+    job->messages = pagedMessages;
+    job->endPosition = quint32(pagedMessages.size());
+    job->notes = messageNotes;
+    job->importName = loadedFileName;
+    job->fileName = chunkFolder.partialChunkTemplate(loadedFileName);
     {
+        // The number belongs to a trace, which clearing ends under the lock.
         const QWriteLocker locker(&lock);
-        job = newChunkJobLocked(DatachunkHelper::PartialBuffer);
-        job->messages = pagedMessages;
-        job->endPosition = quint32(pagedMessages.size());
-        job->notes = messageNotes;
-        job->importName = loadedFileName;
-        const QString nameTemplate = chunkFolder.partialChunkTemplate(loadedFileName);
-        job->fileName = fillChunkNumber(nameTemplate, job->chunkIndex);
-        chunkFolder.addFileBeside(job->fileName);
-        chunkQueue.add(job);
+        chunkSaver.add(job);
     }
-    chunkQueue.start();
+    chunkFolder.addFileBeside(job->fileName);
+    chunkSaver.start();
     return job;
 }
 
@@ -245,7 +246,7 @@ bool DatachunkHandlerPrivate::makeRoomForImported()
     if (lastPartialSave && !run.waitFor(lastPartialSave))
         return false;
     lastPartialSave.reset();
-    if (maximumHddSpace != 0)
+    if (chunkSaver.budget() != 0)
         lastPartialSave = savePagedMessages(notesOf(pagedMessages));
     const QWriteLocker locker(&lock);
     pagedMessages.clear();

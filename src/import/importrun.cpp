@@ -27,8 +27,8 @@ bool ImportRun::waitFor(const SharedSaveJob &job) const
 {
     // Short enough for the application to stay responsive, long enough to leave the core to
     // others.
-    constexpr unsigned long millisecondsBetweenTurns = 5;
-    while (!job->waitForFinished(millisecondsBetweenTurns)) {
+    constexpr int millisecondsBetweenTurns = 5;
+    while (!job->waitForFinished(QDeadlineTimer(millisecondsBetweenTurns))) {
         QCoreApplication::processEvents();
         if (!goesOn())
             return false;

@@ -40,10 +40,11 @@ void SavingTest::workerReports()
 {
     const auto reports = [](const QString &name, int type, unsigned end) {
         QTemporaryDir folder;
-        QList<CAN::CanRxMessage> list{makeMessage(0, 0), makeMessage(1, 1), makeMessage(2, 2)};
+        QList<CAN::CanRxMessage> list;
         const QString file = folder.filePath(name);
         SaveFileWorker worker(file, &list, Type(type), 1000, end, {}, {}, 0, {});
-        list.clear();
+        // It counts what is there when the saving starts.
+        list = {makeMessage(0, 0), makeMessage(1, 1), makeMessage(2, 2)};
         QStringList seen;
         connect(&worker, &SaveFileWorker::ready, [&] { seen += "ready"; });
         connect(&worker, &SaveFileWorker::savingFinished,

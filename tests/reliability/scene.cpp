@@ -94,10 +94,13 @@ void Scene::waitUntil(const std::function<bool()> &condition)
 
 void Scene::waitForSaves()
 {
-    // With no name for the archive nothing is packed, but waited for.
-    store->setZipFileName(QString());
-    store->saveDatachunksToZip();
+    store->waitForSaves();
     QCoreApplication::sendPostedEvents();
+}
+
+void Scene::waitForView(quint32 first, quint32 last)
+{
+    waitUntil([&] { return shows(first, last); });
 }
 
 void Scene::waitForArchives()
@@ -127,7 +130,8 @@ void Scene::checkAftermath(bool mayLeaveFiles)
     const quint32 rotations = (appended - (appended > 0)) / chunkSize;
     const quint32 start = rotations * chunkSize;
     append(start + chunkSize + 1 - appended);
-    waitUntil([&] { return !chunks.isEmpty() && shows(appended - 1, appended - 1); });
+    waitUntil([this] { return !chunks.isEmpty(); });
+    waitForView(appended - 1, appended - 1);
     waitForSaves();
     const QString last = QStringLiteral("tmpData%1.dck").arg(chunks.isEmpty() ? 0 : chunks.last());
     if (!holds(chunkPath(last), start, start + chunkSize - 1))

@@ -32,6 +32,8 @@ public:
     void append(quint32 count);
 
     void waitForSaves();
+    /// Waits until exactly the messages \a first to \a last are shown.
+    void waitForView(quint32 first, quint32 last);
     /// Waits for all archive jobs and saves.
     void waitForArchives();
 

@@ -15,7 +15,8 @@ const StoreDriver::Command StoreDriver::commands[] = {
     {"page", 10, 7, &StoreDriver::pageChunk},
     {"go live", 8, 8, &StoreDriver::goLive},
     {"export", 10, 4, &StoreDriver::exportSome},
-    {"export into the chunk folder", 3, 1, &StoreDriver::exportLastChunk},
+    {"export into the chunk folder", 3, 1,
+     [](StoreDriver &driver) { driver.exportLastChunk(false); }},
     {"clear", 3, 1, &StoreDriver::clear},
     {"budget", 3, 0, &StoreDriver::changeBudget},
     {"continuous mode", 1, 0, &StoreDriver::changeMode},
@@ -199,7 +200,7 @@ void StoreDriver::exportSome()
     model->exportMessages(file, withNotes, selected);
 }
 
-void StoreDriver::exportLastChunk()
+void StoreDriver::exportLastChunk(bool packed)
 {
     // The disk budget counts this file, so the order of the writes has to be known.
     settle();
@@ -208,6 +209,10 @@ void StoreDriver::exportLastChunk()
     // An earlier one, with the same messages perhaps, must not be taken for it.
     if (model->live.count != 0)
         QFile::remove(file);
+    // The wish is fulfilled with the next report of an export, perhaps of an earlier one, so
+    // nothing may come between it and the order.
+    if (packed)
+        store->setZipAfterSaving(true);
     store->exportAllMessages("x.dck", options(withNotes));
     model->exportMessages(file, withNotes, {});
     if (model->live.count != 0)
@@ -288,9 +293,8 @@ void StoreDriver::pack()
     archiveName = newFile(".zip");
     store->setZipFileName(archiveName);
     if (below(2) == 0 && model->live.count != 0) {
-        store->setZipAfterSaving(true);
-        exportLastChunk();
-        require(QTest::qWaitFor([this] { return QFile::exists(archiveName); }), "no archive came");
+        exportLastChunk(true);
+        require(comesTrue([this] { return QFile::exists(archiveName); }), "no archive came");
     } else {
         store->saveDatachunksToZip();
     }

@@ -47,7 +47,7 @@ void StoreDriver::beginStore()
     store->setBookmarkhandler(bookmarks.get());
     if (weights == Recording)
         store->setMaximumHDDSpace(model->budget = 100);
-    switches = switchStarts = 0;
+    switches = switchStarts = switchesSettled = 0;
     connectStore();
     stopReading = false;
     for (int i = 0; i < readerCount; ++i)

@@ -55,7 +55,7 @@ private:
     void pageChunk();
     void goLive();
     void exportSome();
-    void exportLastChunk();
+    void exportLastChunk(bool packed);
     void clear();
     void changeBudget();
     void changeMode();
@@ -80,6 +80,7 @@ private:
     }
     void check();
     void checkView();
+    bool showsLiveList() const;
     void checkLines(const QVector<MessageRun> &view);
     void checkNotes();
     void checkChunk(const ModelFile &expected, const QString &path);
@@ -90,6 +91,9 @@ private:
     void keepLastChunkYoung();
     /// Counts what a clearing or the end of the store takes along.
     void forgetTrace();
+
+    /// Whether a condition comes true, however busy the machine is.
+    static bool comesTrue(const std::function<bool()> &condition);
 
     int below(int limit) { return int(random() % quint32(qMax(limit, 1))); }
     QString text() { return QStringLiteral("text %1").arg(++texts); }
@@ -118,6 +122,7 @@ private:
     QSet<unsigned char> toldLines;
     std::atomic<quint32> switchStarts{0};
     std::atomic<quint32> switches{0};
+    quint32 switchesSettled = 0;
 
     QVector<ModelFile> archive; // in the order of its entries
     QString archiveName;

@@ -128,10 +128,10 @@ void StoreModel::rotate()
     chunk.bookmarks = std::exchange(isLive ? bookmarks : liveBookmarks, {});
     rotated = live;
     live.count = 0;
-    ++switchesAtMost;
+    ++rotations;
     if (isLive) {
         showsRotated = true;
-        ++switchesAtLeast;
+        ++switchesDue;
         due += QStringLiteral("start");
     }
     if (budget == 0) {
@@ -168,7 +168,7 @@ QVector<QVector<MessageRun>> StoreModel::views() const
 void StoreModel::settle()
 {
     showsRotated = false;
-    switchesAtLeast = switchesAtMost = 0;
+    switchesDue = 0;
 }
 
 void StoreModel::leaveLive()
@@ -177,7 +177,7 @@ void StoreModel::leaveLive()
     if (isLive) {
         liveNotes = std::exchange(notes, {});
         liveBookmarks = bookmarks;
-        switchesAtLeast = 0; // the pool finds out that there is nothing to switch
+        switchesDue = 0; // a handover finds out that there is nothing to switch
     } else {
         bookmarks.clear();
     }
@@ -249,6 +249,7 @@ void StoreModel::clear()
     bookmarks.clear();
     liveBookmarks.clear();
     showsRotated = false;
+    switchesDue = 0;
 }
 
 void StoreModel::setContinuousMode(bool on)
@@ -314,9 +315,9 @@ void StoreModel::exportMessages(const QString &file, bool withNotes,
 {
     if (!isExportable(live.count != 0, file))
         return;
-    exportNotes = withNotes ? notes : ChunkFormat::Notes();
+    exportNotes = withNotes ? notesOfLive() : ChunkFormat::Notes();
     if (hasBookmarks)
-        exportBookmarks = bookmarks;
+        exportBookmarks = isLive ? bookmarks : liveBookmarks;
     exports.push_back({file, live, 0, live.count, selected, exportNotes, exportBookmarks});
 }
 
@@ -324,7 +325,7 @@ void StoreModel::exportRange(const QString &file, int first, int last)
 {
     if (!isExportable(last <= int(live.count), file))
         return;
-    exportNotes = notes;
+    exportNotes = notesOfLive();
     const qint64 end = last == 0 ? live.count : qBound<qint64>(0, last + 1, live.count);
     exports.push_back({file, live, first, end, {}, exportNotes, exportBookmarks});
 }

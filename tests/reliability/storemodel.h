@@ -67,10 +67,10 @@ public:
     void finishImport(quint32 count, const QString &file);
     void exportMessages(const QString &file, bool withNotes, const QList<unsigned int> &selected);
     void exportRange(const QString &file, int first, int last);
-    /// The pool and the saver have nothing left to do.
+    /// Nothing is left to do in the background.
     void settle();
 
-    /// The views that the store may show: while the pool is busy there are two.
+    /// The views that the store may show: until a handover there are two.
     QVector<QVector<MessageRun>> views() const;
     quint32 nextSerial() const { return serial; }
 
@@ -81,7 +81,7 @@ public:
     QVector<MessageRun> paged;
     MessageRun rotated;
     bool isLive = true;
-    bool showsRotated = false; ///< until the pool gets to showing the live list
+    bool showsRotated = false; ///< until the handover, which shows the live list
     bool continuousMode = false;
     bool linesOfOthers = false; ///< those of messages appended while browsing count as shown
     quint32 maxMessageCount;
@@ -97,8 +97,8 @@ public:
     std::vector<ModelFile> partials; ///< of the import that ran last
     std::vector<ModelFile> exports;  ///< ordered and not looked at yet
     quint32 removals = 0;            ///< by the budget since the last clearing
-    quint32 switchesAtLeast = 0;     ///< handovers of the pool since the last settling
-    quint32 switchesAtMost = 0;
+    quint32 switchesDue = 0;         ///< handovers in the background since the last settling
+    quint32 rotations = 0;           ///< each may be followed by one
 
     quint64 lostWithoutBudget = 0;
     quint64 lostInContinuousMode = 0;
@@ -117,6 +117,8 @@ private:
     quint32 number = 0;
     ChunkFormat::Notes liveNotes;
     ChunkFormat::Bookmarks liveBookmarks;
+    const ChunkFormat::Notes &notesOfLive() const { return isLive ? notes : liveNotes; }
+
     ChunkFormat::Notes exportNotes;
     ChunkFormat::Bookmarks exportBookmarks;
     quint32 kibibytes = 0;

@@ -94,12 +94,15 @@ void FolderTest::init()
 {
     folder = std::make_unique<QTemporaryDir>();
     QVERIFY(folder->isValid() && QDir::setCurrent(folder->path()));
+    otherTemporary = qgetenv("TMPDIR");
     qputenv("TMPDIR", QFile::encodeName(folder->path()));
 }
 
 void FolderTest::cleanup()
 {
-    QCOMPARE(namesIn(folder->path()).filter(QStringLiteral(".datachunk")), QStringList());
+    // The next folder cannot be made in this one.
+    qputenv("TMPDIR", otherTemporary);
     QDir::setCurrent(QDir::rootPath());
+    QCOMPARE(namesIn(folder->path()).filter(QStringLiteral(".datachunk")), QStringList());
     folder.reset();
 }

@@ -55,4 +55,5 @@ private slots:
 
 private:
     std::unique_ptr<QTemporaryDir> folder;
+    QByteArray otherTemporary;
 };

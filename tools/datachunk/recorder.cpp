@@ -206,7 +206,7 @@ void Recorder::finish()
 {
     source.disconnect(this);
     source.setPaused(true);
-    store->waitForChunks();
+    store->waitForSaves();
     QCoreApplication::sendPostedEvents(store.get());
     if (!waiting.empty() && !failed)
         fail(folder.path(), Cli::tr("Not every chunk file was written."));

@@ -13,7 +13,13 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
+#include <sys/epoll.h>
+#include <sys/eventfd.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #define FAULTY extern "C" __attribute__((visibility("default")))
@@ -40,10 +46,16 @@ bool isWatched(const char *path)
     return !prefix.empty() && path && std::string_view(path).substr(0, prefix.size()) == prefix;
 }
 
-int watch(int fd, const char *path, int flags)
+// A path that may be relative to an open folder.
+bool isWatched(int folder, const char *path)
+{
+    return isWatched(path) || (watchOf(folder) != No && path && *path != '/');
+}
+
+int watch(int fd, bool isOurs, int flags)
 {
     if (fd >= 0 && std::size_t(fd) < watched.size())
-        watched[std::size_t(fd)] = !isWatched(path) ? No : flags & O_ACCMODE ? Writing : Reading;
+        watched[std::size_t(fd)] = !isOurs ? No : flags & O_ACCMODE ? Writing : Reading;
     return fd;
 }
 
@@ -84,6 +96,28 @@ bool fails(Call call, int fd, std::size_t &count)
     return false;
 }
 
+void setHandleLimit(rlim_t limit)
+{
+    rlimit limits{};
+    getrlimit(RLIMIT_NOFILE, &limits);
+    limits.rlim_cur = std::min(limit, limits.rlim_max);
+    setrlimit(RLIMIT_NOFILE, &limits);
+}
+
+// For ever, the system refuses those calls as well that nobody can define in place of the library.
+bool lacksHandle()
+{
+    if (!fails(Handle))
+        return false;
+    if (fault.forEver) {
+        const long lowestFree = syscall(SYS_dup, STDERR_FILENO);
+        syscall(SYS_close, lowestFree);
+        setHandleLimit(rlim_t(lowestFree));
+    }
+    errno = fault.effect;
+    return true;
+}
+
 template <typename Function> Function *next(const char *name, Function *)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
@@ -107,6 +141,8 @@ void arm(const Fault &newFault)
 bool disarm()
 {
     armed = false;
+    if (fault.call == Handle && fault.forEver)
+        setHandleLimit(watched.size());
     return met;
 }
 
@@ -122,17 +158,40 @@ using namespace Faults;
 // The function of the same name that would have been called without us.
 #define REAL(function) static const auto real = next(#function, &function)
 
-// Only what Qt 5.15 calls is here, and fsync, which we call.
+// What Qt 5.15, the ZIP library and we ourselves call, under the names that each of them uses.
 
-FAULTY int open64(const char *path, int flags, ...)
-{
-    REAL(open64);
-    va_list list;
-    va_start(list, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(list, mode_t) : 0;
-    va_end(list);
-    return isWatched(path) && fails(Open) ? -1 : watch(real(path, flags, mode), path, flags);
-}
+#define FAULTY_OPEN(function)                                                                      \
+    FAULTY int function(const char *path, int flags, ...)                                          \
+    {                                                                                              \
+        REAL(function);                                                                            \
+        va_list list;                                                                              \
+        va_start(list, flags);                                                                     \
+        const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(list, mode_t) : 0;              \
+        va_end(list);                                                                              \
+        const bool isOurs = isWatched(path);                                                       \
+        if ((isOurs && fails(Open)) || lacksHandle())                                              \
+            return -1;                                                                             \
+        return watch(real(path, flags, mode), isOurs, flags);                                      \
+    }
+
+#define FAULTY_OPENAT(function)                                                                    \
+    FAULTY int function(int folder, const char *path, int flags, ...)                              \
+    {                                                                                              \
+        REAL(function);                                                                            \
+        va_list list;                                                                              \
+        va_start(list, flags);                                                                     \
+        const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(list, mode_t) : 0;              \
+        va_end(list);                                                                              \
+        const bool isOurs = isWatched(folder, path);                                               \
+        if ((isOurs && fails(Open)) || lacksHandle())                                              \
+            return -1;                                                                             \
+        return watch(real(folder, path, flags, mode), isOurs, flags);                              \
+    }
+
+FAULTY_OPEN(open)
+FAULTY_OPEN(open64)
+FAULTY_OPENAT(openat)
+FAULTY_OPENAT(openat64)
 
 FAULTY ssize_t read(int fd, void *to, size_t count)
 {
@@ -152,7 +211,7 @@ FAULTY int close(int fd)
     REAL(close);
     const bool failing = watchOf(fd) == Writing && fails(Close);
     const int error = errno;
-    watch(fd, nullptr, 0);
+    watch(fd, false, 0);
     const int result = real(fd);
     if (!failing)
         return result;
@@ -164,29 +223,112 @@ FAULTY int close(int fd)
     FAULTY int function parameters                                                                 \
     {                                                                                              \
         REAL(function);                                                                            \
-        return watching && fails(call) ? -1 : real arguments;                                      \
+        return (watching) && fails(call) ? -1 : real arguments;                                    \
     }
 
 FAULTY_CALL(Sync, fsync, (int fd), watchOf(fd) != No, (fd))
 FAULTY_CALL(Sync, fdatasync, (int fd), watchOf(fd) != No, (fd))
 FAULTY_CALL(Rename, rename, (const char *from, const char *path) noexcept, isWatched(path),
             (from, path))
+FAULTY_CALL(Rename, renameat, (int a, const char *from, int b, const char *path) noexcept,
+            isWatched(b, path), (a, from, b, path))
 FAULTY_CALL(Rename, renameat2,
             (int a, const char *from, int b, const char *path, unsigned flags) noexcept,
-            isWatched(path), (a, from, b, path, flags))
+            isWatched(b, path), (a, from, b, path, flags))
 FAULTY_CALL(Rename, link, (const char *from, const char *path) noexcept, isWatched(path),
             (from, path))
 FAULTY_CALL(Rename, linkat, (int a, const char *from, int b, const char *path, int flags) noexcept,
-            isWatched(path), (a, from, b, path, flags))
+            isWatched(b, path), (a, from, b, path, flags))
 FAULTY_CALL(Unlink, unlink, (const char *path) noexcept, isWatched(path), (path))
+FAULTY_CALL(Unlink, unlinkat, (int folder, const char *path, int flags) noexcept,
+            isWatched(folder, path), (folder, path, flags))
 FAULTY_CALL(Unlink, rmdir, (const char *path) noexcept, isWatched(path), (path))
 FAULTY_CALL(Mkdir, mkdir, (const char *path, mode_t mode) noexcept, isWatched(path), (path, mode))
+FAULTY_CALL(Mkdir, mkdirat, (int folder, const char *path, mode_t mode) noexcept,
+            isWatched(folder, path), (folder, path, mode))
+FAULTY_CALL(Stat, access, (const char *path, int mode) noexcept, isWatched(path), (path, mode))
+FAULTY_CALL(Stat, stat, (const char *path, struct stat *to) noexcept, isWatched(path), (path, to))
+FAULTY_CALL(Stat, lstat, (const char *path, struct stat *to) noexcept, isWatched(path), (path, to))
+FAULTY_CALL(Stat, fstat, (int fd, struct stat *to) noexcept, watchOf(fd) != No, (fd, to))
+FAULTY_CALL(Stat, fstatat, (int folder, const char *path, struct stat *to, int flags) noexcept,
+            isWatched(folder, path), (folder, path, to, flags))
+FAULTY_CALL(Stat, stat64, (const char *path, struct stat64 *to) noexcept, isWatched(path),
+            (path, to))
+FAULTY_CALL(Stat, lstat64, (const char *path, struct stat64 *to) noexcept, isWatched(path),
+            (path, to))
+FAULTY_CALL(Stat, fstat64, (int fd, struct stat64 *to) noexcept, watchOf(fd) != No, (fd, to))
+FAULTY_CALL(Stat, statx,
+            (int folder, const char *path, int flags, unsigned mask, struct statx *to) noexcept,
+            path[0] ? isWatched(folder, path) : watchOf(folder) != No,
+            (folder, path, flags, mask, to))
+FAULTY_CALL(Mode, chmod, (const char *path, mode_t mode) noexcept, isWatched(path), (path, mode))
+FAULTY_CALL(Mode, fchmod, (int fd, mode_t mode) noexcept, watchOf(fd) != No, (fd, mode))
+FAULTY_CALL(Space, statvfs, (const char *path, struct statvfs *to) noexcept, true, (path, to))
+FAULTY_CALL(Space, statvfs64, (const char *path, struct statvfs64 *to) noexcept, true, (path, to))
+
+#define FAULTY_HANDLE(function, parameters, arguments)                                             \
+    FAULTY int function parameters                                                                 \
+    {                                                                                              \
+        REAL(function);                                                                            \
+        return lacksHandle() ? -1 : real arguments;                                                \
+    }
+
+FAULTY_HANDLE(eventfd, (unsigned value, int flags) noexcept, (value, flags))
+FAULTY_HANDLE(pipe, (int to[2]) noexcept, (to))
+FAULTY_HANDLE(pipe2, (int to[2], int flags) noexcept, (to, flags))
+FAULTY_HANDLE(socketpair, (int domain, int type, int protocol, int to[2]) noexcept,
+              (domain, type, protocol, to))
+FAULTY_HANDLE(epoll_create1, (int flags) noexcept, (flags))
+FAULTY_HANDLE(dup, (int fd) noexcept, (fd))
+
+#define FAULTY_FCNTL(function)                                                                     \
+    FAULTY int function(int fd, int command, ...)                                                  \
+    {                                                                                              \
+        REAL(function);                                                                            \
+        va_list list;                                                                              \
+        va_start(list, command);                                                                   \
+        void *const argument = va_arg(list, void *);                                               \
+        va_end(list);                                                                              \
+        const bool duplicates = command == F_DUPFD || command == F_DUPFD_CLOEXEC;                  \
+        return duplicates && lacksHandle() ? -1 : real(fd, command, argument);                     \
+    }
+
+FAULTY_FCNTL(fcntl)
+FAULTY_FCNTL(fcntl64)
 
 FAULTY DIR *opendir(const char *path)
 {
     REAL(opendir);
-    return isWatched(path) && fails(List) ? nullptr : real(path);
+    if ((isWatched(path) && fails(List)) || lacksHandle())
+        return nullptr;
+    DIR *const folder = real(path);
+    if (folder)
+        watch(dirfd(folder), isWatched(path), O_RDONLY);
+    return folder;
 }
+
+FAULTY DIR *fdopendir(int fd)
+{
+    REAL(fdopendir);
+    return watchOf(fd) != No && fails(List) ? nullptr : real(fd);
+}
+
+FAULTY int closedir(DIR *folder)
+{
+    REAL(closedir);
+    watch(dirfd(folder), false, 0);
+    return real(folder);
+}
+
+#define FAULTY_READDIR(entry, function)                                                            \
+    FAULTY entry *function(DIR *folder)                                                            \
+    {                                                                                              \
+        REAL(function);                                                                            \
+        return watchOf(dirfd(folder)) != No && fails(Entry) ? nullptr : real(folder);              \
+    }
+
+FAULTY_READDIR(dirent, readdir)
+FAULTY_READDIR(dirent64, readdir64)
 
 FAULTY int pthread_create(pthread_t *thread, const pthread_attr_t *attributes,
                           void *(*start)(void *), void *argument) noexcept

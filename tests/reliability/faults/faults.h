@@ -4,7 +4,7 @@
 
 /// Failing calls of the C library. A program that links this defines the calls itself, before the
 /// library does, so that Qt and the ZIP library call them too; and it can be asked from within.
-/// Only files below watchBelow() are touched; threads and allocations everywhere.
+/// Only files below watchBelow() are touched; handles, volumes, threads and allocations everywhere.
 namespace Faults {
 
 enum Call {
@@ -15,8 +15,13 @@ enum Call {
     Rename, ///< and link
     Unlink, ///< and rmdir
     Mkdir,
-    List, ///< the opening of a folder
+    List,  ///< the opening of a folder
+    Entry, ///< the reading of the next one in a folder
+    Stat,  ///< what asks for the kind, size or rights of a file
+    Mode,  ///< what sets the rights of a file
     Sync,
+    Space,  ///< the asking for a volume
+    Handle, ///< whatever makes a file handle; for ever, the process has none to give from then on
     Thread,
     Allocate ///< of at least 1 MiB
 };
