@@ -219,7 +219,7 @@ void TestRecording::theReserveStaysFree()
     const ProgramResult result =
         run(QStringLiteral("record --into %1/rec --limit 9000 --reserve %2")
                 .arg(folder.path())
-                .arg(free / 1024 / 1024 - 2),
+                .arg(free / 1024 / 1024 - 16),
             {}, "yes '(1.0) can0 123#1122' |");
     QCOMPARE(result.status, 1);
     QVERIFY2(result.errors.contains("is left on the disk, so the recording ends"), result.errors);

@@ -24,6 +24,9 @@ constexpr qint64 recordBytes = 25;
 
 constexpr quint64 messagesBetweenChecks = 1024;
 
+// What may come between two checks and until the source has stopped: a block of text at the most.
+constexpr qint64 bytesUntilEnd = 512 * 1024;
+
 } // namespace
 
 Recorder::Recorder(RecordingFolder &folder, FrameSource &source, const RecordingLimits &limits)
@@ -87,7 +90,7 @@ bool Recorder::checkReserve()
 {
     const std::optional<DiskSpace> space = diskSpaceOf(folder.path());
     if (ending || !space || limits.reserve == 0
-        || space->available - waitingBytes - liveBytes > limits.reserve)
+        || space->available - waitingBytes - liveBytes - bytesUntilEnd > limits.reserve)
         return true;
     stopIncomplete(Cli::tr("No more than the reserve of %1 is left on the disk, so the recording "
                            "ends. --reserve sets another one, and --budget has old chunk files "
@@ -169,8 +172,9 @@ void Recorder::fail(const QString &subject, const QString &text)
 
 void Recorder::storeFailed(QString text)
 {
-    // The user knows a chunk by the place that it was meant for.
-    fail(folder.path(), text.replace(store->chunkFolderPath(), folder.path()));
+    // The user knows a file by the place that it was meant for.
+    text.replace(store->chunkFolderPath(), folder.path());
+    fail(folder.path(), text.replace(folder.workPath(), folder.path()));
 }
 
 // A recording with a gap is not worth going on with.
@@ -189,9 +193,11 @@ void Recorder::stopIncomplete(const QString &text)
 
 void Recorder::end()
 {
-    if (!ending)
-        QMetaObject::invokeMethod(this, &Recorder::ended, Qt::QueuedConnection);
+    if (ending)
+        return;
     ending = true;
+    source.setPaused(true);
+    QMetaObject::invokeMethod(this, &Recorder::ended, Qt::QueuedConnection);
 }
 
 void Recorder::sourceEnded()
@@ -224,11 +230,12 @@ qint64 Recorder::saveLastMessages()
         makeRoom(liveBytes);
         store->saveMessagesToFile(folder.unfinishedLastChunk(), DatachunkHelper::CurrentMessages,
                                   {}, 0, 0);
+        store->waitForSaves();
+        QCoreApplication::sendPostedEvents(store.get());
     }
     store.reset();
     const qint64 saved = liveMessages > 0 ? folder.addLastChunk() : 0;
-    // The store is gone before it could tell of a failure.
-    if (saved != liveMessages)
+    if (saved != liveMessages && !failed)
         fail(folder.path(), Cli::tr("The last messages could not be written completely."));
     return saved;
 }
