@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "movefiles.h"
 #include "options.h"
+#include "rotation.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "tracefile.h"
@@ -11,9 +12,6 @@
 namespace {
 
 constexpr quint64 mostMessagesPerFile = 10000000;
-
-// The store moves a buffer to disk this much below its limit.
-constexpr quint32 rotationMargin = 5000;
 
 bool checkSource(TraceFile &trace)
 {

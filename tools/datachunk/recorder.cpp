@@ -2,6 +2,7 @@
 
 #include "canframe.h"
 #include "diskspace.h"
+#include "rotation.h"
 #include "terminal.h"
 
 #include <QCoreApplication>
@@ -10,9 +11,6 @@
 #include <limits>
 
 namespace {
-
-// The store rotates this much below its limit.
-constexpr quint32 rotationMargin = 5000;
 
 // Rotated chunks that may wait for the disk; what they hold stays in memory so long.
 constexpr std::size_t mostChunksBehind = 4;
