@@ -2,6 +2,7 @@
 #include "recordingsink.h"
 #include "tracedump.h"
 #include "tracefixtures.h"
+#include "tracestream.h"
 
 #include <QMetaEnum>
 #include <QtTest>
@@ -13,6 +14,8 @@ class TraceFixtures : public QObject
 private slots:
     void import_data();
     void import();
+    void aStreamGivesTheSame_data();
+    void aStreamGivesTheSame();
     void everyLoaderReadsItsOwnType();
 };
 
@@ -35,6 +38,37 @@ void TraceFixtures::import()
     const QLatin1String found(types.valueToKey(fixture.type));
     QVERIFY2(!fixture.isDetected || fixture.name.startsWith(found.left(7), Qt::CaseInsensitive),
              found.data());
+}
+
+void TraceFixtures::aStreamGivesTheSame_data()
+{
+    import_data();
+}
+
+void TraceFixtures::aStreamGivesTheSame()
+{
+    QFETCH(int, index);
+    const TraceFixture fixture = traceFixtures().at(index);
+    TraceStream stream(fixture.fileName, fixture.type, fixture.description);
+    QStringList messages;
+    QStringList notes;
+    const auto take = [&](const CAN::CanRxMessage &message, const QString &note) {
+        messages.append(messageDump(message));
+        if (!note.isEmpty())
+            notes.append(QString::number(message.messageNumber) + QLatin1String(": ") + note);
+        return true;
+    };
+    if (stream.read(take, [] { return true; }) == TraceStream::Failed) {
+        messages.clear();
+        notes.clear();
+    }
+    if (!stream.errorText().isEmpty()) {
+        notes.append(QLatin1String("error: ")
+                     + stream.errorText().replace(fixture.fileName, QLatin1String("%1")));
+    }
+    const QStringList expected = fixture.expected.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QRegularExpression notAboutFd(QStringLiteral("^(?!fd: )"));
+    QCOMPARE(messages + notes, expected.filter(notAboutFd));
 }
 
 void TraceFixtures::everyLoaderReadsItsOwnType()

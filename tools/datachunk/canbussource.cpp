@@ -79,6 +79,7 @@ bool CanBusSource::start()
 {
     if (!device)
         return false;
+    connect(device.get(), &QCanBusDevice::framesReceived, this, &CanBusSource::takeFrames);
     connect(device.get(), &QCanBusDevice::errorOccurred, this, &CanBusSource::takeError);
     configure();
     connecting = error.isEmpty();
@@ -86,7 +87,6 @@ bool CanBusSource::start()
         end(device->errorString());
     if (!error.isEmpty())
         return false;
-    connect(device.get(), &QCanBusDevice::framesReceived, this, &CanBusSource::takeFrames);
     connect(device.get(), &QCanBusDevice::stateChanged, this, &CanBusSource::takeState);
     running = true;
     return true;

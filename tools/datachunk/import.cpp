@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "movefiles.h"
 #include "options.h"
+#include "rotation.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "tracefile.h"
@@ -11,9 +12,6 @@
 namespace {
 
 constexpr quint64 mostMessagesPerFile = 10000000;
-
-// The store moves a buffer to disk this much below its limit.
-constexpr quint32 rotationMargin = 5000;
 
 bool checkSource(TraceFile &trace)
 {
@@ -127,8 +125,13 @@ int runImport(const QCommandLineParser &parser, const QStringList &files)
         return usageError(Cli::tr("--into is missing"));
     const QDir folder(into);
     const QString base = QFileInfo(trace.name).completeBaseName();
-    if (!checkSource(trace) || !checkTarget(folder, base))
+    if (!checkSource(trace))
+        return Failed;
+    const bool isNew = !folder.exists();
+    if (!checkTarget(folder, base))
         return Failed;
     const bool done = importTrace(trace, folder, base, quint32(messages));
+    if (!done && isNew)
+        QDir().rmdir(into);
     return finishOutput() && done ? Succeeded : Failed;
 }

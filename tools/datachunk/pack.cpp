@@ -115,7 +115,10 @@ bool packInto(DatachunkHandler &store, const QString &archive, const QString &su
         QThread::create([&store] { store.saveDatachunksToZip(); }));
     QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
     thread->start();
-    loop.exec();
+    if (thread->isRunning() || thread->isFinished())
+        loop.exec();
+    else
+        store.saveDatachunksToZip();
     thread->wait();
     QCoreApplication::sendPostedEvents(&store);
     if (interrupted(subject) || failed)

@@ -4,6 +4,7 @@
 #include "diskspace.h"
 #include "options.h"
 #include "recorder.h"
+#include "rotation.h"
 #include "stopsignals.h"
 #include "terminal.h"
 
@@ -11,7 +12,6 @@
 
 namespace {
 
-constexpr quint64 rotationMargin = 5000; // the store's
 constexpr quint64 mostMessages = 100000000;
 constexpr quint64 defaultMessagesPerChunk = 100000;
 constexpr quint64 mostMebibytes = std::numeric_limits<quint32>::max();

@@ -2,6 +2,7 @@
 
 #include "canframe.h"
 #include "diskspace.h"
+#include "rotation.h"
 #include "terminal.h"
 
 #include <QCoreApplication>
@@ -10,9 +11,6 @@
 #include <limits>
 
 namespace {
-
-// The store rotates this much below its limit.
-constexpr quint32 rotationMargin = 5000;
 
 // Rotated chunks that may wait for the disk; what they hold stays in memory so long.
 constexpr std::size_t mostChunksBehind = 4;
@@ -23,6 +21,9 @@ constexpr qint64 headerBytes = 256;
 constexpr qint64 recordBytes = 25;
 
 constexpr quint64 messagesBetweenChecks = 1024;
+
+// What may come between two checks and until the source has stopped: a block of text at the most.
+constexpr qint64 bytesUntilEnd = 512 * 1024;
 
 } // namespace
 
@@ -35,8 +36,7 @@ Recorder::Recorder(RecordingFolder &folder, FrameSource &source, const Recording
     store->setMaximumHDDSpace(std::numeric_limits<quint32>::max());
     folder.setChunkFolder(store->chunkFolderPath());
     connect(store.get(), &DatachunkHandler::newDataFile, this, &Recorder::chunkWritten);
-    connect(store.get(), &DatachunkHandler::newErrorMessage, this,
-            [this](const QString &text) { fail(this->folder.path(), text); });
+    connect(store.get(), &DatachunkHandler::newErrorMessage, this, &Recorder::storeFailed);
     connect(&source, &FrameSource::received, this, &Recorder::take);
     connect(&source, &FrameSource::ended, this, &Recorder::sourceEnded);
 }
@@ -88,7 +88,7 @@ bool Recorder::checkReserve()
 {
     const std::optional<DiskSpace> space = diskSpaceOf(folder.path());
     if (ending || !space || limits.reserve == 0
-        || space->available - waitingBytes - liveBytes > limits.reserve)
+        || space->available - waitingBytes - liveBytes - bytesUntilEnd > limits.reserve)
         return true;
     stopIncomplete(Cli::tr("No more than the reserve of %1 is left on the disk, so the recording "
                            "ends. --reserve sets another one, and --budget has old chunk files "
@@ -168,6 +168,13 @@ void Recorder::fail(const QString &subject, const QString &text)
     stopFailed();
 }
 
+void Recorder::storeFailed(QString text)
+{
+    // The user knows a file by the place that it was meant for.
+    text.replace(store->chunkFolderPath(), folder.path());
+    fail(folder.path(), text.replace(folder.workPath(), folder.path()));
+}
+
 // A recording with a gap is not worth going on with.
 void Recorder::stopFailed()
 {
@@ -184,9 +191,11 @@ void Recorder::stopIncomplete(const QString &text)
 
 void Recorder::end()
 {
-    if (!ending)
-        QMetaObject::invokeMethod(this, &Recorder::ended, Qt::QueuedConnection);
+    if (ending)
+        return;
     ending = true;
+    source.setPaused(true);
+    QMetaObject::invokeMethod(this, &Recorder::ended, Qt::QueuedConnection);
 }
 
 void Recorder::sourceEnded()
@@ -205,10 +214,11 @@ void Recorder::finish()
     QCoreApplication::sendPostedEvents(store.get());
     if (!waiting.empty() && !failed)
         fail(folder.path(), Cli::tr("Not every chunk file was written."));
-    // What was announced may still be cut short, which its size alone does not tell.
-    total.stored =
+    waitingBytes = 0;
+    total.stored = quint64(saveLastMessages());
+    // Where something went wrong a chunk may be cut short.
+    total.stored +=
         failed ? quint64(folder.countRecords()) : quint64(folder.chunkCount()) * messagesPerChunk;
-    total.stored += quint64(saveLastMessages());
     total.dropped = total.taken - total.stored;
 }
 
@@ -218,11 +228,12 @@ qint64 Recorder::saveLastMessages()
         makeRoom(liveBytes);
         store->saveMessagesToFile(folder.unfinishedLastChunk(), DatachunkHelper::CurrentMessages,
                                   {}, 0, 0);
+        store->waitForSaves();
+        QCoreApplication::sendPostedEvents(store.get());
     }
     store.reset();
     const qint64 saved = liveMessages > 0 ? folder.addLastChunk() : 0;
-    // The store is gone before it could tell of a failure.
-    if (saved != liveMessages)
+    if (saved != liveMessages && !failed)
         fail(folder.path(), Cli::tr("The last messages could not be written completely."));
     return saved;
 }

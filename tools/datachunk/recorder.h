@@ -60,6 +60,7 @@ private:
     void holdBack();
     void chunkWritten(quint32 index);
     void fail(const QString &subject, const QString &text);
+    void storeFailed(QString text);
     void stopFailed();
     void stopIncomplete(const QString &text);
     void end();

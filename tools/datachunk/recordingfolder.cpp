@@ -84,6 +84,8 @@ QString RecordingFolder::unfinishedLastChunk() const
 qint64 RecordingFolder::addLastChunk()
 {
     const qint64 count = cutToWholeRecords(unfinishedLastChunk());
+    // As the store makes the other chunks.
+    QFile::setPermissions(unfinishedLastChunk(), QFile::ReadOwner | QFile::WriteOwner);
     if (count <= 0 || !take(unfinishedLastChunk(), folder.absoluteFilePath(lastChunkName())))
         return 0;
     return count;

@@ -38,6 +38,7 @@ public:
     bool removeOldest();
 
     QString path() const { return folder.path(); }
+    QString workPath() const { return work->filePath(QString()).chopped(1); }
     qint64 byteCount() const { return bytes; } ///< of all chunks
     int chunkCount() const { return chunks.size(); }
 

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
@@ -57,7 +56,7 @@ void guardStandardStreams()
             continue;
         // The lowest free number is taken, which is this one.
         if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
-            std::abort();
+            _exit(Failed);
     }
 }
 

@@ -88,41 +88,52 @@ TraceReading::Result TraceReading::readText(const Visitor &visit)
 
 TraceReading::Result TraceReading::readChunks(const Visitor &visit)
 {
-    BookmarkHandler bookmarks;
-    DatachunkHandler store(0);
-    store.setBookmarkhandler(&bookmarks);
     bool goesOn = true;
     for (int part = 0; part < chunks.size() && goesOn; ++part)
-        goesOn = readChunk(store, part, visit);
+        goesOn = readChunk(part, visit);
     if (!damaged)
         return Complete;
     return anyMessage ? Damaged : Failed;
 }
 
-bool TraceReading::readChunk(DatachunkHandler &store, int part, const Visitor &visit)
+void TraceReading::load(int part)
 {
     const QString path = chunks.at(part);
     const QString name = QFileInfo(path).fileName();
     const bool isTrace = path == trace.name;
     const QString subject = isTrace ? path : trace.name + QLatin1String(": ") + name;
+    if (!store) {
+        store = std::make_unique<DatachunkHandler>(0);
+        store->setBookmarkhandler(&bookmarks);
+    }
     bool failed = false;
     const auto connection =
-        QObject::connect(&store, &DatachunkHandler::newErrorMessage, [&](QString text) {
+        QObject::connect(store.get(), &DatachunkHandler::newErrorMessage, [&](QString text) {
             tell(subject, isTrace ? text : text.replace(path, name));
             failed = true;
         });
-    const bool loaded = store.loadFile(path, false, DatachunkHelper::ChunkFile,
-                                       DatachunkHelper::CurrentMessages, QString());
+    const bool loaded = store->loadFile(path, false, DatachunkHelper::ChunkFile,
+                                        DatachunkHelper::CurrentMessages, QString());
     QObject::disconnect(connection);
     if (!loaded && !failed)
         tell(subject, Cli::tr("The file could not be read."));
-    const int count = loaded ? int(store.getMessageCount()) : 0;
+    partShown = part;
+    if (!loaded)
+        store->goLive();
+}
+
+// False when no more is to be read.
+bool TraceReading::readChunk(int part, const Visitor &visit)
+{
+    if (partShown != part)
+        load(part);
+    const int count = int(store->getMessageCount());
     TraceItem item;
     item.part = part;
     for (int i = 0; i < count; ++i) {
-        item.message = store.messageAtPassMutex(i);
-        item.note = store.getMessageNote(item.message.messageNumber);
-        item.bookmark = store.bookmarkAt(int(item.message.messageNumber));
+        item.message = store->messageAtPassMutex(i);
+        item.note = store->getMessageNote(item.message.messageNumber);
+        item.bookmark = store->bookmarkAt(int(item.message.messageNumber));
         anyMessage = true;
         if (StopSignals::received() || !visit(item))
             return false;

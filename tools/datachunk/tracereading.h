@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bookmarkhandler.h"
 #include "canmessagebookmark.h"
 #include "canrxmessage.h"
 #include "tracefile.h"
@@ -55,7 +56,8 @@ private:
     bool unpack();
     Result readText(const Visitor &visit);
     Result readChunks(const Visitor &visit);
-    bool readChunk(DatachunkHandler &store, int part, const Visitor &visit);
+    bool readChunk(int part, const Visitor &visit);
+    void load(int part);
     void tell(const QString &subject, const QString &text);
 
     TraceFile trace;
@@ -63,6 +65,9 @@ private:
     std::optional<WorkFolder> work;
     std::unique_ptr<DatachunkHandler> unpackingStore; // its chunk folder holds what it has unpacked
     QStringList chunks;
+    BookmarkHandler bookmarks;
+    std::unique_ptr<DatachunkHandler> store; // shows one of the chunks
+    int partShown = -1;
     bool damaged = false;
     bool anyMessage = false; // in the reading under way
     QSet<QString> told;
