@@ -158,12 +158,20 @@ const QVector<Step> &operations()
     return steps;
 }
 
-// With one chunk of \a buffer messages.
+// With one chunk of \a buffer messages, which has been told and is not shown any more. While
+// another thread tells of it, nobody may connect: Qt does not order that.
 H *newStore(int buffer)
 {
     auto *const store = new H(unsigned(5000 + buffer));
+    QSemaphore shown;
+    QSignalSpy saved(store, &H::newDataFile);
+    const auto connection =
+        QObject::connect(store, &H::informAboutCleared, [&] { shown.release(); });
     for (int i = 0; i < buffer + liveMessages; ++i)
         store->addnewtestmessage();
+    shown.acquire();
+    saved.wait(60000);
+    QObject::disconnect(connection);
     store->setMessageNote(unsigned(buffer), "live");
     return store;
 }
@@ -241,8 +249,6 @@ void Hazards::slotMayDoAnything()
         bool acted = true;
         for (int n = 0; acted && n < 50; ++n) {
             const QPointer<H> store(newStore(chunkSize));
-            QThreadPool::globalInstance()->waitForDone();
-            QCoreApplication::processEvents();
             {
                 const AtSignal atSignal(*store, n, step.clearingIsLocked,
                                         [&] { action.run(*store); });
@@ -275,8 +281,6 @@ void Hazards::eventOfAnImportMayDoAnything()
         bool acted = true;
         for (int turn = 0; acted && turn < turns; ++turn) {
             const QPointer<H> store(newStore(1500));
-            // While the pool tells of the rotation, nobody may connect: Qt does not order that.
-            QThreadPool::globalInstance()->waitForDone();
             QStringList imported;
             connect(store, &H::messagesImported, this,
                     [&imported](const QString &name) { imported.append(name); });

@@ -1,0 +1,99 @@
+#!/bin/bash
+# Shows what the tests are worth: plants the faults of tests/planted one at a time into a copy of
+# the sources, builds and runs the tests that could see each of them, and prints which did.
+# plant.sh [NAME...]; all faults without a name. Takes some 20 seconds for each.
+#
+# A fault is "fault NAME", "file PATH" and "tests ROOM/SUBJECT...", then the lines of a piece of the
+# file behind "-" and those in place of it behind "+". The piece must be there exactly once.
+
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
+
+install_packages
+work="$project/build/planted"
+tree="$work/tree"
+declare -A fileOf testsOf oldOf newOf
+names=()
+
+read_faults() {
+    local name="" line
+    while IFS= read -r line; do
+        case "$line" in
+        "fault "*) name="${line#fault }" && names+=("$name") ;;
+        "file "*) fileOf[$name]="${line#file }" ;;
+        "tests "*) testsOf[$name]="${line#tests }" ;;
+        -*) oldOf[$name]+="${oldOf[$name]:+$'\n'}${line#-}" ;;
+        +*) newOf[$name]+="${newOf[$name]:+$'\n'}${line#+}" ;;
+        esac
+    done
+}
+
+# Copies what differs, so that only that is built. An interrupted run leaves its fault in the copy.
+copy_sources() {
+    cd "$project"
+    mkdir -p "$tree"
+    local file launcher=()
+    git ls-files --cached --others --exclude-standard | while IFS= read -r file; do
+        if [ -f "$file" ] && ! cmp -s "$file" "$tree/$file"; then
+            cp --parents "$file" "$tree"
+        fi
+    done
+    command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    cmake -G Ninja -S "$tree" -B "$work/build" -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O1 \
+        -DDATACHUNK_BUILD_BENCH=OFF "${launcher[@]}"
+}
+
+# run_tests ROOM/SUBJECT...: builds and runs them.
+run_tests() {
+    local test targets=()
+    for test in "$@"; do
+        case "$test" in
+        fuzz/corpus) targets+=(fuzzreplay) ;;
+        reliability/faultythreads) targets+=(tst_faults) ;;
+        api/install) targets+=(all) ;;
+        *) targets+=("tst_${test#*/}") ;;
+        esac
+    done
+    cmake --build "$work/build" --target "${targets[@]}" >"$work/build.log" 2>&1 </dev/null || return 2
+    local pattern="$*"
+    (cd "$work/build" && ctest -j 2 --timeout 120 -R "^(${pattern// /|})\$") \
+        >"$work/test.log" 2>&1 </dev/null
+}
+
+# plant NAME: prints what becomes of the fault; 0 when a test finds it.
+plant() {
+    local file="$tree/${fileOf[$1]:-}" old="${oldOf[$1]:-}" content rest status=0
+    if [ ! -f "$file" ]; then
+        echo "is no fault"
+        return 1
+    fi
+    content="$(<"$file")"
+    rest="${content#*"$old"}"
+    if [[ "$content" != *"$old"* || "$rest" == *"$old"* ]]; then
+        echo "does not fit the sources"
+        return 1
+    fi
+    printf '%s\n' "${content%%"$old"*}${newOf[$1]:-}$rest" >"$file"
+    run_tests ${testsOf[$1]} || status=$?
+    printf '%s\n' "$content" >"$file"
+    case $status in
+    0) echo "SURVIVED ${testsOf[$1]}" && return 1 ;;
+    2) echo "does not build, see $work/build.log" && return 1 ;;
+    esac
+    echo "found by" $(sed -nE 's/^.*Test +#[0-9]+: ([^ ]+) .*\*\*\*.*$/\1/p' "$work/test.log")
+}
+
+read_faults < <(cat "$project"/tests/planted/*)
+[ $# -eq 0 ] || names=("$@")
+quietly copy_sources
+every="$(printf '%s ' "${testsOf[@]}" | tr ' ' '\n' | sort -u | tr '\n' ' ')"
+if [ $# -eq 0 ] && ! run_tests $every; then
+    echo "The tests fail without any fault, see $work/test.log" >&2
+    exit 1
+fi
+found=0
+for name in "${names[@]}"; do
+    printf '%-56s ' "$name"
+    plant "$name" && found=$((found + 1))
+done
+echo "$found of ${#names[@]} found"
+[ $found -eq ${#names[@]} ]
