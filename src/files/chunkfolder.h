@@ -58,7 +58,7 @@ private:
 
     QString folderPath;
     dev_t device = 0;
-    ino_t inode = 0; // with the device, what the folder is, whatever its name
+    ino_t inode = 0;     // with the device, what the folder is, whatever its name
     int heldHandle = -1; // for the end, when there may be no other
     QMutex mutex;
     QSet<QString> filesBeside; // guarded by mutex

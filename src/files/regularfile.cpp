@@ -28,15 +28,14 @@ RegularFile::RegularFile(const QString &fileName) : QFile(fileName), name(fileNa
 bool RegularFile::openForReading()
 {
     const int handle = openWithoutWaiting(fileName());
-    if (handle < 0) {
-        setErrorString(qt_error_string(errno));
-        return false;
-    }
+    gone = handle < 0 && errno == ENOENT;
     struct stat status = {};
-    if (fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
+    if (handle >= 0 && fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
         && open(handle, QIODevice::ReadOnly, AutoCloseHandle))
         return true;
-    ::close(handle);
+    setErrorString(qt_error_string(errno));
+    if (handle >= 0)
+        ::close(handle);
     return false;
 }
 

@@ -1,4 +1,5 @@
 #include "faults.h"
+#include "messages.h"
 #include "scene.h"
 #include "storefixture.h"
 
@@ -25,6 +26,7 @@ private slots:
     void everyCallWasMet();
     void storeMayBeDeletedByAJobOfItsOwnThread();
     void lackOfMemoryForATraceIsToldOnce();
+    void aDiskThatDoesNotAnswerHoldsUpNobody();
 
 private:
     bool survives(Scene &scene, const Operation &operation, const Fault &fault);
@@ -214,6 +216,41 @@ void FaultsTest::lackOfMemoryForATraceIsToldOnce()
     Faults::disarm();
     QCOMPARE(errors.count(), 1);
     QVERIFY(!Faults::allocationsFail || errors.first().first().toString().contains(trace));
+}
+
+void FaultsTest::aDiskThatDoesNotAnswerHoldsUpNobody()
+{
+    constexpr quint32 size = 1000;
+    const QString where =
+        QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/datachunks";
+    Faults::watchBelow(QFile::encodeName(where).toStdString());
+    auto store = std::make_unique<DatachunkHandler>(5000 + size);
+    QSignalSpy errors(store.get(), &DatachunkHandler::newErrorMessage);
+    QSignalSpy chunks(store.get(), &DatachunkHandler::newDataFile);
+    quint32 number = 0;
+    const auto appendTo = [&](quint32 end) {
+        for (; number < end; ++number)
+            store->appendCanMessage(makeMessage(number, 1));
+    };
+    store->setMaximumWaitingMessages(2 * size);
+    Faults::arm({Faults::Write, Faults::held, 1, true});
+    // One is being written, the next two are too old by the time that there are five.
+    appendTo(5 * size + 1);
+    QTRY_COMPARE(errors.count(), 1);
+    QCOMPARE(store->givenUpMessageCount(), quint64(2 * size));
+    store->setMessageNote(5 * size, "live");
+    store->loadDataFromFile(4);
+    QCOMPARE(store->getMessageCount(), size);
+    QCOMPARE(store->messageAt(0).messageNumber, 4 * size);
+    store->goLive();
+    QCOMPARE(store->getMessageNote(5 * size), QStringLiteral("live"));
+    store->clearAllMessages();
+    number = 0;
+    appendTo(size + 1);
+    store.reset();
+    QVERIFY(Faults::disarm());
+    QCOMPARE(chunks.count(), 0);
+    QTRY_VERIFY(QDir(where).isEmpty());
 }
 
 int main(int argc, char *argv[])

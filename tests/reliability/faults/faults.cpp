@@ -76,8 +76,10 @@ bool fails(Call call)
 {
     if (!isMet(call))
         return false;
-    if (fault.effect == delay) {
-        usleep(10000);
+    if (fault.effect == delay || fault.effect == held) {
+        do {
+            usleep(10000);
+        } while (armed && fault.effect == held);
         return false;
     }
     errno = fault.effect;

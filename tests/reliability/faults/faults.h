@@ -37,6 +37,7 @@ constexpr bool allocationsFail = true;
 constexpr int shortCount = -1; ///< half of the bytes, at least one
 constexpr int delay = -2;      ///< 10 ms
 constexpr int end = -3;        ///< no byte, as from a file that has been cut meanwhile
+constexpr int held = -4;       ///< until disarm(), as on a disk that does not answer
 
 struct Fault
 {
