@@ -7,6 +7,10 @@
 
 #include <QtTest>
 
+#include <atomic>
+#include <thread>
+#include <vector>
+
 /// What a second thread may do meanwhile. The outcomes are checked anywhere, the accesses by
 /// ThreadSanitizer.
 class Races : public QObject
@@ -15,6 +19,7 @@ class Races : public QObject
 private slots:
     void exportWhileBookmarksChange();
     void mergeWhileAThreadStepsThroughALine();
+    void threadsRotateBesideEverythingElse();
 };
 
 void Races::exportWhileBookmarksChange()
@@ -62,6 +67,55 @@ void Races::mergeWhileAThreadStepsThroughALine()
     step.set(2);
     reader.join();
     QVERIFY(merged && found[0] && found[1]);
+}
+
+void Races::threadsRotateBesideEverythingElse()
+{
+    constexpr int rotations = 40;
+    QTemporaryDir folder;
+    const QString archive = folder.filePath(QStringLiteral("a.zip"));
+    QVERIFY(writeArchive(archive, {{"a.dck", chunkBytes("1.0", 0, 3)}}));
+    BookmarkHandler bookmarks;
+    DatachunkHandler store(5050);
+    store.setBookmarkhandler(&bookmarks);
+    store.setMaximumHDDSpace(1);
+    std::atomic<bool> stop{false};
+    std::vector<std::thread> threads;
+    for (int feeder = 0; feeder < 2; ++feeder) {
+        threads.emplace_back([&] {
+            for (quint32 i = 0; i < rotations * 50; ++i)
+                store.appendCanMessage(makeMessage(i, 64));
+        });
+    }
+    threads.emplace_back([&] {
+        CAN::CanRxMessage message;
+        while (!stop) {
+            store.getMessageAtIndex(message, int(store.getMessageCount()) - 1);
+            store.setMessageNote(message.messageNumber, QStringLiteral("note"));
+            store.nextMessageForLine(message, 1);
+            store.givenUpMessageCount();
+        }
+    });
+    threads.emplace_back([&] {
+        while (!stop)
+            store.loadZipFile(archive);
+    });
+    for (int i = 0; i < rotations; ++i) {
+        store.loadDataFromFile(i);
+        store.exportAllMessages(QStringLiteral("x.dck"), DatachunkHelper::ExportWithNotes);
+        store.exportMessages(folder.filePath(QString::number(i % 3)));
+        store.goLive();
+        QCoreApplication::processEvents();
+        if (i % 10 == 9)
+            store.clearAllMessages();
+    }
+    threads[0].join();
+    threads[1].join();
+    stop = true;
+    threads[2].join();
+    threads[3].join();
+    QVERIFY(store.waitForSaves());
+    QVERIFY(store.getIsLive());
 }
 
 QTEST_GUILESS_MAIN(Races)
