@@ -20,8 +20,9 @@ public:
 
     bool isGivenUp() const { return givenUp; }
 
-    /// The bytes read so far.
+    /// The bytes read so far, and those that the other device claims to have yet.
     qint64 bytesRead() const { return done; }
+    qint64 bytesLeft() const { return device.bytesAvailable(); }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;

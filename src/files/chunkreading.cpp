@@ -30,6 +30,7 @@ private:
     Front &front;
     BoundedDevice device;
     QDataStream stream;
+    bool tooLarge = false;
 };
 
 Result FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
@@ -43,29 +44,40 @@ Result FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
         return Result::NewerVersion;
     if (version >= ChunkFormat::notesSince)
         readMap(front.maps.notes);
-    if (version >= ChunkFormat::bookmarksSince && bookmarkMap == ChunkFormat::BookmarkMap::Read)
+    if (version >= ChunkFormat::bookmarksSince && bookmarkMap == ChunkFormat::BookmarkMap::Read
+        && !tooLarge)
         readMap(front.maps.bookmarks);
     front.size = device.bytesRead();
     if (device.isGivenUp())
         return Result::GivenUp;
-    return device.limitReached() ? Result::TooLarge : Result::Done;
+    return tooLarge || device.limitReached() ? Result::TooLarge : Result::Done;
 }
 
 template <typename Value> void FrontReader::readMap(QMap<unsigned int, Value> &map)
 {
+    constexpr qint64 smallestEntry = 8;
     // What an entry takes besides its text: its node in the map, and the text's administration.
     constexpr qint64 memoryPerEntry = 96;
     const qint64 start = device.bytesRead();
     QMultiMap<unsigned int, Value> read;
     stream.resetStatus();
     quint32 count = 0;
+    limitNextItem();
     stream >> count;
+    // A map that claims more than there is will turn out to be cut, and need not be kept.
+    const bool isKept = count * smallestEntry <= device.bytesLeft();
+    if (isKept && count * memoryPerEntry > bounds.memory - front.memory) {
+        tooLarge = true;
+        return;
+    }
     for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
         limitNextItem();
         const qint64 entryStart = device.bytesRead();
         unsigned int number = 0;
         Value value;
         stream >> number >> value;
+        if (!isKept)
+            continue;
         read.insert(number, value);
         front.memory += memoryPerEntry + device.bytesRead() - entryStart;
     }

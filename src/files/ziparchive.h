@@ -45,7 +45,10 @@ public:
 
     bool isSequential() const override { return true; }
 
-    /// The bytes unpacked so far, including those that bytesAvailable() counts.
+    /// As the entry claims.
+    qint64 bytesAvailable() const override { return size - done + QIODevice::bytesAvailable(); }
+
+    /// The bytes unpacked so far, including those that have not been read yet.
     qint64 unpackedSize() const { return done; }
 
     /// Whether all that the entry claims to hold has been unpacked.
