@@ -30,6 +30,20 @@ QString tooManyFiles(int most)
         .arg(most);
 }
 
+QString nothingImported()
+{
+    return QCoreApplication::translate("DatachunkHandler",
+                                       "File seems to be empty or broken, nothing imported.");
+}
+
+QString bomb(const QString &archive)
+{
+    return QCoreApplication::translate(
+               "DatachunkHandler",
+               "The archive %1 claims to hold more than can be in it and was not unpacked.")
+        .arg(archive);
+}
+
 bool write(QIODevice &file, const char *bytes, qint64 size)
 {
     // A disk that is almost full takes a part without an error and tells the reason only when it

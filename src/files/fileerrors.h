@@ -12,6 +12,9 @@ QString notRead(const QString &fileName, const QString &reason);
 QString notWritten(const QString &fileName, const QString &reason);
 QString outOfMemory(const QString &fileName);
 
+QString nothingImported();
+QString bomb(const QString &archive);
+
 /// The reason why an archive of more than \a most files is not written.
 QString tooManyFiles(int most);
 

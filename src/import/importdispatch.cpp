@@ -170,7 +170,7 @@ bool DatachunkHandlerPrivate::failImport()
 
 void DatachunkHandlerPrivate::reportNothingImported()
 {
-    lastError = DatachunkHandler::tr("File seems to be empty or broken, nothing imported.");
+    lastError = FileErrors::nothingImported();
     q->informAboutLastError();
 }
 

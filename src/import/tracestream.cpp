@@ -1,5 +1,6 @@
 #include "tracestream.h"
 
+#include "chunkstream.h"
 #include "fileerrors.h"
 #include "tracereader.h"
 
@@ -17,8 +18,7 @@ QString storeText(const char *text)
 
 bool isText(DatachunkHelper::ImportFileType type)
 {
-    return quint32(type) <= DatachunkHelper::GenericFormat && type != DatachunkHelper::ChunkFile
-        && type != DatachunkHelper::ZipArchive && type != DatachunkHelper::Unassigned
+    return quint32(type) <= DatachunkHelper::GenericFormat && type != DatachunkHelper::Unassigned
         && type != DatachunkHelper::EmptyTxtFile;
 }
 
@@ -50,8 +50,9 @@ public:
     bool message(const CAN::CanRxMessage &message) override
     {
         any = true;
-        const QString note = notes.isEmpty() ? QString() : notes.take(message.messageNumber);
-        return take(message, note);
+        item.message = message;
+        item.note = notes.take(message.messageNumber);
+        return take(item);
     }
     void note(quint32 number, const QString &text) override { notes.insert(number, text); }
     void appendNote(quint32 number, const QString &text) override { joinNote(notes, number, text); }
@@ -61,6 +62,7 @@ public:
 private:
     const TraceStream::Take &take;
     QMap<unsigned int, QString> notes;
+    TraceItem item;
     bool any = false;
 };
 
@@ -82,10 +84,10 @@ TraceStream::TraceStream(QString fileName, DatachunkHelper::ImportFileType type,
 
 TraceStream::Result TraceStream::read(const Take &take, const GoesOn &goesOn)
 {
-    error.clear();
+    errors.clear();
     Result result = Failed;
     if (!withinMemory([&] { result = readWithinMemory(take, goesOn); })) {
-        error = FileErrors::outOfMemory(fileName);
+        errors = QStringList(FileErrors::outOfMemory(fileName));
         return Failed;
     }
     return result;
@@ -93,10 +95,22 @@ TraceStream::Result TraceStream::read(const Take &take, const GoesOn &goesOn)
 
 TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn &goesOn)
 {
+    const bool isArchive = type == DatachunkHelper::ZipArchive;
+    if (!isArchive && type != DatachunkHelper::ChunkFile)
+        return readText(take, goesOn);
+    const ChunkStream::Outcome outcome = isArchive
+        ? ChunkStream::readArchive(fileName, take, goesOn)
+        : ChunkStream::readFile(fileName, take, goesOn);
+    errors = outcome.errors;
+    return outcome.result;
+}
+
+TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn)
+{
     const TraceRequest request{fileName, type, formatDescription};
     const TraceReader &reader = traceReaderFor(type);
     if (!isText(type) || reader.outcome == TraceReader::CountsAsFailed) {
-        error = storeText("Unknown import error");
+        errors.append(storeText("Unknown import error"));
         return Failed;
     }
     ReadResult read;
@@ -110,13 +124,14 @@ TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn
     if (read.status == ReadResult::Stopped)
         return Stopped;
     if (!read.isDone()) {
-        error = failureText(read, request);
+        errors.append(failureText(read, request));
         return Failed;
     }
-    error = read.systemError;
-    if (!sink.hasMessages() && error.isEmpty())
-        error = storeText("File seems to be empty or broken, nothing imported.");
-    if (error.isEmpty())
+    if (!read.systemError.isEmpty())
+        errors.append(read.systemError);
+    else if (!sink.hasMessages())
+        errors.append(FileErrors::nothingImported());
+    if (errors.isEmpty())
         return Complete;
     return sink.hasMessages() ? Incomplete : Failed;
 }

@@ -1,51 +1,66 @@
 #pragma once
 
+#include "canmessagebookmark.h"
 #include "canrxmessage.h"
 #include "datachunkglobal.h"
 #include "datachunkhelper.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
-/// Goes through a text trace of another tool from front to back and keeps nothing of it, so that a
-/// trace of any size takes the memory of a line and no room on the disk. Uses neither a store nor
-/// an event loop; any thread, one at a time.
+/// A message of a trace with what belongs to it.
+struct TraceItem
+{
+    CAN::CanRxMessage message;
+    QString note;                ///< mostly empty
+    CanMessageBookmark bookmark; ///< mostly not valid
+    int part = 0; ///< which chunk of an archive it is from; message numbers are unique within one
+};
+
+/// Goes through a trace from front to back and keeps nothing of it, so that one of any size takes
+/// the memory of a line, or of the notes and bookmarks of a chunk, and no room on the disk. Uses
+/// neither a store nor an event loop; any thread, one at a time.
+///
+/// Reads chunk files, archives of them and texts. Of an archive every chunk is read, ordered by the
+/// starts; those with equal starts come in the order of the archive.
 class DATACHUNK_EXPORT TraceStream
 {
 public:
     enum Result {
         Complete,   ///< every message was handed on
         Stopped,    ///< the caller wanted it
-        Incomplete, ///< the system failed within the file; what stands before was handed on
+        Incomplete, ///< some of the trace could not be read; the rest was handed on
         Failed      ///< not a trace of the type, or one without messages
     };
 
-    /// Takes the next message, numbered from 0, with its note, which is mostly empty. False to
-    /// stop.
-    using Take = std::function<bool(const CAN::CanRxMessage &message, const QString &note)>;
+    /// Takes the next message. False to stop.
+    using Take = std::function<bool(const TraceItem &item)>;
 
     /// Asked at least once in 1000 messages. False to stop.
     using GoesOn = std::function<bool()>;
 
-    /// \a formatDescription is for GenericFormat, see GenericFileImporter. Chunk files and archives
-    /// are no texts: reading them fails, as does a type that importMessages counts as failed.
+    /// \a formatDescription is for GenericFormat, see GenericFileImporter. A type that
+    /// importMessages counts as failed cannot be read.
     TraceStream(QString fileName, DatachunkHelper::ImportFileType type,
                 QString formatDescription = QString());
 
     /// Reads the file from its beginning; may be called again. When it fails, what was handed on
     /// before is void; of a CoCTT log, an Ixxat trace and a described layout it is then nothing,
-    /// for which such files are read twice.
+    /// for which such files are read twice. Messages of texts are numbered from 0.
     Result read(const Take &take, const GoesOn &goesOn);
 
-    /// Why the last read was Incomplete or Failed, for the user; otherwise empty.
-    QString errorText() const { return error; }
+    /// What the last read has to tell the user: why it failed, or what it could not read. Empty for
+    /// a trace that is complete.
+    QStringList errorTexts() const { return errors; }
 
 private:
     Result readWithinMemory(const Take &take, const GoesOn &goesOn);
+    Result readText(const Take &take, const GoesOn &goesOn);
 
     QString fileName;
     DatachunkHelper::ImportFileType type;
     QString formatDescription;
-    QString error;
+    QStringList errors;
 };

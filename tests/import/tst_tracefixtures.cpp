@@ -52,20 +52,18 @@ void TraceFixtures::aStreamGivesTheSame()
     TraceStream stream(fixture.fileName, fixture.type, fixture.description);
     QStringList messages;
     QStringList notes;
-    const auto take = [&](const CAN::CanRxMessage &message, const QString &note) {
-        messages.append(messageDump(message));
-        if (!note.isEmpty())
-            notes.append(QString::number(message.messageNumber) + QLatin1String(": ") + note);
+    const auto take = [&](const TraceItem &item) {
+        messages.append(messageDump(item.message));
+        if (!item.note.isEmpty())
+            notes.append(QString::number(item.message.messageNumber) + ": " + item.note);
         return true;
     };
     if (stream.read(take, [] { return true; }) == TraceStream::Failed) {
         messages.clear();
         notes.clear();
     }
-    if (!stream.errorText().isEmpty()) {
-        notes.append(QLatin1String("error: ")
-                     + stream.errorText().replace(fixture.fileName, QLatin1String("%1")));
-    }
+    for (QString error : stream.errorTexts())
+        notes.append("error: " + error.replace(fixture.fileName, QLatin1String("%1")));
     const QStringList expected = fixture.expected.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     const QRegularExpression notAboutFd(QStringLiteral("^(?!fd: )"));
     QCOMPARE(messages + notes, expected.filter(notAboutFd));

@@ -213,9 +213,10 @@ void TestCliFiles::archivesAreReadAsOneTrace()
 void TestCliFiles::everyChunkOfAnArchiveIsRead()
 {
     // Two traces that begin at the same time, and both have notes on a message with one number.
-    QVERIFY(writeArchive("both.zip",
-                         {{"a.dck", chunkBytes("1.0", 0, 3, {{1, QStringLiteral("first")}})},
-                          {"b.dck", chunkBytes("1.0", 0, 3, {{1, QStringLiteral("second")}})}}));
+    QVERIFY(
+        writeArchive("both.zip",
+                     {{"a.dck", chunkBytes("1.0", 0, 3, {{1, QStringLiteral("first")}})},
+                      {"folder/b.dck", chunkBytes("1.0", 0, 3, {{1, QStringLiteral("second")}})}}));
     const QByteArray info = outputOf("info both.zip");
     QVERIFY2(info.contains("messages:       6\n") && info.contains("notes:          2\n"), info);
     const QByteArray dump = outputOf("dump both.zip");
@@ -247,6 +248,11 @@ void TestCliFiles::whatIsLeftOfADamagedTraceIsDelivered()
         QVERIFY(file.isEmpty() || QFile::exists(file));
     }
     QVERIFY(holds("x.dck", 0, 2));
+    writeFile("cut.dck", chunkBytes("1.0", 0, 3).chopped(10));
+    const ProgramResult result = run("dump cut.dck");
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.output.count('\n'), 3);
+    QVERIFY2(result.errors.contains("ends in the middle of record 3"), result.errors);
 }
 
 QTEST_GUILESS_MAIN(TestCliFiles)

@@ -5,6 +5,7 @@
 #include "terminal.h"
 #include "tracereading.h"
 #include "tracewriter.h"
+#include "workfolder.h"
 
 #include <QFileInfo>
 
@@ -144,7 +145,7 @@ int exportTrace(const TraceFile &trace, const Export &wanted)
         printError(toOutput ? folder : wanted.target, work.errorText());
         return Failed;
     }
-    TraceReading reading(trace, folder);
+    TraceReading reading(trace);
     TraceFrame frame;
     if (!reading.open())
         return Failed;

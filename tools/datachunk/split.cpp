@@ -5,6 +5,7 @@
 #include "terminal.h"
 #include "tracereading.h"
 #include "tracewriter.h"
+#include "workfolder.h"
 
 #include <QFileInfo>
 

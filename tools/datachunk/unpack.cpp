@@ -1,13 +1,41 @@
 #include "commands.h"
 #include "filechecks.h"
 #include "movefiles.h"
+#include "stopsignals.h"
 #include "terminal.h"
-#include "unpacking.h"
 #include "workfolder.h"
 
+#include <QEventLoop>
 #include <QFileInfo>
 
 namespace {
+
+struct Unpacked
+{
+    QStringList chunks;   // the files, in the store's chunk folder
+    bool damaged = false; // something of the archive is missing, which was printed
+};
+
+// Nothing when a signal came meanwhile.
+Unpacked unpackArchive(DatachunkHandler &store, const QString &zipName)
+{
+    Unpacked unpacked;
+    QEventLoop loop;
+    QObject::connect(&store, &DatachunkHandler::newErrorMessage, &loop, [&](const QString &text) {
+        printError(zipName, text);
+        unpacked.damaged = true;
+    });
+    QObject::connect(&store, &DatachunkHandler::newZippedFile, &loop,
+                     [&](const QString &name, const QString &, const QDir &folder) {
+                         unpacked.chunks.append(folder.filePath(name));
+                     });
+    QObject::connect(&store, &DatachunkHandler::zipFileLoaded, &loop, &QEventLoop::quit);
+    StopSignals::whenStopped(&loop, [&loop] { loop.quit(); });
+    store.importMessages(zipName, DatachunkHelper::ZipArchive);
+    loop.exec();
+    QCoreApplication::sendPostedEvents(&store);
+    return interrupted(zipName) ? Unpacked{{}, true} : unpacked;
+}
 
 bool unpack(const QString &zipName, const QDir &folder)
 {
