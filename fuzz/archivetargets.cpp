@@ -41,7 +41,8 @@ QDir emptyFolder()
 void order(const QByteArray &bytes)
 {
     const Zip::Reader archive(archiveFile(bytes));
-    const std::vector<Chunk> chunks = chunksByStart(archive, always);
+    Damage::List damage;
+    const std::vector<Chunk> chunks = chunksByStart(archive, always, damage);
     require(std::is_sorted(chunks.begin(), chunks.end(),
                            [](const Chunk &a, const Chunk &b) { return a.start < b.start; }),
             "chunks are in order");

@@ -1,24 +1,24 @@
 #include "archivelimits.h"
 
+#include "filenames.h"
+#include "memorylimit.h"
+
 #include <QFile>
 
 #include <algorithm>
 #include <limits>
 
-#include <unistd.h>
-
 namespace ArchiveLimits {
 
 bool isSafeName(const QString &name)
 {
-    constexpr int maxNameBytes = 255;
     if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
         return false;
     const auto isForbidden = [](QChar c) {
         return c == QLatin1Char('/') || c == QLatin1Char('\\') || c.isNull();
     };
     return std::none_of(name.begin(), name.end(), isForbidden)
-        && QFile::encodeName(name).size() <= maxNameBytes;
+        && QFile::encodeName(name).size() <= FileNames::longest;
 }
 
 QString archiveName(const QString &zipName)
@@ -41,7 +41,8 @@ bool isBomb(qint64 packedSize, qint64 size)
 
 qint64 memoryLimit()
 {
-    return qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 2;
+    return std::min(MemoryLimit::ofMachine(), MemoryLimit::ofControlGroups(QStringLiteral("/")))
+        / 2;
 }
 
 quint32 messagesIn(qint64 bytes)

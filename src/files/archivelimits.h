@@ -5,6 +5,9 @@
 /// What an archive from anywhere may make us do.
 namespace ArchiveLimits {
 
+/// The most entries of an archive that is read or written.
+constexpr quint64 maxEntries = 100000;
+
 /// Whether an entry of this name may become a file: not empty, "." or "..", without slashes and
 /// backslashes, and at most 255 bytes long in the file system.
 bool isSafeName(const QString &name);
@@ -20,7 +23,8 @@ QString folderName(const QString &archiveName);
 /// 1000 for each, beyond the first 64 MiB.
 bool isBomb(qint64 packedSize, qint64 size);
 
-/// The memory in bytes that a load may take: half of the machine's.
+/// The memory in bytes that a load may take: half of the machine's, or of what the control groups
+/// of this process leave of it.
 qint64 memoryLimit();
 
 /// The most messages that chunks of \a bytes in all can hold.

@@ -5,6 +5,7 @@
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
 #include "fileerrors.h"
+#include "foldertree.h"
 
 #include <QFileInfo>
 #include <QMutexLocker>
@@ -12,7 +13,6 @@
 #include <QThread>
 #include <QWriteLocker>
 
-#include <algorithm>
 #include <utility>
 
 using ChunkArchive::Outcome;
@@ -54,37 +54,25 @@ void DatachunkHandler::saveDatachunksToZip()
 QString DatachunkHandlerPrivate::packChunks(const QString &zipName)
 {
     const QMutexLocker archiveLocker(&archiveMutex);
-    quint64 packedGeneration = 0;
-    {
-        const QReadLocker locker(&lock);
-        packedGeneration = generation;
-    }
-    const auto keepGoing = [this, packedGeneration] {
-        const QReadLocker locker(&lock);
-        return !stopping && generation == packedGeneration;
+    const auto keepGoing = [this, packed = chunkSaver.generation()] {
+        return !stopping && chunkSaver.generation() == packed;
     };
-    chunkQueue.waitForAll();
-    exportQueue.waitForAll();
-    // The next export may write the same file again, and packing reads it.
-    exportQueue.pause();
-    exportQueue.waitForRunning();
-    const QString error = packFolder(zipName, keepGoing);
-    exportQueue.resume();
-    return error;
+    if (!chunkSaver.waitForAll(keepGoing))
+        return {};
+    // The next export into the folder may write the same file again, and packing reads it.
+    const ExportDesk::Hold hold(exports);
+    return packFolder(zipName, keepGoing);
 }
 
 QString DatachunkHandlerPrivate::packFolder(const QString &zipName, const Zip::KeepGoing &keepGoing)
 {
-    // Two entries are in every folder, so that none means that it cannot be read.
-    QFileInfoList files = chunkFolder.dir().entryInfoList(QDir::Files | QDir::Dirs, QDir::NoSort);
-    if (files.isEmpty())
-        return FileErrors::notRead(chunkFolder.dir().path(), qt_error_string());
-    const auto isNotPacked = [&](const QFileInfo &file) {
-        return file.isDir() || file == QFileInfo(zipName);
-    };
-    files.erase(std::remove_if(files.begin(), files.end(), isNotPacked), files.end());
+    QFileInfoList files;
+    if (!FolderTree::listFiles(chunkFolder.path(), files))
+        return FileErrors::notRead(chunkFolder.path(), qt_error_string());
+    files.removeAll(QFileInfo(zipName));
     // What has begun to be written since must be whole before it is packed.
-    chunkQueue.waitForAll();
+    if (!chunkSaver.waitForAll(keepGoing))
+        return {};
     const Zip::PackOutcome outcome = Zip::packFiles(zipName, files, keepGoing);
     if (!outcome.readErrorText.isEmpty() || outcome.errorText.isEmpty())
         return outcome.readErrorText;
@@ -94,8 +82,13 @@ QString DatachunkHandlerPrivate::packFolder(const QString &zipName, const Zip::K
 void DatachunkHandler::sortZipFile(QString zipName, QMap<double, QString> &order)
 {
     const Zip::Reader archive(zipName);
-    for (const auto &chunk : ChunkArchive::chunksByStart(archive, [this] { return !d->stopping; }))
-        order.insert(chunk.start, chunk.entry.name);
+    const auto keepGoing = [this] { return !d->stopping; };
+    Damage::List damage;
+    const auto chunks = ChunkArchive::chunksByStart(archive, keepGoing, damage);
+    for (const auto &chunk : ChunkArchive::lastOfEachStart(archive, chunks, keepGoing, damage)) {
+        if (chunk.hasHeader())
+            order.insert(chunk.start, chunk.entry.name);
+    }
 }
 
 bool DatachunkHandler::loadZipMerged(QString zipName)
@@ -165,6 +158,8 @@ bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
         emit q->liveModeChanged(isLive);
     if (isShown() && !merged.outcome.systemError.isEmpty())
         reportFailure(merged.outcome);
+    if (store && isWanted())
+        tell(merged.outcome.damage);
     if (store && !isRead && isWanted()) {
         showLive();
         if (store && !isNewer)
@@ -235,6 +230,7 @@ bool DatachunkHandlerPrivate::unpackArchive(const QString &zipName)
     const bool anything = !reports.isEmpty();
     if (q->thread() != QThread::currentThread())
         reports.clear();
+    reports.append([this, outcome] { tell(outcome.damage); });
     if (!anything || outcome.result != Outcome::Done || !outcome.systemError.isEmpty())
         reports.append([this, outcome] { reportFailure(outcome); });
     reports.append([this, name] { emit q->zipFileLoaded(name); });

@@ -6,46 +6,146 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace ChunkArchive {
 
 namespace {
 
-// The header text of a chunk. Anything longer than the block is none.
-QString peekTimeText(QIODevice &chunk)
+// A chunk by its header text. Anything longer than the block is none.
+Chunk readHeader(const Zip::Entry &entry, QIODevice &content)
 {
     constexpr qint64 headerBlock = 4096;
-    const QByteArray head = chunk.read(headerBlock);
+    const QByteArray head = content.read(headerBlock);
     QDataStream stream(head);
-    QString text;
-    stream >> text;
-    return text;
+    Chunk chunk{entry, {}, std::numeric_limits<double>::infinity()};
+    stream >> chunk.timeText;
+    if (stream.status() != QDataStream::Ok)
+        return chunk;
+    const double start = chunk.timeText.section(QLatin1Char('-'), 0, 0).toDouble();
+    // "nan" is a number to the conversion, and cannot be put in order.
+    chunk.start = std::isfinite(start) ? start : 0;
+    return chunk;
 }
 
-double startTime(const QString &timeText)
+QString nameOf(const Zip::Reader &archive, const Chunk &chunk)
 {
-    const double start = timeText.section(QLatin1Char('-'), 0, 0).toDouble();
-    // "nan" is a number to the conversion, and cannot be put in order.
-    return std::isfinite(start) ? start : 0;
+    return Damage::entryName(chunk.entry.name, archive.fileName());
+}
+
+/// Unpacks chunks just to see whether they are damaged.
+class Checker
+{
+public:
+    Checker(const Zip::Reader &archive, const Zip::KeepGoing &keepGoing)
+        : archive(archive), keepGoing(keepGoing)
+    {
+    }
+
+    /// What is to be told of it; empty when it is not damaged.
+    QString damageIn(const Chunk &chunk);
+
+private:
+    const Zip::Reader &archive;
+    const Zip::KeepGoing &keepGoing;
+    qint64 unpacked = 0;
+};
+
+QString Checker::damageIn(const Chunk &chunk)
+{
+    // Entries may share their packed bytes, so that even damage may be a bomb.
+    unpacked += chunk.entry.size;
+    if (ArchiveLimits::isBomb(archive.size(), unpacked))
+        return {};
+    const auto content = archive.open(chunk.entry, keepGoing);
+    if (!content)
+        return Damage::notOpened(nameOf(archive, chunk));
+    QByteArray block(64 * 1024, Qt::Uninitialized);
+    while (content->read(block.data(), block.size()) > 0) { }
+    return content->isDamaged() ? damageOf(archive, chunk, *content, Damage::messagesRead(0))
+                                : QString();
+}
+
+using Position = std::vector<Chunk>::const_iterator;
+
+// Of chunks with equal starts the last that is not damaged. Where all are, the last one is taken,
+// and told of by whoever reads it.
+Position lastWhole(Position begin, Position end, Checker &checker, Damage::List &damage)
+{
+    if (end - begin == 1)
+        return begin;
+    QStringList told;
+    Position chosen = end;
+    for (Position chunk = end; chunk != begin && chosen == end;) {
+        const QString damageInChunk = checker.damageIn(*--chunk);
+        if (damageInChunk.isEmpty())
+            chosen = chunk;
+        else
+            told.append(damageInChunk);
+    }
+    if (chosen == end) {
+        chosen = end - 1;
+        told.removeFirst();
+    }
+    for (const QString &sentence : qAsConst(told))
+        damage.add(sentence);
+    return chosen;
 }
 
 } // namespace
 
-std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoing &keepGoing)
+bool Chunk::hasHeader() const
+{
+    return std::isfinite(start);
+}
+
+std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoing &keepGoing,
+                                 Damage::List &damage)
 {
     std::vector<Chunk> chunks;
-    for (const Zip::Entry &entry : archive.entries()) {
-        if (!entry.name.endsWith(QLatin1String("dck")) || !ArchiveLimits::isSafeName(entry.name))
+    if (checkDirectory(archive).result != Outcome::Done)
+        return chunks;
+    const std::vector<Zip::Entry> entries = archive.entries();
+    for (const Zip::Entry &entry : entries) {
+        if (!entry.name.endsWith(QLatin1String("dck")))
             continue;
-        const auto content = keepGoing() ? archive.open(entry, keepGoing) : nullptr;
-        if (!content)
-            continue;
-        const QString timeText = peekTimeText(*content);
-        chunks.push_back({entry, timeText, startTime(timeText)});
+        if (!keepGoing())
+            return {};
+        if (const auto content = archive.open(entry, keepGoing))
+            chunks.push_back(readHeader(entry, *content));
+        else
+            damage.add(Damage::notOpened(Damage::entryName(entry.name, archive.fileName())));
     }
+    if (entries.size() < archive.entryCount())
+        damage.add(Damage::brokenDirectory(archive.fileName(), qint64(entries.size())));
     std::stable_sort(chunks.begin(), chunks.end(),
                      [](const Chunk &a, const Chunk &b) { return a.start < b.start; });
     return chunks;
+}
+
+std::vector<Chunk> lastOfEachStart(const Zip::Reader &archive, const std::vector<Chunk> &chunks,
+                                   const Zip::KeepGoing &keepGoing, Damage::List &damage)
+{
+    Checker checker(archive, keepGoing);
+    std::vector<Chunk> kept;
+    for (Position begin = chunks.begin(); begin != chunks.end();) {
+        const Position end = std::find_if(begin + 1, chunks.end(), [begin](const Chunk &chunk) {
+            return !chunk.hasHeader() || chunk.start != begin->start;
+        });
+        kept.push_back(*lastWhole(begin, end, checker, damage));
+        begin = end;
+    }
+    if (kept.size() < chunks.size())
+        damage.add(Damage::equalStarts(archive.fileName(), qint64(chunks.size() - kept.size())));
+    return kept;
+}
+
+QString damageOf(const Zip::Reader &archive, const Chunk &chunk, const Zip::EntryDevice &content,
+                 const QString &kept)
+{
+    return content.isWhole()
+        ? Damage::wrongChecksum(nameOf(archive, chunk), kept)
+        : Damage::notUnpackedBehind(nameOf(archive, chunk), content.unpackedSize(), kept);
 }
 
 qint64 totalSize(const std::vector<Chunk> &chunks)
@@ -69,6 +169,15 @@ bool isBomb(const Zip::Reader &archive, const std::vector<Chunk> &chunks)
 Outcome tooLarge(const std::vector<Chunk> &chunks)
 {
     return {Outcome::TooLarge, ArchiveLimits::messagesIn(totalSize(chunks)), {}};
+}
+
+Outcome checkDirectory(const Zip::Reader &archive)
+{
+    if (!archive.isOpen())
+        return {Outcome::NotOpened, 0, archive.readErrorText()};
+    if (archive.entryCount() > ArchiveLimits::maxEntries)
+        return {Outcome::TooLarge, 0, Damage::tooManyEntries(archive.fileName())};
+    return {};
 }
 
 } // namespace ChunkArchive

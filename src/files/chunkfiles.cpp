@@ -1,77 +1,126 @@
-// The store's part of loading and splitting chunk files.
+// The store's part of loading chunk files.
 
+#include "archivelimits.h"
 #include "chunkversion.h"
+#include "damage.h"
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
 #include "fileerrors.h"
 #include "regularfile.h"
 
-#include <QFileInfo>
 #include <QMutexLocker>
 #include <QWriteLocker>
 
 #include <utility>
 
 using ChunkFormat::BookmarkMap;
+using ChunkReading::Result;
+
+/// What a chunk file adds to the browsing list, before anybody sees it.
+struct DatachunkHandlerPrivate::ChunkLoad
+{
+    bool opened = false;
+    Result result = Result::Done;
+    ChunkReading::Front front;
+    ChunkReading::Records records; // behind those that the browsing list has
+    bool hasFdFrame = false;
+    quint32 messagesAtMost = 0;
+    QString damage;
+};
 
 bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap bookmarkMap)
 {
-    bool read = false;
-    if (!withinMemory([&] { read = readChunkWithinMemory(fileName, bookmarkMap); }))
-        emit q->newErrorMessage(FileErrors::outOfMemory(fileName));
-    return read;
-}
-
-bool DatachunkHandlerPrivate::readChunkWithinMemory(const QString &fileName,
-                                                    BookmarkMap bookmarkMap)
-{
-    RegularFile file(fileName);
-    if (!file.openForReading())
+    ChunkLoad load;
+    {
+        const ImportRun run(q);
+        const bool enough = withinMemory([&] { loadChunk(run, fileName, bookmarkMap, load); });
+        if (!run.goesOn())
+            return false;
+        if (!enough) {
+            emit q->newErrorMessage(FileErrors::outOfMemory(fileName));
+            return false;
+        }
+    }
+    if (!load.opened)
         return false;
-    QDataStream stream(&file);
-    const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
-    if (preamble.version > ChunkFormat::currentVersion) {
-        refuseNewerVersion();
+    if (load.result != Result::Done) {
+        refuseChunk(load.result, load.messagesAtMost);
         return false;
     }
-    const ChunkFormat::Maps maps = ChunkFormat::readMaps(stream, preamble.version, bookmarkMap);
-    setCurrentChunkVersion(preamble.version);
-    if (preamble.version >= ChunkFormat::notesSince) {
-        const QMutexLocker locker(&notesLock);
-        notes = maps.notes;
-    }
-    if (preamble.version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
-        setBookmarks(maps.bookmarks);
-    const QPointer<DatachunkHandler> store(q);
-    emit q->chunkContainsFdMessage(readRecords(file, preamble.version));
-    if (store && !file.readErrorText().isEmpty())
-        emit store->newErrorMessage(file.readErrorText());
+    takeChunk(load, bookmarkMap);
     return true;
 }
 
-void DatachunkHandlerPrivate::refuseNewerVersion()
+void DatachunkHandlerPrivate::loadChunk(const ImportRun &run, const QString &fileName,
+                                        BookmarkMap bookmarkMap, ChunkLoad &load)
 {
-    const QPointer<DatachunkHandler> store(q);
-    q->showDataChunkVersionMismatch();
-    if (store)
-        q->goLive();
+    RegularFile file(fileName);
+    load.opened = file.openForReading();
+    if (!load.opened)
+        return;
+    ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), [&run] { return run.turn(); }};
+    load.messagesAtMost = ArchiveLimits::messagesIn(file.size());
+    load.result = ChunkReading::readFront(file, bookmarkMap, bounds, load.front);
+    // A message takes no less room in memory than in a file.
+    if (load.result == Result::Done && file.size() > bounds.memory)
+        load.result = Result::TooLarge;
+    if (load.result != Result::Done)
+        return;
+    // Live messages go on arriving, so the lock is not held while the disk is read.
+    load.records.messages = pagedMessages;
+    const int shownBefore = pagedMessages.size();
+    bounds.memory -= load.front.memory;
+    ChunkFormat::RecordReader reader(file, load.front.preamble.version);
+    load.result = ChunkReading::readRecords(reader, bounds, load.records, load.hasFdFrame);
+    load.damage = file.readErrorText();
+    if (load.damage.isEmpty() && file.size() > 0) {
+        load.damage = Damage::ofChunk(fileName, load.front, reader.end(),
+                                      load.records.messages.size() - shownBefore);
+    }
 }
 
-bool DatachunkHandlerPrivate::readRecords(QIODevice &file, quint32 version)
+void DatachunkHandlerPrivate::takeChunk(ChunkLoad &load, BookmarkMap bookmarkMap)
 {
-    bool containsFdFrame = false;
-    CAN::CanRxMessage message;
-    ChunkFormat::RecordReader reader(file, version);
-    // Live messages go on arriving, so the lock is not held while the disk is read.
-    MessageList messages = pagedMessages;
-    while (reader.next(message)) {
-        messages.append(message);
-        containsFdFrame |= message.fdFrame;
-        insertLine(message);
+    const quint32 version = load.front.preamble.version;
+    setCurrentChunkVersion(version);
+    if (version >= ChunkFormat::notesSince) {
+        const QMutexLocker locker(&notesLock);
+        notes = std::move(load.front.maps.notes);
     }
-    const QWriteLocker locker(&lock);
-    pagedMessages = std::move(messages);
-    return containsFdFrame;
+    {
+        const QWriteLocker locker(&lock);
+        pagedMessages = std::move(load.records.messages);
+    }
+    const QSet<unsigned char> seen = load.records.lines.toSet();
+    for (const unsigned char line : seen)
+        lines.insert(line);
+    const QPointer<DatachunkHandler> store(q);
+    if (version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
+        setBookmarks(load.front.maps.bookmarks);
+    if (store)
+        emit q->chunkContainsFdMessage(load.hasFdFrame);
+    if (store)
+        tell({load.damage});
+}
+
+void DatachunkHandlerPrivate::tell(const QStringList &texts)
+{
+    const QPointer<DatachunkHandler> store(q);
+    for (const QString &text : texts) {
+        if (store && !text.isEmpty())
+            emit store->newErrorMessage(text);
+    }
+}
+
+void DatachunkHandlerPrivate::refuseChunk(Result result, quint32 messagesAtMost)
+{
+    const QPointer<DatachunkHandler> store(q);
+    if (result == Result::NewerVersion)
+        q->showDataChunkVersionMismatch();
+    else
+        q->showTooMuchMessagesError(messagesAtMost);
+    if (store)
+        q->goLive();
 }
 
 bool DatachunkHandler::loadDckFile(QString fileName)
@@ -88,78 +137,47 @@ bool DatachunkHandler::loadDataFromFile(int number)
 {
     if (!d->chunkFolder.exists())
         return true;
-    d->chunkQueue.waitFor(
-        [number](const SaveJob &job) { return job.chunkIndex == quint32(number); });
-    const QString name = QStringLiteral("tmpData%1.dck").arg(number);
-    loadFile(d->chunkFolder.dir().absoluteFilePath(name), true, DatachunkHelper::ChunkFile,
+    if (const SharedSaveJob job = d->chunkSaver.pending(quint32(number))) {
+        d->showPending(*job);
+        return true;
+    }
+    const QString name = QStringLiteral("/tmpData%1.dck").arg(number);
+    loadFile(d->chunkFolder.path() + name, true, DatachunkHelper::ChunkFile,
              DatachunkHelper::CurrentMessages, QString());
     return true;
+}
+
+void DatachunkHandlerPrivate::showPending(const SaveJob &job)
+{
+    if (refuseDuringImport())
+        return;
+    fileToLoad = job.fileName;
+    const ImportRun run(q);
+    leaveLiveMode();
+    if (!run.goesOn()) {
+        if (run.storeExists())
+            endCancelledImport();
+        return;
+    }
+    ChunkLoad load;
+    load.front.preamble.version = ChunkFormat::currentVersion;
+    load.front.maps = {job.notes, job.bookmarks};
+    load.front.maps.notes.detach();
+    load.front.maps.bookmarks.detach();
+    for (int i = 0; i < job.messages.size(); ++i) {
+        const CAN::CanRxMessage message = ChunkFormat::asInChunk(job.messages.at(i));
+        load.records.messages.append(message);
+        load.records.lines.insert(static_cast<unsigned char>(message.line));
+        load.hasFdFrame |= message.fdFrame;
+    }
+    takeChunk(load, BookmarkMap::Read);
+    if (run.goesOn())
+        finishImport(run, false);
+    else if (run.storeExists())
+        endCancelledImport();
 }
 
 void DatachunkHandler::loadDataFromFile(QString fileName, DatachunkHelper::SavedMessageType smt)
 {
     loadFile(fileName, false, DatachunkHelper().getImportFileType(fileName), smt, QString());
-}
-
-bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
-{
-    bool split = false;
-    if (!withinMemory([&] { split = d->split(fileName, messagesPerFile); }))
-        emit newErrorMessage(FileErrors::outOfMemory(fileName));
-    return split;
-}
-
-bool DatachunkHandlerPrivate::split(const QString &fileName, quint32 messagesPerFile)
-{
-    const QFileInfo source(fileName);
-    RegularFile file(fileName);
-    if (messagesPerFile == 0 || !source.isFile())
-        return false;
-    const QString baseName = source.baseName();
-    QDir folder = source.absoluteDir();
-    const QString folderName = baseName + QLatin1String("_splitted");
-    folder.mkdir(folderName);
-    if (!folder.cd(folderName) || !file.openForReading())
-        return false;
-    QDataStream stream(&file);
-    const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
-    if (preamble.version > ChunkFormat::currentVersion) {
-        refuseNewerVersion();
-        return false;
-    }
-    ChunkFormat::readMaps(stream, preamble.version);
-    setCurrentChunkVersion(preamble.version);
-    const QString partTemplate = folder.absoluteFilePath(baseName + QLatin1String("_%1.dck"));
-    const QPointer<DatachunkHandler> store(q);
-    const bool good = splitRecords(file, preamble.version, partTemplate, messagesPerFile);
-    if (store && !file.readErrorText().isEmpty())
-        emit store->newErrorMessage(file.readErrorText());
-    return good && file.readErrorText().isEmpty();
-}
-
-bool DatachunkHandlerPrivate::splitRecords(QIODevice &file, quint32 version,
-                                           const QString &partTemplate, quint32 messagesPerFile)
-{
-    // Eight bits on purpose: part 256 is part 0 again.
-    quint8 part = 0;
-    quint32 count = 0;
-    CAN::CanRxMessage message;
-    ChunkFormat::RecordReader reader(file, version);
-    const QPointer<DatachunkHandler> store(q);
-    while (store && reader.next(message)) {
-        if (count % messagesPerFile == 0) {
-            q->finishContinousOutput();
-            if (!store || (count != 0 && !continuousOutput->errorText().isEmpty()))
-                return false;
-            if (!q->createContinuousOutputFile(fillChunkNumber(partTemplate, part++)))
-                return false;
-        }
-        message.messageNumber = count++;
-        q->appendToContinuousOutputFile(message);
-    }
-    if (!store)
-        return false;
-    continuousOutput->flushContinuousOutput();
-    reportContinuousOutput();
-    return store && (count == 0 || continuousOutput->errorText().isEmpty());
 }

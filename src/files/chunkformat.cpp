@@ -86,16 +86,6 @@ Preamble readPreamble(QDataStream &stream)
     return preamble;
 }
 
-Maps readMaps(QDataStream &stream, quint32 version, BookmarkMap bookmarkMap)
-{
-    Maps maps;
-    if (version >= notesSince)
-        stream >> maps.notes;
-    if (version >= bookmarksSince && bookmarkMap == BookmarkMap::Read)
-        stream >> maps.bookmarks;
-    return maps;
-}
-
 int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version)
 {
     const int payload = CAN::payloadSize(message);
@@ -120,8 +110,23 @@ int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version)
 
 void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 version)
 {
+    const int payload = CAN::payloadSize(message);
+    stream << qint8(payload);
+    stream.writeRawData(reinterpret_cast<const char *>(message.data), payload);
+    stream << message.extended << message.id << message.remote << message.flagC << message.fdFrame
+           << message.flagB << message.flagD << message.microseconds << message.seconds
+           << message.messageNumber;
+    if (version >= lineFieldSince)
+        stream << message.line;
+}
+
+CAN::CanRxMessage asInChunk(const CAN::CanRxMessage &message)
+{
     char record[maxRecordSize];
-    stream.writeRawData(record, encodeRecord(record, message, version));
+    encodeRecord(record, message, currentVersion);
+    CAN::CanRxMessage read;
+    decodeRecord(record, read, currentVersion);
+    return read;
 }
 
 bool readRecord(QDataStream &stream, CAN::CanRxMessage &message, quint32 version)
@@ -166,7 +171,7 @@ bool RecordReader::readCutRecord(CAN::CanRxMessage &message)
 {
     const QByteArray rest = QByteArray::fromRawData(buffer.constData() + position, size - position);
     position = size;
-    cut = true;
+    cause = RecordsEnd::Cut;
     QDataStream stream(rest);
     return readRecord(stream, message, version);
 }
@@ -182,6 +187,8 @@ bool RecordReader::next(CAN::CanRxMessage &message)
     if (length < 0 || length > CAN::maxDataBytes) {
         position = size;
         atEnd = true;
+        cause = RecordsEnd::BadLength;
+        badLength = length;
         return false;
     }
     const int bytes = recordSize(length, version);

@@ -46,17 +46,32 @@ struct Maps
     Bookmarks bookmarks;
 };
 enum class BookmarkMap { Read, NotRead };
-/// Reads the maps that a file of \a version has. A map cut short is empty.
-Maps readMaps(QDataStream &stream, quint32 version, BookmarkMap bookmarkMap = BookmarkMap::Read);
 
 /// Stores one record at \a out, which has room for maxRecordSize bytes; returns its size.
 int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version);
+/// Writes one record in the stream's byte order; that of chunk files is the default one.
 void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 version);
 
-/// Reads one record over \a message: fields behind the end of the stream become 0, payload
-/// bytes there and a line that the version does not carry keep their values. Returns false,
-/// with the stream's status set to ReadCorruptData, for a length outside 0..64.
+/// What is left of a message in a chunk of the current version.
+CAN::CanRxMessage asInChunk(const CAN::CanRxMessage &message);
+
+/// Reads one record in the stream's byte order over \a message: fields behind the end of the stream
+/// become 0, payload bytes there and a line that the version does not carry keep their values.
+/// Returns false, with the stream's status set to ReadCorruptData, for a length outside 0..64.
 bool readRecord(QDataStream &stream, CAN::CanRxMessage &message, quint32 version);
+
+/// How the reading of records has ended.
+struct RecordsEnd
+{
+    enum Cause {
+        Whole,    ///< with the end of a record
+        Cut,      ///< in the middle of one
+        BadLength ///< in front of one whose length is none
+    };
+    Cause cause = Whole;
+    qint64 offset = 0; ///< where the last whole record ends, counted from the first record's start
+    int length = 0;    ///< what the record there claims, for BadLength
+};
 
 /// Reads the records from a device's position to its end, in blocks.
 class RecordReader
@@ -69,10 +84,10 @@ public:
     bool next(CAN::CanRxMessage &message);
 
     /// Whether the last record was cut short.
-    bool lastIsCut() const { return cut; }
+    bool lastIsCut() const { return cause == RecordsEnd::Cut; }
 
-    /// Size in bytes of the whole records read so far.
-    qint64 wholeRecords() const { return wholeBytes; }
+    /// To be asked once next() has returned false.
+    RecordsEnd end() const { return {cause, wholeBytes, badLength}; }
 
 private:
     void refill();
@@ -85,7 +100,8 @@ private:
     int size = 0;
     qint64 wholeBytes = 0;
     bool atEnd = false;
-    bool cut = false;
+    RecordsEnd::Cause cause = RecordsEnd::Whole;
+    int badLength = 0;
 };
 
 /// Collects records and writes them in blocks.

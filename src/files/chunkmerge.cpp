@@ -3,27 +3,11 @@
 #include "chunkversion.h"
 #include "fileerrors.h"
 
-#include <QDataStream>
-
-#include <algorithm>
-#include <climits>
-
 namespace ChunkArchive {
 
 namespace {
 
-// Of chunks with equal starts only the last one.
-std::vector<Chunk> withoutEqualStarts(const std::vector<Chunk> &chunks)
-{
-    std::vector<Chunk> kept;
-    for (const Chunk &chunk : chunks) {
-        if (!kept.empty() && kept.back().start == chunk.start)
-            kept.back() = chunk;
-        else
-            kept.push_back(chunk);
-    }
-    return kept;
-}
+using ChunkReading::Result;
 
 void drain(QIODevice &device)
 {
@@ -44,92 +28,113 @@ template <typename Map> void unite(Map &all, const Map &some)
 class Merger
 {
 public:
-    Merger(qint64 memoryLimit, Merged &merged) : memoryLimit(memoryLimit), merged(merged) { }
-
-    Outcome::Result readChunk(Zip::EntryDevice &chunk);
-    bool lastHasFdFrame() const { return hasFdFrame; }
-
-private:
-    Outcome::Result readRecords(Zip::EntryDevice &chunk, quint32 version);
-    qint64 room() const
+    Merger(const Zip::Reader &archive, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
+           Merged &merged)
+        : archive(archive), memoryLimit(memoryLimit), keepGoing(keepGoing), merged(merged)
     {
-        return memoryLimit - memoryOfMaps
-            - merged.messages.size() * qint64(sizeof(CAN::CanRxMessage));
     }
 
+    Outcome::Result readChunk(const Chunk &chunk);
+
+    Damage::List damage;
+
+private:
+    Result read(Zip::EntryDevice &content);
+    void tellDamage(const Chunk &chunk, const Zip::EntryDevice &content, int messages);
+
+    const Zip::Reader &archive;
     const qint64 memoryLimit;
+    const Zip::KeepGoing &keepGoing;
     Merged &merged;
     qint64 memoryOfMaps = 0;
+    // Of the chunk read last.
+    ChunkReading::Front front;
+    ChunkFormat::RecordsEnd recordsEnd;
     bool hasFdFrame = false;
 };
 
-Outcome::Result Merger::readChunk(Zip::EntryDevice &chunk)
+Outcome::Result Merger::readChunk(const Chunk &chunk)
 {
-    // The most memory that a byte of a map, which is then united with others, is turned into.
-    constexpr qint64 memoryPerMapByte = 16;
-    hasFdFrame = false;
-    chunk.setLimit(room() / memoryPerMapByte);
-    QDataStream stream(&chunk);
-    const ChunkFormat::Preamble preamble = ChunkFormat::readPreamble(stream);
-    if (preamble.version > ChunkFormat::currentVersion) {
-        // Only the end tells whether that is its version or damage.
-        drain(chunk);
-        return chunk.isDamaged() ? Outcome::Done : Outcome::NewerVersion;
+    const auto content = archive.open(chunk.entry, keepGoing);
+    if (!content) {
+        damage.add(Damage::notOpened(Damage::entryName(chunk.entry.name, archive.fileName())));
+        return Outcome::Done;
     }
-    const ChunkFormat::Maps maps = ChunkFormat::readMaps(stream, preamble.version);
-    if (chunk.limitReached())
+    const int messagesBefore = merged.messages.size();
+    front = {};
+    recordsEnd = {};
+    hasFdFrame = false;
+    const Result result = read(*content);
+    if (result == Result::GivenUp || !keepGoing())
+        return Outcome::GivenUp;
+    if (result == Result::TooLarge)
         return Outcome::TooLarge;
-    setCurrentChunkVersion(preamble.version);
-    unite(merged.notes, maps.notes);
-    unite(merged.bookmarks, maps.bookmarks);
-    merged.hasBookmarkMap |= preamble.version >= ChunkFormat::bookmarksSince;
-    memoryOfMaps += (chunk.unpackedSize() - chunk.bytesAvailable()) * memoryPerMapByte;
-    chunk.setLimit(Zip::maxClaim);
-    return readRecords(chunk, preamble.version);
+    // Only the end tells whether that is its version or damage.
+    if (result == Result::NewerVersion && !content->isDamaged())
+        return Outcome::NewerVersion;
+    merged.fdFramesByChunk.append(hasFdFrame);
+    // A file that cannot be read is told of by itself.
+    if (archive.readErrorText().isEmpty())
+        tellDamage(chunk, *content, merged.messages.size() - messagesBefore);
+    return Outcome::Done;
 }
 
-Outcome::Result Merger::readRecords(Zip::EntryDevice &chunk, quint32 version)
+Result Merger::read(Zip::EntryDevice &content)
 {
-    const qint64 messagesAllowed = std::min<qint64>(
-        merged.messages.size() + room() / qint64(sizeof(CAN::CanRxMessage)), INT_MAX / 2);
-    CAN::CanRxMessage message;
-    ChunkFormat::RecordReader records(chunk, version);
-    while (records.next(message) && !(records.lastIsCut() && chunk.isDamaged())) {
-        if (merged.messages.size() >= messagesAllowed)
-            return Outcome::TooLarge;
-        merged.messages.append(message);
-        merged.lines.insert(static_cast<unsigned char>(message.line));
-        hasFdFrame |= message.fdFrame;
-    }
-    return Outcome::Done;
+    const qint64 memory = memoryLimit - memoryOfMaps;
+    const qint64 memoryOfMessages = merged.messages.size() * qint64(sizeof(CAN::CanRxMessage));
+    const Result result = ChunkReading::readFront(content, ChunkFormat::BookmarkMap::Read,
+                                                  {memory - memoryOfMessages, keepGoing}, front);
+    if (result == Result::NewerVersion)
+        drain(content);
+    if (result != Result::Done)
+        return result;
+    const quint32 version = front.preamble.version;
+    setCurrentChunkVersion(version);
+    unite(merged.notes, front.maps.notes);
+    unite(merged.bookmarks, front.maps.bookmarks);
+    merged.hasBookmarkMap |= version >= ChunkFormat::bookmarksSince;
+    memoryOfMaps += front.memory;
+    ChunkFormat::RecordReader records(content, version);
+    const Result recordsResult =
+        ChunkReading::readRecords(records, {memory - front.memory, keepGoing}, merged, hasFdFrame,
+                                  [&content] { return content.isDamaged(); });
+    recordsEnd = records.end();
+    return recordsResult;
+}
+
+void Merger::tellDamage(const Chunk &chunk, const Zip::EntryDevice &content, int messages)
+{
+    const QString name = Damage::entryName(chunk.entry.name, archive.fileName());
+    const QString sentence = content.isDamaged()
+        ? damageOf(archive, chunk, content, Damage::messagesRead(messages))
+        : Damage::ofChunk(name, front, recordsEnd, messages);
+    if (!sentence.isEmpty())
+        damage.add(sentence);
 }
 
 void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
                  Merged &merged)
 {
-    const std::vector<Chunk> chunks = withoutEqualStarts(chunksByStart(archive, keepGoing));
-    if (!archive.isOpen()) {
-        merged.outcome.result = Outcome::NotOpened;
+    merged.outcome = checkDirectory(archive);
+    if (merged.outcome.result != Outcome::Done)
         return;
-    }
+    Merger merger(archive, memoryLimit, keepGoing, merged);
+    const std::vector<Chunk> chunks = lastOfEachStart(
+        archive, chunksByStart(archive, keepGoing, merger.damage), keepGoing, merger.damage);
     // A message takes no less room in memory than in a file.
     if (isBomb(archive, chunks) || totalSize(chunks) > memoryLimit) {
         merged.outcome = tooLarge(chunks);
         return;
     }
-    Merger merger(memoryLimit, merged);
     for (const Chunk &chunk : chunks) {
-        const auto content = archive.open(chunk.entry, keepGoing);
-        if (!content)
-            continue;
-        const Outcome::Result result = merger.readChunk(*content);
-        merged.outcome.result = keepGoing() ? result : Outcome::GivenUp;
+        merged.outcome.result = merger.readChunk(chunk);
         if (merged.outcome.result == Outcome::TooLarge)
             merged.outcome = tooLarge(chunks);
         if (merged.outcome.result != Outcome::Done)
             return;
-        merged.fdFramesByChunk.append(merger.lastHasFdFrame());
     }
+    merged.outcome.damage = merger.damage.sentences(archive.fileName());
 }
 
 } // namespace
@@ -140,7 +145,8 @@ void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &kee
     const auto mergeArchive = [&] {
         const Zip::Reader archive(zipName);
         mergeChunks(archive, memoryLimit, keepGoing, merged);
-        merged.outcome.systemError = archive.readErrorText();
+        if (merged.outcome.systemError.isEmpty())
+            merged.outcome.systemError = archive.readErrorText();
     };
     if (!withinMemory(mergeArchive))
         merged.outcome = {Outcome::TooLarge, 0, FileErrors::outOfMemory(zipName)};

@@ -1,66 +1,87 @@
 #include "chunkunpack.h"
 
 #include "archivelimits.h"
-#include "chunkformat.h"
+#include "chunkreading.h"
 #include "fileerrors.h"
+#include "filenames.h"
 
-#include <QDataStream>
 #include <QFile>
 #include <QHash>
-#include <QStorageInfo>
 
-#include <algorithm>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
 
 namespace ChunkArchive {
 
 namespace {
 
-// `name` with a number before the suffix, cut where the file system would find it too long.
-QString numbered(const QString &name, int number)
+// What of a name stays when a number of any length is put behind it: all that a file system takes.
+QString numberedStem(const QString &name, const QString &suffix)
 {
-    constexpr int longestName = 255; // bytes
-    const QString suffix = name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
-    const QString end = QLatin1Char('_') + QString::number(number) + suffix;
-    QString stem = name.chopped(suffix.size());
-    while (QFile::encodeName(stem + end).size() > longestName)
-        stem.chop(1);
-    return stem + end;
+    constexpr int longestNumber = 11; // "_4294967295"
+    return FileNames::cutToBytes(name.chopped(suffix.size()),
+                                 FileNames::longest - longestNumber - suffix.size());
 }
 
-// `folder/name`, or with a number before the suffix the first such path that `create` accepts.
-// `number` is the first one to try, and is set behind the last one tried; 1 is the bare name.
-template <typename Create>
-QString createNumbered(const QDir &folder, const QString &name, int &number, const Create &create)
+QString suffixOf(const QString &name)
 {
-    constexpr int attempts = 10000;
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        const QString path = folder.absoluteFilePath(number == 1 ? name : numbered(name, number));
-        ++number;
-        if (create(path))
-            return path;
-        if (!QFileInfo::exists(path))
-            break;
+    return name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
+}
+
+/// Finds names that are free in a folder, in a time that does not grow with those that are taken.
+class FreeNames
+{
+public:
+    explicit FreeNames(const QDir &folder) : folder(folder) { }
+
+    /// `folder/name`, or with a number before the suffix the first such path that \a create
+    /// accepts. Empty when the reason is not that it is taken.
+    template <typename Create> QString create(const QString &name, const Create &create);
+
+private:
+    const QDir folder;
+    // By what is left of a name when it gets a number, so that names which are the same from then
+    // on count together.
+    QHash<QString, int> lastNumbers;
+};
+
+template <typename Create> QString FreeNames::create(const QString &name, const Create &create)
+{
+    constexpr int attempts = 100000;
+    const QString bare = folder.absoluteFilePath(name);
+    if (create(bare))
+        return bare;
+    const QString suffix = suffixOf(name);
+    const QString stem = numberedStem(name, suffix);
+    int &number = *lastNumbers.insert(stem + suffix, lastNumbers.value(stem + suffix, 1));
+    QString taken = bare;
+    for (int attempt = 0; attempt < attempts && QFileInfo::exists(taken); ++attempt) {
+        taken =
+            folder.absoluteFilePath(stem + QLatin1Char('_') + QString::number(++number) + suffix);
+        if (create(taken))
+            return taken;
     }
     return {};
 }
 
 // Where the last whole record of a chunk file ends; 0 when there is none.
-qint64 endOfWholeRecords(QFile &file)
+qint64 endOfWholeRecords(QFile &file, const Zip::KeepGoing &keepGoing)
 {
-    // The maps of a damaged file are not trusted with more memory than this takes.
-    constexpr qint64 maxPreamble = 64 * 1024 * 1024;
+    // The maps of a damaged file are not trusted with more memory than this.
+    constexpr qint64 memory = 256 * 1024 * 1024;
+    ChunkReading::Front front;
     file.seek(0);
-    const QByteArray head = file.read(std::min(maxPreamble, file.size()));
-    QDataStream stream(head);
-    const quint32 version = ChunkFormat::readPreamble(stream).version;
-    ChunkFormat::readMaps(stream, version);
-    if (stream.status() != QDataStream::Ok || !file.seek(stream.device()->pos()))
+    const ChunkReading::Result result =
+        ChunkReading::readFront(file, ChunkFormat::BookmarkMap::Read, {memory, keepGoing}, front);
+    // Nobody here knows what a newer one looks like.
+    if (result == ChunkReading::Result::NewerVersion)
+        return file.size();
+    if (result != ChunkReading::Result::Done || front.headerIsDamaged || front.mapsAreDamaged)
         return 0;
-    const qint64 start = file.pos();
     CAN::CanRxMessage message;
-    ChunkFormat::RecordReader records(file, version);
+    ChunkFormat::RecordReader records(file, front.preamble.version);
     while (records.next(message)) { }
-    return records.wholeRecords() > 0 ? start + records.wholeRecords() : 0;
+    return records.end().offset > 0 ? front.size + records.end().offset : 0;
 }
 
 class Unpacker
@@ -68,10 +89,15 @@ class Unpacker
 public:
     enum Result { Unpacked, Skipped, Failed };
 
-    explicit Unpacker(const QDir &folder) : folder(folder) { }
+    Unpacker(const QDir &folder, const Zip::KeepGoing &keepGoing)
+        : names(folder), keepGoing(keepGoing)
+    {
+    }
 
     Result unpack(Zip::EntryDevice &chunk, const QString &name);
     QString fileName() const { return QFileInfo(file).fileName(); }
+    /// Size of the file unpacked last.
+    qint64 size() const { return written; }
     /// Tells of the file that failed.
     QString systemError() const { return FileErrors::notWritten(file.fileName(), errorText); }
 
@@ -79,18 +105,22 @@ private:
     Result copy(Zip::EntryDevice &chunk);
     Result finish(Result result);
 
-    const QDir folder;
+    FreeNames names;
+    const Zip::KeepGoing &keepGoing;
     QFile file;
+    qint64 written = 0;
     QString errorText;
-    QHash<QString, int> nextNumbers; // an archive may hold one name very often
 };
 
 Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
 {
-    int &number = *nextNumbers.insert(name, nextNumbers.value(name, 1));
-    const QString path = createNumbered(folder, name, number, [this](const QString &path) {
+    const QString path = names.create(name, [this](const QString &path) {
         file.setFileName(path);
-        return file.open(QIODevice::ReadWrite | QIODevice::NewOnly);
+        if (!file.open(QIODevice::ReadWrite | QIODevice::NewOnly))
+            return false;
+        // Not every file system knows permissions.
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+        return true;
     });
     if (path.isEmpty()) {
         errorText = file.errorString();
@@ -98,7 +128,7 @@ Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
     }
     Result result = copy(chunk);
     if (result == Unpacked && chunk.isDamaged()) {
-        const qint64 end = endOfWholeRecords(file);
+        const qint64 end = endOfWholeRecords(file, keepGoing);
         result = end > 0 && file.resize(end) ? Unpacked : Skipped;
     }
     return finish(result);
@@ -118,6 +148,7 @@ Unpacker::Result Unpacker::copy(Zip::EntryDevice &chunk)
 
 Unpacker::Result Unpacker::finish(Result result)
 {
+    written = result == Unpacked ? file.size() : 0;
     errorText = FileErrors::close(file);
     if (!errorText.isEmpty())
         result = Failed;
@@ -130,35 +161,79 @@ Unpacker::Result Unpacker::finish(Result result)
 
 namespace {
 
-Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, const QDir &parent,
-                     const Zip::KeepGoing &keepGoing, const Unpacked &unpacked)
+// Whether the disk that holds `folder` has less room than that. A system that does not tell how
+// large the disk is knows nothing of its room either.
+bool hasNoRoom(const QDir &folder, qint64 bytes)
 {
-    const std::vector<Chunk> chunks = chunksByStart(archive, keepGoing);
-    if (!archive.isOpen())
-        return {Outcome::NotOpened, 0, archive.readErrorText()};
-    if (isBomb(archive, chunks))
-        return tooLarge(chunks);
-    if (totalSize(chunks) > QStorageInfo(parent).bytesAvailable())
-        return {Outcome::NoRoom, 0, {}};
-    int number = 1;
-    const QString path = createNumbered(
-        parent, folderName, number, [&parent](const QString &path) { return parent.mkdir(path); });
-    if (path.isEmpty())
-        return {Outcome::NoRoom, 0, {}};
-    const QDir folder(path);
-    Unpacker unpacker(folder);
+    struct statvfs disk = {};
+    const bool isKnown = statvfs(QFile::encodeName(folder.path()).constData(), &disk) == 0
+        && disk.f_blocks != 0 && disk.f_frsize != 0;
+    return isKnown && quint64(bytes) / disk.f_frsize > disk.f_bavail;
+}
+
+// The chunks whose names can become those of files.
+std::vector<Chunk> withFileNames(const QString &archive, const std::vector<Chunk> &chunks,
+                                 Damage::List &damage)
+{
+    std::vector<Chunk> kept;
+    for (const Chunk &chunk : chunks) {
+        if (ArchiveLimits::isSafeName(chunk.entry.name))
+            kept.push_back(chunk);
+        else
+            damage.add(Damage::badFileName(Damage::entryName(chunk.entry.name, archive)));
+    }
+    return kept;
+}
+
+// Empty when no folder could be created.
+QString createFolder(const QDir &parent, const QString &name)
+{
+    return FreeNames(parent).create(name, [](const QString &path) {
+        constexpr mode_t onlyOwner = 0700;
+        return mkdir(QFile::encodeName(path).constData(), onlyOwner) == 0;
+    });
+}
+
+Outcome unpackInto(const QDir &folder, const Zip::Reader &archive, const std::vector<Chunk> &chunks,
+                   const Zip::KeepGoing &keepGoing, const Unpacked &unpacked, Damage::List &damage)
+{
+    Unpacker unpacker(folder, keepGoing);
     for (const Chunk &chunk : chunks) {
         const auto content = archive.open(chunk.entry, keepGoing);
-        const Unpacker::Result result =
-            content ? unpacker.unpack(*content, chunk.entry.name) : Unpacker::Skipped;
+        if (!content) {
+            damage.add(Damage::notOpened(Damage::entryName(chunk.entry.name, archive.fileName())));
+            continue;
+        }
+        const Unpacker::Result result = unpacker.unpack(*content, chunk.entry.name);
         if (!keepGoing())
             return {Outcome::GivenUp, 0, {}};
         if (result == Unpacker::Failed)
             return {Outcome::NoRoom, 0, unpacker.systemError()};
         if (result == Unpacker::Unpacked)
             unpacked(unpacker.fileName(), folder, chunk.timeText);
+        if (content->isDamaged() && archive.readErrorText().isEmpty())
+            damage.add(damageOf(archive, chunk, *content, Damage::bytesUnpacked(unpacker.size())));
     }
     return {Outcome::Done, 0, archive.readErrorText()};
+}
+
+Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, const QDir &parent,
+                     const Zip::KeepGoing &keepGoing, const Unpacked &unpacked,
+                     Damage::List &damage)
+{
+    const Outcome checked = checkDirectory(archive);
+    if (checked.result != Outcome::Done)
+        return checked;
+    const std::vector<Chunk> chunks =
+        withFileNames(archive.fileName(), chunksByStart(archive, keepGoing, damage), damage);
+    if (isBomb(archive, chunks))
+        return tooLarge(chunks);
+    if (hasNoRoom(parent, totalSize(chunks)))
+        return {Outcome::NoRoom, 0, {}};
+    const QString path = createFolder(parent, folderName);
+    if (path.isEmpty())
+        return {Outcome::NoRoom, 0, {}};
+    return unpackInto(QDir(path), archive, chunks, keepGoing, unpacked, damage);
 }
 
 } // namespace
@@ -170,7 +245,9 @@ Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing 
     const auto unpackArchive = [&] {
         const Zip::Reader archive(zipName);
         const QString name = ArchiveLimits::folderName(ArchiveLimits::archiveName(zipName));
-        outcome = unpackChunks(archive, name, parent, keepGoing, unpacked);
+        Damage::List damage;
+        outcome = unpackChunks(archive, name, parent, keepGoing, unpacked, damage);
+        outcome.damage = damage.sentences(zipName);
     };
     if (!withinMemory(unpackArchive))
         outcome = {Outcome::TooLarge, 0, FileErrors::outOfMemory(zipName)};

@@ -2,11 +2,12 @@
 
 #include <QDateTime>
 #include <QDebug>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
-#include <algorithm>
-
-namespace DiskBudget {
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -23,42 +24,100 @@ qint64 chunkNumber(const QString &name)
     return ok ? qint64(number) : -1;
 }
 
+bool readStamp(const QString &folder, timespec &stamp)
+{
+    struct stat status = {};
+    const bool read = stat(QFile::encodeName(folder).constData(), &status) == 0;
+    stamp = status.st_mtim;
+    return read;
+}
+
 } // namespace
 
-QFileInfoList filesByAge(const QDir &folder)
+DiskBudget::DiskBudget(const QString &path, Folder folder) : path(path), folder(folder) { }
+
+bool DiskBudget::isUnchanged() const
 {
-    struct Entry
-    {
-        QFileInfo file;
-        qint64 modified;
-        qint64 chunk;
-    };
-    QVector<Entry> entries;
-    const QFileInfoList files = folder.entryInfoList(QDir::Files, QDir::Name);
-    for (const QFileInfo &file : files) {
-        entries.append(
-            {file, file.lastModified().toMSecsSinceEpoch(), chunkNumber(file.fileName())});
+    timespec now = {};
+    return readStamp(path, now) && now.tv_sec == stamp.tv_sec && now.tv_nsec == stamp.tv_nsec;
+}
+
+// A fraction of a second that changes with each call and that no clock of a file system shows.
+void DiskBudget::setStamp()
+{
+    constexpr long inTheFirstMillisecond = 999983;
+    const long fraction = 1 + (stamp.tv_nsec + 7919) % inTheFirstMillisecond;
+    const timespec times[2] = {{0, UTIME_OMIT}, {time(nullptr), fraction}};
+    isCounted = folder == Folder::Own
+        && utimensat(AT_FDCWD, QFile::encodeName(path).constData(), times, 0) == 0
+        && readStamp(path, stamp);
+}
+
+void DiskBudget::beginChange()
+{
+    isCounted = isCounted && isUnchanged();
+}
+
+void DiskBudget::endChange(const QString &created)
+{
+    newFile = created;
+    if (isCounted)
+        setStamp();
+}
+
+void DiskBudget::countFile(const QString &name)
+{
+    const auto known = ages.constFind(name);
+    if (known != ages.constEnd()) {
+        const auto entry = kibibytesByAge.find(*known);
+        kibibytes -= entry->second;
+        kibibytesByAge.erase(entry);
+        ages.erase(known);
     }
-    std::stable_sort(entries.begin(), entries.end(), [](const Entry &a, const Entry &b) {
-        return a.modified != b.modified ? a.modified > b.modified : a.chunk > b.chunk;
-    });
-    QFileInfoList sorted;
-    for (const Entry &entry : qAsConst(entries))
-        sorted.append(entry.file);
-    return sorted;
+    const QFileInfo file(path + QLatin1Char('/') + name);
+    if (!file.isFile())
+        return;
+    const Age age{file.lastModified().toMSecsSinceEpoch(), chunkNumber(name), name};
+    const auto size = quint32(file.size() / 1024);
+    ages.insert(name, age);
+    kibibytesByAge.emplace(age, size);
+    kibibytes += size;
 }
 
-bool removeOldestAbove(const QDir &folder, unsigned int mebibytes)
+void DiskBudget::readFolder()
 {
-    const QFileInfoList files = filesByAge(folder);
-    quint32 kibibytes = 0;
-    for (const QFileInfo &file : files)
-        kibibytes += quint32(file.size() / 1024);
-    if (kibibytes / 1024 <= mebibytes)
-        return false;
-    const QFileInfo &oldest = files.last();
-    qDebug() << "void SaveFileWorker::checkUsedSpace(QString)" << oldest.fileName();
-    return oldest.fileName().endsWith(QLatin1String("dck")) && QFile::remove(oldest.filePath());
+    ages.clear();
+    kibibytesByAge.clear();
+    kibibytes = 0;
+    countsSinceRead = 0;
+    setStamp();
+    const QStringList names = QDir(path).entryList(QDir::Files, QDir::Unsorted);
+    for (const QString &name : names)
+        countFile(name);
 }
 
-} // namespace DiskBudget
+void DiskBudget::count()
+{
+    // A file that grows does not change its folder.
+    constexpr int mostCountsBetweenReads = 64;
+    beginChange();
+    if (!isCounted || ++countsSinceRead > mostCountsBetweenReads)
+        readFolder();
+    else if (!newFile.isEmpty())
+        countFile(newFile);
+    newFile.clear();
+}
+
+bool DiskBudget::removeOldestAbove(quint32 mebibytes)
+{
+    count();
+    if (kibibytesByAge.empty() || kibibytes / 1024 <= mebibytes)
+        return false;
+    const QString oldest = kibibytesByAge.begin()->first.name;
+    qDebug() << "void SaveFileWorker::checkUsedSpace(QString)" << oldest;
+    if (!oldest.endsWith(QLatin1String("dck")) || !QFile::remove(path + QLatin1Char('/') + oldest))
+        return false;
+    endChange();
+    countFile(oldest);
+    return true;
+}

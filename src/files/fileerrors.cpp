@@ -24,6 +24,12 @@ QString outOfMemory(const QString &fileName)
         .arg(fileName);
 }
 
+QString tooManyFiles(int most)
+{
+    return QCoreApplication::translate("DatachunkHandler", "An archive takes at most %1 files.")
+        .arg(most);
+}
+
 bool write(QIODevice &file, const char *bytes, qint64 size)
 {
     // A disk that is almost full takes a part without an error and tells the reason only when it

@@ -12,6 +12,9 @@ QString notRead(const QString &fileName, const QString &reason);
 QString notWritten(const QString &fileName, const QString &reason);
 QString outOfMemory(const QString &fileName);
 
+/// The reason why an archive of more than \a most files is not written.
+QString tooManyFiles(int most);
+
 /// Writes all of \a size bytes; false, and the file has an error, when not every one was taken.
 bool write(QIODevice &file, const char *bytes, qint64 size);
 

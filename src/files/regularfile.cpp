@@ -2,11 +2,42 @@
 
 #include "fileerrors.h"
 
-#include <QFileInfo>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// Neither for the other end of a pipe nor, later, for what a file of the system has to tell next.
+int openWithoutWaiting(const QString &fileName)
+{
+    const QByteArray name = QFile::encodeName(fileName);
+    int handle = -1;
+    do {
+        handle = open64(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    } while (handle < 0 && errno == EINTR);
+    return handle;
+}
+
+} // namespace
+
+RegularFile::RegularFile(const QString &fileName) : QFile(fileName), name(fileName) { }
 
 bool RegularFile::openForReading()
 {
-    return QFileInfo(fileName()).isFile() && open(QIODevice::ReadOnly);
+    const int handle = openWithoutWaiting(fileName());
+    if (handle < 0) {
+        setErrorString(qt_error_string(errno));
+        return false;
+    }
+    struct stat status = {};
+    if (fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
+        && open(handle, QIODevice::ReadOnly, AutoCloseHandle))
+        return true;
+    ::close(handle);
+    return false;
 }
 
 QString RegularFile::readErrorText() const

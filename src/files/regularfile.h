@@ -7,10 +7,14 @@
 class RegularFile : public QFile
 {
 public:
-    using QFile::QFile;
+    explicit RegularFile(const QString &fileName);
+
+    /// The name that it was made with.
+    QString fileName() const override { return name; }
 
     /// False, with nothing opened, when the file cannot be read or is no regular file: a pipe or a
-    /// device may block for ever and has no end to wait for.
+    /// device may block for ever and has no end to wait for. Where the system shows one of its own
+    /// sources as a file, reading fails as soon as it would have to wait.
     bool openForReading();
 
     /// What the user is told when reading has failed; empty when it has not.
@@ -20,5 +24,6 @@ protected:
     qint64 readData(char *data, qint64 maxSize) override;
 
 private:
+    const QString name;
     QString readError;
 };

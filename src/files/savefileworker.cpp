@@ -2,6 +2,7 @@
 
 #include "chunkformat.h"
 #include "chunkversion.h"
+#include "continuousoutput.h"
 #include "diskbudget.h"
 #include "savejob.h"
 #include "textexport.h"
@@ -11,17 +12,9 @@
 
 #include <utility>
 
-namespace {
-
-bool isChunkName(const QString &fileName)
-{
-    return fileName.endsWith(QLatin1String("dck"));
-}
-
-} // namespace
-
 SaveFileWorker::SaveFileWorker(QObject *parent)
-    : QObject(parent), ownJob(std::make_unique<SaveJob>()), job(ownJob.get())
+    : QObject(parent), messages(nullptr), job(std::make_unique<SaveJob>()),
+      continuousOutput(std::make_unique<ContinuousOutput>())
 {
 }
 
@@ -31,12 +24,11 @@ SaveFileWorker::SaveFileWorker(QString fileName, QList<CAN::CanRxMessage> *messa
                                QMap<unsigned int, QString> notes,
                                QMap<unsigned int, CanMessageBookmark> bookmarks, int startPosition,
                                QList<unsigned int> selected, QObject *parent)
-    : SaveFileWorker(parent)
+    : QObject(parent), messages(messages), job(std::make_unique<SaveJob>()),
+      continuousOutput(std::make_unique<ContinuousOutput>())
 {
     job->fileName = std::move(fileName);
     job->type = type;
-    if (messages)
-        job->messages = toMessageList(*messages);
     job->startPosition = startPosition;
     job->endPosition = endPosition;
     job->selected = std::move(selected);
@@ -45,13 +37,16 @@ SaveFileWorker::SaveFileWorker(QString fileName, QList<CAN::CanRxMessage> *messa
     job->maximumUsedSpace = maximumUsedSpace;
 }
 
-SaveFileWorker::SaveFileWorker(SaveJob &job) : job(&job) { }
-
 SaveFileWorker::~SaveFileWorker() = default;
 
 QString SaveFileWorker::errorText() const
 {
-    return lastError;
+    return lastError.isEmpty() ? continuousOutput->errorText() : lastError;
+}
+
+void SaveFileWorker::readMessages()
+{
+    job->messages = messages ? toMessageList(*messages) : MessageList();
 }
 
 void SaveFileWorker::saveToFile()
@@ -65,10 +60,9 @@ void SaveFileWorker::saveToFile()
 
 void SaveFileWorker::saveChunk()
 {
+    readMessages();
     const SaveOutcome outcome = writeChunkFile(*job);
     lastError = outcome.errorText;
-    if (outcome.result == SaveOutcome::GivenUp)
-        return;
     if (outcome.result == SaveOutcome::NotOpened)
         emit savingFinished(false);
     else if (job->type == DatachunkHelper::FullBuffer)
@@ -83,12 +77,14 @@ void SaveFileWorker::saveChunk()
 
 void SaveFileWorker::checkUsedSpace(QString fileName)
 {
-    if (DiskBudget::removeOldestAbove(QFileInfo(fileName).absoluteDir(), job->maximumUsedSpace))
+    DiskBudget budget(QFileInfo(fileName).absolutePath(), DiskBudget::Folder::Foreign);
+    if (budget.removeOldestAbove(job->maximumUsedSpace))
         emit dataFileRemoved();
 }
 
 void SaveFileWorker::exportMessagesToTxt()
 {
+    readMessages();
     lastError = writeTextFile(*job).errorText;
 }
 
@@ -99,6 +95,7 @@ QString SaveFileWorker::getOldStyleTxtOutput(CAN::CanRxMessage message)
 
 QString SaveFileWorker::writeFileHeader(QDataStream &stream, unsigned int first, unsigned int last)
 {
+    readMessages();
     const QString time = chunkTimeText(job->messages, first, last);
     ChunkFormat::writeHeader(stream, time, job->notes, job->bookmarks);
     return time;
@@ -116,49 +113,23 @@ void SaveFileWorker::msgFromStream(QDataStream &stream, CAN::CanRxMessage &messa
 
 bool SaveFileWorker::createContinuousOutputFile(QString fileName)
 {
-    setCurrentChunkVersion(ChunkFormat::currentVersion);
-    if (!isChunkName(fileName))
-        return false;
-    finishContinousOutput();
+    readMessages();
     lastError.clear();
-    continuousOutput.setFileName(fileName);
-    if (!continuousOutput.open(QIODevice::ReadWrite | QIODevice::Truncate))
-        return false;
-    QDataStream stream(&continuousOutput);
-    writeFileHeader(stream, 0, 1);
-    return true;
+    return continuousOutput->create(fileName, chunkTimeText(job->messages, 0, 1), job->notes,
+                                    job->bookmarks);
 }
 
 void SaveFileWorker::appendToContinuousOutputFile(CAN::CanRxMessage message)
 {
-    if (!continuousOutput.isOpen())
-        return;
-    char record[ChunkFormat::maxRecordSize];
-    const int size = ChunkFormat::encodeRecord(record, message, ChunkFormat::currentVersion);
-    if (continuousOutput.write(record, size) != size)
-        noteOutputError();
+    continuousOutput->append(message);
 }
 
 void SaveFileWorker::flushContinuousOutput()
 {
-    if (continuousOutput.isOpen() && !continuousOutput.flush())
-        noteOutputError();
+    continuousOutput->flush();
 }
 
 void SaveFileWorker::finishContinousOutput()
 {
-    if (!continuousOutput.isOpen())
-        return;
-    flushContinuousOutput();
-    continuousOutput.close();
-    if (continuousOutput.error() != QFileDevice::NoError)
-        noteOutputError();
-}
-
-void SaveFileWorker::noteOutputError()
-{
-    if (!lastError.isEmpty())
-        return;
-    lastError = continuousOutput.errorString();
-    qDebug() << "void SaveFileWorker::finishContinousOutput()" << lastError;
+    continuousOutput->finish();
 }

@@ -13,12 +13,12 @@
 
 #include <memory>
 
+class ContinuousOutput;
 struct SaveJob;
 
 /// Writes messages to one file: a chunk file when the name ends in "dck" (case-sensitive), a
-/// text export otherwise. A worker saves once, on the thread that calls saveToFile(), and owns
-/// copies of all that it writes. A second use is the continuous output file, a chunk file that
-/// takes messages one by one.
+/// text export otherwise. A worker saves once, on the thread that calls saveToFile(). A second use
+/// is the continuous output file, a chunk file that takes messages one by one.
 class DATACHUNK_EXPORT SaveFileWorker : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,8 @@ public:
     /// A worker for the list positions from \a startPosition up to, not including,
     /// \a endPosition, or for exactly the positions \a selected when there are any. Positions
     /// outside the list are passed over. \a maximumUsedSpace is the budget of the target's
-    /// folder in MiB. \a messages may be null.
+    /// folder in MiB. The notes and bookmarks are copied; \a messages is read when the saving
+    /// starts, so it must live that long and not change meanwhile. It may be null.
     SaveFileWorker(QString fileName, QList<CAN::CanRxMessage> *messages,
                    DatachunkHelper::SavedMessageType type, unsigned int maximumUsedSpace,
                    unsigned int endPosition, QMap<unsigned int, QString> notes,
@@ -91,14 +92,11 @@ signals:
     void savingFinished(bool success);
 
 private:
-    friend class DatachunkHandlerPrivate;
-    explicit SaveFileWorker(SaveJob &job);
-
+    void readMessages();
     void saveChunk();
-    void noteOutputError();
 
-    std::unique_ptr<SaveJob> ownJob;
-    SaveJob *job; // ownJob, or a job of the store that outlives the worker
-    QFile continuousOutput;
-    QString lastError;
+    const QList<CAN::CanRxMessage> *const messages; // the caller's
+    const std::unique_ptr<SaveJob> job;
+    const std::unique_ptr<ContinuousOutput> continuousOutput;
+    QString lastError; // of the last save
 };

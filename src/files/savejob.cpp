@@ -2,16 +2,25 @@
 
 #include "chunkversion.h"
 #include "fileerrors.h"
+#include "pipes.h"
 #include "textexport.h"
 
+#include <QCoreApplication>
 #include <QDebug>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMutexLocker>
 #include <QTextCodec>
 #include <QTextEncoder>
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 void SaveJob::markFinished()
 {
@@ -20,12 +29,18 @@ void SaveJob::markFinished()
     finishedCondition.wakeAll();
 }
 
-bool SaveJob::waitForFinished(unsigned long milliseconds)
+bool SaveJob::waitForFinished(QDeadlineTimer end)
 {
     const QMutexLocker locker(&mutex);
-    if (!finished)
-        finishedCondition.wait(&mutex, milliseconds);
+    while (!finished && finishedCondition.wait(&mutex, end)) { }
     return finished;
+}
+
+SaveReport::SaveReport(const SaveJob &job, SaveOutcome outcome)
+    : fileName(job.fileName), type(job.type), chunkIndex(job.chunkIndex),
+      importName(job.importName), generation(job.generation), packRequest(job.packRequest),
+      outcome(std::move(outcome))
+{
 }
 
 QString chunkTimeText(const MessageList &messages, qint64 first, qint64 last)
@@ -65,11 +80,29 @@ SaveOutcome finish(const SaveJob &job, QFile &file, SaveOutcome outcome)
         outcome.errorText = error;
     if (job.cancelled) {
         outcome.result = SaveOutcome::GivenUp;
-        file.remove();
+        if (!Pipes::isPipe(job.fileName))
+            QFile::remove(job.fileName);
     } else if (!outcome.errorText.isEmpty()) {
         qDebug() << "void SaveFileWorker::saveToFile()" << outcome.errorText << job.endPosition;
     }
     return outcome;
+}
+
+SaveOutcome notOpened(const QString &errorText)
+{
+    return {SaveOutcome::NotOpened, {}, errorText};
+}
+
+// Creates the file of a private job, before anything is in it that others must not read.
+void makePrivate(const SaveJob &job)
+{
+    constexpr mode_t onlyOwner = 0600;
+    const QByteArray name = QFile::encodeName(job.fileName);
+    const int handle = open(name.constData(), O_RDONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, onlyOwner);
+    if (handle < 0)
+        return;
+    fchmod(handle, onlyOwner);
+    close(handle);
 }
 
 void writeChunk(const SaveJob &job, const QString &timeText, QFile &file)
@@ -83,7 +116,10 @@ void writeChunk(const SaveJob &job, const QString &timeText, QFile &file)
     writer.flush();
 }
 
-void writeText(const SaveJob &job, QFile &file)
+// Takes the bytes of a text; false when they cannot be written.
+using WriteBytes = std::function<bool(const QByteArray &)>;
+
+void writeText(const SaveJob &job, const WriteBytes &write)
 {
     constexpr int blockSize = 64 * 1024;
     // A QTextStream keeps what it could not encode for want of memory, tries it again when it ends
@@ -92,8 +128,7 @@ void writeText(const SaveJob &job, QFile &file)
     QString block = TextExport::headerLine();
     bool good = true;
     const auto writeBlock = [&] {
-        const QByteArray bytes = encoder.fromUnicode(block);
-        good = good && FileErrors::write(file, bytes.constData(), bytes.size());
+        good = good && write(encoder.fromUnicode(block));
         block.resize(0);
     };
     forEachMessage(job, 0, [&](const CAN::CanRxMessage &message) {
@@ -106,18 +141,67 @@ void writeText(const SaveJob &job, QFile &file)
     writeBlock();
 }
 
-} // namespace
-
-SaveOutcome writeChunkFile(const SaveJob &job)
+SaveOutcome finishText(const SaveJob &job, QFile &file, const WriteBytes &write)
 {
     SaveOutcome outcome;
+    if (!withinMemory([&] { writeText(job, write); }))
+        outcome.errorText = qt_error_string(ENOMEM);
+    return finish(job, file, outcome);
+}
+
+SaveOutcome writeTextToPipe(const SaveJob &job)
+{
+    QFile file;
+    const int handle = Pipes::open(job.fileName, job.cancelled);
+    if (handle < 0 || !file.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle))
+        return notOpened(qt_error_string());
+    QString error;
+    SaveOutcome outcome = finishText(job, file, [&](const QByteArray &bytes) {
+        const bool good = Pipes::write(handle, bytes.constData(), bytes.size(), job.cancelled);
+        if (!good)
+            error = qt_error_string();
+        return good;
+    });
+    if (outcome.errorText.isEmpty())
+        outcome.errorText = error;
+    return outcome;
+}
+
+} // namespace
+
+bool isChunkName(const QString &fileName)
+{
+    return fileName.endsWith(QLatin1String("dck"));
+}
+
+SaveOutcome save(const SaveJob &job, const std::function<void()> &opened)
+{
+    const QFileInfo target(job.fileName);
+    if (!target.absoluteDir().exists())
+        QDir().mkdir(target.absolutePath());
+    if (!isChunkName(job.fileName))
+        return writeTextFile(job);
+    if (job.endPosition == 0)
+        return {SaveOutcome::NothingToSave, {}, {}};
+    return writeChunkFile(job, opened);
+}
+
+SaveOutcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened)
+{
     QFile file(job.fileName);
+    // Opened for reading as well, a pipe would never tell that nobody reads it.
+    if (Pipes::isPipe(job.fileName))
+        return notOpened(QCoreApplication::translate("DatachunkHandler",
+                                                     "A chunk cannot be written into a pipe."));
+    if (job.isPrivate)
+        makePrivate(job);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate)) {
-        outcome.result = SaveOutcome::NotOpened;
-        outcome.errorText = file.errorString();
-        qDebug() << "void SaveFileWorker::saveToFile()" << outcome.errorText;
-        return outcome;
+        qDebug() << "void SaveFileWorker::saveToFile()" << file.errorString();
+        return notOpened(file.errorString());
     }
+    if (opened)
+        opened();
+    SaveOutcome outcome;
     outcome.timeText = chunkTimeText(job.messages, job.startPosition, qint64(job.endPosition) - 1);
     if (!withinMemory([&] { writeChunk(job, outcome.timeText, file); }))
         outcome.errorText = qt_error_string(ENOMEM);
@@ -126,14 +210,12 @@ SaveOutcome writeChunkFile(const SaveJob &job)
 
 SaveOutcome writeTextFile(const SaveJob &job)
 {
-    SaveOutcome outcome;
+    if (Pipes::isPipe(job.fileName))
+        return writeTextToPipe(job);
     QFile file(job.fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        outcome.result = SaveOutcome::NotOpened;
-        outcome.errorText = file.errorString();
-        return outcome;
-    }
-    if (!withinMemory([&] { writeText(job, file); }))
-        outcome.errorText = qt_error_string(ENOMEM);
-    return finish(job, file, outcome);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return notOpened(file.errorString());
+    return finishText(job, file, [&file](const QByteArray &bytes) {
+        return FileErrors::write(file, bytes.constData(), bytes.size());
+    });
 }

@@ -4,17 +4,18 @@
 #include "datachunkhelper.h"
 #include "messagelist.h"
 
+#include <QDeadlineTimer>
 #include <QList>
 #include <QMutex>
 #include <QString>
 #include <QWaitCondition>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 
 /// One save of messages to a file, with everything it writes: nothing of it is shared with
-/// another save or with the store. Constant once it is handed to a SaveQueue, but for the
-/// members at the end.
+/// another save or with the store. Constant once it is handed on, but for the members at the end.
 struct SaveJob
 {
     QString fileName;
@@ -25,9 +26,10 @@ struct SaveJob
     QList<unsigned int> selected; ///< when not empty, exactly these positions are saved
     ChunkFormat::Notes notes;
     ChunkFormat::Bookmarks bookmarks;
+    bool isPrivate = false;       ///< whether the file is for its user alone (mode 0600)
     quint32 maximumUsedSpace = 0; ///< budget of the target's folder in MiB
     quint32 chunkIndex = 0;       ///< number of the chunk in its trace
-    QString importName; ///< name of the import that a partial chunk belongs to
+    QString importName;           ///< name of the import that a partial chunk belongs to
     quint64 generation = 0;       ///< which trace of the store the chunk belongs to
     quint32 packRequest = 0;      ///< the wish to pack the chunks after this export; 0 for none
 
@@ -35,9 +37,9 @@ struct SaveJob
     std::atomic<bool> cancelled{false};
 
     void markFinished();
-    /// Waits until the save has ended, whatever its outcome; false when \a milliseconds passed
-    /// before. Any thread.
-    bool waitForFinished(unsigned long milliseconds);
+    /// Waits until the save has ended, whatever its outcome; false when \a end comes before. Any
+    /// thread.
+    bool waitForFinished(QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever));
 
 private:
     QMutex mutex;
@@ -53,19 +55,48 @@ struct SaveOutcome
     enum Result {
         Saved, ///< the file is there; with an error text it may be incomplete
         NotOpened,
-        GivenUp
+        GivenUp,
+        NothingToSave,
+        TooManyWaiting ///< given up because the disk is too slow
     };
     Result result = Saved;
     QString timeText;  ///< header text of a chunk
     QString errorText; ///< empty when every byte was taken
 };
 
+/// What is told of a save when it has ended. It does not hold the messages: reports may wait long
+/// for whoever takes them.
+struct SaveReport
+{
+    SaveReport(const SaveJob &job, SaveOutcome outcome);
+
+    QString fileName;
+    DatachunkHelper::SavedMessageType type;
+    quint32 chunkIndex;
+    QString importName;
+    quint64 generation;
+    quint32 packRequest;
+    SaveOutcome outcome;
+    bool chunkRemoved = false; ///< whether the budget has taken the oldest chunk
+};
+
+/// Called once for each save, on the thread that did it. Must not wait.
+using TellSaved = std::function<void(const SaveReport &)>;
+
+/// Whether files of that name are chunk files; others are texts.
+bool isChunkName(const QString &fileName);
+
 /// Text of a chunk's header for the positions \a first and \a last; a position outside the list
 /// reads as a default record.
 QString chunkTimeText(const MessageList &messages, qint64 first, qint64 last);
 
+/// Writes a chunk file or a text, by the name of the file, and creates its folder where that is
+/// one level deep. \a opened is called when a chunk file is there and nothing is written yet.
+SaveOutcome save(const SaveJob &job, const std::function<void()> &opened = {});
+
 /// Writes the job's messages, notes and bookmarks as a chunk file.
-SaveOutcome writeChunkFile(const SaveJob &job);
+SaveOutcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened = {});
 
 /// Writes the job's messages as text, from the first message on even when the job starts later.
+/// A named pipe is waited for until it has a reader.
 SaveOutcome writeTextFile(const SaveJob &job);

@@ -4,72 +4,65 @@
 #include "datachunkhandler_p.h"
 #include "fileerrors.h"
 
-#include <QFileInfo>
-#include <QReadLocker>
+#include <QDeadlineTimer>
 #include <QWriteLocker>
 
-SharedSaveJob DatachunkHandlerPrivate::newChunkJobLocked(DatachunkHelper::SavedMessageType type)
+#include <algorithm>
+#include <utility>
+
+SharedSaveJob DatachunkHandlerPrivate::newJob(DatachunkHelper::SavedMessageType type,
+                                              const QString &fileName) const
 {
     auto job = std::make_shared<SaveJob>();
     job->type = type;
-    job->maximumUsedSpace = maximumHddSpace;
-    job->chunkIndex = chunkCount++;
-    job->generation = generation;
+    job->fileName = fileName;
+    job->isPrivate = chunkFolder.holds(fileName);
+    job->notes = savingNotes;
+    job->bookmarks = savingBookmarks;
     return job;
 }
 
-SaveQueue &DatachunkHandlerPrivate::queueFor(const SaveJob &job)
+void DatachunkHandlerPrivate::postReport(const SaveReport &report)
 {
-    // An export to a slow medium must not hold up rotations.
-    return job.type == DatachunkHelper::CurrentMessages ? exportQueue : chunkQueue;
-}
-
-void DatachunkHandlerPrivate::saveWithExportNotes(const SharedSaveJob &job)
-{
-    job->notes = savingNotes;
-    job->bookmarks = savingBookmarks;
-    queueFor(*job).add(job);
-    queueFor(*job).start();
-}
-
-void DatachunkHandlerPrivate::post(const SaveJob &job, const std::function<void()> &report)
-{
-    const bool isExport = job.type == DatachunkHelper::CurrentMessages;
     QMetaObject::invokeMethod(
-        q,
-        [this, isExport, jobGeneration = job.generation, report] {
-            // A chunk of a trace that has been cleared since is nobody's business any more.
-            if (isExport || jobGeneration == generation)
-                report();
-        },
-        Qt::QueuedConnection);
+        q, [this, report] { saveEnded(report); }, Qt::QueuedConnection);
 }
 
-void DatachunkHandlerPrivate::runSave(SaveJob &job)
+void DatachunkHandlerPrivate::saveEnded(const SaveReport &report)
 {
-    const QFileInfo target(job.fileName);
-    if (!target.absoluteDir().exists())
-        QDir().mkdir(target.absolutePath());
-    SaveFileWorker worker(job);
-    QObject::connect(&worker, &SaveFileWorker::dataFileRemoved,
-                     [&] { post(job, [this] { q->dataFileWasRemoved(); }); });
-    QObject::connect(&worker, &SaveFileWorker::newDataFile, [&](const QString &time) {
-        post(job, [this, time, index = job.chunkIndex] { chunkSaved(index, time); });
-    });
-    QObject::connect(&worker, &SaveFileWorker::newPartialDataFile,
-                     [&](const QString &fileName, const QString &time) {
-                         post(job, [this, fileName, time, name = job.importName] {
-                             partialChunkSaved(fileName, name, time);
-                         });
-                     });
-    QObject::connect(&worker, &SaveFileWorker::savingFinished, [&](bool success) {
-        post(job, [this, success, request = job.packRequest] { exportFinished(request, success); });
-    });
-    worker.saveToFile();
-    if (worker.errorText().isEmpty())
+    const bool isExport = report.type == DatachunkHelper::CurrentMessages;
+    const SaveOutcome &outcome = report.outcome;
+    // A chunk of a trace that has been cleared since is nobody's business any more.
+    if ((!isExport && !chunkSaver.isCurrent(report)) || outcome.result == SaveOutcome::GivenUp)
         return;
-    const QString error = FileErrors::notWritten(job.fileName, worker.errorText());
-    post(job, [this, error] { emit q->newErrorMessage(error); });
+    const QPointer<DatachunkHandler> store(q);
+    reportSaved(report);
+    if (store && report.chunkRemoved)
+        q->dataFileWasRemoved();
+    if (store && !outcome.errorText.isEmpty())
+        emit q->newErrorMessage(FileErrors::notWritten(report.fileName, outcome.errorText));
+}
+
+void DatachunkHandlerPrivate::reportSaved(const SaveReport &report)
+{
+    const SaveOutcome &outcome = report.outcome;
+    if (outcome.result == SaveOutcome::TooManyWaiting) {
+        if (!std::exchange(slowDiskReported, true)) {
+            emit q->newErrorMessage(
+                DatachunkHandler::tr("The disk takes messages more slowly than they arrive. The "
+                                     "oldest ones that waited for it are lost."));
+        }
+    } else if (outcome.result == SaveOutcome::NothingToSave || !isChunkName(report.fileName)) {
+        return;
+    } else if (outcome.result == SaveOutcome::NotOpened) {
+        exportFinished(report.packRequest, false);
+    } else if (report.type == DatachunkHelper::FullBuffer) {
+        chunkSaved(report.chunkIndex, outcome.timeText);
+    } else if (report.type == DatachunkHelper::PartialBuffer) {
+        partialChunkSaved(report.fileName, report.importName, outcome.timeText);
+    } else {
+        exportFinished(report.packRequest, true);
+    }
 }
 
 void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
@@ -81,7 +74,8 @@ void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
 
 void DatachunkHandlerPrivate::exportFinished(quint32 packRequest, bool success)
 {
-    // A rotation that ended after the export was ordered has cleared the wish, but not for it.
+    // A rotation that ended meanwhile cleared zipAfterSaving; this export still carries the
+    // request that it was ordered with.
     if (packRequest != 0 && packRequest == packRequests)
         zipAfterSaving = true;
     q->savingFinished(success);
@@ -89,12 +83,7 @@ void DatachunkHandlerPrivate::exportFinished(quint32 packRequest, bool success)
 
 void DatachunkHandler::newDataFileSaved(QString time)
 {
-    quint32 index = 0;
-    {
-        const QReadLocker locker(&d->lock);
-        index = d->chunkCount - 1;
-    }
-    d->chunkSaved(index, time);
+    d->chunkSaved(d->chunkSaver.chunkCount() - 1, time);
 }
 
 void DatachunkHandler::newPartialDataFileSaved(QString savedFileName, QString time)
@@ -126,26 +115,26 @@ void DatachunkHandler::saveMessagesToFile(QString fileName, DatachunkHelper::Sav
                                           QList<unsigned int> selected, int startPosition,
                                           int lastPosition)
 {
-    SharedSaveJob job;
-    {
-        const QWriteLocker locker(&d->lock);
-        if (type == DatachunkHelper::CurrentMessages) {
-            job = std::make_shared<SaveJob>();
-            job->messages = d->liveMessages;
-            job->packRequest = d->zipAfterSaving ? d->packRequests : 0;
-        } else {
-            job = d->newChunkJobLocked(type);
-            job->messages = d->rotatedBuffer;
-            fileName = fillChunkNumber(fileName, job->chunkIndex);
-        }
-    }
-    job->fileName = fileName;
+    const bool isExport = type == DatachunkHelper::CurrentMessages;
+    const SharedSaveJob job = d->newJob(type, fileName);
     job->selected = selected;
     job->startPosition = startPosition;
-    job->endPosition = quint32(job->messages.size());
-    if (lastPosition != 0)
-        job->endPosition = quint32(qBound<qint64>(0, qint64(lastPosition) + 1, job->endPosition));
-    d->saveWithExportNotes(job);
+    job->packRequest = isExport && d->zipAfterSaving ? d->packRequests : 0;
+    {
+        const QWriteLocker locker(&d->lock);
+        job->messages = isExport ? d->liveMessages : d->rotatedBuffer;
+        job->endPosition = quint32(job->messages.size());
+        if (lastPosition != 0) {
+            job->endPosition =
+                quint32(qBound<qint64>(0, qint64(lastPosition) + 1, job->endPosition));
+        }
+        if (!isExport)
+            d->chunkSaver.add(job);
+    }
+    if (isExport)
+        d->exports.add(job);
+    else
+        d->chunkSaver.start();
 }
 
 void DatachunkHandler::saveMessages(QString fileName, QList<CAN::CanRxMessage> *messages,
@@ -153,21 +142,28 @@ void DatachunkHandler::saveMessages(QString fileName, QList<CAN::CanRxMessage> *
                                     DatachunkHelper::SavedMessageType type, int startPosition,
                                     QList<unsigned int> selected)
 {
-    auto job = std::make_shared<SaveJob>();
-    job->fileName = fileName;
-    job->type = type;
+    const SharedSaveJob job = d->newJob(type, fileName);
     if (messages)
         job->messages = toMessageList(*messages);
     job->startPosition = startPosition;
     job->endPosition = endPosition;
     job->selected = selected;
-    job->maximumUsedSpace = d->maximumHddSpace;
-    {
-        const QReadLocker locker(&d->lock);
-        job->chunkIndex = d->chunkCount - 1;
-        job->generation = d->generation;
+    if (type == DatachunkHelper::CurrentMessages) {
+        d->exports.add(job);
+        return;
     }
-    d->saveWithExportNotes(job);
+    d->chunkSaver.addUnnumbered(job);
+    d->chunkSaver.start();
+}
+
+bool DatachunkHandler::waitForSaves(int milliseconds)
+{
+    const QDeadlineTimer end(milliseconds);
+    const auto haveEnded = [&end](const auto &jobs) {
+        return std::all_of(jobs.begin(), jobs.end(),
+                           [&end](const SharedSaveJob &job) { return job->waitForFinished(end); });
+    };
+    return haveEnded(d->chunkSaver.unfinished()) && haveEnded(d->exports.unfinished());
 }
 
 bool DatachunkHandler::createContinuousOutputFile(QString fileName)
@@ -177,20 +173,19 @@ bool DatachunkHandler::createContinuousOutputFile(QString fileName)
     finishContinousOutput();
     if (!store)
         return false;
-    d->continuousOutputName = fileName;
     d->continuousOutputReported = false;
-    return d->continuousOutput->createContinuousOutputFile(fileName);
+    return d->continuousOutput->create(fileName);
 }
 
 void DatachunkHandler::appendToContinuousOutputFile(CAN::CanRxMessage message)
 {
-    d->continuousOutput->appendToContinuousOutputFile(message);
+    d->continuousOutput->append(message);
     d->reportContinuousOutput();
 }
 
 void DatachunkHandler::finishContinousOutput()
 {
-    d->continuousOutput->finishContinousOutput();
+    d->continuousOutput->finish();
     d->reportContinuousOutput();
 }
 
@@ -199,7 +194,7 @@ void DatachunkHandlerPrivate::reportContinuousOutput()
     const QString reason = continuousOutput->errorText();
     if (reason.isEmpty() || std::exchange(continuousOutputReported, true))
         return;
-    emit q->newErrorMessage(FileErrors::notWritten(continuousOutputName, reason));
+    emit q->newErrorMessage(FileErrors::notWritten(continuousOutput->fileName(), reason));
 }
 
 void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QString saveFileName)
@@ -212,7 +207,7 @@ void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QSt
         emit newErrorMessage(tr("No filename specified."));
         return;
     }
-    d->savingNotes = d->notesInView();
+    d->savingNotes = d->liveNotes();
     saveMessagesToFile(saveFileName, DatachunkHelper::CurrentMessages, {}, firstMessage,
                        lastMessage);
 }
@@ -229,17 +224,16 @@ void DatachunkHandler::exportMessages(QString fileName, DatachunkHelper::ExportO
         return;
     }
     const bool withNotes = expOptions.testFlag(DatachunkHelper::ExportWithNotes);
-    d->savingNotes = withNotes ? d->notesInView() : ChunkFormat::Notes();
+    d->savingNotes = withNotes ? d->liveNotes() : ChunkFormat::Notes();
     if (d->bookmarkHandler)
-        d->savingBookmarks = d->bookmarkHandler->copyOfBookmarks();
+        d->savingBookmarks = d->liveBookmarks();
     saveMessagesToFile(fileName, DatachunkHelper::CurrentMessages, messagesToExport, 0, 0);
 }
 
 void DatachunkHandler::exportAllMessages(QString fileName,
                                          DatachunkHelper::ExportOptions expOptions)
 {
-    const bool asChunk = fileName.endsWith(QLatin1String("dck"));
-    if (asChunk && d->chunkFolder.exists())
-        fileName = d->chunkFolder.dir().absoluteFilePath(QStringLiteral("zlastChunk.dck"));
+    if (isChunkName(fileName) && d->chunkFolder.exists())
+        fileName = d->chunkFolder.path() + QLatin1String("/zlastChunk.dck");
     exportMessages(fileName, expOptions);
 }

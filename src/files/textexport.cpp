@@ -59,7 +59,7 @@ void appendPrefix(QString &line, const CAN::CanRxMessage &message)
         appendNumber(line, message.id, 10, 4, Align::Left, ' ');
     }
     line += QLatin1String(" (");
-    line += QString::number(CAN::payloadSize(message));
+    line += QString::number(message.length);
     line += QLatin1String("): ");
 }
 

@@ -1,16 +1,19 @@
 #include "ziparchive.h"
 
+#include "archivelimits.h"
 #include "fileerrors.h"
 
 #include <quazip.h>
 #include <quazipfile.h>
 #include <quazipnewinfo.h>
 #include <unzip.h>
+#include <zip.h>
 
 #include <QSaveFile>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 #include <unistd.h>
@@ -58,10 +61,9 @@ qint64 EntryDevice::readBlock(char *data, qint64 maxSize)
 {
     if (done == size || damaged)
         return checkEnd();
-    overLimit = done >= limit;
-    if (overLimit || !keepGoing())
+    if (!keepGoing())
         return -1;
-    const qint64 wanted = std::min({maxSize, blockSize, size - done, limit - done});
+    const qint64 wanted = std::min({maxSize, blockSize, size - done});
     const qint64 got = file->read(data, wanted);
     if (got <= 0) {
         damaged = true;
@@ -88,14 +90,47 @@ qint64 EntryDevice::writeData(const char *, qint64)
 
 bool ArchiveFile::openForReading()
 {
-    const bool opened = RegularFile::openForReading();
-    end = size();
-    return opened;
+    if (!file.openForReading())
+        return false;
+    end = file.size();
+    return open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+const ArchiveFile::Block &ArchiveFile::blockAt(qint64 position)
+{
+    constexpr qint64 size = 64 * 1024;
+    if (blocks[lastUsed].holds(position))
+        return blocks[lastUsed];
+    lastUsed = 1 - lastUsed;
+    Block &block = blocks[lastUsed];
+    if (block.holds(position))
+        return block;
+    block.start = position - position % size;
+    block.bytes.clear();
+    if (position < end && file.seek(block.start))
+        block.bytes = file.read(std::min(size, end - block.start));
+    return block;
 }
 
 qint64 ArchiveFile::readData(char *data, qint64 maxSize)
 {
-    return pos() < end ? RegularFile::readData(data, maxSize) : 0;
+    qint64 total = 0;
+    while (total < maxSize) {
+        const qint64 position = pos() + total;
+        const Block &block = blockAt(position);
+        if (!block.holds(position))
+            break;
+        const qint64 offset = position - block.start;
+        const qint64 got = std::min(maxSize - total, block.bytes.size() - offset);
+        std::memcpy(data + total, block.bytes.constData() + offset, std::size_t(got));
+        total += got;
+    }
+    return total > 0 || file.readErrorText().isEmpty() ? total : -1;
+}
+
+qint64 ArchiveFile::writeData(const char *, qint64)
+{
+    return -1;
 }
 
 Reader::Reader(const QString &fileName)
@@ -104,6 +139,12 @@ Reader::Reader(const QString &fileName)
 }
 
 Reader::~Reader() = default;
+
+quint64 Reader::entryCount() const
+{
+    unz_global_info64 info = {};
+    return opened && unzGetGlobalInfo64(zip->getUnzFile(), &info) == UNZ_OK ? info.number_entry : 0;
+}
 
 std::vector<Entry> Reader::entries() const
 {
@@ -161,6 +202,17 @@ bool isAscii(const QString &name)
     return std::all_of(name.begin(), name.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
+// Large entries marked as UTF-8 are too new for some programs, so only names that need the mark
+// get it.
+void markNameAsUtf8(QuaZip &zip, bool isUtf8)
+{
+    zip.setUtf8Enabled(isUtf8);
+    // The library takes that for the names from here on, but for the mark only when it opens the
+    // archive.
+    const auto mark = isUtf8 ? zipSetFlags : zipClearFlags;
+    mark(zip.getZipFile(), ZIP_ENCODING_UTF8);
+}
+
 Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QString &readError)
 {
     constexpr qint64 zip64From = qint64(1) << 31;
@@ -176,9 +228,7 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QS
         return Step::Failed;
     }
     zip.setZip64Enabled(file.size() >= zip64From);
-    // Large entries marked as UTF-8 are too new for some programs, so only names that need the
-    // mark get it.
-    zip.setUtf8Enabled(!isAscii(info.fileName()));
+    markNameAsUtf8(zip, !isAscii(info.fileName()));
     QuaZipFile entry(&zip);
     // What is packed of a link is the file behind it, so the entry must not say that it is a link.
     const QuaZipNewInfo newInfo(info.fileName(), info.canonicalFilePath());
@@ -222,7 +272,11 @@ PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
     QSaveFile file(fileName);
     // A device or a pipe of that name must not be replaced by a file.
     const bool taken = target.exists() && !target.isFile();
-    if (fileName.isEmpty() || taken || !file.open(QIODevice::WriteOnly))
+    if (fileName.isEmpty() || taken)
+        return {};
+    if (quint64(files.size()) > ArchiveLimits::maxEntries)
+        return {false, FileErrors::tooManyFiles(int(ArchiveLimits::maxEntries)), {}};
+    if (!file.open(QIODevice::WriteOnly))
         return {};
     QuaZip zip(&file);
     zip.setAutoClose(false);

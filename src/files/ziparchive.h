@@ -45,12 +45,11 @@ public:
 
     bool isSequential() const override { return true; }
 
-    /// Reading fails once \a bytes have been unpacked, counted from the entry's start.
-    void setLimit(qint64 bytes) { limit = bytes; }
-    bool limitReached() const { return overLimit; }
-
     /// The bytes unpacked so far, including those that bytesAvailable() counts.
     qint64 unpackedSize() const { return done; }
+
+    /// Whether all that the entry claims to hold has been unpacked.
+    bool isWhole() const { return done == size; }
 
     /// Whether the content read so far ended in damage.
     bool isDamaged() const { return damaged; }
@@ -66,26 +65,47 @@ private:
     const std::unique_ptr<QuaZipFile> file;
     const qint64 size;
     const KeepGoing keepGoing;
-    qint64 limit = maxClaim;
     qint64 done = 0;
     bool ended = false;
     bool damaged = false;
-    bool overLimit = false;
 };
 
-/// Knows its end: a directory may claim fields far behind it, which are looked for byte by byte.
-class ArchiveFile : public RegularFile
+/// The file of an archive. Of each entry its place in the directory and its content are read in
+/// turn, so the blocks around two places are kept. Knows its end: a directory may claim fields far
+/// behind it, which are looked for byte by byte.
+class ArchiveFile : public QIODevice
 {
 public:
-    using RegularFile::RegularFile;
+    explicit ArchiveFile(const QString &fileName) : file(fileName) { }
 
     bool openForReading();
+    qint64 size() const override { return end; }
+    QString fileName() const { return file.fileName(); }
+
+    /// What the user is told when reading has failed; empty when it has not.
+    QString readErrorText() const { return file.readErrorText(); }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
+    qint64 writeData(const char *data, qint64 maxSize) override;
 
 private:
+    struct Block
+    {
+        qint64 start = 0;
+        QByteArray bytes;
+        bool holds(qint64 position) const
+        {
+            return position >= start && position < start + bytes.size();
+        }
+    };
+    /// The block that holds \a position; empty behind the end and on a read error.
+    const Block &blockAt(qint64 position);
+
+    RegularFile file;
     qint64 end = 0;
+    Block blocks[2];
+    int lastUsed = 0;
 };
 
 /// An archive that is read.
@@ -98,13 +118,19 @@ public:
     /// False when the file cannot be read, is no regular file or no archive.
     bool isOpen() const { return opened; }
 
+    QString fileName() const { return file.fileName(); }
+
     /// Size of the archive's file in bytes.
     qint64 size() const { return file.size(); }
 
     /// What the user is told when the file could not be read to its end; mostly empty.
     QString readErrorText() const { return file.readErrorText(); }
 
-    /// All entries in the order of the archive's directory, equal names included.
+    /// How many entries the directory claims to have.
+    quint64 entryCount() const;
+
+    /// All entries in the order of the archive's directory, equal names included. Fewer than
+    /// claimed when the directory is broken.
     std::vector<Entry> entries() const;
 
     /// Opens one entry, whatever others are called like it. Null when it is damaged or packed

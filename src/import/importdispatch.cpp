@@ -3,6 +3,7 @@
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
 #include "fileerrors.h"
+#include "filenames.h"
 #include "peakreader.h"
 #include "regularfile.h"
 #include "storesink.h"
@@ -37,8 +38,7 @@ ReadResult readInto(DatachunkHandlerPrivate &store, const ImportRun &run,
         return readTraceFile(request, sink);
     }
     WholeTraceSink sink(store, run, request);
-    const ReadResult result = readTraceFile(request, sink);
-    return sink.check().isDone() ? result : sink.check();
+    return sink.finish(readTraceFile(request, sink));
 }
 
 } // namespace
@@ -100,11 +100,10 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
     if (!run.storeExists())
         return false;
     if (type == DatachunkHelper::ChunkFile) {
-        if (!d->readChunk(fileName, ChunkFormat::BookmarkMap::Read))
-            return false;
+        const bool read = d->readChunk(fileName, ChunkFormat::BookmarkMap::Read);
         if (!run.goesOn())
             return run.storeExists() && d->endCancelledImport();
-        return d->finishImport(run, false);
+        return read && d->finishImport(run, false);
     }
     emit showLoadingDialog(true);
     if (!run.storeExists())
@@ -217,24 +216,34 @@ ChunkFormat::Notes DatachunkHandlerPrivate::notesOf(const MessageList &messages)
     return found;
 }
 
+// Where backslashes part no folders, the name of a part holds those of the folder and the import,
+// and must not grow beyond what a file system takes.
+QString DatachunkHandlerPrivate::partName() const
+{
+    constexpr int rest = 2 + 10 + 4; // "\\" twice, a number, ".dck"
+    const int folderBytes = QFile::encodeName(chunkFolder.dir().dirName()).size();
+    return FileNames::cutToBytes(loadedFileName, FileNames::longest - folderBytes - rest);
+}
+
 SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Notes &messageNotes)
 {
     if (!chunkFolder.exists())
         return {};
-    SharedSaveJob job;
+    const auto job = std::make_shared<SaveJob>();
+    job->type = DatachunkHelper::PartialBuffer;
+    job->isPrivate = true;
+    job->messages = pagedMessages;
+    job->endPosition = quint32(pagedMessages.size());
+    job->notes = messageNotes;
+    job->importName = loadedFileName;
+    job->fileName = chunkFolder.partialChunkTemplate(partName());
     {
+        // The number belongs to a trace, which clearing ends under the lock.
         const QWriteLocker locker(&lock);
-        job = newChunkJobLocked(DatachunkHelper::PartialBuffer);
-        job->messages = pagedMessages;
-        job->endPosition = quint32(pagedMessages.size());
-        job->notes = messageNotes;
-        job->importName = loadedFileName;
-        const QString nameTemplate = chunkFolder.partialChunkTemplate(loadedFileName);
-        job->fileName = fillChunkNumber(nameTemplate, job->chunkIndex);
-        chunkFolder.addFileBeside(job->fileName);
-        chunkQueue.add(job);
+        chunkSaver.add(job);
     }
-    chunkQueue.start();
+    chunkFolder.addFileBeside(job->fileName);
+    chunkSaver.start();
     return job;
 }
 
@@ -245,7 +254,7 @@ bool DatachunkHandlerPrivate::makeRoomForImported()
     if (lastPartialSave && !run.waitFor(lastPartialSave))
         return false;
     lastPartialSave.reset();
-    if (maximumHddSpace != 0)
+    if (chunkSaver.budget() != 0)
         lastPartialSave = savePagedMessages(notesOf(pagedMessages));
     const QWriteLocker locker(&lock);
     pagedMessages.clear();

@@ -23,14 +23,19 @@ bool ImportRun::goesOn() const
     return store && !store->d->importCancelled;
 }
 
+bool ImportRun::turn() const
+{
+    QCoreApplication::processEvents();
+    return goesOn();
+}
+
 bool ImportRun::waitFor(const SharedSaveJob &job) const
 {
     // Short enough for the application to stay responsive, long enough to leave the core to
     // others.
-    constexpr unsigned long millisecondsBetweenTurns = 5;
-    while (!job->waitForFinished(millisecondsBetweenTurns)) {
-        QCoreApplication::processEvents();
-        if (!goesOn())
+    constexpr int millisecondsBetweenTurns = 5;
+    while (!job->waitForFinished(QDeadlineTimer(millisecondsBetweenTurns))) {
+        if (!turn())
             return false;
     }
     // The reports of a job are on their way before it counts as finished.

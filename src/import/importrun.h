@@ -25,6 +25,9 @@ public:
     /// False when the store is gone or the import was cancelled.
     bool goesOn() const;
 
+    /// Turns the event loop once; goesOn().
+    bool turn() const;
+
     /// Turns the event loop until the job has ended and its reports are delivered; goesOn().
     bool waitFor(const SharedSaveJob &job) const;
 

@@ -2,7 +2,6 @@
 
 #include "datachunkhandler_p.h"
 
-#include <QCoreApplication>
 #include <QMutexLocker>
 
 namespace {
@@ -17,11 +16,7 @@ public:
     void note(quint32, const QString &) override { }
     void appendNote(quint32, const QString &) override { }
     void fdFrames(bool) override { }
-    bool turnEventLoop() override
-    {
-        QCoreApplication::processEvents();
-        return run.goesOn();
-    }
+    bool turnEventLoop() override { return run.turn(); }
 
 private:
     const ImportRun &run;
@@ -57,8 +52,7 @@ void StoreSink::fdFrames(bool seen)
 
 bool StoreSink::turnEventLoop()
 {
-    QCoreApplication::processEvents();
-    return run.goesOn();
+    return run.turn();
 }
 
 WholeTraceSink::WholeTraceSink(DatachunkHandlerPrivate &store, const ImportRun &run,
@@ -69,12 +63,32 @@ WholeTraceSink::WholeTraceSink(DatachunkHandlerPrivate &store, const ImportRun &
 
 bool WholeTraceSink::message(const CAN::CanRxMessage &message)
 {
-    if (!checked && store.bufferIsFull(store.pagedMessages)) {
+    if (checked)
+        return StoreSink::message(message);
+    if (store.bufferIsFull(heldBack)) {
         checked = true;
         CheckingSink sink(run);
         checkResult = readTraceFile(request, sink);
-        if (!checkResult.isDone())
+        return checkResult.isDone() && deliver() && StoreSink::message(message);
+    }
+    heldBack.append(message);
+    return true;
+}
+
+ReadResult WholeTraceSink::finish(const ReadResult &result)
+{
+    if (!checkResult.isDone())
+        return checkResult;
+    if (result.isDone() && !deliver())
+        return ReadResult::stopped();
+    return result;
+}
+
+bool WholeTraceSink::deliver()
+{
+    for (; !heldBack.isEmpty(); heldBack.removeFirst()) {
+        if (!StoreSink::message(heldBack.at(0)))
             return false;
     }
-    return StoreSink::message(message);
+    return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "importrun.h"
+#include "messagelist.h"
 #include "tracereader.h"
 
 class DatachunkHandlerPrivate;
@@ -23,9 +24,9 @@ protected:
     const ImportRun &run;
 };
 
-/// The same for a format of which a trace with an error brings no message. Nothing leaves the
-/// browsing list before it is full, and a failed import empties it; so the trace is read to its
-/// end, without keeping anything, before the first full list is given away.
+/// The same for a format of which a trace with an error brings no message. The messages are held
+/// back until the trace has ended well. Where they fill a buffer before that, the trace is read to
+/// its end without keeping anything, and once it is known to be good they need not be held back.
 class WholeTraceSink : public StoreSink
 {
 public:
@@ -34,11 +35,15 @@ public:
 
     bool message(const CAN::CanRxMessage &message) override;
 
-    /// Not done when the trace turned out to have an error.
-    const ReadResult &check() const { return checkResult; }
+    /// What the trace comes to, whose reading has had \a result. Brings what is held back to the
+    /// store if it is good.
+    ReadResult finish(const ReadResult &result);
 
 private:
+    bool deliver();
+
     const TraceRequest &request;
+    MessageList heldBack;
     bool checked = false;
     ReadResult checkResult;
 };

@@ -21,8 +21,6 @@ DatachunkHandler::~DatachunkHandler()
 {
     d->stopping = true;
     d->poolTasks.stop();
-    // The chunks go with their folder; exports belong to the user and are written.
-    d->chunkQueue.discard();
     d->archives.stop();
 }
 
@@ -34,7 +32,17 @@ void DatachunkHandler::setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHand
 
 void DatachunkHandler::setMaximumHDDSpace(unsigned int space)
 {
-    d->maximumHddSpace = space;
+    d->chunkSaver.setBudget(space);
+}
+
+void DatachunkHandler::setMaximumWaitingMessages(unsigned int count)
+{
+    d->chunkSaver.setMostWaiting(count);
+}
+
+quint64 DatachunkHandler::givenUpMessageCount() const
+{
+    return d->chunkSaver.givenUpCount();
 }
 
 unsigned int DatachunkHandler::getMaxMessageCount()
@@ -46,7 +54,7 @@ void DatachunkHandler::setContinuesMode(bool on)
 {
     const QWriteLocker locker(&d->lock);
     d->continuesMode = on;
-    d->maximumHddSpace = 0;
+    d->chunkSaver.setBudget(0);
     d->maxMessageCount = continuousModeLimit;
     d->droppedMessageCount = 0;
 }
@@ -63,7 +71,7 @@ bool DatachunkHandler::getIsLive()
 
 QString DatachunkHandler::chunkFolderPath() const
 {
-    return d->chunkFolder.exists() ? d->chunkFolder.dir().path() : QString();
+    return d->chunkFolder.path();
 }
 
 void DatachunkHandler::appendCanMessage(CAN::CanRxMessage message)
@@ -112,9 +120,12 @@ void DatachunkHandler::addnewtestmessage()
 
 void DatachunkHandler::handleFullBuffer()
 {
+    const QPointer<DatachunkHandler> store(this);
     if (!d->isLive)
         return;
     emit informAboutClearStart();
+    if (!store)
+        return;
     MessageList unused;
     {
         const QWriteLocker locker(&d->lock);
@@ -129,6 +140,8 @@ void DatachunkHandler::handleFullBuffer()
 
 void DatachunkHandler::goLive()
 {
+    if (d->isLive && !d->importRunning)
+        return;
     d->importCancelled = true;
     ++d->viewRequests;
     d->showLive();
@@ -142,16 +155,19 @@ void DatachunkHandler::clearAllMessages()
         goLive();
     if (!store)
         return;
-    MessageList unused;
     {
-        const QWriteLocker locker(&d->lock);
-        if (d->isLive)
-            emit informAboutClearStart();
-        unused = d->clearLocked();
+        // Chunks of the new trace must not be there yet when those of the old one are removed.
+        const ChunkSaver::Pause pause(d->chunkSaver);
+        MessageList unused;
+        {
+            const QWriteLocker locker(&d->lock);
+            if (d->isLive)
+                emit informAboutClearStart();
+            unused = d->clearLocked();
+        }
+        d->chunkFolder.removeChunks();
+        d->slowDiskReported = false;
     }
-    d->chunkQueue.waitForRunning();
-    d->chunkFolder.removeChunks();
-    d->chunkQueue.resume();
     if (d->isLive)
         emit informAboutCleared(true);
     if (store)

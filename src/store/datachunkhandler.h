@@ -49,6 +49,13 @@ public:
     /// the oldest one; with 0, rotation saves no chunks and the messages are gone.
     void setMaximumHDDSpace(unsigned int space);
 
+    /// Bounds what waits for a slow disk: beyond \a count messages, 10,000,000 at first, the oldest
+    /// rotated buffer that is not being written yet is given up. That is told by newErrorMessage,
+    /// once until the trace is cleared, and its messages are counted. Any thread.
+    void setMaximumWaitingMessages(unsigned int count);
+    /// Number of messages given up so since the store was created. Any thread.
+    quint64 givenUpMessageCount() const;
+
     unsigned int getMaxMessageCount();
 
     /// Number of messages shown. Takes the read lock.
@@ -111,7 +118,8 @@ public:
     QList<CAN::CanRxMessage> getMessagesOfLine(unsigned char line, unsigned int fromPosition);
 
     // Notes and bookmarks of the messages in view, by message number. Any thread; they take the
-    // lock of the notes only.
+    // lock of the notes only. Those made on a list that is paged in or imported are not saved: they
+    // vanish when it is left.
 
     QString getMessageNote(unsigned int number) const;
     void setMessageNote(unsigned int number, QString text);
@@ -135,6 +143,10 @@ public:
     void saveMessages(QString fileName, QList<CAN::CanRxMessage> *messages,
                       unsigned int endPosition, DatachunkHelper::SavedMessageType type,
                       int startPosition, QList<unsigned int> selected);
+    /// Waits until the chunks and exports ordered so far are written, but no longer than
+    /// \a milliseconds; for ever when that is negative. False when the time was too short. The
+    /// reports are then on their way to the store's thread. Any thread.
+    bool waitForSaves(int milliseconds = -1);
     /// Adds the messages of a chunk file to the browsing list and takes over its notes and
     /// bookmarks. False, and nothing changes, when it cannot be opened; a newer version is
     /// reported and leads back to live mode.
@@ -142,7 +154,8 @@ public:
     /// The same, but never reads the bookmarks, so that those of a version 104 file are taken
     /// for the beginning of its first record.
     bool appendDckFile(QString fileName);
-    /// Shows rotated chunk \a number, waiting for it to be written. Always returns true.
+    /// Shows rotated chunk \a number, from memory where its file is not complete yet. Notes and
+    /// bookmarks made on its messages are gone when another list is shown. Always returns true.
     bool loadDataFromFile(int number);
     /// Cuts a chunk file into parts of \a messagesPerFile messages, numbered from 0 across the
     /// parts, in a folder "..._splitted" beside it. The last part stays open as the continuous
@@ -215,7 +228,8 @@ public slots:
     /// Opens a file that the user chose, whatever its type.
     void loadDataFromFile(QString fileName, DatachunkHelper::SavedMessageType smt);
     void showFileLoadingError();
-    /// Shows the live messages again, with their notes and bookmarks.
+    /// Shows the live messages again, with their notes and bookmarks, and cancels an import. Does
+    /// nothing while they are shown.
     void goLive();
     void importMessages(QString openFileName, DatachunkHelper::ImportFileType importFileType,
                         QString genericFormatDescription = QString());

@@ -1,5 +1,7 @@
 #include "datachunkhandler_p.h"
 
+#include "fileerrors.h"
+
 #include <QMutexLocker>
 #include <QReadLocker>
 #include <QTime>
@@ -14,9 +16,9 @@ constexpr quint32 rotationMargin = 5000;
 
 DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
                                                  unsigned int maxMessageCount)
-    : q(store), maxMessageCount(maxMessageCount), continuousOutput(new SaveFileWorker(store)),
-      chunkQueue([this](SaveJob &job) { runSave(job); }),
-      exportQueue([this](SaveJob &job) { runSave(job); })
+    : q(store), maxMessageCount(maxMessageCount),
+      chunkSaver([this](const SaveReport &report) { postReport(report); }),
+      exports(chunkSaver.folder(), [this](const SaveReport &report) { postReport(report); })
 {
 }
 
@@ -48,24 +50,20 @@ bool DatachunkHandlerPrivate::bufferIsFull(const MessageList &messages) const
     return !messages.isEmpty() && quint32(messages.size()) >= maxMessageCount - rotationMargin;
 }
 
-bool DatachunkHandlerPrivate::savesChunks() const
-{
-    return maximumHddSpace != 0 && chunkFolder.exists();
-}
-
 void DatachunkHandlerPrivate::rotateLocked()
 {
-    const bool savesChunk = savesChunks();
-    SharedSaveJob job =
-        savesChunk ? newChunkJobLocked(DatachunkHelper::FullBuffer) : std::make_shared<SaveJob>();
+    const auto job = std::make_shared<SaveJob>();
+    job->type = DatachunkHelper::FullBuffer;
+    job->isPrivate = true;
+    job->fileName = chunkFolder.chunkTemplate();
+    job->messages = liveMessages;
+    job->endPosition = quint32(liveMessages.size());
     takeLiveNotesLocked(*job);
-    job->messages = std::exchange(liveMessages, {});
-    job->endPosition = quint32(job->messages.size());
-    if (savesChunk) {
-        job->fileName = chunkFolder.chunkPath(job->chunkIndex);
-        chunkQueue.add(job);
+    if (chunkSaver.saves() && !withinMemory([&] { chunkSaver.add(job); })) {
+        giveBackLiveNotesLocked(*job);
+        throw std::bad_alloc();
     }
-    rotatedBuffer = job->messages;
+    rotatedBuffer = std::exchange(liveMessages, {});
     if (isLive) {
         view = View::RotatedBuffer;
         emit q->informAboutClearStart();
@@ -74,12 +72,11 @@ void DatachunkHandlerPrivate::rotateLocked()
 
 void DatachunkHandlerPrivate::finishRotation()
 {
-    // A pool that cannot start a thread loses the task and never gets over it.
-    if (chunkQueue.start())
-        poolTasks.run([this] { q->handleFullBuffer(); });
-    else
-        q->handleFullBuffer();
-    if (maximumHddSpace != 0 && !chunkFolder.exists() && !missingFolderReported.exchange(true)) {
+    const QPointer<DatachunkHandler> store(q);
+    chunkSaver.start();
+    poolTasks.run([this] { q->handleFullBuffer(); });
+    if (store && chunkSaver.budget() != 0 && !chunkFolder.exists()
+        && !missingFolderReported.exchange(true)) {
         emit q->newErrorMessage(
             DatachunkHandler::tr("The folder for chunk files could not be created. Messages beyond "
                                  "the limit are lost."));
@@ -99,11 +96,8 @@ bool DatachunkHandlerPrivate::insertLine(const CAN::CanRxMessage &message)
 
 MessageList DatachunkHandlerPrivate::clearLocked()
 {
-    chunkQueue.pause();
-    chunkQueue.discard();
-    ++generation;
+    chunkSaver.clear();
     nextMessageNumber = 0;
-    chunkCount = 0;
     lines.clear();
     rotatedBuffer.clear();
     if (view == View::RotatedBuffer)
@@ -195,6 +189,16 @@ void DatachunkHandlerPrivate::takeLiveNotesLocked(SaveJob &job)
     }
 }
 
+void DatachunkHandlerPrivate::giveBackLiveNotesLocked(SaveJob &job)
+{
+    const QMutexLocker locker(&notesLock);
+    (isLive ? notes : liveNotesBackup) = std::exchange(job.notes, {});
+    if (!isLive)
+        liveBookmarksBackup = std::exchange(job.bookmarks, {});
+    else
+        setBookmarks(std::exchange(job.bookmarks, {}));
+}
+
 void DatachunkHandlerPrivate::attachPendingNoteLocked(quint32 number)
 {
     const QMutexLocker locker(&notesLock);
@@ -214,6 +218,22 @@ void DatachunkHandlerPrivate::setBookmarks(const ChunkFormat::Bookmarks &bookmar
 ChunkFormat::Bookmarks DatachunkHandlerPrivate::bookmarks() const
 {
     return bookmarkHandler ? bookmarkHandler->copyOfBookmarks() : ChunkFormat::Bookmarks();
+}
+
+ChunkFormat::Notes DatachunkHandlerPrivate::liveNotes() const
+{
+    const QMutexLocker locker(&notesLock);
+    ChunkFormat::Notes copy = isLive ? notes : liveNotesBackup;
+    copy.detach();
+    return copy;
+}
+
+ChunkFormat::Bookmarks DatachunkHandlerPrivate::liveBookmarks() const
+{
+    const QMutexLocker locker(&notesLock);
+    ChunkFormat::Bookmarks copy = isLive ? bookmarks() : liveBookmarksBackup;
+    copy.detach();
+    return copy;
 }
 
 ChunkFormat::Notes DatachunkHandlerPrivate::notesInView() const

@@ -1,15 +1,17 @@
 #pragma once
 
-#include "chunkfolder.h"
 #include "chunkformat.h"
 #include "chunkmerge.h"
+#include "chunkreading.h"
+#include "chunksaver.h"
+#include "continuousoutput.h"
 #include "datachunkhandler.h"
+#include "exportdesk.h"
 #include "importrun.h"
 #include "lineset.h"
 #include "messagelist.h"
 #include "pooltasks.h"
-#include "savefileworker.h"
-#include "savequeue.h"
+#include "regularfile.h"
 #include "taskqueue.h"
 
 #include <QMutex>
@@ -42,14 +44,13 @@ public:
 
     // Rotation. rotateLocked leaves to finishRotation what must not be done under the lock.
     bool bufferIsFull(const MessageList &messages) const;
-    bool savesChunks() const;
     void rotateLocked();
     void finishRotation();
     void numberAndAppendLocked(CAN::CanRxMessage &message);
     /// True when the message's line was not seen before.
     bool insertLine(const CAN::CanRxMessage &message);
-    /// Empties the trace and stops the saving of chunks until the queue resumes; returns the
-    /// messages, to be freed without the lock.
+    /// Empties the trace and gives up the chunks on their way; a pause of the saving has to last
+    /// until their files are removed. Returns the messages, to be freed without the lock.
     MessageList clearLocked();
 
     // A slot may delete the store, so whoever has emitted a signal, or called something that
@@ -65,6 +66,7 @@ public:
 
     // Notes and bookmarks.
     void takeLiveNotesLocked(SaveJob &job);
+    void giveBackLiveNotesLocked(SaveJob &job);
     void attachPendingNoteLocked(quint32 number);
     void setBookmarks(const ChunkFormat::Bookmarks &bookmarks);
     ChunkFormat::Bookmarks bookmarks() const;
@@ -72,13 +74,17 @@ public:
     /// The notes on the messages of a list in view.
     ChunkFormat::Notes notesOf(const MessageList &messages) const;
 
-    // Saving. A job is made under the lock, given to its queue and started without it.
-    SharedSaveJob newChunkJobLocked(DatachunkHelper::SavedMessageType type);
-    /// Saves with the notes and bookmarks that are set aside for exports.
-    void saveWithExportNotes(const SharedSaveJob &job);
-    SaveQueue &queueFor(const SaveJob &job);
-    void runSave(SaveJob &job);
-    void post(const SaveJob &job, const std::function<void()> &report);
+    /// The notes and bookmarks on the live messages, whatever is shown.
+    ChunkFormat::Notes liveNotes() const;
+    ChunkFormat::Bookmarks liveBookmarks() const;
+
+    // Saving.
+    /// A job with the notes and bookmarks that are set aside for exports.
+    SharedSaveJob newJob(DatachunkHelper::SavedMessageType type, const QString &fileName) const;
+    /// Called on any thread; has the store's thread call saveEnded().
+    void postReport(const SaveReport &report);
+    void saveEnded(const SaveReport &report);
+    void reportSaved(const SaveReport &report);
     void chunkSaved(quint32 index, const QString &time);
     void partialChunkSaved(const QString &fileName, const QString &importName, const QString &time);
     /// Tells the user once when the continuous output is not complete.
@@ -88,14 +94,22 @@ public:
     // Loading and importing.
     /// Tells the application so and returns true while an import runs.
     bool refuseDuringImport();
+    /// Shows a chunk whose file is not complete as the file will show it.
+    void showPending(const SaveJob &job);
     bool readChunk(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
-    bool readChunkWithinMemory(const QString &fileName, ChunkFormat::BookmarkMap bookmarkMap);
-    void refuseNewerVersion();
-    /// Adds the records to the browsing list; returns whether one is a CAN FD frame.
-    bool readRecords(QIODevice &file, quint32 version);
-    bool split(const QString &fileName, quint32 messagesPerFile);
-    bool splitRecords(QIODevice &file, quint32 version, const QString &partTemplate,
-                      quint32 messagesPerFile);
+    struct ChunkLoad;
+    void loadChunk(const ImportRun &run, const QString &fileName,
+                   ChunkFormat::BookmarkMap bookmarkMap, ChunkLoad &load);
+    void takeChunk(ChunkLoad &load, ChunkFormat::BookmarkMap bookmarkMap);
+    /// Tells why a chunk is not read and goes live.
+    void refuseChunk(ChunkReading::Result result, quint32 messagesAtMost);
+    bool split(const ImportRun &run, const QString &fileName, quint32 messagesPerFile);
+    bool splitRecords(const ImportRun &run, RegularFile &file, const ChunkReading::Front &front,
+                      const QString &partTemplate, quint32 messagesPerFile);
+    /// Makes a file that has been begun elsewhere the continuous output.
+    void continueOutput(std::unique_ptr<ContinuousOutput> output);
+    /// Emits each text that is not empty as an error message.
+    void tell(const QStringList &texts);
     /// Runs the reader of a format. False when there is none, when it failed or when it was
     /// stopped; the store may then be gone.
     bool runReader(const ImportRun &run, const QString &fileName,
@@ -106,6 +120,7 @@ public:
     bool endCancelledImport();
     bool failImport();
     bool finishImport(const ImportRun &run, bool save);
+    QString partName() const;
     SharedSaveJob savePagedMessages(const ChunkFormat::Notes &notes);
     /// Adds one imported message; false when the import has to stop, and the store may then be
     /// gone. Turns the event loop where a full buffer has to wait for the one before it.
@@ -132,7 +147,6 @@ public:
     const QPointer<DatachunkHandler> firstGuard{q};
 
     // Constant after construction, or safe to use from any thread by themselves.
-    ChunkFolder chunkFolder;
     LineSet lines;
     PoolTasks poolTasks;
     // Rotations must find a free thread in the global pool, however long archives take.
@@ -145,8 +159,8 @@ public:
     std::atomic<bool> isLive{true}; // changes under the write lock
     std::atomic<bool> continuesMode{false};
     std::atomic<quint32> maxMessageCount;
-    std::atomic<quint32> maximumHddSpace{1000};
     std::atomic<bool> missingFolderReported{false};
+    bool slowDiskReported = false; // application thread only
     std::atomic<bool> importRunning{false};
     std::atomic<bool> importCancelled{false};
     // Where nextMessageForLine goes on. They belong to the list shown, so what replaces both does
@@ -160,11 +174,9 @@ public:
     MessageList rotatedBuffer;
     MessageList pagedMessages; // without the lock while it is not shown, application thread only
     quint32 nextMessageNumber = 0;
-    quint32 chunkCount = 0;
     quint32 droppedMessageCount = 0;
     QPointer<BookmarkHandler> bookmarkHandler; // set by the application thread only
     QString zipFileName;
-    quint64 generation = 0; // rises with every clearing, so that late reports are known
 
     // Guarded by notesLock, which is taken last of all and never held during a call outside.
     mutable QMutex notesLock;
@@ -183,11 +195,11 @@ public:
     bool zipAfterSaving = false;
     quint32 packRequests = 0; // rises with every setZipAfterSaving
     SharedSaveJob lastPartialSave;
-    SaveFileWorker *const continuousOutput; // child of the store
-    QString continuousOutputName;
+    std::unique_ptr<ContinuousOutput> continuousOutput = std::make_unique<ContinuousOutput>();
     bool continuousOutputReported = false;
 
     // Last, so that their threads end before anything that they report to is gone.
-    SaveQueue chunkQueue;
-    SaveQueue exportQueue;
+    ChunkSaver chunkSaver;
+    ChunkFolder &chunkFolder = chunkSaver.folder();
+    ExportDesk exports;
 };

@@ -32,8 +32,7 @@ void DatachunkHandler::appendMessageNote(unsigned int number, QString text)
     const QString existing = d->notes.value(number);
     if (existing.contains(text))
         return;
-    d->notes[number] =
-        existing.isEmpty() ? text : QStringLiteral("%1 ; %2").arg(existing).arg(text);
+    d->notes[number] = existing.isEmpty() ? text : existing + QLatin1String(" ; ") + text;
 }
 
 void DatachunkHandler::addMessageNoteToNextMessage(QString text)

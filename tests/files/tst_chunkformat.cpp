@@ -81,6 +81,16 @@ void ChunkFormatTest::recordBytes()
     QVERIFY(ChunkFormat::RecordReader(buffer, version).next(read));
     message.line = version < 103 ? 0 : message.line;
     QVERIFY(sameInChunk(read, message));
+    // A stream of another byte order has it for every field.
+    QByteArray swapped;
+    QDataStream stream(&swapped, QIODevice::ReadWrite);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    ChunkFormat::writeRecord(stream, message, version);
+    QCOMPARE(swapped.mid(4, 4).toHex(), QByteArray("78563412"));
+    QCOMPARE(swapped.size(), size);
+    stream.device()->seek(0);
+    CAN::CanRxMessage back;
+    QVERIFY(ChunkFormat::readRecord(stream, back, version) && sameInChunk(back, message));
 }
 
 void ChunkFormatTest::recordsCrossTheBordersOfBlocks()

@@ -1,6 +1,9 @@
 #include "archives.h"
+#include "atturn.h"
+#include "chunkreading.h"
 #include "datachunkhandler.h"
 #include "messages.h"
+#include "peakmemory.h"
 #include "savefileworker.h"
 #include "storefixture.h"
 
@@ -14,7 +17,12 @@ class Loading : public QObject
 private slots:
     void versionText();
     void cutRecordIsKeptAsFarAsItGoes();
-    void badLengthEndsTheReading();
+    void recordsLieAcrossBlockBorders();
+    void damageIsTold_data();
+    void damageIsTold();
+    void memoryIsBounded();
+    void longReadingTurnsTheEventLoop_data();
+    void longReadingTurnsTheEventLoop();
     void appendingTakesBookmarksForRecords();
     void goingLiveFromASlotEndsTheLoad();
     void missingChunkChangesNothing();
@@ -62,14 +70,160 @@ void Loading::cutRecordIsKeptAsFarAsItGoes()
     }
 }
 
-void Loading::badLengthEndsTheReading()
+void Loading::recordsLieAcrossBlockBorders()
 {
-    for (const char length : {'\x41', '\x7f', '\x80', '\xff'}) {
-        const QByteArray record = length + QByteArray(300, '\0');
-        writeFile(path("a.dck"), chunkBytes("1.0", 0, 2) + record);
+    constexpr int blockSize = 256 * 1024;
+    constexpr int recordSize = ChunkFormat::maxRecordSize;
+    const auto record = [](quint32 number, int payload) {
+        char bytes[recordSize];
+        return QByteArray(bytes,
+                          ChunkFormat::encodeRecord(bytes, makeMessage(number, payload), 104));
+    };
+    QByteArray rest;
+    for (quint32 number = 2; rest.size() < blockSize; ++number)
+        rest += record(number, 64);
+    for (int shift = 0; shift < recordSize; ++shift) {
+        const QByteArray front = record(0, qMin(shift, 64)) + record(1, shift - qMin(shift, 64));
+        for (const QByteArray &all : {front + rest, (front + rest).left(blockSize)}) {
+            QBuffer buffer;
+            buffer.setData(all);
+            buffer.open(QIODevice::ReadOnly);
+            ChunkFormat::RecordReader reader(buffer, 104);
+            CAN::CanRxMessage message;
+            quint32 number = 0;
+            for (; reader.next(message) && !reader.lastIsCut(); ++number)
+                QVERIFY(sameInChunk(message, makeMessage(number, message.length)));
+            const int whole = (all.size() - front.size()) / recordSize;
+            const bool isCut = (all.size() - front.size()) % recordSize != 0;
+            QCOMPARE(number, quint32(whole + 2));
+            QCOMPARE(reader.lastIsCut(), isCut);
+            QCOMPARE(reader.end().offset, qint64(front.size() + whole * recordSize));
+        }
+    }
+}
+
+void Loading::damageIsTold_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<unsigned int>("messages");
+    QTest::addColumn<QString>("told");
+    const QByteArray chunk = chunkBytes("1.0", 0, 2);
+    const QByteArray rest(300, '\0');
+    const auto row = [size = chunk.size()](const char *what, const QByteArray &bytes,
+                                           unsigned int messages, const QString &told) {
+        QTest::newRow(what) << bytes << messages
+                            << QString(told)
+                                   .replace("END", QString::number(size))
+                                   .replace("LAST", QString::number(size - 33));
+    };
+    row("a whole chunk", chunk, 2, {});
+    row("a cut record", chunk.chopped(1), 2,
+        "The chunk %1 ends in the middle of record 2, which begins at byte LAST; messages read: "
+        "2.");
+    row("a length of 65", chunk + '\x41' + rest, 2,
+        "The chunk %1 is damaged at byte END, where record 3 claims a length of 65; "
+        "messages read: 2.");
+    row("a length below 0", chunk + '\x80' + rest, 2,
+        "The chunk %1 is damaged at byte END, where record 3 claims a length of -128; "
+        "messages read: 2.");
+    row("cut notes", chunkBytes("1.0", 0, 0, {{1, "note"}}).chopped(5), 0,
+        "The notes or bookmarks of the chunk %1, which begin at byte 44, are damaged or cut short; "
+        "messages read: 0.");
+    row("a header of half characters", QByteArray(3, '\0') + "\1" + rest, 13,
+        "The header of the chunk %1 is damaged; messages read: 13.");
+}
+
+void Loading::damageIsTold()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(unsigned int, messages);
+    QFETCH(QString, told);
+    const QString file = path("a.dck");
+    writeFile(file, bytes);
+    QStringList expected;
+    if (!told.isEmpty())
+        expected.append(told.replace("%1", file));
+    for (const bool split : {false, true}) {
         DatachunkHandler store(20000);
-        store.importMessages(path("a.dck"), DatachunkHelper::ChunkFile);
-        QCOMPARE(store.getMessageCount(), 2u);
+        QStringList errors;
+        connect(&store, &DatachunkHandler::newErrorMessage, this,
+                [&](const QString &text) { errors.append(text); });
+        QVERIFY(split ? store.splitFile(file, 100) : store.loadDckFile(file));
+        QCOMPARE(errors, expected);
+        store.loadDataFromFile(file, DatachunkHelper::CurrentMessages);
+        QCOMPARE(store.getMessageCount(), messages);
+    }
+}
+
+void Loading::memoryIsBounded()
+{
+    constexpr qint64 memory = 1024 * 1024;
+    const QByteArray head = chunkBytes("1.0", 0, 0).chopped(8);
+    const QByteArray entries = QByteArray("\0\0\0\1\xff\xff\xff\xff", 8).repeated(1 << 17);
+    for (const QByteArray &map :
+         {QByteArray("\0\2\0\0", 4) + entries,
+          QByteArray("\0\0\0\1\0\0\0\1\0\xff\0\0", 12) + entries.repeated(16),
+          QByteArray(4, '\0') + QByteArray("\0\2\0\0", 4) + entries}) {
+        QBuffer buffer;
+        buffer.setData(head + map);
+        buffer.open(QIODevice::ReadOnly);
+        ChunkReading::Front front;
+        resetHeapPeak();
+        QCOMPARE(ChunkReading::readFront(buffer, ChunkFormat::BookmarkMap::Read,
+                                         {memory, [] { return true; }}, front),
+                 ChunkReading::Result::TooLarge);
+        QVERIFY2(heapPeak() < 5 * memory, QByteArray::number(heapPeak()));
+    }
+    QBuffer buffer;
+    buffer.setData(QByteArray(23 * 1000, '\0'));
+    buffer.open(QIODevice::ReadOnly);
+    ChunkFormat::RecordReader reader(buffer, 0);
+    ChunkReading::Records records;
+    bool hasFdFrame = false;
+    QCOMPARE(ChunkReading::readRecords(reader,
+                                       {999 * int(sizeof(CAN::CanRxMessage)), [] { return true; }},
+                                       records, hasFdFrame),
+             ChunkReading::Result::TooLarge);
+    QCOMPARE(records.messages.size(), 999);
+}
+
+void Loading::longReadingTurnsTheEventLoop_data()
+{
+    QTest::addColumn<QString>("act");
+    QTest::newRow("nothing");
+    for (const char *act : {"going live", "clearing", "deletion", "adding to the output"})
+        QTest::newRow(act);
+}
+
+void Loading::longReadingTurnsTheEventLoop()
+{
+    constexpr quint32 count = 250000;
+    const QByteArray act = QTest::currentDataTag();
+    const bool goesOn = act == "nothing" || act == "adding to the output";
+    writeFile(path("long.dck"), chunkBytes("1.0", 0, count));
+    for (const bool split : {false, true}) {
+        const QPointer<DatachunkHandler> store(new DatachunkHandler(20000));
+        const AtTurn atTurn(1, [&] {
+            if (act == "going live")
+                store->goLive();
+            else if (act == "clearing")
+                store->clearAllMessages();
+            else if (act == "deletion")
+                delete store.data();
+            else if (act == "adding to the output")
+                store->appendToContinuousOutputFile(makeMessage(1));
+        });
+        if (split) {
+            QCOMPARE(store->splitFile(path("long.dck"), count), goesOn);
+        } else {
+            store->loadDataFromFile(path("long.dck"), DatachunkHelper::CurrentMessages);
+            QVERIFY(!store || store->getMessageCount() == (goesOn ? count : 0));
+        }
+        QVERIFY(atTurn.hasActed());
+        QCOMPARE(!store, act == "deletion");
+        delete store.data();
+        if (split && goesOn)
+            QVERIFY(holds(path("long_splitted/long_0.dck"), 0, count - 1));
     }
 }
 

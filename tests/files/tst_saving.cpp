@@ -40,10 +40,11 @@ void SavingTest::workerReports()
 {
     const auto reports = [](const QString &name, int type, unsigned end) {
         QTemporaryDir folder;
-        QList<CAN::CanRxMessage> list{makeMessage(0, 0), makeMessage(1, 1), makeMessage(2, 2)};
+        QList<CAN::CanRxMessage> list;
         const QString file = folder.filePath(name);
         SaveFileWorker worker(file, &list, Type(type), 1000, end, {}, {}, 0, {});
-        list.clear();
+        // It counts what is there when the saving starts.
+        list = {makeMessage(0, 0), makeMessage(1, 1), makeMessage(2, 2)};
         QStringList seen;
         connect(&worker, &SaveFileWorker::ready, [&] { seen += "ready"; });
         connect(&worker, &SaveFileWorker::savingFinished,
@@ -143,7 +144,7 @@ void SavingTest::textsOfMessages()
              "  -1.000000 Error-frame (1): 00 ;1;a;b\n\n");
     QCOMPARE(ChunkFormat::timeText(withTime({}, -5, 4512), withTime({}, 98, 1234567)),
              "-5.004512 - 98.1234567");
-    QCOMPARE(lineOf(negativeLength), "   0.000000 0x000/0    (0): ;0;a;b\n\n");
+    QCOMPARE(lineOf(negativeLength), "   0.000000 0x000/0    (-3): ;0;a;b\n\n");
 }
 
 void SavingTest::aDiskThatFillsUpIsTold()

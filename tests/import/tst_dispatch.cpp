@@ -14,6 +14,7 @@ private slots:
     void signalsOfAFailedImport_data();
     void signalsOfAFailedImport();
     void errorAtTheEndLeavesNoChunk();
+    void partsOfALongNameAreSaved();
     void importWithoutAWritableChunkFolder();
     void liveTrafficGoesOnDuringAnImport();
     void importOnAThreadWithoutTheStoresEventLoop();
@@ -99,6 +100,30 @@ void Dispatch::errorAtTheEndLeavesNoChunk()
     writeFile(file, good);
     store.importMessages(file, type, layout);
     QCOMPARE(partial.count(), 3);
+    // Read by itself while a list is shown, a failed trace adds nothing to it.
+    const unsigned int shown = store.getMessageCount();
+    writeFile(file, good.left(60) + "1\n");
+    QVERIFY(!store.loadGenericFile(file, layout));
+    QCOMPARE(store.getMessageCount(), shown);
+    writeFile(file, good.left(60));
+    QVERIFY(store.loadGenericFile(file, layout));
+    QCOMPARE(store.getMessageCount(), shown + 3);
+}
+
+void Dispatch::partsOfALongNameAreSaved()
+{
+    const QString name = QStringLiteral("\u00fc").repeated(121) + QStringLiteral("100%1.5");
+    const QString file = folder.filePath(name + QStringLiteral(".log"));
+    writeFile(file, candumpLines(0, 2500));
+    DatachunkHandler store(6000);
+    QSignalSpy partial(&store, &DatachunkHandler::newPartialDataFile);
+    store.importMessages(file, DatachunkHelper::SocketCanDump);
+    QCOMPARE(partial.count(), 3);
+    for (int i = 0; i < partial.count(); ++i) {
+        const QString part = partial.at(i).at(0).toString();
+        QVERIFY(part.endsWith(QStringLiteral("\\%1.dck").arg(i)) && QFile::exists(part));
+        QCOMPARE(partial.at(i).at(1).toString(), name.section('.', 0, 0));
+    }
 }
 
 void Dispatch::importWithoutAWritableChunkFolder()

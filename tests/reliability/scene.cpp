@@ -94,9 +94,7 @@ void Scene::waitUntil(const std::function<bool()> &condition)
 
 void Scene::waitForSaves()
 {
-    // With no name for the archive nothing is packed, but waited for.
-    store->setZipFileName(QString());
-    store->saveDatachunksToZip();
+    store->waitForSaves();
     QCoreApplication::sendPostedEvents();
 }
 

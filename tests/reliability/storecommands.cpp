@@ -319,5 +319,5 @@ void StoreDriver::merge()
     if (archive.isEmpty())
         return;
     store->loadZipMerged(archiveName);
-    model->merge(archive, QFileInfo(archiveName).completeBaseName());
+    model->merge(archive, archiveName);
 }

@@ -1,5 +1,9 @@
 #include "storemodel.h"
 
+#include "damage.h"
+
+#include <QFileInfo>
+
 #include "messages.h"
 #include "textexport.h"
 
@@ -218,8 +222,11 @@ void StoreModel::merge(const QVector<ModelFile> &entriesInArchiveOrder, const QS
             bookmarks.insert(entry.bookmarks);
         all.append(entry.messages);
     }
-    due += QStringLiteral("archive ") + archive;
+    due += QStringLiteral("archive ") + QFileInfo(archive).completeBaseName();
     show(all);
+    const int leftOut = entriesInArchiveOrder.size() - byStart.size();
+    if (leftOut > 0)
+        due += QStringLiteral("error ") + Damage::equalStarts(archive, leftOut);
 }
 
 void StoreModel::goLive()
@@ -315,9 +322,9 @@ void StoreModel::exportMessages(const QString &file, bool withNotes,
 {
     if (!isExportable(live.count != 0, file))
         return;
-    exportNotes = withNotes ? notes : ChunkFormat::Notes();
+    exportNotes = withNotes ? notesOfLive() : ChunkFormat::Notes();
     if (hasBookmarks)
-        exportBookmarks = bookmarks;
+        exportBookmarks = isLive ? bookmarks : liveBookmarks;
     exports.push_back({file, live, 0, live.count, selected, exportNotes, exportBookmarks});
 }
 
@@ -325,7 +332,7 @@ void StoreModel::exportRange(const QString &file, int first, int last)
 {
     if (!isExportable(last <= int(live.count), file))
         return;
-    exportNotes = notes;
+    exportNotes = notesOfLive();
     const qint64 end = last == 0 ? live.count : qBound<qint64>(0, last + 1, live.count);
     exports.push_back({file, live, first, end, {}, exportNotes, exportBookmarks});
 }

@@ -117,6 +117,8 @@ private:
     quint32 number = 0;
     ChunkFormat::Notes liveNotes;
     ChunkFormat::Bookmarks liveBookmarks;
+    const ChunkFormat::Notes &notesOfLive() const { return isLive ? notes : liveNotes; }
+
     ChunkFormat::Notes exportNotes;
     ChunkFormat::Bookmarks exportBookmarks;
     quint32 kibibytes = 0;

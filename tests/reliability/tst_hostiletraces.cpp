@@ -3,6 +3,7 @@
 #include "datachunkhandler.h"
 #include "peakmemory.h"
 #include "recordingsink.h"
+#include "regularfile.h"
 #include "storefixture.h"
 
 #include <QMetaEnum>
@@ -96,6 +97,12 @@ void HostileTraces::onlyRegularFilesAreRead()
         ChunkArchive::Merged merged;
         ChunkArchive::merge(file, mebibyte, always, merged);
         QCOMPARE(merged.outcome.result, ChunkArchive::Outcome::NotOpened);
+    }
+    // Looks like a regular file, and waits for what the kernel says next. Not everybody may read.
+    RegularFile kernelMessages(QStringLiteral("/proc/kmsg"));
+    if (kernelMessages.openForReading()) {
+        while (!kernelMessages.read(4096).isEmpty()) { }
+        QVERIFY(!kernelMessages.readErrorText().isEmpty());
     }
 }
 

@@ -73,6 +73,22 @@ QByteArray withClaimedEntries(QByteArray archive, quint16 count)
     return archive;
 }
 
+QByteArray withManyClaimedEntries(QByteArray archive, quint64 count)
+{
+    constexpr quint64 sizeOfRest = 44;
+    const int end = archive.lastIndexOf(endMark);
+    const int start = archive.indexOf(directoryMark);
+    QByteArray records;
+    QDataStream stream(&records, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.writeRawData("PK\x06\x06", 4);
+    stream << sizeOfRest << quint32(0) << quint32(0) << quint32(0) << count << count
+           << quint64(end - start) << quint64(start);
+    stream.writeRawData("PK\x06\x07", 4);
+    stream << quint32(0) << quint64(end) << quint32(1);
+    return archive.insert(end, records);
+}
+
 // The one entry of an archive as often as told.
 QByteArray withRepeatedEntry(const QByteArray &archive, int count)
 {

@@ -23,6 +23,8 @@ QByteArray archiveOf(const QVector<TestEntry> &entries);
 // What a hostile archive may say of itself, of its first entry where it is about one.
 QByteArray withClaimedSize(QByteArray archive, quint32 size);
 QByteArray withClaimedEntries(QByteArray archive, quint16 count);
+/// The same beyond 16 bits, by the records of the ZIP64 extension.
+QByteArray withManyClaimedEntries(QByteArray archive, quint64 count);
 QByteArray withLink(QByteArray archive); ///< that it is a symbolic link
 /// The one entry of an archive as often as told, all sharing the same bytes.
 QByteArray withRepeatedEntry(const QByteArray &archive, int count);

@@ -8,10 +8,12 @@ namespace {
 
 std::atomic<qint64> inUse{0};
 std::atomic<qint64> peak{0};
+std::atomic<qint64> calls{0};
 qint64 start = 0;
 
-[[maybe_unused]] void raisePeak(qint64 bytes)
+[[maybe_unused]] void countTaken(qint64 bytes)
 {
+    ++calls;
     qint64 known = peak;
     while (bytes > known && !peak.compare_exchange_weak(known, bytes)) { }
 }
@@ -26,7 +28,7 @@ std::size_t __sanitizer_get_allocated_size(const volatile void *);
 
 Q_DECL_EXPORT void __sanitizer_malloc_hook(const volatile void *, std::size_t size)
 {
-    raisePeak(inUse += qint64(size));
+    countTaken(inUse += qint64(size));
 }
 
 Q_DECL_EXPORT void __sanitizer_free_hook(const volatile void *memory)
@@ -45,7 +47,7 @@ void __libc_free(void *);
 
 static void *counted(void *memory)
 {
-    raisePeak(inUse += qint64(malloc_usable_size(memory)));
+    countTaken(inUse += qint64(malloc_usable_size(memory)));
     return memory;
 }
 Q_DECL_EXPORT void *malloc(std::size_t size)
@@ -75,8 +77,14 @@ qint64 heapPeak()
     return peak - start;
 }
 
+qint64 heapCalls()
+{
+    return calls;
+}
+
 void resetHeapPeak()
 {
+    calls = 0;
     start = inUse;
     peak = start;
 }

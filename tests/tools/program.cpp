@@ -72,7 +72,7 @@ QStringList namesIn(const QString &folder)
 void writeKinds(const QString &fileName)
 {
     CAN::CanRxMessage messages[] = {makeMessage(0x120, "ab00", 1), makeMessage(0x121, "", 1),
-                                    makeMessage(0x122, "", 1), makeMessage(0x7FF, "", 2),
+                                    makeMessage(0x122, "", 1), makeMessage(0x7FF, "01", 2),
                                     makeMessage(0x120, "", 2)};
     messages[1].remote = messages[2].fdFrame = messages[4].extended = true;
     messages[3].id = CAN::errorFrameId;

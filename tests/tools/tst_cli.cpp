@@ -5,6 +5,9 @@
 #include <QJsonObject>
 #include <QtTest>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 // What the commands refuse, and the commands that read files.
 class TestCli : public FolderTest
 {
@@ -23,49 +26,45 @@ private slots:
     void dumpPrintsTheTextForm();
     void jsonHoldsEveryField();
     void aLongTraceIsReadToItsEnd();
+    void readingStopsWhereNothingMoreIsWanted();
+    void controlCharactersAreShown();
     void debugLinesOnlyWhenAskedFor();
 };
 
 void TestCli::wrongUse_data()
 {
-    QTest::addColumn<QString>("arguments");
-    QTest::newRow("no command") << "";
-    QTest::newRow("unknown command") << "explode a.log";
-    QTest::newRow("unknown option") << "info a.log --nonsense";
-    QTest::newRow("no file") << "info";
-    QTest::newRow("two files where one is taken") << "dump a.log b.log";
-    QTest::newRow("unknown type") << "info a.log --type Nonsense";
-    QTest::newRow("layout with another type") << "info a.log --type VectorAsc --format x";
-    QTest::newRow("GenericFormat without a layout") << "info a.log --type GenericFormat";
-    QTest::newRow("count that is no number") << "dump a.log --count many";
-    QTest::newRow("negative position to begin at") << "dump a.log --from -1";
-    QTest::newRow("line beyond 255") << "dump a.log --line 256";
-    QTest::newRow("identifier beyond 32 bits") << "dump a.log --id 100000000";
-    QTest::newRow("import without a folder") << "import a.log";
-    QTest::newRow("export without a target") << "export a.log --range 0:1";
-    QTest::newRow("range that runs backwards") << "export a.log --to r --range 5:4";
-    QTest::newRow("range without an end") << "export a.log --to r --range 5:";
-    QTest::newRow("range of three") << "export a.log --to r --range 1:2:3";
-    QTest::newRow("negative position") << "export a.log --to r --select 1,-1";
-    QTest::newRow("empty position") << "export a.log --to r --select 1,,2";
-    QTest::newRow("range and positions") << "export a.log --to r --range 0:1 --select 0";
-    QTest::newRow("pack without a target") << "pack a.dck";
-    QTest::newRow("unpack without a folder") << "unpack a.zip";
-    QTest::newRow("merge without a target") << "merge a.zip --notes";
-    QTest::newRow("parts of nothing") << "split a.dck --messages 0";
-    QTest::newRow("split without a size") << "split a.dck";
-    QTest::newRow("record without a folder") << "record";
-    QTest::newRow("plug-in without an interface") << "record --into r --plugin virtualcan";
-    QTest::newRow("limit at which no chunk is full") << "record --into r --limit 5000";
-    QTest::newRow("budget of nothing") << "record --into r --budget 0";
+    QTest::addColumn<QByteArray>("reason");
+    // Each row is named by the arguments.
+    const auto row = [](const char *arguments, const QByteArray &reason) {
+        QTest::newRow(arguments) << reason;
+    };
+    row("", "a command is missing");
+    row("explode a.log", "there is no command \"explode\"");
+    row("info a.log --nonsense", "Unknown option 'nonsense'.");
+    row("info", "the name of a file is missing");
+    row("dump a.log b.log", "\"b.log\" is one argument too many");
+    row("info a.log --type Nonsense", "there is no type \"Nonsense\"");
+    row("info a.log --type VectorAsc --format x", "--format is for the type GenericFormat");
+    row("info a.log --type GenericFormat", "the type GenericFormat needs --format");
+    row("dump a.log --line 256", "--line takes a number from 0 to 255");
+    row("dump a.log --id 100000000", "--id takes a number from 0 to ffffffff");
+    row("export a.log --range 0:1", "--to is missing");
+    row("export a.log --to r --range 5:4", "--range takes two positions in order");
+    row("export a.log --to r --select 1,,2", "--select takes positions");
+    row("export a.log --to r --range 0:1 --select 0", "--range and --select exclude");
+    row("split a.dck", "--messages is missing");
+    row("record", "--into is missing");
+    row("record --into r --plugin virtualcan", "--plugin needs --interface");
+    row("record --into r --bitrate 500000", "--fd, --bitrate and --data-bitrate need --plugin");
+    row("record --into r --limit 5000", "--limit takes a number from 5001");
 }
 
 void TestCli::wrongUse()
 {
-    QFETCH(QString, arguments);
-    const ProgramResult result = run(arguments);
+    QFETCH(QByteArray, reason);
+    const ProgramResult result = run(QTest::currentDataTag());
     QCOMPARE(result.status, 2);
-    QVERIFY(result.errors.startsWith("datachunk: "));
+    QVERIFY2(result.errors.startsWith("datachunk: " + reason), result.errors);
     QVERIFY(result.output.isEmpty());
     QCOMPARE(namesIn("."), QStringList());
 }
@@ -80,27 +79,26 @@ void TestCli::failures_data()
     const QByteArray isBroken = ": File seems to be empty or broken, nothing imported.";
     const QByteArray isNewer = ": This import file was created with a newer version of this tool";
     const QByteArray hasNoFolder = ": The folder could not be created.";
+    const QByteArray isInput = ": This is the file ";
     const QByteArray hasNoPlace = ": The archive cannot be written there.";
     row("info gone.log", "gone.log: The file at gone.log does not exists.");
-    row("dump folder", "folder: The file at folder");
-    row("split gone.dck --messages 1", "gone.dck: The file at gone.dck");
-    row("unpack gone.zip --into x", "gone.zip: The file at gone.zip does not exists.");
-    row("pack gone.dck --to newer.zip", "gone.dck: The file at gone.dck");
+    row("dump folder", "folder: This is a folder, and a file is needed.");
+    row("info pipe", "pipe: This is a named pipe, and a file is needed.");
     row("info odd.txt", "odd.txt: The type of the file is unknown.");
     row("dump empty.txt", "empty.txt: The file is empty.");
     row("info empty.dck", "empty.dck" + isBroken);
     row("info a.log --type WiresharkCsv", "a.log" + isBroken);
     row("info broken.zip", "broken.zip" + isBroken);
-    row("dump broken.zip", "broken.zip" + isBroken);
     row("merge broken.zip --to x.dck", "broken.zip" + isBroken);
     row("unpack broken.zip --into x", "broken.zip" + isBroken);
     row("dump newer.dck", "newer.dck" + isNewer);
-    row("merge newer.zip --to x.dck", "newer.zip" + isNewer);
+    row("merge newer.zip --to x.dck", "newer.zip: newer.dck" + isNewer);
     row("import empty.dck --into x", "empty.dck: The file is a chunk file already.");
     row("import newer.zip --into x", "newer.zip: The file is an archive; unpack or merge it.");
-    row("import a.log --into a.log", "a.log" + hasNoFolder);
-    row("unpack newer.zip --into a.log", "a.log" + hasNoFolder);
     row("record --into a.log", "a.log" + hasNoFolder);
+    row("record --into none --reserve 4294967295",
+        "none: No more than the reserve of 4294967295 MiB is left on the disk");
+    row("record --into none <&-", "standard input: The stream is closed");
     row("record --into none --plugin nonsense --interface can0",
         "can0: There is no CAN bus plug-in \"nonsense\".");
     row("split a.log --messages 1", "a.log: The file is no chunk file.");
@@ -112,6 +110,12 @@ void TestCli::failures_data()
     row("pack none --to x.zip", "none: The folder holds no chunk files.");
     row("pack kinds.dck --to x/y.zip", "x/y.zip" + hasNoPlace);
     row("pack kinds.dck --to none", "none" + hasNoPlace);
+    row("pack kinds.dck --to kinds.dck", "kinds.dck" + isInput);
+    row("pack kinds.dck --to hard.zip", "hard.zip" + isInput);
+    row("pack kinds.dck --to soft.zip", "soft.zip" + isInput);
+    row("pack folder --to folder/kinds.dck", "folder/kinds.dck" + isInput);
+    row("pack kinds.dck --to a.log", "a.log: The file is no archive");
+    row("dump a.log >>a.log", "a.log: Standard output goes into this file");
 }
 
 void TestCli::failures()
@@ -126,10 +130,13 @@ void TestCli::failures()
     writeFile("newer.dck", newerChunkBytes());
     writeKinds("kinds.dck");
     writeKinds("folder/kinds.dck");
+    QVERIFY(QFile::link("kinds.dck", "soft.zip") && link("kinds.dck", "hard.zip") == 0);
     QVERIFY(writeArchive("newer.zip", {{"newer.dck", newerChunkBytes()}}));
     const auto before = filesBelow(".");
+    QCOMPARE(mkfifo("pipe", 0600), 0);
     const QByteArray errors = errorsOf(QTest::currentDataTag());
     QVERIFY2(errors.startsWith("datachunk: " + text), errors);
+    QVERIFY(QFile::remove("pipe"));
     QCOMPARE(filesBelow("."), before);
 }
 
@@ -162,6 +169,7 @@ identifiers:    4
 FD frames:      1
 remote frames:  1
 error frames:   1
+  Stuff error:  1
 notes:          1
 )");
 }
@@ -222,12 +230,12 @@ void TestCli::jsonHoldsEveryField()
         R"({"data":"ab00","id":288,"length":2,"line":1})",
         R"({"data":"","id":289,"length":0,"line":1,"note":"look here","remote":true})",
         R"({"data":"","fd":true,"id":290,"length":0,"line":1})",
-        R"({"data":"","error":true,"id":4294901999,"length":0,"line":2})",
+        R"({"data":"01","error":true,"errorType":"Stuff error","id":4294901999,"length":1,"line":2})",
         R"({"data":"","extended":true,"id":288,"length":0,"line":2})"};
     QCOMPARE(lines.size(), 6);
     for (int i = 0; i < 5; ++i) {
         QJsonObject message = QJsonDocument::fromJson(lines.at(i)).object();
-        QCOMPARE(message.size(), i == 1 ? 15 : 14);
+        QCOMPARE(message.size(), i == 1 || i == 3 ? 15 : 14);
         QCOMPARE(message.take("number").toInt(), 10 + i);
         QCOMPARE(message.take("seconds").toInt(), 100 + i);
         QCOMPARE(message.take("microseconds").toInt(), 42);
@@ -243,7 +251,8 @@ void TestCli::aLongTraceIsReadToItsEnd()
 {
     constexpr int count = 260000; // more than the program holds in memory at once
     writeFile("long.log", candumpLines(0, count));
-    const QByteArray info = outputOf("info long.log");
+    // Nothing of it is put on the disk.
+    const QByteArray info = run("info long.log", {}, "export TMPDIR=/nowhere;").output;
     QVERIFY2(info.contains("messages:       260000\n"), info);
     QVERIFY2(info.contains("time:           0.000000 - 259999.000000\n"), info);
     QCOMPARE(secondsInText(outputOf("dump long.log")), numbersFrom(0, count));
@@ -260,11 +269,39 @@ void TestCli::aLongTraceIsReadToItsEnd()
     QCOMPARE(secondsInText(readFile("across.txt")), numbersFrom(249999, 2));
 }
 
+void TestCli::readingStopsWhereNothingMoreIsWanted()
+{
+    writeFile("broken.trc", ";$FILEVERSION=1.1\n 1) 1.0 Rx 0123 1 11\n 2) 2.0 Rx\n");
+    QCOMPARE(outputOf("dump broken.trc --count 1").count('\n'), 1);
+    const ProgramResult whole = run("dump broken.trc");
+    QCOMPARE(whole.status, 1);
+    QVERIFY2(whole.errors.contains("line 3 of file broken.trc"), whole.errors);
+    QVERIFY(errorsOf("info broken.trc").contains("line 3"));
+    QVERIFY(errorsOf("export broken.trc --to x.txt").contains("line 3"));
+}
+
+// Whoever made the file could otherwise steer the terminal.
+void TestCli::controlCharactersAreShown()
+{
+    const QString escape = QStringLiteral("\x1b[2J");
+    const QString note = escape + QStringLiteral("\r\n\x7f") + QChar(0x9b);
+    const QByteArray chunk = chunkBytes("1.0", 0, 1, {{0, note}});
+    writeFile(escape + ".dck", chunk);
+    writeFile("a.dck", chunk);
+    QVERIFY(outputOf("info *J.dck").startsWith("file:           \\x1b[2J.dck\n"));
+    QCOMPARE(outputOf("detect *J.dck"), "ChunkFile \\x1b[2J.dck\n");
+    QVERIFY(outputOf("dump a.dck").endsWith(";\\x1b[2J\\x0d\\x0a\\x7f\\x9b\n"));
+    QVERIFY(outputOf("export a.dck --notes --to -").endsWith(";\\x1b[2J\\x0d\\x0a\\x7f\\x9b\n"));
+    QCOMPARE(outputOf("export a.dck --notes --to a.txt"), "a.txt\n");
+    QVERIFY(readFile("a.txt").endsWith((note + '\n').toUtf8()));
+    QVERIFY(errorsOf("info " + escape).startsWith("datachunk: \\x1b[2J: "));
+}
+
 void TestCli::debugLinesOnlyWhenAskedFor()
 {
     writeFile("a.log", candumpLines(0, 1));
     QCOMPARE(run("info a.log").errors, "");
-    QVERIFY(run("info a.log --verbose").errors.contains("void DatachunkHandler::importMessages"));
+    QVERIFY(run("import a.log --into x --verbose").errors.contains("DatachunkHandler::import"));
 }
 
 QTEST_GUILESS_MAIN(TestCli)

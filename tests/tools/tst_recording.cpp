@@ -1,10 +1,10 @@
 #include "program.h"
 
-#include <QCanBus>
 #include <QProcess>
-#include <QTcpServer>
+#include <QStorageInfo>
 #include <QtTest>
 
+#include <algorithm>
 #include <csignal>
 
 // Recordings into the folder "rec".
@@ -16,11 +16,19 @@ private slots:
     void everyMessageIsInOneChunk();
     void aSignalEndsARecording_data();
     void aSignalEndsARecording();
-    void theBudgetKeepsTheNewestChunks();
+    void oneRecorderOwnsAFolder();
+    void leftOversOfAKilledRunGo();
+    void aFullDiskIsCounted_data();
+    void aFullDiskIsCounted();
+    void theBudgetIsKept_data();
+    void theBudgetIsKept();
+    void theReserveStaysFree();
     void anOccupiedFolderIsLeftAlone();
     void linesWithoutFrameAreCounted();
     void linesWithoutTimeGetTheTimeOfDay();
+    void framesComeFromAPlugin_data();
     void framesComeFromAPlugin();
+    void aPluginThatCannotStartIsTold();
 };
 
 namespace {
@@ -32,6 +40,14 @@ QByteArray totals(int taken, int stored)
         .arg(stored)
         .arg(taken - stored)
         .toLatin1();
+}
+
+// Its input stays open: a live one has no end.
+void startRecording(QProcess &process)
+{
+    process.start(programPath(), {"record", "--into", "rec", "--limit", "5100"});
+    process.write(candumpLines(0, 350));
+    QTRY_VERIFY(QFile::exists("rec/tmpData2.dck"));
 }
 
 // Of all chunks in the order of their numbers, the last messages behind.
@@ -79,6 +95,9 @@ void TestRecording::aSignalEndsARecording_data()
     QTest::addColumn<int>("recorded");
     QTest::newRow("cleanly: SIGINT") << SIGINT << 350;
     QTest::newRow("cleanly: SIGTERM") << SIGTERM << 350;
+    QTest::newRow("cleanly: SIGHUP") << SIGHUP << 350;
+    QTest::newRow("cleanly: SIGQUIT") << SIGQUIT << 350;
+    QTest::newRow("cleanly: SIGXFSZ") << SIGXFSZ << 350;
     QTest::newRow("but for the announced chunks: SIGKILL") << SIGKILL << 300;
 }
 
@@ -86,11 +105,9 @@ void TestRecording::aSignalEndsARecording()
 {
     QFETCH(int, signal);
     QFETCH(int, recorded);
+    std::signal(SIGHUP, SIG_DFL); // "nohup" would have it ignored
     QProcess process;
-    process.start(programPath(), {"record", "--into", "rec", "--limit", "5100"});
-    process.write(candumpLines(0, 350));
-    // The input stays open: a live one has no end.
-    QTRY_VERIFY(QFile::exists("rec/tmpData2.dck"));
+    startRecording(process);
     QCOMPARE(kill(pid_t(process.processId()), signal), 0);
     QVERIFY(process.waitForFinished());
     QCOMPARE(secondsRecorded(), numbersFrom(0, recorded));
@@ -101,21 +118,112 @@ void TestRecording::aSignalEndsARecording()
     QCOMPARE(namesIn("rec").size(), 4);
 }
 
-void TestRecording::theBudgetKeepsTheNewestChunks()
+void TestRecording::oneRecorderOwnsAFolder()
 {
-    constexpr int perChunk = 20000; // 600 KiB and more
-    constexpr int count = 10 * perChunk + 1;
+    QProcess process;
+    startRecording(process);
+    QCOMPARE(errorsOf("record --into rec", candumpLines(0, 10)),
+             "datachunk: rec: Somebody else records into this folder.\n");
+    // What is planted meanwhile is neither followed nor replaced.
+    writeFile("precious", "precious");
+    QVERIFY(QFile::link("../precious", "rec/zlastChunk.dck"));
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 1);
+    QCOMPARE(process.readAllStandardOutput(), totals(350, 300));
+    QCOMPARE(readFile("precious"), "precious");
+    QVERIFY(QFile::remove("rec/zlastChunk.dck"));
+    QCOMPARE(secondsRecorded(), numbersFrom(0, 300));
+}
+
+void TestRecording::leftOversOfAKilledRunGo()
+{
+    QProcess killed;
+    startRecording(killed);
+    killed.kill();
+    QVERIFY(killed.waitForFinished());
+    QVERIFY(namesIn("rec").size() > 3);
+    writeFile("precious", "precious");
+    QVERIFY(QFile::link("..", "rec/.datachunk-work-linked"));
+    QVERIFY(run("record --into rec").errors.contains("holds a recording already"));
+    QCOMPARE(
+        namesIn("rec"),
+        (QStringList{".datachunk-work-linked", "tmpData0.dck", "tmpData1.dck", "tmpData2.dck"}));
+    QVERIFY(QFile::exists("precious"));
+}
+
+void TestRecording::aFullDiskIsCounted_data()
+{
+    QTest::addColumn<QString>("limits");
+    QTest::newRow("in the first chunk") << "ulimit -f 64;";
+    QTest::newRow("at once") << "ulimit -f 0;";
+    QTest::newRow("with its signal ignored") << "trap '' XFSZ; ulimit -f 64;";
+}
+
+void TestRecording::aFullDiskIsCounted()
+{
+    QFETCH(QString, limits);
+    constexpr int count = 20000;
     const ProgramResult result =
-        run("record --into rec --limit 25000 --budget 1", candumpLines(0, count));
-    QCOMPARE(result.status, 0);
-    qint64 bytes = 0;
+        run("record --into rec --limit 9000", candumpLines(0, count), limits);
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.contains(": The file rec/tmpData0.dck could not be written"),
+             result.errors);
+    const int taken = result.output.split('\n').first().split(' ').last().toInt();
+    QVERIFY(taken > 4000 && taken <= count);
+    QCOMPARE(result.output, totals(taken, secondsRecorded().size()));
     for (const QByteArray &content : filesBelow("rec"))
-        bytes += content.size();
-    QVERIFY(bytes < 2 * 1024 * 1024);
-    QCOMPARE(secondsInChunk("rec/tmpData9.dck"), numbersFrom(9 * perChunk, perChunk));
-    const int stored = (namesIn("rec").size() - 1) * perChunk + 1;
-    QVERIFY(stored < count);
-    QCOMPARE(result.output, totals(count, stored));
+        QVERIFY(!content.isEmpty());
+}
+
+void TestRecording::theBudgetIsKept_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<int>("status");
+    QTest::newRow("by chunks that fit into it") << "" << 0;
+    QTest::newRow("by one chunk and the last messages") << "--limit 25000" << 0;
+    QTest::newRow("by an end where no chunk fits into it") << "--limit 105000" << 1;
+}
+
+void TestRecording::theBudgetIsKept()
+{
+    QFETCH(QString, options);
+    constexpr int count = 90000; // 27 bytes each
+    const ProgramResult result =
+        run("record --into rec --budget 1 " + options, candumpLines(0, count));
+    QTEST(result.status, "status");
+    QVERIFY2(result.errors.contains("The budget of 1 MiB is used up")
+                 != result.errors.contains("do not fit into the budget of 1 MiB"),
+             result.errors);
+    qint64 bytes = 0;
+    QList<int> seconds;
+    const QMap<QString, QByteArray> files = filesBelow("rec");
+    for (auto file = files.cbegin(); file != files.cend(); ++file) {
+        bytes += file.value().size();
+        seconds += secondsInChunk(file.key());
+    }
+    std::sort(seconds.begin(), seconds.end());
+    QVERIFY(bytes <= 1024 * 1024);
+    QVERIFY(seconds.size() > 9000);
+    QCOMPARE(seconds, numbersFrom(seconds.first(), seconds.size()));
+    QVERIFY(result.status == 1 || seconds.last() == count - 1);
+    const int taken = result.status == 0 ? count : result.output.mid(17, 6).trimmed().toInt();
+    QCOMPARE(result.output, totals(taken, seconds.size()));
+}
+
+void TestRecording::theReserveStaysFree()
+{
+    const QTemporaryDir folder(folderInMemory());
+    const qint64 free = QStorageInfo(folder.path()).bytesAvailable();
+    // The input has no end.
+    const ProgramResult result =
+        run(QStringLiteral("record --into %1/rec --limit 9000 --reserve %2")
+                .arg(folder.path())
+                .arg(free / 1024 / 1024 - 16),
+            {}, "yes '(1.0) can0 123#1122' |");
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.contains("is left on the disk, so the recording ends"), result.errors);
+    QVERIFY2(result.output.endsWith("messages dropped: 0\n"), result.output);
 }
 
 void TestRecording::anOccupiedFolderIsLeftAlone()
@@ -152,32 +260,42 @@ void TestRecording::linesWithoutTimeGetTheTimeOfDay()
     QVERIFY(after < before || (seconds.first() >= before && seconds.first() <= after));
 }
 
+void TestRecording::framesComeFromAPlugin_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QByteArray>("configuration");
+    QTest::newRow("as it is") << "" << QByteArray("(5): 00 00 00 00 00 ;0;\n");
+    QTest::newRow("as it is told to be") << "--fd --bitrate 500000 --data-bitrate 2000000"
+                                         << QByteArray("(5): 01 01 f4 07 d0 ;2;\n");
+}
+
 void TestRecording::framesComeFromAPlugin()
 {
-    const QString plugin = QStringLiteral("virtualcan");
-    if (!QCanBus::instance()->plugins().contains(plugin))
-        QSKIP("The virtual CAN plug-in is not installed.");
-    QTcpServer freePort;
-    QVERIFY(freePort.listen(QHostAddress::LocalHost));
-    const QString interface = QStringLiteral("tcp://127.0.0.1:%1/can1").arg(freePort.serverPort());
-    freePort.close();
-    // The first device on a port serves the bus.
-    const std::unique_ptr<QCanBusDevice> bus(QCanBus::instance()->createDevice(plugin, interface));
-    QVERIFY(bus && bus->connectDevice());
-    QTRY_COMPARE(bus->state(), QCanBusDevice::ConnectedState);
-
+    QFETCH(QString, options);
+    QFETCH(QByteArray, configuration);
+    qputenv("QT_PLUGIN_PATH", TEST_PLUGINS);
     QProcess process;
     process.start(programPath(),
-                  {"record", "--into", "rec", "--limit", "5001", "--plugin", plugin, "--interface",
-                   interface});
-    // Nobody tells when the program listens, so that frames are sent until some arrive.
-    const QCanBusFrame frame(0x123, QByteArray::fromHex("1122"));
-    QTRY_VERIFY(bus->writeFrame(frame) && QFile::exists("rec/tmpData2.dck"));
+                  QStringList{"record", "--into", "rec", "--limit", "5001", "--plugin", "testcan",
+                              "--interface", "can7"}
+                      + options.split(' ', Qt::SkipEmptyParts));
+    QTRY_VERIFY(QFile::exists("rec/tmpData1.dck"));
     process.terminate();
-    QTRY_COMPARE(process.state(), QProcess::NotRunning);
+    QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 0);
-    const QByteArray dump = outputOf("dump rec/tmpData0.dck --line 1 --id 123");
-    QVERIFY2(dump.contains("(2): 11 22 ;0;"), dump);
+    const QByteArray data = outputOf("dump rec/tmpData0.dck --line 7 --id 123");
+    QVERIFY2(data.endsWith(configuration), data);
+    QVERIFY(outputOf("dump rec/tmpData1.dck").contains("0x124/292  (2): Remote"));
+    QVERIFY(outputOf("info rec/zlastChunk.dck").contains("  Bit error:    1\n"));
+}
+
+// A device that failed may still have a thread, and deleting that ends the program.
+void TestRecording::aPluginThatCannotStartIsTold()
+{
+    qputenv("QT_PLUGIN_PATH", TEST_PLUGINS);
+    const ProgramResult result = run("record --into rec --plugin testcan --interface broken");
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.errors, "datachunk: broken: It is broken.\n");
 }
 
 QTEST_GUILESS_MAIN(TestRecording)

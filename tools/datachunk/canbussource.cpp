@@ -4,8 +4,10 @@
 #include "terminal.h"
 
 #include <QCanBus>
+#include <QVariant>
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -38,15 +40,39 @@ bool toMessage(const QCanBusFrame &frame, CAN::CanRxMessage &message)
 
 } // namespace
 
-CanBusSource::CanBusSource(const QString &plugin, const QString &interface, QObject *parent)
-    : FrameSource(parent), interface(interface), line(trailingNumber(interface))
+CanBusSource::CanBusSource(const CanBusOptions &options, QObject *parent)
+    : FrameSource(parent), options(options), line(trailingNumber(options.interface))
 {
-    if (!QCanBus::instance()->plugins().contains(plugin)) {
+    const QStringList plugins = QCanBus::instance()->plugins();
+    if (plugins.contains(options.plugin))
+        device.reset(QCanBus::instance()->createDevice(options.plugin, options.interface, &error));
+    else
         error = Cli::tr("There is no CAN bus plug-in \"%1\". The plug-ins are: %2")
-                    .arg(plugin, QCanBus::instance()->plugins().join(QLatin1String(", ")));
+                    .arg(options.plugin, plugins.join(QLatin1String(", ")));
+}
+
+CanBusSource::~CanBusSource()
+{
+    if (!device)
         return;
+    device->disconnect(this);
+    // Some plug-ins end the program when a device is deleted whose connection failed, as its thread
+    // still runs. The device then stays until the program has ended.
+    if (connecting && device->state() == QCanBusDevice::UnconnectedState) {
+        static std::vector<QCanBusDevice *> kept;
+        kept.push_back(device.release());
     }
-    device.reset(QCanBus::instance()->createDevice(plugin, interface, &error));
+}
+
+void CanBusSource::configure()
+{
+    const bool fd = options.fd || options.plugin == QLatin1String("socketcan");
+    if (fd)
+        device->setConfigurationParameter(QCanBusDevice::CanFdKey, true);
+    if (options.bitrate != 0)
+        device->setConfigurationParameter(QCanBusDevice::BitRateKey, options.bitrate);
+    if (options.dataBitrate != 0)
+        device->setConfigurationParameter(QCanBusDevice::DataBitRateKey, options.dataBitrate);
 }
 
 bool CanBusSource::start()
@@ -54,12 +80,15 @@ bool CanBusSource::start()
     if (!device)
         return false;
     connect(device.get(), &QCanBusDevice::framesReceived, this, &CanBusSource::takeFrames);
-    if (!device->connectDevice()) {
-        error = device->errorString();
+    connect(device.get(), &QCanBusDevice::errorOccurred, this, &CanBusSource::takeError);
+    configure();
+    connecting = error.isEmpty();
+    if (connecting && !device->connectDevice())
+        end(device->errorString());
+    if (!error.isEmpty())
         return false;
-    }
-    connect(device.get(), &QCanBusDevice::errorOccurred, this, &CanBusSource::stopOnError);
-    connect(device.get(), &QCanBusDevice::stateChanged, this, &CanBusSource::stopWhenDisconnected);
+    connect(device.get(), &QCanBusDevice::stateChanged, this, &CanBusSource::takeState);
+    running = true;
     return true;
 }
 
@@ -76,19 +105,26 @@ void CanBusSource::takeFrames()
     }
 }
 
-void CanBusSource::stopOnError(QCanBusDevice::CanBusError code)
+void CanBusSource::takeError(QCanBusDevice::CanBusError code)
 {
     // A frame that was not sent is no concern of a recording.
-    if (code == QCanBusDevice::NoError || code == QCanBusDevice::WriteError)
-        return;
-    error = device->errorString();
-    emit ended();
+    if (code != QCanBusDevice::NoError && code != QCanBusDevice::WriteError)
+        end(device->errorString());
 }
 
-void CanBusSource::stopWhenDisconnected(QCanBusDevice::CanBusDeviceState state)
+void CanBusSource::takeState(QCanBusDevice::CanBusDeviceState state)
 {
-    if (state != QCanBusDevice::UnconnectedState)
+    if (state == QCanBusDevice::UnconnectedState)
+        end(Cli::tr("The CAN interface was disconnected."));
+}
+
+// Only the first reason is told: what follows is its consequence.
+void CanBusSource::end(const QString &text)
+{
+    if (!error.isEmpty())
         return;
-    error = Cli::tr("The CAN interface was disconnected.");
-    emit ended();
+    error = text.isEmpty() ? Cli::tr("The CAN interface failed.") : text;
+    // What fails while it starts is the outcome of start().
+    if (running)
+        emit ended();
 }

@@ -29,6 +29,13 @@ QString CandumpSource::name() const
 
 bool CandumpSource::start()
 {
+    // Tells at once of a stream that is closed or a folder; both would be waited for for ever.
+    if (read(STDIN_FILENO, nullptr, 0) < 0) {
+        error = QString::fromLocal8Bit(std::strerror(errno));
+        if (errno == EBADF)
+            error = Cli::tr("The stream is closed, and candump lines are to come from it.");
+        return false;
+    }
     notifier.setEnabled(true);
     return true;
 }

@@ -1,4 +1,6 @@
 #include "commands.h"
+#include "filechecks.h"
+#include "stopsignals.h"
 #include "terminal.h"
 #include "tracefile.h"
 
@@ -6,12 +8,14 @@ int runDetect(const QCommandLineParser &, const QStringList &files)
 {
     bool allReadable = true;
     for (const QString &file : files) {
+        if (interrupted(file))
+            return Failed;
         if (!checkReadable(file)) {
             allReadable = false;
             continue;
         }
         const DatachunkHelper::ImportFileType type = DatachunkHelper().getImportFileType(file);
-        if (!writeOutput(QStringLiteral("%1 %2\n").arg(typeName(type), file)))
+        if (!writeLine(QStringLiteral("%1 %2").arg(typeName(type), file)))
             break;
     }
     return finishOutput() && allReadable ? Succeeded : Failed;

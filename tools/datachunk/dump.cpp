@@ -1,9 +1,10 @@
 #include "canframe.h"
 #include "commands.h"
+#include "errorframes.h"
 #include "options.h"
 #include "savefileworker.h"
 #include "terminal.h"
-#include "tracefile.h"
+#include "tracereading.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -61,45 +62,40 @@ QByteArray jsonLine(const CAN::CanRxMessage &message, const QString &note)
     };
     if (!note.isEmpty())
         object.insert(QStringLiteral("note"), note);
+    const QString errorType = errorTypeName(message);
+    if (!errorType.isEmpty())
+        object.insert(QStringLiteral("errorType"), errorType);
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
-QMap<unsigned int, QString> notesOf(const DatachunkHandler &part, int count)
+// The text form of a message, without its line end.
+QString textLine(const CAN::CanRxMessage &message, const QString &note)
 {
-    QMap<unsigned int, QString> notes;
-    for (int i = 0; i < count; ++i) {
-        const quint32 number = part.messageAtPassMutex(i).messageNumber;
-        const QString note = part.getMessageNote(number);
-        if (!note.isEmpty())
-            notes.insert(number, note);
-    }
-    return notes;
+    // The worker of the text takes its notes when it is made, and few messages have one.
+    static SaveFileWorker withoutNote;
+    if (note.isEmpty())
+        return withoutNote.getOldStyleTxtOutput(message).chopped(1);
+    SaveFileWorker withNote(QString(), nullptr, DatachunkHelper::CurrentMessages, 0, 0,
+                            {{message.messageNumber, note}}, {}, 0, {});
+    return withNote.getOldStyleTxtOutput(message).chopped(1);
 }
 
-// Prints the selected messages of the parts that it is given.
+// Prints the selected ones of the messages that it is given.
 class Printer
 {
 public:
     Printer(const Selection &selection, bool asJson) : selection(selection), asJson(asJson) { }
 
-    bool printPart(DatachunkHandler &part)
+    // False when nothing more is to be printed.
+    bool print(const TraceItem &item)
     {
-        const int count = int(part.getMessageCount());
-        const QMap<unsigned int, QString> notes = notesOf(part, count);
-        SaveFileWorker lines(QString(), nullptr, DatachunkHelper::CurrentMessages, 0, 0, notes, {},
-                             0, {});
-        for (int i = 0; i < count && printed < selection.count; ++i) {
-            const CAN::CanRxMessage message = part.messageAtPassMutex(i);
-            if (position++ < selection.from || !selection.takes(message))
-                continue;
-            const bool written = asJson
-                ? writeOutput(jsonLine(message, notes.value(message.messageNumber)))
-                : writeOutput(lines.getOldStyleTxtOutput(message));
-            if (!written || StopSignals::received())
-                return false;
-            ++printed;
-        }
-        return printed < selection.count;
+        if (printed >= selection.count)
+            return false;
+        if (position++ < selection.from || !selection.takes(item.message))
+            return true;
+        const bool written = asJson ? writeOutput(jsonLine(item.message, item.note))
+                                    : writeLine(textLine(item.message, item.note));
+        return written && ++printed < selection.count;
     }
 
 private:
@@ -118,8 +114,7 @@ QList<QCommandLineOption> dumpOptions()
             {QStringLiteral("json"), Cli::tr("Print each message as a JSON object.")},
             {QStringLiteral("from"), Cli::tr("Begin at this position; the first message is at 0."),
              QStringLiteral("N")},
-            {QStringLiteral("count"), Cli::tr("Print at most so many messages."),
-             QStringLiteral("N")},
+            {QStringLiteral("count"), Cli::tr("Print at most N messages."), QStringLiteral("N")},
             {QStringLiteral("line"), Cli::tr("Print only messages of this bus line (0 to 255)."),
              QStringLiteral("L")},
             {QStringLiteral("id"), Cli::tr("Print only messages with this identifier."),
@@ -131,13 +126,13 @@ int runDump(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     trace.name = files.first();
     Selection selection;
-    if (!chooseType(parser, trace) || !readSelection(parser, selection))
+    if (!readTraceOptions(parser, trace) || !readSelection(parser, selection))
         return WrongUsage;
     TraceReading reading(trace);
-    if (!reading.import())
+    if (!reading.open())
         return Failed;
     Printer printer(selection, parser.isSet(QStringLiteral("json")));
-    const bool complete =
-        reading.forEachPart([&](DatachunkHandler &part) { return printer.printPart(part); });
-    return finishOutput() && complete ? Succeeded : Failed;
+    const TraceReading::Result result =
+        reading.forEachMessage([&](const TraceItem &item) { return printer.print(item); });
+    return finishOutput() && result == TraceReading::Complete ? Succeeded : Failed;
 }

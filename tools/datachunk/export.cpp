@@ -1,11 +1,14 @@
 #include "commands.h"
+#include "filechecks.h"
 #include "movefiles.h"
 #include "positions.h"
 #include "terminal.h"
-#include "tracefile.h"
+#include "tracereading.h"
 #include "tracewriter.h"
 
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,7 +24,7 @@ QList<QCommandLineOption> outputOptions()
 {
     return {{QStringLiteral("to"),
              Cli::tr("Write this file: a chunk file when the name ends in \"dck\", a text "
-                     "otherwise."),
+                     "otherwise. With \"-\" the text goes to standard output."),
              QStringLiteral("OUT")},
             {QStringLiteral("notes"),
              Cli::tr("Write the notes into a text, too; a chunk file always has them.")}};
@@ -38,84 +41,121 @@ bool readTarget(const QCommandLineParser &parser, Export &wanted)
     return false;
 }
 
-// Calls take(part, message) for each message at the positions, until it returns false.
+bool goesToOutput(const Export &wanted)
+{
+    return wanted.target == QLatin1String("-");
+}
+
+// Chunks of an archive may come from several traces, each numbered from 0. Notes and bookmarks
+// belong to numbers, so that these have to differ in one file.
+class UniqueNumbers
+{
+public:
+    void apply(TraceItem &item)
+    {
+        quint32 &number = item.message.messageNumber;
+        if (item.part != part)
+            shift = number <= highest ? highest + 1 - number : 0;
+        part = item.part;
+        number += shift;
+        highest = std::max(highest, number);
+        if (shift != 0 && item.bookmark.isValid())
+            item.bookmark = CanMessageBookmark(number, item.bookmark.text());
+    }
+
+private:
+    int part = 0;
+    quint32 shift = 0;
+    quint32 highest = 0;
+};
+
+// Calls take(item) for the messages at the positions, numbered anew where need be, until it returns
+// false.
 template <typename Take>
-bool forEachMessage(TraceReading &reading, const Positions &positions, const Take &take)
+TraceReading::Result forEachSelected(TraceReading &reading, const QString &fileName,
+                                     const Positions &positions, const Take &take)
 {
     quint64 position = 0;
-    return reading.forEachPart([&](DatachunkHandler &part) {
-        const int count = int(part.getMessageCount());
-        for (int i = 0; i < count && position <= positions.last(); ++i, ++position) {
-            if (!positions.contains(position))
-                continue;
-            if (StopSignals::received() || !take(part, part.messageAtPassMutex(i)))
-                return false;
-        }
-        return position <= positions.last();
+    UniqueNumbers numbers;
+    Progress progress(fileName);
+    return reading.forEachMessage([&](TraceItem item) {
+        numbers.apply(item);
+        progress.countOne();
+        if (positions.contains(position) && !take(item))
+            return false;
+        return position++ < positions.last();
     });
 }
 
 // What stands in front of the messages depends on all of them, so the trace is gone through
-// before it is written. False, with a text printed, when there is nothing to write.
-bool survey(TraceReading &reading, const QString &fileName, const Export &wanted, TraceFrame &frame)
+// before it is written.
+TraceReading::Result survey(TraceReading &reading, const QString &fileName, const Export &wanted,
+                            TraceFrame &frame)
 {
-    bool any = false;
-    const auto add = [&](const DatachunkHandler &part, const CAN::CanRxMessage &message) {
-        if (!any)
-            frame.first = message;
-        any = true;
-        frame.last = message;
-        const quint32 number = message.messageNumber;
-        const QString note = wanted.withNotes ? part.getMessageNote(number) : QString();
-        if (!note.isEmpty())
-            frame.notes.insert(number, note);
-        const CanMessageBookmark bookmark =
-            wanted.withBookmarks ? part.bookmarkAt(int(number)) : CanMessageBookmark();
-        if (bookmark.isValid())
-            frame.bookmarks.insert(number, bookmark);
+    const auto add = [&](const TraceItem &item) {
+        if (frame.count++ == 0)
+            frame.first = item.message;
+        frame.last = item.message;
+        const quint32 number = item.message.messageNumber;
+        if (wanted.withNotes && !item.note.isEmpty())
+            frame.notes.insert(number, item.note);
+        if (wanted.withBookmarks && item.bookmark.isValid())
+            frame.bookmarks.insert(number, item.bookmark);
         return true;
     };
-    if (!forEachMessage(reading, wanted.positions, add))
-        return false;
-    if (!any)
+    const auto result = forEachSelected(reading, fileName, wanted.positions, add);
+    if (result != TraceReading::Failed && frame.count == 0) {
         printError(fileName, Cli::tr("Nothing to export."));
-    return any;
+        return TraceReading::Failed;
+    }
+    return result;
 }
 
-bool writeTrace(TraceReading &reading, const Export &wanted, const TraceFrame &frame,
-                const QString &fileName)
+bool writeTrace(TraceReading &reading, const QString &fileName, const Export &wanted,
+                const TraceFrame &frame, TraceWriter &writer)
 {
-    TraceWriter writer(fileName, frame);
+    quint64 count = 0;
     bool written = writer.open();
-    const auto write = [&](const DatachunkHandler &, const CAN::CanRxMessage &message) {
-        written = writer.write(message);
-        return written;
+    const auto write = [&](const TraceItem &item) {
+        written = writer.write(item.message);
+        return written && ++count < frame.count;
     };
-    if (written && !forEachMessage(reading, wanted.positions, write))
+    if (written
+        && forEachSelected(reading, fileName, wanted.positions, write) == TraceReading::Failed)
         return false;
-    if (writer.close() && written)
+    const bool closed = writer.close();
+    if (written && closed && count == frame.count)
         return true;
-    printError(wanted.target, Cli::tr("The file could not be written completely."));
+    // What is wrong with standard output is told with everything else that goes there.
+    if (!goesToOutput(wanted))
+        printError(wanted.target, Cli::tr("The file could not be written completely."));
     return false;
 }
 
 int exportTrace(const TraceFile &trace, const Export &wanted)
 {
+    const bool toOutput = goesToOutput(wanted);
     const QFileInfo target(wanted.target);
-    if (!checkReadable(trace.name) || !checkFree(wanted.target))
+    const QString folder = toOutput ? QDir::tempPath() : target.path();
+    if (!checkReadable(trace.name) || !(toOutput || checkFree(wanted.target)))
         return Failed;
-    const WorkFolder work(target.path());
+    const WorkFolder work(folder);
     if (!work.isValid()) {
-        printError(wanted.target, work.errorText());
+        printError(toOutput ? folder : wanted.target, work.errorText());
         return Failed;
     }
-    const QString unfinished = work.filePath(target.fileName());
-    TraceReading reading(trace);
+    TraceReading reading(trace, folder);
     TraceFrame frame;
-    const bool done = reading.import() && survey(reading, trace.name, wanted, frame)
-        && writeTrace(reading, wanted, frame, unfinished)
-        && moveFiles({unfinished}, {wanted.target});
-    return finishOutput() && done ? Succeeded : Failed;
+    if (!reading.open())
+        return Failed;
+    const TraceReading::Result result = survey(reading, trace.name, wanted, frame);
+    if (result == TraceReading::Failed)
+        return Failed;
+    const QString unfinished = work.filePath(toOutput ? QStringLiteral("text") : target.fileName());
+    TraceWriter writer(unfinished, frame, toOutput);
+    const bool done = writeTrace(reading, trace.name, wanted, frame, writer)
+        && (toOutput || moveFiles({unfinished}, {wanted.target}));
+    return finishOutput() && done && result == TraceReading::Complete ? Succeeded : Failed;
 }
 
 } // namespace
@@ -135,7 +175,8 @@ int runExport(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     trace.name = files.first();
     Export wanted;
-    if (!readTarget(parser, wanted) || !wanted.positions.read(parser) || !chooseType(parser, trace))
+    if (!readTarget(parser, wanted) || !wanted.positions.read(parser)
+        || !readTraceOptions(parser, trace))
         return WrongUsage;
     return exportTrace(trace, wanted);
 }

@@ -1,8 +1,11 @@
 #include "commands.h"
 #include "movefiles.h"
 #include "options.h"
+#include "rotation.h"
+#include "stopsignals.h"
 #include "terminal.h"
 #include "tracefile.h"
+#include "workfolder.h"
 
 #include <QFileInfo>
 
@@ -10,9 +13,9 @@ namespace {
 
 constexpr quint64 mostMessagesPerFile = 10000000;
 
-bool checkSource(const TraceFile &trace)
+bool checkSource(TraceFile &trace)
 {
-    if (!checkReadable(trace.name))
+    if (!checkTrace(trace))
         return false;
     if (trace.type == DatachunkHelper::ChunkFile)
         printError(trace.name, Cli::tr("The file is a chunk file already."));
@@ -46,6 +49,54 @@ QStringList partNames(const QDir &folder, const QString &base, int count)
     return names;
 }
 
+// The chunk files that the store makes of a trace.
+struct Parts
+{
+    QStringList files; // in order
+    bool imported = false;
+    bool errorPrinted = false;
+};
+
+Parts importParts(DatachunkHandler &store, const TraceFile &trace, quint32 messagesPerPart)
+{
+    Parts parts;
+    Progress progress(trace.name);
+    QObject::connect(&store, &DatachunkHandler::newErrorMessage, &store, [&](const QString &text) {
+        printError(trace.name, text);
+        parts.errorPrinted = true;
+    });
+    QObject::connect(&store, &DatachunkHandler::newPartialDataFile, &store,
+                     [&](const QString &fileName) {
+                         parts.files.append(fileName);
+                         progress.setCount(quint64(parts.files.size()) * messagesPerPart);
+                     });
+    QObject::connect(&store, &DatachunkHandler::messagesImported, &store,
+                     [&](const QString &name) { parts.imported = !name.isEmpty(); });
+    StopSignals::whenStopped(&store, [&store] { store.goLive(); });
+    store.importMessages(trace.name, trace.type, trace.formatDescription);
+    store.disconnect();
+    if (parts.imported)
+        progress.setCount(quint64(qMax(0, parts.files.size() - 1)) * messagesPerPart
+                          + store.getMessageCount());
+    return parts;
+}
+
+bool importTrace(const TraceFile &trace, const QDir &folder, const QString &base,
+                 quint32 messagesPerPart)
+{
+    const WorkFolder work(folder.path());
+    const auto store = createStore(work, messagesPerPart + rotationMargin, trace.name);
+    if (!store)
+        return false;
+    const Parts parts = importParts(*store, trace, messagesPerPart);
+    if (interrupted(trace.name))
+        return false;
+    if (!parts.imported && !parts.errorPrinted)
+        printError(trace.name, Cli::tr("The file could not be imported."));
+    return parts.imported && moveFiles(parts.files, partNames(folder, base, parts.files.size()))
+        && !parts.errorPrinted;
+}
+
 } // namespace
 
 QList<QCommandLineOption> importOptions()
@@ -65,7 +116,7 @@ int runImport(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     trace.name = files.first();
     quint64 messages = 0;
-    if (!chooseType(parser, trace)
+    if (!readTraceOptions(parser, trace)
         || !numberOption(parser, QStringLiteral("messages"), 1, mostMessagesPerFile,
                          messagesPerFile, messages))
         return WrongUsage;
@@ -74,10 +125,13 @@ int runImport(const QCommandLineParser &parser, const QStringList &files)
         return usageError(Cli::tr("--into is missing"));
     const QDir folder(into);
     const QString base = QFileInfo(trace.name).completeBaseName();
-    if (!checkSource(trace) || !checkTarget(folder, base))
+    if (!checkSource(trace))
         return Failed;
-    TraceReading reading(trace, into, quint32(messages));
-    const bool done = reading.import()
-        && moveFiles(reading.parts(), partNames(folder, base, reading.parts().size()));
+    const bool isNew = !folder.exists();
+    if (!checkTarget(folder, base))
+        return Failed;
+    const bool done = importTrace(trace, folder, base, quint32(messages));
+    if (!done && isNew)
+        QDir().rmdir(into);
     return finishOutput() && done ? Succeeded : Failed;
 }

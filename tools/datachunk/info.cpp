@@ -1,7 +1,8 @@
 #include "canframe.h"
 #include "commands.h"
+#include "errorframes.h"
 #include "terminal.h"
-#include "tracefile.h"
+#include "tracereading.h"
 
 #include <QMap>
 #include <QSet>
@@ -25,6 +26,7 @@ struct Summary
     qint64 earliest = std::numeric_limits<qint64>::max();
     qint64 latest = std::numeric_limits<qint64>::min();
     QMap<quint8, quint64> lines;
+    QMap<QString, quint64> errorTypes;
     QSet<quint64> identifiers;
 };
 
@@ -41,21 +43,13 @@ void addMessage(Summary &summary, const CAN::CanRxMessage &message)
     summary.fdFrames += message.fdFrame ? 1 : 0;
     summary.remoteFrames += message.remote ? 1 : 0;
     summary.errorFrames += isError ? 1 : 0;
+    const QString errorType = errorTypeName(message);
+    if (!errorType.isEmpty())
+        ++summary.errorTypes[errorType];
     summary.earliest = std::min(summary.earliest, microseconds(message));
     summary.latest = std::max(summary.latest, microseconds(message));
     if (!isError && summary.identifiers.size() < mostIdentifiers)
         summary.identifiers.insert(quint64(message.id) | quint64(message.extended) << 32);
-}
-
-bool addPart(Summary &summary, DatachunkHandler &part)
-{
-    const int count = int(part.getMessageCount());
-    for (int i = 0; i < count && !StopSignals::received(); ++i) {
-        const CAN::CanRxMessage message = part.messageAtPassMutex(i);
-        addMessage(summary, message);
-        summary.notes += part.getMessageNote(message.messageNumber).isEmpty() ? 0 : 1;
-    }
-    return true;
 }
 
 QString timeText(qint64 time)
@@ -77,13 +71,13 @@ QString identifierText(const Summary &summary)
 void printRow(const QString &title, const QString &value)
 {
     constexpr int titleWidth = 15;
-    writeOutput(QStringLiteral("%1 %2\n").arg(title + QLatin1Char(':'), -titleWidth).arg(value));
+    writeLine(QStringLiteral("%1 %2").arg(title + QLatin1Char(':'), -titleWidth).arg(value));
 }
 
-void print(const TraceFile &trace, const Summary &summary)
+void print(const QString &fileName, DatachunkHelper::ImportFileType type, const Summary &summary)
 {
-    printRow(Cli::tr("file"), trace.name);
-    printRow(Cli::tr("type"), typeName(trace.type));
+    printRow(Cli::tr("file"), fileName);
+    printRow(Cli::tr("type"), typeName(type));
     printRow(Cli::tr("messages"), QString::number(summary.messages));
     printRow(Cli::tr("time"),
              QStringLiteral("%1 - %2").arg(timeText(summary.earliest), timeText(summary.latest)));
@@ -93,6 +87,8 @@ void print(const TraceFile &trace, const Summary &summary)
     printRow(Cli::tr("FD frames"), QString::number(summary.fdFrames));
     printRow(Cli::tr("remote frames"), QString::number(summary.remoteFrames));
     printRow(Cli::tr("error frames"), QString::number(summary.errorFrames));
+    for (auto type = summary.errorTypes.cbegin(); type != summary.errorTypes.cend(); ++type)
+        printRow(QLatin1String("  ") + type.key(), QString::number(type.value()));
     printRow(Cli::tr("notes"), QString::number(summary.notes));
 }
 
@@ -102,13 +98,24 @@ int runInfo(const QCommandLineParser &parser, const QStringList &files)
 {
     TraceFile trace;
     trace.name = files.first();
-    if (!chooseType(parser, trace))
+    if (!readTraceOptions(parser, trace))
         return WrongUsage;
     TraceReading reading(trace);
-    Summary summary;
-    if (!reading.import()
-        || !reading.forEachPart([&](DatachunkHandler &part) { return addPart(summary, part); }))
+    if (!reading.open())
         return Failed;
-    print(trace, summary);
-    return finishOutput() ? Succeeded : Failed;
+    Summary summary;
+    TraceReading::Result result = TraceReading::Failed;
+    {
+        Progress progress(trace.name);
+        result = reading.forEachMessage([&](const TraceItem &item) {
+            addMessage(summary, item.message);
+            summary.notes += item.note.isEmpty() ? 0 : 1;
+            progress.countOne();
+            return true;
+        });
+    }
+    if (result == TraceReading::Failed)
+        return Failed;
+    print(trace.name, reading.type(), summary);
+    return finishOutput() && result == TraceReading::Complete ? Succeeded : Failed;
 }

@@ -1,4 +1,6 @@
 #include "commands.h"
+#include "filechecks.h"
+#include "stopsignals.h"
 #include "terminal.h"
 
 #include <QLoggingCategory>
@@ -28,6 +30,16 @@ QString commandHelp(const Command &command, const QCommandLineParser &parser)
         + parser.helpText().section(QLatin1Char('\n'), 1);
 }
 
+QString fileCountText(const Command &command, const QStringList &files)
+{
+    const QString usage = Cli::tr("usage: datachunk %1 %2")
+                              .arg(QLatin1String(command.name), QLatin1String(command.arguments));
+    const QString reason = files.size() < command.leastFiles
+        ? Cli::tr("the name of a file is missing")
+        : Cli::tr("\"%1\" is one argument too many").arg(files.at(command.mostFiles));
+    return reason + QLatin1Char('\n') + usage;
+}
+
 int runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -42,12 +54,13 @@ int runCommand(const Command &command, const QStringList &arguments)
     if (!parser.parse(arguments))
         return usageError(parser.errorText());
     if (parser.isSet(help))
-        return writeOutput(commandHelp(command, parser)) && finishOutput() ? Succeeded : Failed;
+        return writeOutput(commandHelp(command, parser).toLocal8Bit()) && finishOutput() ? Succeeded
+                                                                                         : Failed;
     const QStringList files = parser.positionalArguments().mid(1);
-    if (files.size() < command.leastFiles || files.size() > command.mostFiles) {
-        return usageError(Cli::tr("usage: datachunk %1 %2")
-                              .arg(QLatin1String(command.name), QLatin1String(command.arguments)));
-    }
+    if (files.size() < command.leastFiles || files.size() > command.mostFiles)
+        return usageError(fileCountText(command, files));
+    if (!checkOutputIsNoInput(files))
+        return Failed;
     if (!parser.isSet(verbose))
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     return command.run(parser, files);
@@ -59,12 +72,15 @@ int main(int argc, char *argv[])
 {
     // A reader that goes away, as "head" does, shows as a failed write and leaves time to clean up.
     std::signal(SIGPIPE, SIG_IGN);
+    guardStandardStreams();
+    installMessageHandler();
     const QCoreApplication application(argc, argv);
+    const StopSignals stopSignals;
     QCoreApplication::setApplicationName(QStringLiteral("datachunk"));
     const QStringList arguments = QCoreApplication::arguments();
     const QString name = arguments.value(1);
     if (name == QLatin1String("--help") || name == QLatin1String("-h"))
-        return writeOutput(generalHelp()) && finishOutput() ? Succeeded : Failed;
+        return writeOutput(generalHelp().toLocal8Bit()) && finishOutput() ? Succeeded : Failed;
     if (name.isEmpty())
         return usageError(Cli::tr("a command is missing"));
     const Command *command = findCommand(name);

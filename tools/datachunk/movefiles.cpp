@@ -1,32 +1,67 @@
 #include "movefiles.h"
 
+#include "filechecks.h"
 #include "terminal.h"
 
 #include <QFile>
-#include <QFileInfo>
 
-bool checkFree(const QString &fileName)
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+bool isSupported(int error)
 {
-    const QFileInfo file(fileName);
-    if (!file.exists() && !file.isSymLink())
-        return true;
-    printError(fileName, Cli::tr("The file exists already."));
-    return false;
+    return error != EINVAL && error != ENOSYS && error != EPERM && error != EOPNOTSUPP
+        && error != EMLINK;
+}
+
+int linkAndRemove(const char *from, const char *to)
+{
+    if (link(from, to) != 0)
+        return errno;
+    unlink(from);
+    return 0;
+}
+
+} // namespace
+
+int moveFile(const QString &from, const QString &to)
+{
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+    if (renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE)
+        == 0)
+        return 0;
+    const int error = errno;
+    // Not every file system can rename without replacing, and some know no second name either.
+    const int linkError = isSupported(error) ? error : linkAndRemove(source, target);
+    if (isSupported(linkError) || linkError == 0)
+        return linkError;
+    if (faccessat(AT_FDCWD, target.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0)
+        return EEXIST;
+    return rename(source.constData(), target.constData()) == 0 ? 0 : errno;
 }
 
 bool moveFiles(const QStringList &files, const QStringList &names)
 {
     for (int i = 0; i < files.size(); ++i) {
-        QFile file(files.at(i));
-        if (checkFree(names.at(i)) && file.rename(names.at(i)))
-            continue;
-        if (file.error() != QFileDevice::NoError)
-            printError(names.at(i), file.errorString());
+        int error = 0;
+        if (checkFree(names.at(i))) {
+            error = moveFile(files.at(i), names.at(i));
+            if (error == 0)
+                continue;
+            printError(names.at(i), QString::fromLocal8Bit(std::strerror(error)));
+        }
         for (int earlier = 0; earlier < i; ++earlier)
             QFile::remove(names.at(earlier));
         return false;
     }
     for (const QString &name : names)
-        writeOutput(name + QLatin1Char('\n'));
+        writeLine(name);
     return true;
 }

@@ -1,11 +1,18 @@
 #include "commands.h"
+#include "filechecks.h"
+#include "movefiles.h"
+#include "stopsignals.h"
 #include "terminal.h"
-#include "tracefile.h"
+#include "workfolder.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QMap>
 #include <QThread>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -53,15 +60,30 @@ bool addAll(const QStringList &files, Entries &entries)
     return true;
 }
 
-// The library does not tell of an archive that it cannot begin.
-bool checkTarget(const QString &zipName)
+bool isArchive(const QString &fileName)
 {
-    const QFileInfo target(zipName);
-    const bool writable =
-        target.exists() ? target.isFile() && target.isWritable() : !target.fileName().isEmpty();
-    if (writable && QFileInfo(target.path()).isDir() && QFileInfo(target.path()).isWritable())
+    QFile file(fileName);
+    const QByteArray start = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
+    return start == "PK\3\4" || start == "PK\5\6";
+}
+
+// Only an archive that is none of the files to pack may be replaced.
+bool checkTarget(const QString &name, const Entries &entries)
+{
+    const QFileInfo target(name);
+    const QFileInfo folder(target.path());
+    const bool hasPlace = !target.fileName().isEmpty() && folder.isDir() && folder.isWritable();
+    if (!hasPlace || (target.exists() && !target.isFile())) {
+        printError(name, Cli::tr("The archive cannot be written there."));
+        return false;
+    }
+    if (!checkNoInput(name, entries.values()))
+        return false;
+    if (!target.exists())
+        return checkFree(name);
+    if (isArchive(name))
         return true;
-    printError(zipName, Cli::tr("The archive cannot be written there."));
+    printError(name, Cli::tr("The file is no archive, and only an archive is replaced."));
     return false;
 }
 
@@ -78,29 +100,74 @@ bool linkInto(const QDir &folder, const Entries &entries)
     return true;
 }
 
+// Returns when the archive is written, or not, with a text printed.
+bool packInto(DatachunkHandler &store, const QString &archive, const QString &subject)
+{
+    bool failed = false;
+    QEventLoop loop;
+    QObject::connect(&store, &DatachunkHandler::newErrorMessage, &loop, [&](const QString &text) {
+        printError(subject, QString(text).replace(archive, subject));
+        failed = true;
+    });
+    StopSignals::whenStopped(&store, [&store] { store.clearAllMessages(); });
+    store.setZipFileName(archive);
+    const std::unique_ptr<QThread> thread(
+        QThread::create([&store] { store.saveDatachunksToZip(); }));
+    QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    thread->start();
+    if (thread->isRunning() || thread->isFinished())
+        loop.exec();
+    else
+        store.saveDatachunksToZip();
+    thread->wait();
+    QCoreApplication::sendPostedEvents(&store);
+    if (interrupted(subject) || failed)
+        return false;
+    // The library does not tell of an archive that it cannot begin.
+    if (!isArchive(archive))
+        printError(subject, Cli::tr("The archive cannot be written there."));
+    return isArchive(archive);
+}
+
+// A link to an archive stays, and what it leads to is replaced.
+QString realPath(const QString &zipName)
+{
+    const QFileInfo target(zipName);
+    return target.exists() ? target.canonicalFilePath() : target.absoluteFilePath();
+}
+
+// Returns 0 or the errno of the failure.
+int replaceFile(const QString &archive, const QString &target)
+{
+    QFile::setPermissions(archive, QFile::permissions(target));
+    const QByteArray source = QFile::encodeName(archive);
+    return std::rename(source.constData(), QFile::encodeName(target).constData()) == 0 ? 0 : errno;
+}
+
+bool putInPlace(const QString &archive, const QString &zipName, const Entries &entries)
+{
+    // The file may have become another one while the archive was made.
+    if (!checkTarget(zipName, entries))
+        return false;
+    const QString target = realPath(zipName);
+    const int error =
+        QFile::exists(target) ? replaceFile(archive, target) : moveFile(archive, target);
+    if (error != 0)
+        printError(zipName, QString::fromLocal8Bit(std::strerror(error)));
+    return error == 0;
+}
+
+// The archive grows in a work folder, so that nothing that is there is ever opened for writing.
 bool pack(const Entries &entries, const QString &zipName)
 {
-    const WorkFolder work(QDir::tempPath());
+    if (!checkTarget(zipName, entries))
+        return false;
+    const WorkFolder work(QFileInfo(realPath(zipName)).path());
     const auto store = createStore(work, 0, zipName);
     if (!store || !linkInto(store->chunkFolderPath(), entries))
         return false;
-    bool failed = false;
-    QObject::connect(store.get(), &DatachunkHandler::newErrorMessage, [&](const QString &text) {
-        printError(zipName, text);
-        failed = true;
-    });
-    const StopSignals stopSignals;
-    QObject::connect(&stopSignals, &StopSignals::stop, store.get(),
-                     &DatachunkHandler::clearAllMessages);
-    store->setZipFileName(zipName);
-    QEventLoop loop;
-    const std::unique_ptr<QThread> thread(
-        QThread::create([&store] { store->saveDatachunksToZip(); }));
-    QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    thread->start();
-    loop.exec();
-    thread->wait();
-    return !interrupted(zipName) && !failed;
+    const QString archive = work.filePath(QStringLiteral("archive.zip"));
+    return packInto(*store, archive, zipName) && putInPlace(archive, zipName, entries);
 }
 
 } // namespace
@@ -109,7 +176,7 @@ QList<QCommandLineOption> packOptions()
 {
     return {{QStringLiteral("to"),
              Cli::tr("Write this archive; one that is there is replaced when the new one is "
-                     "whole."),
+                     "whole. No other file is."),
              QStringLiteral("X.zip")}};
 }
 
@@ -119,8 +186,8 @@ int runPack(const QCommandLineParser &parser, const QStringList &files)
     if (zipName.isEmpty())
         return usageError(Cli::tr("--to is missing"));
     Entries entries;
-    if (!addAll(files, entries) || !checkTarget(zipName) || !pack(entries, zipName))
+    if (!addAll(files, entries) || !pack(entries, zipName))
         return Failed;
-    writeOutput(zipName + QLatin1Char('\n'));
+    writeLine(zipName);
     return finishOutput() ? Succeeded : Failed;
 }

@@ -1,31 +1,42 @@
 #include "recorder.h"
 
+#include "canframe.h"
+#include "diskspace.h"
+#include "rotation.h"
 #include "terminal.h"
 
 #include <QCoreApplication>
-#include <QFile>
+#include <QThread>
+
+#include <limits>
 
 namespace {
 
-// The store rotates this much below its limit.
-constexpr quint32 rotationMargin = 5000;
-
 // Rotated chunks that may wait for the disk; what they hold stays in memory so long.
-constexpr quint64 mostChunksBehind = 4;
+constexpr std::size_t mostChunksBehind = 4;
+
+// The most that a chunk file has in front of its records when there are no notes, and what a record
+// has beside its data.
+constexpr qint64 headerBytes = 256;
+constexpr qint64 recordBytes = 25;
+
+constexpr quint64 messagesBetweenChecks = 1024;
+
+// What may come between two checks and until the source has stopped: a block of text at the most.
+constexpr qint64 bytesUntilEnd = 512 * 1024;
 
 } // namespace
 
-Recorder::Recorder(RecordingFolder &folder, FrameSource &source, quint32 limit, quint32 budget)
-    : folder(folder), source(source), messagesPerChunk(limit - rotationMargin),
-      store(std::make_unique<DatachunkHandler>(limit))
+Recorder::Recorder(RecordingFolder &folder, FrameSource &source, const RecordingLimits &limits)
+    : folder(folder), source(source), limits(limits),
+      messagesPerChunk(limits.storeMessages - rotationMargin),
+      store(std::make_unique<DatachunkHandler>(limits.storeMessages)), liveBytes(headerBytes)
 {
-    store->setMaximumHDDSpace(budget);
+    // The store deletes only what it has written already, and one file at a time.
+    store->setMaximumHDDSpace(std::numeric_limits<quint32>::max());
     folder.setChunkFolder(store->chunkFolderPath());
     connect(store.get(), &DatachunkHandler::newDataFile, this, &Recorder::chunkWritten);
-    connect(store.get(), &DatachunkHandler::dataFileRemoved, this,
-            [this] { this->folder.dropRemovedChunks(); });
-    connect(store.get(), &DatachunkHandler::newErrorMessage, this,
-            [this](const QString &text) { fail(this->folder.path(), text); });
+    connect(store.get(), &DatachunkHandler::newErrorMessage, this, &Recorder::storeFailed);
     connect(&source, &FrameSource::received, this, &Recorder::take);
     connect(&source, &FrameSource::ended, this, &Recorder::sourceEnded);
 }
@@ -36,47 +47,115 @@ bool Recorder::start()
 {
     if (store->chunkFolderPath().isEmpty())
         fail(folder.path(), Cli::tr("The folder for chunk files could not be created."));
-    else if (!source.start())
+    else if (checkReserve() && !source.start())
         fail(source.name(), source.errorText());
-    return !failed;
+    return !hasFailed();
 }
 
 void Recorder::take(const CAN::CanRxMessage &message)
 {
-    ++total.taken;
-    if (discarding) {
-        ++overflowed;
+    const qint64 size = recordBytes + CAN::payloadSize(message);
+    if (total.taken++ % messagesBetweenChecks == 0)
+        checkReserve();
+    if (discarding || failed)
+        return;
+    if (limits.budget != 0 && liveBytes + size > limits.budget) {
+        fail(folder.path(),
+             Cli::tr("The messages of one chunk file do not fit into the budget of %1; take a "
+                     "smaller --limit.")
+                 .arg(mebibyteText(limits.budget)));
         return;
     }
+    const bool rotates = liveMessages == messagesPerChunk;
+    if (rotates && !makeRoom(liveBytes))
+        return;
     store->appendCanMessage(message);
-    ++appended;
+    if (rotates) {
+        waiting.push(liveBytes);
+        waitingBytes += liveBytes;
+        liveBytes = headerBytes;
+        liveMessages = 0;
+    }
+    liveBytes += size;
+    ++liveMessages;
     if (!paused && isBehind())
         holdBack();
 }
 
-// A message that finds the list full starts a new one.
-quint64 Recorder::rotations() const
+// False, and the recording ends, when no more than the reserve is left beside what is still in
+// memory.
+bool Recorder::checkReserve()
 {
-    return appended == 0 ? 0 : (appended - 1) / messagesPerChunk;
+    const std::optional<DiskSpace> space = diskSpaceOf(folder.path());
+    if (ending || !space || limits.reserve == 0
+        || space->available - waitingBytes - liveBytes - bytesUntilEnd > limits.reserve)
+        return true;
+    stopIncomplete(Cli::tr("No more than the reserve of %1 is left on the disk, so the recording "
+                           "ends. --reserve sets another one, and --budget has old chunk files "
+                           "deleted.")
+                       .arg(mebibyteText(limits.reserve)));
+    return false;
+}
+
+// Deletes the oldest chunks so that \a bytes more do not exceed the budget. False when that failed.
+bool Recorder::makeRoom(qint64 bytes)
+{
+    while (limits.budget != 0 && folder.byteCount() + waitingBytes + bytes > limits.budget) {
+        if (folder.chunkCount() == 0 ? waitForChunk() : deleteOldest())
+            continue;
+        stopFailed();
+        return false;
+    }
+    return true;
+}
+
+bool Recorder::deleteOldest()
+{
+    if (!deletionTold)
+        printError(folder.path(),
+                   Cli::tr("The budget of %1 is used up: the oldest chunk files are deleted.")
+                       .arg(mebibyteText(limits.budget)));
+    deletionTold = true;
+    return folder.removeOldest();
+}
+
+// Lets the disk finish a chunk. False when none is under way, or it failed.
+bool Recorder::waitForChunk()
+{
+    constexpr unsigned long microsecondsBetweenLooks = 1000;
+    const std::size_t before = waiting.size();
+    while (!failed && before != 0 && waiting.size() == before) {
+        QThread::usleep(microsecondsBetweenLooks);
+        QCoreApplication::sendPostedEvents(store.get());
+    }
+    return waiting.size() != before;
 }
 
 bool Recorder::isBehind() const
 {
-    return rotations() > announced + mostChunksBehind;
+    return waiting.size() > mostChunksBehind;
 }
 
 void Recorder::holdBack()
 {
     paused = true;
     discarding = !source.setPaused(true);
+    if (discarding && !incomplete) {
+        printError(folder.path(),
+                   Cli::tr("Messages are dropped: they come faster than the disk takes them."));
+        incomplete = true;
+    }
 }
 
 void Recorder::chunkWritten(quint32 index)
 {
-    ++announced;
+    if (!waiting.empty()) {
+        waitingBytes -= waiting.front();
+        waiting.pop();
+    }
     if (!folder.addChunk(index))
         stopFailed();
-    if (!paused || failed || isBehind())
+    if (!paused || ending || isBehind())
         return;
     paused = false;
     discarding = false;
@@ -89,12 +168,34 @@ void Recorder::fail(const QString &subject, const QString &text)
     stopFailed();
 }
 
+void Recorder::storeFailed(QString text)
+{
+    // The user knows a file by the place that it was meant for.
+    text.replace(store->chunkFolderPath(), folder.path());
+    fail(folder.path(), text.replace(folder.workPath(), folder.path()));
+}
+
 // A recording with a gap is not worth going on with.
 void Recorder::stopFailed()
 {
-    if (!failed)
-        QMetaObject::invokeMethod(this, &Recorder::ended, Qt::QueuedConnection);
     failed = true;
+    end();
+}
+
+void Recorder::stopIncomplete(const QString &text)
+{
+    printError(folder.path(), text);
+    incomplete = true;
+    end();
+}
+
+void Recorder::end()
+{
+    if (ending)
+        return;
+    ending = true;
+    source.setPaused(true);
+    QMetaObject::invokeMethod(this, &Recorder::ended, Qt::QueuedConnection);
 }
 
 void Recorder::sourceEnded()
@@ -109,53 +210,30 @@ void Recorder::finish()
 {
     source.disconnect(this);
     source.setPaused(true);
-    waitForChunks();
-    failed = !folder.moveRemaining() || failed;
-    const quint64 last = saveLastMessages();
-    total.stored = messagesInChunks() + last;
-    total.dropped = quint64(folder.droppedCount()) * messagesPerChunk + overflowed;
-}
-
-void Recorder::waitForChunks()
-{
-    if (rotations() > 0) {
-        // Chunks are written in order: the one rotated last is there when all of them are. It is
-        // of no interest by itself, whatever the store says of it.
-        const QSignalBlocker blocker(store.get());
-        store->loadDataFromFile(int(rotations() - 1));
-    }
+    store->waitForSaves();
     QCoreApplication::sendPostedEvents(store.get());
+    if (!waiting.empty() && !failed)
+        fail(folder.path(), Cli::tr("Not every chunk file was written."));
+    waitingBytes = 0;
+    total.stored = quint64(saveLastMessages());
+    // Where something went wrong a chunk may be cut short.
+    total.stored +=
+        failed ? quint64(folder.countRecords()) : quint64(folder.chunkCount()) * messagesPerChunk;
+    total.dropped = total.taken - total.stored;
 }
 
-quint64 Recorder::messagesInChunks() const
+qint64 Recorder::saveLastMessages()
 {
-    if (!failed)
-        return quint64(folder.chunkCount()) * messagesPerChunk;
-    quint64 count = 0;
-    for (const QString &chunk : folder.chunkPaths())
-        count += countMessages(chunk);
-    return count;
-}
-
-quint64 Recorder::saveLastMessages()
-{
-    const quint64 expected = appended - rotations() * messagesPerChunk;
-    if (expected > 0) {
-        store->saveMessagesToFile(folder.lastChunkPath(), DatachunkHelper::CurrentMessages, {}, 0,
-                                  0);
+    if (liveMessages > 0) {
+        makeRoom(liveBytes);
+        store->saveMessagesToFile(folder.unfinishedLastChunk(), DatachunkHelper::CurrentMessages,
+                                  {}, 0, 0);
+        store->waitForSaves();
+        QCoreApplication::sendPostedEvents(store.get());
     }
     store.reset();
-    const quint64 saved = expected > 0 ? countMessages(folder.lastChunkPath()) : 0;
-    // The store is gone before it could tell of a failure.
-    if (saved != expected)
-        fail(folder.lastChunkPath(), Cli::tr("The last messages could not be written completely."));
+    const qint64 saved = liveMessages > 0 ? folder.addLastChunk() : 0;
+    if (saved != liveMessages && !failed)
+        fail(folder.path(), Cli::tr("The last messages could not be written completely."));
     return saved;
-}
-
-quint64 Recorder::countMessages(const QString &chunkFile) const
-{
-    DatachunkHandler reader(0);
-    const bool loaded = reader.loadFile(chunkFile, false, DatachunkHelper::ChunkFile,
-                                        DatachunkHelper::CurrentMessages, QString());
-    return loaded ? reader.getMessageCount() : 0;
 }

@@ -1,28 +1,25 @@
 #include "recordingfolder.h"
 
+#include "chunkcut.h"
+#include "movefiles.h"
 #include "terminal.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstring>
 
-#include <unistd.h>
-
 namespace {
 
-// 0 or the errno of the failure.
-int hardLink(const QString &from, const QString &to)
+QString chunkName(quint32 index)
 {
-    const QByteArray source = QFile::encodeName(from);
-    const QByteArray target = QFile::encodeName(to);
-    return link(source.constData(), target.constData()) == 0 ? 0 : errno;
+    return QStringLiteral("tmpData%1.dck").arg(index);
 }
 
-bool tellsOfNoHardLinks(int error)
+QString lastChunkName()
 {
-    return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EMLINK
-        || error == EXDEV;
+    return QStringLiteral("zlastChunk.dck");
 }
 
 } // namespace
@@ -31,11 +28,21 @@ RecordingFolder::RecordingFolder(const QString &path) : folder(path) { }
 
 bool RecordingFolder::open()
 {
-    const QStringList recording = {QStringLiteral("tmpData*.dck"),
-                                   QStringLiteral("zlastChunk.dck")};
     if (!makeFolder(folder))
         return false;
-    if (!folder.entryList(recording, QDir::AllEntries | QDir::Hidden | QDir::System).isEmpty()) {
+    const OwnerLock::State state =
+        lock.lockByFile(folder.absoluteFilePath(QStringLiteral(".datachunk-lock")));
+    if (state != OwnerLock::Held) {
+        printError(folder.path(),
+                   state == OwnerLock::HeldByOther
+                       ? Cli::tr("Somebody else records into this folder.")
+                       : Cli::tr("The folder cannot be locked: %1").arg(lock.errorText()));
+        return false;
+    }
+    removeLeftWorkFolders(folder.path());
+    const QStringList names = {chunkName(0).replace(QLatin1Char('0'), QLatin1Char('*')),
+                               lastChunkName()};
+    if (!folder.entryList(names, QDir::AllEntries | QDir::Hidden | QDir::System).isEmpty()) {
         printError(folder.path(), Cli::tr("The folder holds a recording already."));
         return false;
     }
@@ -47,70 +54,68 @@ bool RecordingFolder::open()
 
 QString RecordingFolder::chunkPath(quint32 index) const
 {
-    return folder.absoluteFilePath(QStringLiteral("tmpData%1.dck").arg(index));
+    return folder.absoluteFilePath(chunkName(index));
 }
 
-QString RecordingFolder::workPath(quint32 index) const
+bool RecordingFolder::take(const QString &from, const QString &to)
 {
-    return chunkFolder.absoluteFilePath(QStringLiteral("tmpData%1.dck").arg(index));
-}
-
-QStringList RecordingFolder::chunkPaths() const
-{
-    QStringList paths;
-    for (auto chunk = chunks.cbegin(); chunk != chunks.cend(); ++chunk)
-        paths.append(chunkPath(chunk.key()));
-    return paths;
-}
-
-QString RecordingFolder::lastChunkPath() const
-{
-    return folder.absoluteFilePath(QStringLiteral("zlastChunk.dck"));
+    const int error = moveFile(from, to);
+    if (error != 0)
+        printError(to, QString::fromLocal8Bit(std::strerror(error)));
+    return error == 0;
 }
 
 bool RecordingFolder::addChunk(quint32 index)
 {
-    const int error = hardLink(workPath(index), chunkPath(index));
-    if (error == 0) {
-        chunks.insert(index, Place::Linked);
-    } else if (tellsOfNoHardLinks(error)) {
-        chunks.insert(index, Place::WorkFolder);
-    } else if (error == ENOENT) {
-        // The next chunk was written before this one was heard of, and the budget took it.
-        ++dropped;
-    } else {
-        printError(chunkPath(index), QString::fromLocal8Bit(std::strerror(error)));
+    const QString path = chunkPath(index);
+    if (!take(chunkFolder.absoluteFilePath(chunkName(index)), path))
         return false;
-    }
+    const qint64 size = QFileInfo(path).size();
+    chunks.insert(index, size);
+    bytes += size;
     return true;
 }
 
-void RecordingFolder::dropRemovedChunks()
+QString RecordingFolder::unfinishedLastChunk() const
 {
-    for (auto chunk = chunks.begin(); chunk != chunks.end();) {
-        if (QFile::exists(workPath(chunk.key()))) {
-            ++chunk;
-            continue;
-        }
-        if (chunk.value() == Place::Linked)
-            QFile::remove(chunkPath(chunk.key()));
-        ++dropped;
-        chunk = chunks.erase(chunk);
-    }
+    return work->filePath(lastChunkName());
 }
 
-bool RecordingFolder::moveRemaining()
+qint64 RecordingFolder::addLastChunk()
 {
-    bool allMoved = true;
+    const qint64 count = cutToWholeRecords(unfinishedLastChunk());
+    // As the store makes the other chunks.
+    QFile::setPermissions(unfinishedLastChunk(), QFile::ReadOwner | QFile::WriteOwner);
+    if (count <= 0 || !take(unfinishedLastChunk(), folder.absoluteFilePath(lastChunkName())))
+        return 0;
+    return count;
+}
+
+bool RecordingFolder::removeOldest()
+{
+    if (chunks.isEmpty())
+        return false;
+    QFile file(chunkPath(chunks.firstKey()));
+    if (!file.remove()) {
+        printError(file.fileName(), file.errorString());
+        return false;
+    }
+    bytes -= chunks.take(chunks.firstKey());
+    return true;
+}
+
+qint64 RecordingFolder::countRecords()
+{
+    qint64 total = 0;
     for (auto chunk = chunks.begin(); chunk != chunks.end();) {
-        QFile file(workPath(chunk.key()));
-        if (chunk.value() == Place::Linked || file.rename(chunkPath(chunk.key()))) {
+        const qint64 count = cutToWholeRecords(chunkPath(chunk.key()));
+        total += qMax<qint64>(count, 0);
+        if (count != 0) {
             ++chunk;
             continue;
         }
-        printError(chunkPath(chunk.key()), file.errorString());
-        allMoved = false;
+        QFile::remove(chunkPath(chunk.key()));
         chunk = chunks.erase(chunk);
     }
-    return allMoved;
+    return total;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ownerlock.h"
 #include "workfolder.h"
 
 #include <QDir>
@@ -7,17 +8,17 @@
 
 #include <memory>
 
-/// The folder of a recording. The store keeps its chunks in a hidden work folder inside and takes
-/// them with it; a chunk becomes part of the recording by a hard link as soon as it is written,
-/// so that it survives whatever happens to the program. Where the file system has no hard links
-/// the chunks are moved at the end.
+/// The folder of a recording, which has one owner at a time. The store keeps its chunks in a hidden
+/// work folder inside and takes them with it; a chunk is moved into the recording as soon as it is
+/// written, so that it survives whatever happens to the program.
 class RecordingFolder
 {
 public:
     explicit RecordingFolder(const QString &path);
 
     /// Creates the folder and the work folder in it; stores created from now on work there.
-    /// False, with a text printed, when that fails or the folder holds a recording.
+    /// False, with a text printed, when that fails, the folder holds a recording or somebody else
+    /// records into it.
     bool open();
 
     /// Tells where the store writes its chunks.
@@ -26,31 +27,32 @@ public:
     /// Takes chunk \a index into the recording. False, with a text printed, when that fails.
     bool addChunk(quint32 index);
 
-    /// Takes out of the recording what the store has deleted for its disk budget.
-    void dropRemovedChunks();
+    /// Where to write the messages behind the last chunk.
+    QString unfinishedLastChunk() const;
 
-    /// Moves the chunks that could not be linked; the store has to exist still. False, with a
-    /// text printed, when that fails.
-    bool moveRemaining();
+    /// Takes that file into the recording, cut to its whole records; returns their number. 0 when
+    /// there are none, and when a text was printed because it could not be done.
+    qint64 addLastChunk();
+
+    /// Deletes the oldest chunk. False when there is none; with a text printed, when that fails.
+    bool removeOldest();
 
     QString path() const { return folder.path(); }
-
-    /// Name of the file for the messages behind the last chunk.
-    QString lastChunkPath() const;
-
-    QStringList chunkPaths() const;
+    QString workPath() const { return work->filePath(QString()).chopped(1); }
+    qint64 byteCount() const { return bytes; } ///< of all chunks
     int chunkCount() const { return chunks.size(); }
-    int droppedCount() const { return dropped; }
+
+    /// Cuts every chunk to its whole records and returns their number; chunks without any go.
+    qint64 countRecords();
 
 private:
-    enum class Place { Linked, WorkFolder };
-
     QString chunkPath(quint32 index) const;
-    QString workPath(quint32 index) const;
+    bool take(const QString &from, const QString &to);
 
     const QDir folder;
+    OwnerLock lock;
     std::unique_ptr<WorkFolder> work;
     QDir chunkFolder;
-    QMap<quint32, Place> chunks;
-    int dropped = 0;
+    QMap<quint32, qint64> chunks; // their sizes in bytes
+    qint64 bytes = 0;
 };

@@ -1,34 +1,28 @@
 #include "commands.h"
+#include "filechecks.h"
+#include "movefiles.h"
 #include "options.h"
 #include "terminal.h"
-#include "tracefile.h"
+#include "tracereading.h"
+#include "tracewriter.h"
 
 #include <QFileInfo>
 
 #include <limits>
+#include <memory>
 
 namespace {
 
-// The library numbers the parts with eight bits and would write over the first ones.
+// As many as the library can number when it splits a file.
 constexpr quint64 mostParts = 256;
 
-bool countMessages(const TraceFile &trace, quint64 &count)
-{
-    TraceReading reading(trace);
-    return reading.import() && reading.forEachPart([&count](DatachunkHandler &part) {
-        count += part.getMessageCount();
-        return true;
-    });
-}
+using Result = TraceReading::Result;
 
-bool checkPartCount(const TraceFile &trace, quint64 messagesPerFile)
+bool checkPartCount(const QString &fileName, quint64 count, quint64 messagesPerFile)
 {
-    quint64 count = 0;
-    if (!countMessages(trace, count))
-        return false;
     if ((count + messagesPerFile - 1) / messagesPerFile <= mostParts)
         return true;
-    printError(trace.name,
+    printError(fileName,
                Cli::tr("More than %1 parts are not possible; take --messages %2.")
                    .arg(mostParts)
                    .arg((count + mostParts - 1) / mostParts));
@@ -41,33 +35,86 @@ QDir partFolder(const QString &fileName)
     return file.dir().filePath(file.baseName() + QLatin1String("_splitted"));
 }
 
-void printParts(const QString &fileName)
+// Writes the parts, one after the other, into a work folder.
+class Splitter
 {
-    const QString base = QFileInfo(fileName).baseName();
-    for (int part = 0; part < int(mostParts); ++part) {
-        const QString name =
-            partFolder(fileName).filePath(QStringLiteral("%1_%2.dck").arg(base).arg(part));
-        if (!QFileInfo::exists(name) || !writeOutput(name + QLatin1Char('\n')))
-            return;
+public:
+    Splitter(const WorkFolder &work, const QString &base, quint64 messagesPerFile)
+        : work(work), base(base), messagesPerFile(messagesPerFile)
+    {
     }
+
+    /// False when the message could not be written.
+    bool write(CAN::CanRxMessage message)
+    {
+        if (count % messagesPerFile == 0 && !(finish() && begin()))
+            return false;
+        message.messageNumber = count++;
+        return part->write(message);
+    }
+
+    /// False when something of the part is missing.
+    bool finish() { return !part || part->close(); }
+
+    QStringList fileNames() const { return files; }
+
+private:
+    bool begin()
+    {
+        const QString name = QStringLiteral("%1_%2.dck").arg(base, QString::number(files.size()));
+        files.append(work.filePath(name));
+        part = std::make_unique<TraceWriter>(files.last(), TraceFrame(), false);
+        return part->open();
+    }
+
+    const WorkFolder &work;
+    const QString base;
+    const quint64 messagesPerFile;
+    quint32 count = 0;
+    std::unique_ptr<TraceWriter> part;
+    QStringList files;
+};
+
+Result countMessages(TraceReading &reading, quint64 &count)
+{
+    return reading.forEachMessage([&count](const TraceItem &) {
+        ++count;
+        return true;
+    });
 }
 
-bool split(const TraceFile &trace, quint64 messagesPerFile)
+bool moveParts(const QStringList &files, const QDir &folder)
 {
-    const WorkFolder work(QDir::tempPath());
-    const auto store = createStore(work, 0, trace.name);
-    if (!store)
+    QStringList names;
+    for (const QString &file : files)
+        names.append(folder.filePath(QFileInfo(file).fileName()));
+    return makeFolder(folder) && moveFiles(files, names);
+}
+
+// The folder that is to hold the parts is only made when all of them are there.
+bool split(TraceReading &reading, const QString &fileName, quint64 messagesPerFile)
+{
+    const QFileInfo file(fileName);
+    const WorkFolder work(file.path());
+    if (!work.isValid()) {
+        printError(file.path(), work.errorText());
         return false;
-    bool errorPrinted = false;
-    QObject::connect(store.get(), &DatachunkHandler::newErrorMessage, [&](const QString &text) {
-        printError(trace.name, text);
-        errorPrinted = true;
+    }
+    Splitter splitter(work, file.baseName(), messagesPerFile);
+    bool written = true;
+    const Result result = reading.forEachMessage([&](const TraceItem &item) {
+        written = splitter.write(item.message);
+        return written;
     });
-    const bool done = store->splitFile(trace.name, quint32(messagesPerFile));
-    store->finishContinousOutput();
-    if (!done && !errorPrinted)
-        printError(trace.name, Cli::tr("The parts could not be written."));
-    return done;
+    written = splitter.finish() && written;
+    if (result == TraceReading::Failed)
+        return false;
+    if (!written) {
+        printError(fileName, Cli::tr("The parts could not be written."));
+        return false;
+    }
+    return moveParts(splitter.fileNames(), partFolder(fileName))
+        && result == TraceReading::Complete;
 }
 
 } // namespace
@@ -95,8 +142,9 @@ int runSplit(const QCommandLineParser &parser, const QStringList &files)
         printError(folder.path(), Cli::tr("The folder of the parts exists already."));
         return Failed;
     }
-    if (!checkPartCount(trace, messages) || !split(trace, messages))
-        return Failed;
-    printParts(trace.name);
-    return finishOutput() ? Succeeded : Failed;
+    TraceReading reading(trace);
+    quint64 count = 0;
+    const bool done = reading.open() && countMessages(reading, count) != TraceReading::Failed
+        && checkPartCount(trace.name, count, messages) && split(reading, trace.name, messages);
+    return finishOutput() && done ? Succeeded : Failed;
 }

@@ -4,6 +4,8 @@
 
 #include <QSocketNotifier>
 
+#include <cerrno>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -12,8 +14,11 @@ namespace {
 volatile std::sig_atomic_t signalReceived = 0;
 volatile std::sig_atomic_t writeEnd = -1;
 
-void onSignal(int)
+void onSignal(int signal, siginfo_t *info, void *)
 {
+    // A write of our own beyond the limit on file sizes fails as on a full disk, and is told so.
+    if (signal == SIGXFSZ && info->si_pid == getpid())
+        return;
     const int savedError = errno;
     signalReceived = 1;
     const char byte = 0;
@@ -24,6 +29,8 @@ void onSignal(int)
 
 } // namespace
 
+StopSignals *StopSignals::instance = nullptr;
+
 bool interrupted(const QString &subject)
 {
     if (!StopSignals::received())
@@ -32,8 +39,9 @@ bool interrupted(const QString &subject)
     return true;
 }
 
-StopSignals::StopSignals(QObject *parent) : QObject(parent)
+StopSignals::StopSignals()
 {
+    instance = this;
     if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     writeEnd = pipeEnds[1];
@@ -42,23 +50,35 @@ StopSignals::StopSignals(QObject *parent) : QObject(parent)
         notifier->setEnabled(false);
         emit stop();
     });
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXFSZ})
+        handle(signal);
+}
+
+void StopSignals::handle(int signal)
+{
+    struct sigaction before = {};
+    sigaction(signal, nullptr, &before);
+    // "nohup" has a program survive its terminal.
+    if (signal == SIGHUP && before.sa_handler == SIG_IGN)
+        return;
     struct sigaction action = {};
-    action.sa_handler = onSignal;
-    action.sa_flags = SA_RESTART;
-    sigaction(SIGINT, &action, &oldInterrupt);
-    sigaction(SIGTERM, &action, &oldTerminate);
+    action.sa_sigaction = onSignal;
+    action.sa_flags = SA_RESTART | SA_SIGINFO;
+    sigaction(signal, &action, nullptr);
+    handled.push_back({signal, before});
 }
 
 StopSignals::~StopSignals()
 {
-    if (pipeEnds[0] < 0)
-        return;
-    sigaction(SIGINT, &oldInterrupt, nullptr);
-    sigaction(SIGTERM, &oldTerminate, nullptr);
+    for (const Handled &entry : handled)
+        sigaction(entry.signal, &entry.before, nullptr);
     // The notifier may not outlive its descriptor.
     qDeleteAll(findChildren<QSocketNotifier *>());
-    close(pipeEnds[0]);
-    close(pipeEnds[1]);
+    if (pipeEnds[0] >= 0) {
+        close(pipeEnds[0]);
+        close(pipeEnds[1]);
+    }
+    instance = nullptr;
 }
 
 bool StopSignals::received()

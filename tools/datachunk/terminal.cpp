@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -19,18 +20,62 @@ bool checkOutput(bool ok)
     return outputError == 0;
 }
 
+QString visible(const QString &text)
+{
+    QString shown;
+    shown.reserve(text.size());
+    for (const QChar c : text) {
+        if (c.category() == QChar::Other_Control)
+            shown += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
+        else
+            shown += c;
+    }
+    return shown;
+}
+
+QByteArray visibleLines(const QString &text)
+{
+    QStringList lines = text.split(QLatin1Char('\n'));
+    for (QString &line : lines)
+        line = visible(line);
+    return lines.join(QLatin1String("\n  ")).toLocal8Bit();
+}
+
+void printMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    const QString message = qFormatLogMessage(type, context, text);
+    std::fprintf(stderr, "%s\n", visibleLines(message).constData());
+}
+
 } // namespace
+
+void guardStandardStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) >= 0)
+            continue;
+        // The lowest free number is taken, which is this one.
+        if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
+            _exit(Failed);
+    }
+}
+
+void installMessageHandler()
+{
+    qInstallMessageHandler(printMessage);
+}
 
 void printError(const QString &subject, const QString &text)
 {
     // Clears a progress line that may stand there.
     const char *start = isatty(STDERR_FILENO) ? "\r\033[K" : "";
-    std::fprintf(stderr, "%sdatachunk: %s: %s\n", start, qPrintable(subject), qPrintable(text));
+    std::fprintf(stderr, "%sdatachunk: %s: %s\n", start, visible(subject).toLocal8Bit().constData(),
+                 visibleLines(text).constData());
 }
 
 int usageError(const QString &text)
 {
-    std::fprintf(stderr, "datachunk: %s\n%s\n", qPrintable(text),
+    std::fprintf(stderr, "datachunk: %s\n%s\n", visibleLines(text).constData(),
                  qPrintable(Cli::tr("Try \"datachunk --help\" or \"datachunk COMMAND --help\".")));
     return WrongUsage;
 }
@@ -41,9 +86,9 @@ bool writeOutput(const QByteArray &text)
     return checkOutput(std::fwrite(text.constData(), 1, size, stdout) == size);
 }
 
-bool writeOutput(const QString &text)
+bool writeLine(const QString &line)
 {
-    return writeOutput(text.toLocal8Bit());
+    return writeOutput(visible(line).toLocal8Bit() + '\n');
 }
 
 bool finishOutput()
@@ -73,11 +118,10 @@ Progress::~Progress()
 void Progress::print(const char *lineEnd) const
 {
     const double seconds = double(elapsed.elapsed()) / 1000;
+    const double rate = seconds > 0 ? double(count) / seconds : 0;
     const QString text = Cli::tr("%1: %2 messages, %3 messages/s, %4 s")
-                             .arg(subject)
-                             .arg(count)
-                             .arg(seconds > 0 ? double(count) / seconds : 0, 0, 'f', 0)
-                             .arg(seconds, 0, 'f', 1);
-    std::fprintf(stderr, "\r\033[K%s%s", qPrintable(text), lineEnd);
+                             .arg(visible(subject), QString::number(count),
+                                  QString::number(rate, 'f', 0), QString::number(seconds, 'f', 1));
+    std::fprintf(stderr, "\r\033[K%s%s", text.toLocal8Bit().constData(), lineEnd);
     std::fflush(stderr);
 }

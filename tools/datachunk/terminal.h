@@ -14,15 +14,27 @@ struct Cli
 
 enum ExitStatus { Succeeded = 0, Failed = 1, WrongUsage = 2 };
 
-/// Prints "datachunk: subject: text" to standard error.
+/// Has a standard stream that is closed fail when it is used. Comes before any file is opened,
+/// which would otherwise get its number and take what is meant for the stream.
+void guardStandardStreams();
+
+/// Has what Qt and its plug-ins tell printed in the same way as everything else.
+void installMessageHandler();
+
+// What is printed comes from files that anybody may have made, so control characters, with which a
+// terminal is steered, are shown as "\x1b" and never sent.
+
+/// Prints "datachunk: subject: text" to standard error. Line feeds of the text begin an indented
+/// line.
 void printError(const QString &subject, const QString &text);
 /// Prints a wrong use of the program and returns the exit status for it.
 int usageError(const QString &text);
 
-/// Writes to standard output. False when nobody takes the text any more, so that the caller can
-/// stop; finishOutput() tells why.
+/// Writes a line to standard output. False when nobody takes the text any more, so that the caller
+/// can stop; finishOutput() tells why.
+bool writeLine(const QString &line);
+/// The same for a text of several lines that is the program's own, or for JSON.
 bool writeOutput(const QByteArray &text);
-bool writeOutput(const QString &text);
 /// Writes out what is buffered. False, with a text on standard error, when some of the output is
 /// missing; a reader that went away on purpose gets no text.
 bool finishOutput();
@@ -39,6 +51,7 @@ public:
     Progress &operator=(const Progress &) = delete;
 
     void setCount(quint64 messages) { count = messages; }
+    void countOne() { ++count; }
 
 private:
     void print(const char *lineEnd) const;

@@ -1,5 +1,7 @@
 #include "tracewriter.h"
 
+#include "terminal.h"
+
 namespace {
 
 // So many records fit into the buffer of the file: it never gets full between two looks at what
@@ -14,10 +16,10 @@ bool isChunkName(const QString &fileName)
 }
 
 // Told to write no messages, the worker begins a text with its header line and stops there.
-TraceWriter::TraceWriter(const QString &fileName, const TraceFrame &frame)
-    : fileName(fileName), asChunk(isChunkName(fileName)), ends({frame.first, frame.last}),
-      worker(fileName, &ends, DatachunkHelper::CurrentMessages, 0, 0, frame.notes, frame.bookmarks,
-             0, {}),
+TraceWriter::TraceWriter(const QString &fileName, const TraceFrame &frame, bool toOutput)
+    : fileName(fileName), asChunk(isChunkName(fileName)), toOutput(toOutput),
+      ends({frame.first, frame.last}), worker(fileName, &ends, DatachunkHelper::CurrentMessages, 0,
+                                              0, frame.notes, frame.bookmarks, 0, {}),
       text(fileName)
 {
 }
@@ -27,7 +29,14 @@ bool TraceWriter::open()
     if (asChunk)
         return worker.createContinuousOutputFile(fileName);
     worker.saveToFile();
-    return worker.errorText().isEmpty() && text.open(QIODevice::WriteOnly | QIODevice::Append);
+    return worker.errorText().isEmpty() && openText();
+}
+
+bool TraceWriter::openText()
+{
+    if (!toOutput)
+        return text.open(QIODevice::WriteOnly | QIODevice::Append);
+    return text.open(QIODevice::ReadOnly) && writeOutput(text.readAll());
 }
 
 bool TraceWriter::write(const CAN::CanRxMessage &message)
@@ -38,14 +47,17 @@ bool TraceWriter::write(const CAN::CanRxMessage &message)
             worker.flushContinuousOutput();
         return worker.errorText().isEmpty();
     }
-    const QByteArray line = worker.getOldStyleTxtOutput(message).toLocal8Bit();
-    return text.write(line) == line.size();
+    const QString line = worker.getOldStyleTxtOutput(message);
+    if (toOutput)
+        return writeLine(line.chopped(1));
+    const QByteArray bytes = line.toLocal8Bit();
+    return text.write(bytes) == bytes.size();
 }
 
 bool TraceWriter::close()
 {
     worker.finishContinousOutput();
-    const bool complete = asChunk || text.flush();
+    const bool complete = asChunk || toOutput || text.flush();
     text.close();
     return complete && text.error() == QFileDevice::NoError && worker.errorText().isEmpty();
 }

@@ -9,16 +9,19 @@ struct TraceFrame
     CAN::CanRxMessage last;
     QMap<unsigned int, QString> notes;
     QMap<unsigned int, CanMessageBookmark> bookmarks;
+    quint64 count = 0; ///< number of the messages
 };
 
 /// Whether files of that name are chunk files; others are texts.
 bool isChunkName(const QString &fileName);
 
-/// Writes a chunk file or a text message by message, so that a trace of any size can be written.
+/// Writes a chunk file or a text message by message, so that a trace of any size can be written. A
+/// text can go to standard output, too.
 class TraceWriter
 {
 public:
-    TraceWriter(const QString &fileName, const TraceFrame &frame);
+    /// \a fileName is also needed, for the beginning of the text, to write to standard output.
+    TraceWriter(const QString &fileName, const TraceFrame &frame, bool toOutput);
 
     // False when that is not written: the file is then incomplete.
 
@@ -28,8 +31,11 @@ public:
     bool close();
 
 private:
+    bool openText();
+
     const QString fileName;
     const bool asChunk;
+    const bool toOutput;
     QList<CAN::CanRxMessage> ends; // for the header
     SaveFileWorker worker;
     QFile text;

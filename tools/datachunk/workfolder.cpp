@@ -4,6 +4,32 @@
 
 #include <QFile>
 
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// Symbolic links are removed, never followed.
+void removeTree(const QString &path)
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(QFile::encodeName(path).toStdString(), ignored);
+}
+
+bool isOurFolder(const QString &path)
+{
+    struct stat status = {};
+    return lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode)
+        && status.st_uid == geteuid();
+}
+
+} // namespace
+
 bool makeFolder(const QDir &folder)
 {
     if (folder.mkpath(QStringLiteral(".")))
@@ -13,11 +39,52 @@ bool makeFolder(const QDir &folder)
 }
 
 WorkFolder::WorkFolder(const QString &parent)
-    : folder(QDir(parent).absoluteFilePath(QStringLiteral(".datachunk-XXXXXX")))
 {
+    constexpr int attempts = 100;
+    removeLeftWorkFolders(parent);
+    const QString nameTemplate =
+        QDir(parent).absoluteFilePath(QStringLiteral(".datachunk-work-XXXXXX"));
+    for (int i = 0; i < attempts && path.isEmpty() && create(nameTemplate); ++i) { }
     // The store asks for the user's data location each time it creates its chunk folder.
-    if (folder.isValid())
-        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
+    if (isValid())
+        qputenv("XDG_DATA_HOME", QFile::encodeName(path));
+}
+
+WorkFolder::~WorkFolder()
+{
+    if (isValid())
+        removeTree(path);
+}
+
+// False when no folder can be created. Without a path it was taken for one that its owner left
+// behind, by a run that saw it before it was locked.
+bool WorkFolder::create(const QString &nameTemplate)
+{
+    QByteArray name = QFile::encodeName(nameTemplate);
+    if (!mkdtemp(name.data())) {
+        error = QString::fromLocal8Bit(std::strerror(errno));
+        return false;
+    }
+    const QString created = QFile::decodeName(name);
+    lock = std::make_unique<OwnerLock>();
+    const OwnerLock::State state = lock->lockFolder(created);
+    // Where folders cannot be locked, no other run can find out that this one is left behind.
+    if (state == OwnerLock::Held || (state == OwnerLock::Impossible && isOurFolder(created)))
+        path = created;
+    return true;
+}
+
+void removeLeftWorkFolders(const QString &parent)
+{
+    const QDir folder(parent);
+    const QStringList names = folder.entryList({QStringLiteral(".datachunk-work-??????")},
+                                               QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
+    for (const QString &name : names) {
+        const QString path = folder.absoluteFilePath(name);
+        OwnerLock lock;
+        if (isOurFolder(path) && lock.lockFolder(path) == OwnerLock::Held)
+            removeTree(path);
+    }
 }
 
 std::unique_ptr<DatachunkHandler> createStore(const WorkFolder &work, quint32 maxMessageCount,

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "datachunkhandler.h"
+#include "ownerlock.h"
 
 #include <QDir>
 #include <QString>
-#include <QTemporaryDir>
 
 #include <memory>
 
@@ -16,16 +16,27 @@ bool makeFolder(const QDir &folder);
 class WorkFolder
 {
 public:
-    /// Creates a hidden folder in \a parent.
+    /// Creates a hidden folder in \a parent, and removes those of runs that were killed.
     explicit WorkFolder(const QString &parent);
+    ~WorkFolder();
 
-    bool isValid() const { return folder.isValid(); }
-    QString filePath(const QString &name) const { return folder.filePath(name); }
-    QString errorText() const { return folder.errorString(); }
+    WorkFolder(const WorkFolder &) = delete;
+    WorkFolder &operator=(const WorkFolder &) = delete;
+
+    bool isValid() const { return !path.isEmpty(); }
+    QString filePath(const QString &name) const { return path + QLatin1Char('/') + name; }
+    QString errorText() const { return error; }
 
 private:
-    QTemporaryDir folder;
+    bool create(const QString &nameTemplate);
+
+    std::unique_ptr<OwnerLock> lock;
+    QString path;
+    QString error;
 };
+
+/// Removes the work folders in \a parent whose owners are gone.
+void removeLeftWorkFolders(const QString &parent);
 
 /// A store with its chunk folder in \a work. Null, with a text on \a subject printed, when there is
 /// no place for that.

@@ -1,0 +1,139 @@
+#include "chunkfolder.h"
+
+#include "foldertree.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMutexLocker>
+#include <QStandardPaths>
+
+#include <cstdlib>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr mode_t onlyOwner = 0700;
+
+bool makePrivateFolder(const QString &path)
+{
+    return mkdir(QFile::encodeName(path).constData(), onlyOwner) == 0;
+}
+
+// An empty string where no folder can be created.
+QString createFolder()
+{
+    const QDir location(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    const QDir parent(location.absoluteFilePath(QStringLiteral("datachunks")));
+    if (!location.mkpath(QStringLiteral(".")))
+        return {};
+    makePrivateFolder(parent.path());
+    // Every process draws the same numbers unless the application seeds them, and mkdir alone
+    // tells whether a folder is ours.
+    constexpr int attempts = 100000;
+    for (int i = 0; i < attempts; ++i) {
+        const QString path = parent.absoluteFilePath(QStringLiteral("%1").arg(rand()));
+        if (makePrivateFolder(path))
+            return path;
+        if (!QFileInfo::exists(path))
+            return {};
+    }
+    return {};
+}
+
+} // namespace
+
+ChunkFolder::ChunkFolder()
+{
+    const QString path = createFolder();
+    struct stat status = {};
+    if (path.isEmpty() || lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return;
+    folderPath = path;
+    device = status.st_dev;
+    inode = status.st_ino;
+    heldHandle = open();
+}
+
+ChunkFolder::~ChunkFolder()
+{
+    if (!exists())
+        return;
+    const int handle = heldHandle >= 0 ? heldHandle : open();
+    if (handle >= 0)
+        FolderTree::removeContents(handle);
+    // Only an empty folder is removed by its name, and only the one that was created.
+    if (!isInPlace())
+        return;
+    for (const QString &path : qAsConst(filesBeside))
+        unlink(QFile::encodeName(path).constData());
+    rmdir(QFile::encodeName(folderPath).constData());
+}
+
+bool ChunkFolder::isOurs(const struct stat &status) const
+{
+    return status.st_dev == device && status.st_ino == inode;
+}
+
+int ChunkFolder::open() const
+{
+    const int handle = exists() ? FolderTree::open(folderPath) : -1;
+    struct stat status = {};
+    if (handle < 0 || (fstat(handle, &status) == 0 && isOurs(status)))
+        return handle;
+    close(handle);
+    return -1;
+}
+
+bool ChunkFolder::isInPlace() const
+{
+    struct stat status = {};
+    return exists() && lstat(QFile::encodeName(folderPath).constData(), &status) == 0
+        && isOurs(status);
+}
+
+bool ChunkFolder::holds(const QString &fileName) const
+{
+    return exists() && QFileInfo(fileName).absolutePath() == folderPath;
+}
+
+QString ChunkFolder::chunkTemplate() const
+{
+    return folderPath + QLatin1String("/tmpData%1.dck");
+}
+
+QString ChunkFolder::chunkPath(quint32 number) const
+{
+    return fillChunkNumber(chunkTemplate(), number);
+}
+
+QString ChunkFolder::partialChunkTemplate(const QString &importName) const
+{
+    return folderPath + QLatin1Char('\\') + importName + QLatin1String("\\%1.dck");
+}
+
+void ChunkFolder::removeChunks()
+{
+    const int handle = open();
+    if (handle < 0)
+        return;
+    FolderTree::forEachEntry(handle, [handle](const char *name) {
+        if (std::strstr(name, "tmpData"))
+            unlinkat(handle, name, 0);
+    });
+}
+
+void ChunkFolder::addFileBeside(const QString &path)
+{
+    const QMutexLocker locker(&mutex);
+    filesBeside.insert(path);
+}
+
+QString fillChunkNumber(QString nameTemplate, quint32 number)
+{
+    const int placeholder = nameTemplate.lastIndexOf(QLatin1String("%1"));
+    if (placeholder < 0)
+        return nameTemplate;
+    return nameTemplate.replace(placeholder, 2, QString::number(number));
+}

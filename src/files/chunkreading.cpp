@@ -1,0 +1,112 @@
+#include "chunkreading.h"
+
+#include "boundeddevice.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace ChunkReading {
+
+namespace {
+
+class FrontReader
+{
+public:
+    FrontReader(QIODevice &device, const Bounds &bounds, Front &front)
+        : bounds(bounds), front(front), device(device, bounds.keepGoing), stream(&this->device)
+    {
+    }
+
+    Result read(ChunkFormat::BookmarkMap bookmarkMap);
+
+private:
+    template <typename Value> void readMap(QMap<unsigned int, Value> &map);
+    void limitNextItem()
+    {
+        device.setLimit(device.bytesRead() + std::max<qint64>(bounds.memory - front.memory, 0));
+    }
+
+    const Bounds &bounds;
+    Front &front;
+    BoundedDevice device;
+    QDataStream stream;
+};
+
+Result FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
+{
+    limitNextItem();
+    front.preamble = ChunkFormat::readPreamble(stream);
+    front.headerIsDamaged = stream.status() != QDataStream::Ok;
+    front.memory = device.bytesRead();
+    const quint32 version = front.preamble.version;
+    if (version > ChunkFormat::currentVersion)
+        return Result::NewerVersion;
+    if (version >= ChunkFormat::notesSince)
+        readMap(front.maps.notes);
+    if (version >= ChunkFormat::bookmarksSince && bookmarkMap == ChunkFormat::BookmarkMap::Read)
+        readMap(front.maps.bookmarks);
+    front.size = device.bytesRead();
+    if (device.isGivenUp())
+        return Result::GivenUp;
+    return device.limitReached() ? Result::TooLarge : Result::Done;
+}
+
+template <typename Value> void FrontReader::readMap(QMap<unsigned int, Value> &map)
+{
+    // What an entry takes besides its text: its node in the map, and the text's administration.
+    constexpr qint64 memoryPerEntry = 96;
+    const qint64 start = device.bytesRead();
+    QMultiMap<unsigned int, Value> read;
+    stream.resetStatus();
+    quint32 count = 0;
+    stream >> count;
+    for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        limitNextItem();
+        const qint64 entryStart = device.bytesRead();
+        unsigned int number = 0;
+        Value value;
+        stream >> number >> value;
+        read.insert(number, value);
+        front.memory += memoryPerEntry + device.bytesRead() - entryStart;
+    }
+    if (stream.status() == QDataStream::Ok) {
+        map = read;
+        return;
+    }
+    if (!front.mapsAreDamaged)
+        front.damagedMap = start;
+    front.mapsAreDamaged = true;
+}
+
+} // namespace
+
+Result readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap, const Bounds &bounds,
+                 Front &front)
+{
+    return FrontReader(device, bounds, front).read(bookmarkMap);
+}
+
+Result readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Records &records,
+                   bool &hasFdFrame, const std::function<bool()> &dropsCut)
+{
+    const int allowed =
+        int(qBound<qint64>(0, bounds.memory / qint64(sizeof(CAN::CanRxMessage)), INT_MAX / 2));
+    MessageList &messages = records.messages;
+    CAN::CanRxMessage message;
+    for (;;) {
+        const int turn = std::min(allowed, messages.size() + recordsBetweenTurns);
+        while (messages.size() < turn) {
+            if (!reader.next(message) || (reader.lastIsCut() && dropsCut && dropsCut()))
+                return Result::Done;
+            messages.append(message);
+            records.lines.insert(static_cast<unsigned char>(message.line));
+            hasFdFrame |= message.fdFrame;
+        }
+        if (messages.size() >= allowed)
+            return reader.next(message) ? Result::TooLarge : Result::Done;
+        if (!bounds.keepGoing())
+            return Result::GivenUp;
+    }
+}
+
+} // namespace ChunkReading

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "chunkformat.h"
+#include "lineset.h"
+#include "messagelist.h"
+
+#include <functional>
+
+/// Reading a whole chunk from any device within bounds. Plain functions; what is read is the
+/// caller's, and nothing but the device is changed.
+namespace ChunkReading {
+
+/// What reading may take.
+struct Bounds
+{
+    qint64 memory = 0;               ///< in bytes, about
+    std::function<bool()> keepGoing; ///< asked again and again; false gives the reading up
+};
+
+enum class Result { Done, NewerVersion, TooLarge, GivenUp };
+
+/// Everything in front of the records.
+struct Front
+{
+    ChunkFormat::Preamble preamble;
+    ChunkFormat::Maps maps;
+    qint64 memory = 0; ///< what the maps take, about
+    qint64 size = 0;   ///< in bytes of the file
+    bool headerIsDamaged = false;
+    bool mapsAreDamaged = false;
+    qint64 damagedMap = 0; ///< where the first damaged map begins, counted from the chunk's start
+};
+
+/// Reads over \a front, whose maps are as QDataStream's own operators read them: a map that is
+/// damaged or cut short is empty, and what follows is read from where its reading ended. Of a
+/// newer version no map is read.
+Result readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap, const Bounds &bounds,
+                 Front &front);
+
+/// What the records of chunks hold together.
+struct Records
+{
+    MessageList messages;
+    LineSet lines;
+};
+
+/// How many records may be read between two questions whether to go on.
+constexpr int recordsBetweenTurns = 100000;
+
+/// Adds the records to those that are there, which count for \a bounds as well. A last record
+/// that is cut short is added as far as it goes, unless \a dropsCut is set and returns true.
+/// Sets \a hasFdFrame where one of those added is a CAN FD frame.
+Result readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Records &records,
+                   bool &hasFdFrame, const std::function<bool()> &dropsCut = {});
+
+} // namespace ChunkReading

@@ -1,0 +1,77 @@
+#include "ownerlock.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// Between the opening and the locking somebody may have removed what was opened: the lock is then
+// on something that nobody else will ever find.
+bool isStillThere(int descriptor, const QByteArray &path)
+{
+    struct stat opened = {};
+    struct stat found = {};
+    return fstat(descriptor, &opened) == 0 && lstat(path.constData(), &found) == 0
+        && opened.st_dev == found.st_dev && opened.st_ino == found.st_ino;
+}
+
+} // namespace
+
+OwnerLock::~OwnerLock()
+{
+    if (!file.isEmpty())
+        QFile::remove(file);
+    release();
+}
+
+OwnerLock::State OwnerLock::lockFolder(const QString &path)
+{
+    return lock(path, O_RDONLY | O_DIRECTORY);
+}
+
+OwnerLock::State OwnerLock::lockByFile(const QString &path)
+{
+    constexpr int attempts = 100;
+    State state = Impossible;
+    for (int i = 0; i < attempts && state == Impossible; ++i) {
+        state = lock(path, O_RDWR | O_CREAT);
+        if (error != ENOENT)
+            break;
+    }
+    if (state == Held)
+        file = path;
+    return state;
+}
+
+OwnerLock::State OwnerLock::lock(const QString &path, int flags)
+{
+    const QByteArray name = QFile::encodeName(path);
+    descriptor = open(name.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600);
+    const bool locked = descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    error = locked ? 0 : errno;
+    if (locked && isStillThere(descriptor, name))
+        return Held;
+    if (locked)
+        error = ENOENT;
+    release();
+    return error == EWOULDBLOCK ? HeldByOther : Impossible;
+}
+
+void OwnerLock::release()
+{
+    if (descriptor >= 0)
+        close(descriptor);
+    descriptor = -1;
+}
+
+QString OwnerLock::errorText() const
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
