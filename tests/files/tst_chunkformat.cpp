@@ -12,7 +12,6 @@ private slots:
     void headerBytes();
     void recordBytes_data();
     void recordBytes();
-    void recordsCrossTheBordersOfBlocks();
 };
 
 void ChunkFormatTest::headerBytes()
@@ -91,37 +90,6 @@ void ChunkFormatTest::recordBytes()
     stream.device()->seek(0);
     CAN::CanRxMessage back;
     QVERIFY(ChunkFormat::readRecord(stream, back, version) && sameInChunk(back, message));
-}
-
-void ChunkFormatTest::recordsCrossTheBordersOfBlocks()
-{
-    constexpr int blockSize = 256 * 1024;
-    constexpr int largest = ChunkFormat::maxRecordSize;
-    for (int left = 0; left <= largest; ++left) {
-        // The last of these ends so many bytes before the border.
-        QVector<int> payloads((blockSize - left) / largest - 1, 64);
-        const int rest = blockSize - left - payloads.size() * largest;
-        payloads << rest / 2 - 25 << (rest + 1) / 2 - 25 << 64 << 64;
-        QByteArray expected(blockSize + 3 * largest, Qt::Uninitialized);
-        int size = 0;
-        QBuffer file;
-        file.open(QIODevice::ReadWrite);
-        ChunkFormat::RecordWriter writer(file, ChunkFormat::currentVersion);
-        for (int i = 0; i < payloads.size(); ++i) {
-            const CAN::CanRxMessage message = makeMessage(quint32(i), payloads.at(i));
-            size += ChunkFormat::encodeRecord(expected.data() + size, message,
-                                              ChunkFormat::currentVersion);
-            QVERIFY(writer.write(message));
-        }
-        QVERIFY(writer.flush() && file.data() == expected.left(size));
-        file.seek(0);
-        ChunkFormat::RecordReader reader(file, ChunkFormat::currentVersion);
-        CAN::CanRxMessage read;
-        for (int i = 0; i < payloads.size(); ++i)
-            QVERIFY(reader.next(read)
-                    && sameInChunk(read, makeMessage(quint32(i), payloads.at(i))));
-        QVERIFY(!reader.next(read) && !reader.lastIsCut() && reader.wholeRecords() == size);
-    }
 }
 
 QTEST_APPLESS_MAIN(ChunkFormatTest)
