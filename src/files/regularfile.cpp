@@ -29,12 +29,14 @@ bool RegularFile::openForReading()
 {
     const int handle = openWithoutWaiting(fileName());
     if (handle < 0) {
+        missing = errno == ENOENT;
         setErrorString(qt_error_string(errno));
         return false;
     }
     struct stat status = {};
-    if (fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
-        && open(handle, QIODevice::ReadOnly, AutoCloseHandle))
+    if (fstat(handle, &status) != 0)
+        setErrorString(qt_error_string(errno));
+    else if (S_ISREG(status.st_mode) && open(handle, QIODevice::ReadOnly, AutoCloseHandle))
         return true;
     ::close(handle);
     return false;

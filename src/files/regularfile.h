@@ -17,6 +17,9 @@ public:
     /// sources as a file, reading fails as soon as it would have to wait.
     bool openForReading();
 
+    /// Whether it could not be opened because there is none. What cannot be asked for is no proof.
+    bool isMissing() const { return missing; }
+
     /// What the user is told when reading has failed; empty when it has not.
     QString readErrorText() const;
 
@@ -26,4 +29,5 @@ protected:
 private:
     const QString name;
     QString readError;
+    bool missing = false;
 };
