@@ -1,7 +1,8 @@
 #!/bin/bash
 # Shows what the tests are worth: plants the faults of tests/planted one at a time into a copy of
 # the sources, builds and runs the tests that could see each of them, and prints which did.
-# plant.sh [NAME...]; all faults without a name. Takes some 20 seconds for each.
+# plant.sh [WORD...]; only the faults with one of the words in their names. Takes some 20 seconds for
+# each.
 #
 # A fault is "fault NAME", "file PATH" and "tests ROOM/SUBJECT...", then the lines of a piece of the
 # file behind "-" and those in place of it behind "+". The piece must be there exactly once.
@@ -61,11 +62,7 @@ run_tests() {
 
 # plant NAME: prints what becomes of the fault; 0 when a test finds it.
 plant() {
-    local file="$tree/${fileOf[$1]:-}" old="${oldOf[$1]:-}" content rest status=0
-    if [ ! -f "$file" ]; then
-        echo "is no fault"
-        return 1
-    fi
+    local file="$tree/${fileOf[$1]}" old="${oldOf[$1]}" content rest status=0
     content="$(<"$file")"
     rest="${content#*"$old"}"
     if [[ "$content" != *"$old"* || "$rest" == *"$old"* ]]; then
@@ -83,10 +80,11 @@ plant() {
 }
 
 read_faults < <(cat "$project"/tests/planted/*)
-[ $# -eq 0 ] || names=("$@")
+if [ $# -gt 0 ]; then
+    mapfile -t names < <(printf '%s\n' "${names[@]}" | grep -F "$(printf '%s\n' "$@")")
+fi
 quietly copy_sources
-every="$(printf '%s ' "${testsOf[@]}" | tr ' ' '\n' | sort -u | tr '\n' ' ')"
-if [ $# -eq 0 ] && ! run_tests $every; then
+if ! run_tests $(for name in "${names[@]}"; do echo ${testsOf[$name]}; done | tr ' ' '\n' | sort -u); then
     echo "The tests fail without any fault, see $work/test.log" >&2
     exit 1
 fi

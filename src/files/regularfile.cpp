@@ -28,14 +28,17 @@ RegularFile::RegularFile(const QString &fileName) : QFile(fileName), name(fileNa
 bool RegularFile::openForReading()
 {
     const int handle = openWithoutWaiting(fileName());
-    gone = handle < 0 && errno == ENOENT;
+    if (handle < 0) {
+        missing = errno == ENOENT;
+        setErrorString(qt_error_string(errno));
+        return false;
+    }
     struct stat status = {};
-    if (handle >= 0 && fstat(handle, &status) == 0 && S_ISREG(status.st_mode)
-        && open(handle, QIODevice::ReadOnly, AutoCloseHandle))
+    if (fstat(handle, &status) != 0)
+        setErrorString(qt_error_string(errno));
+    else if (S_ISREG(status.st_mode) && open(handle, QIODevice::ReadOnly, AutoCloseHandle))
         return true;
-    setErrorString(qt_error_string(errno));
-    if (handle >= 0)
-        ::close(handle);
+    ::close(handle);
     return false;
 }
 

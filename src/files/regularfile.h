@@ -17,8 +17,8 @@ public:
     /// sources as a file, reading fails as soon as it would have to wait.
     bool openForReading();
 
-    /// Whether it could not be opened because there is no such file.
-    bool isGone() const { return gone; }
+    /// Whether it could not be opened because there is none. What cannot be asked for is no proof.
+    bool isMissing() const { return missing; }
 
     /// What the user is told when reading has failed; empty when it has not.
     QString readErrorText() const;
@@ -29,5 +29,5 @@ protected:
 private:
     const QString name;
     QString readError;
-    bool gone = false;
+    bool missing = false;
 };

@@ -222,7 +222,7 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QS
     constexpr int defaultStrategy = 0;
     RegularFile file(info.filePath());
     if (!file.openForReading()) {
-        if (file.isGone())
+        if (file.isMissing())
             return Step::Done;
         readError = FileErrors::notRead(file.fileName(), file.errorString());
         return Step::Failed;

@@ -35,9 +35,9 @@ void TraceFixtures::import()
     QCOMPARE(dump.split(QLatin1Char('\n')), fixture.expected.split(QLatin1Char('\n')));
     // What is detected is what the folder is named after.
     const auto types = QMetaEnum::fromType<DatachunkHelper::ImportFileType>();
-    const QLatin1String found(types.valueToKey(fixture.type));
-    QVERIFY2(!fixture.isDetected || fixture.name.startsWith(found.left(7), Qt::CaseInsensitive),
-             found.data());
+    const QString found = QString(types.valueToKey(fixture.type)).toLower();
+    const QString folder = fixture.name.section('/', 0, 0);
+    QCOMPARE(fixture.isDetected ? found : folder, folder);
 }
 
 void TraceFixtures::aStreamGivesTheSame_data()

@@ -103,8 +103,13 @@ void judge(Scene &scene, const Operation &operation, const Fault &fault, bool me
     if (met && fault.call == Faults::Close && fault.effect > 0 && !operation.syncs
         && !scene.isTold())
         scene.complaints += QStringLiteral("nothing is told");
-    if (!scene.store || operation.isDone(scene))
+    if (!scene.store)
         return;
+    if (operation.isDone(scene)) {
+        if (met && fault.call == Faults::Sync && fault.at == 1 && !isHarmless(fault))
+            scene.complaints += QStringLiteral("done, although it may not be on the disk");
+        return;
+    }
     const bool opensNothing =
         isAnyOf(fault.call, {Faults::Open, Faults::Mkdir, Faults::Stat, Faults::Handle});
     if (!met || isHarmless(fault))
