@@ -182,11 +182,10 @@ void DatachunkHandlerPrivate::showMerged(ChunkArchive::Merged &merged)
         for (const unsigned char line : seen)
             lines.insert(line);
         q->resetLinePositions();
-        const QMutexLocker notesLocker(&notesLock);
-        notes = std::move(merged.notes);
+        notes.show(std::move(merged.notes));
     }
     if (merged.hasBookmarkMap)
-        setBookmarks(merged.bookmarks);
+        notes.showBookmarks(merged.bookmarks);
 }
 
 void DatachunkHandlerPrivate::reportFailure(const Outcome &outcome)

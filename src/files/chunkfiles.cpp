@@ -8,7 +8,6 @@
 #include "fileerrors.h"
 #include "regularfile.h"
 
-#include <QMutexLocker>
 #include <QWriteLocker>
 
 #include <utility>
@@ -83,10 +82,8 @@ void DatachunkHandlerPrivate::takeChunk(ChunkLoad &load, BookmarkMap bookmarkMap
 {
     const quint32 version = load.front.preamble.version;
     setCurrentChunkVersion(version);
-    if (version >= ChunkFormat::notesSince) {
-        const QMutexLocker locker(&notesLock);
-        notes = std::move(load.front.maps.notes);
-    }
+    if (version >= ChunkFormat::notesSince)
+        notes.show(std::move(load.front.maps.notes));
     {
         const QWriteLocker locker(&lock);
         pagedMessages = std::move(load.records.messages);
@@ -96,7 +93,7 @@ void DatachunkHandlerPrivate::takeChunk(ChunkLoad &load, BookmarkMap bookmarkMap
         lines.insert(line);
     const QPointer<DatachunkHandler> store(q);
     if (version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
-        setBookmarks(load.front.maps.bookmarks);
+        notes.showBookmarks(load.front.maps.bookmarks);
     if (store)
         emit q->chunkContainsFdMessage(load.hasFdFrame);
     if (store)

@@ -17,8 +17,8 @@ SharedSaveJob DatachunkHandlerPrivate::newJob(DatachunkHelper::SavedMessageType 
     job->type = type;
     job->fileName = fileName;
     job->isPrivate = chunkFolder.holds(fileName);
-    job->notes = savingNotes;
-    job->bookmarks = savingBookmarks;
+    job->notes = exportMarks.notes;
+    job->bookmarks = exportMarks.bookmarks;
     return job;
 }
 
@@ -207,7 +207,7 @@ void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QSt
         emit newErrorMessage(tr("No filename specified."));
         return;
     }
-    d->savingNotes = d->liveNotes();
+    d->exportMarks.notes = d->notes.live().notes;
     saveMessagesToFile(saveFileName, DatachunkHelper::CurrentMessages, {}, firstMessage,
                        lastMessage);
 }
@@ -224,9 +224,10 @@ void DatachunkHandler::exportMessages(QString fileName, DatachunkHelper::ExportO
         return;
     }
     const bool withNotes = expOptions.testFlag(DatachunkHelper::ExportWithNotes);
-    d->savingNotes = withNotes ? d->liveNotes() : ChunkFormat::Notes();
-    if (d->bookmarkHandler)
-        d->savingBookmarks = d->liveBookmarks();
+    TraceNotes::Marks live = d->notes.live();
+    d->exportMarks.notes = withNotes ? live.notes : Notes();
+    if (d->notes.hasBookmarks())
+        d->exportMarks.bookmarks = live.bookmarks;
     saveMessagesToFile(fileName, DatachunkHelper::CurrentMessages, messagesToExport, 0, 0);
 }
 

@@ -11,7 +11,6 @@
 
 #include <QDebug>
 #include <QFileInfo>
-#include <QMutexLocker>
 #include <QWriteLocker>
 
 #include <utility>
@@ -189,7 +188,7 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
     emit q->informAboutClearStart();
     if (!run.goesOn())
         return run.storeExists() && endCancelledImport();
-    const SharedSaveJob job = save ? savePagedMessages(notesInView()) : SharedSaveJob();
+    const SharedSaveJob job = save ? savePagedMessages(notes.shown()) : SharedSaveJob();
     {
         const QWriteLocker locker(&lock);
         view = View::Paged;
@@ -204,20 +203,6 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
     return run.goesOn();
 }
 
-ChunkFormat::Notes DatachunkHandlerPrivate::notesOf(const MessageList &messages) const
-{
-    const QMutexLocker locker(&notesLock);
-    ChunkFormat::Notes found;
-    for (int i = 0; i < messages.size() && !notes.isEmpty(); ++i) {
-        const auto note = notes.constFind(messages.at(i).messageNumber);
-        if (note != notes.constEnd())
-            found.insert(note.key(), note.value());
-    }
-    return found;
-}
-
-// Where backslashes part no folders, the name of a part holds those of the folder and the import,
-// and must not grow beyond what a file system takes.
 QString DatachunkHandlerPrivate::partName() const
 {
     constexpr int rest = 2 + 10 + 4; // "\\" twice, a number, ".dck"
@@ -255,7 +240,7 @@ bool DatachunkHandlerPrivate::makeRoomForImported()
         return false;
     lastPartialSave.reset();
     if (chunkSaver.budget() != 0)
-        lastPartialSave = savePagedMessages(notesOf(pagedMessages));
+        lastPartialSave = savePagedMessages(notes.of(pagedMessages));
     const QWriteLocker locker(&lock);
     pagedMessages.clear();
     return true;

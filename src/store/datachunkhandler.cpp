@@ -2,7 +2,6 @@
 
 #include "datachunkhandler_p.h"
 
-#include <QMutexLocker>
 #include <QReadLocker>
 #include <QWriteLocker>
 
@@ -27,7 +26,7 @@ DatachunkHandler::~DatachunkHandler()
 void DatachunkHandler::setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler)
 {
     const QWriteLocker locker(&d->lock);
-    d->bookmarkHandler = bookmarkHandler;
+    d->notes.setBookmarkHandler(bookmarkHandler);
 }
 
 void DatachunkHandler::setMaximumHDDSpace(unsigned int space)
@@ -89,8 +88,7 @@ void DatachunkHandler::appendCanMessage(CAN::CanRxMessage message)
             rotated = true;
         }
         d->numberAndAppendLocked(message);
-        if (d->noteForNextMessagePending)
-            d->attachPendingNoteLocked(message.messageNumber);
+        d->notes.attachToNext(message.messageNumber);
         lineIsNew = d->view == DatachunkHandlerPrivate::View::Live && d->insertLine(message);
     }
     if (rotated)

@@ -2,9 +2,7 @@
 
 #include "fileerrors.h"
 
-#include <QMutexLocker>
 #include <QReadLocker>
-#include <QTime>
 #include <QWriteLocker>
 
 #include <utility>
@@ -58,9 +56,11 @@ void DatachunkHandlerPrivate::rotateLocked()
     job->fileName = chunkFolder.chunkTemplate();
     job->messages = liveMessages;
     job->endPosition = quint32(liveMessages.size());
-    takeLiveNotesLocked(*job);
+    TraceNotes::Marks marks = notes.takeLive();
+    job->notes = marks.notes;
+    job->bookmarks = marks.bookmarks;
     if (chunkSaver.saves() && !withinMemory([&] { chunkSaver.add(job); })) {
-        giveBackLiveNotesLocked(*job);
+        notes.giveBackLive(marks);
         throw std::bad_alloc();
     }
     rotatedBuffer = std::exchange(liveMessages, {});
@@ -102,13 +102,7 @@ MessageList DatachunkHandlerPrivate::clearLocked()
     rotatedBuffer.clear();
     if (view == View::RotatedBuffer)
         view = View::Live;
-    if (bookmarkHandler)
-        bookmarkHandler->clearBookmarks();
-    const QMutexLocker locker(&notesLock);
     notes.clear();
-    // What was set aside belongs to messages that are gone now, and their numbers come again.
-    liveNotesBackup.clear();
-    liveBookmarksBackup.clear();
     return std::exchange(liveMessages, {});
 }
 
@@ -126,9 +120,7 @@ void DatachunkHandlerPrivate::showLive()
         // A slot may have been faster, and what was set aside is to be brought back once.
         if (isLive)
             return;
-        const QMutexLocker notesLocker(&notesLock);
-        notes = std::exchange(liveNotesBackup, {});
-        setBookmarks(std::exchange(liveBookmarksBackup, {}));
+        notes.bringBack();
         lines.clear();
         view = View::Live;
         unused = std::exchange(pagedMessages, {});
@@ -155,13 +147,7 @@ void DatachunkHandlerPrivate::leaveLiveModeLocked()
 {
     pagedMessages.clear();
     lastError = DatachunkHandler::tr("Unknown import error");
-    if (isLive) {
-        const QMutexLocker notesLocker(&notesLock);
-        liveNotesBackup = std::exchange(notes, {});
-        liveBookmarksBackup = bookmarks();
-    } else if (bookmarkHandler) {
-        bookmarkHandler->clearBookmarks();
-    }
+    notes.setAside();
     if (view == View::Paged)
         view = View::Nothing;
     isLive = false;
@@ -174,73 +160,4 @@ void DatachunkHandlerPrivate::forgetRotatedBuffer()
     const QWriteLocker locker(&lock);
     if (view != View::RotatedBuffer)
         unused = std::exchange(rotatedBuffer, {});
-}
-
-void DatachunkHandlerPrivate::takeLiveNotesLocked(SaveJob &job)
-{
-    const QMutexLocker locker(&notesLock);
-    if (isLive) {
-        job.notes = std::exchange(notes, {});
-        if (bookmarkHandler)
-            job.bookmarks = bookmarkHandler->takeBookmarks();
-    } else {
-        job.notes = std::exchange(liveNotesBackup, {});
-        job.bookmarks = std::exchange(liveBookmarksBackup, {});
-    }
-}
-
-void DatachunkHandlerPrivate::giveBackLiveNotesLocked(SaveJob &job)
-{
-    const QMutexLocker locker(&notesLock);
-    (isLive ? notes : liveNotesBackup) = std::exchange(job.notes, {});
-    if (!isLive)
-        liveBookmarksBackup = std::exchange(job.bookmarks, {});
-    else
-        setBookmarks(std::exchange(job.bookmarks, {}));
-}
-
-void DatachunkHandlerPrivate::attachPendingNoteLocked(quint32 number)
-{
-    const QMutexLocker locker(&notesLock);
-    if (!noteForNextMessagePending.exchange(false))
-        return;
-    const QString note =
-        noteForNextMessage.arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss.zzz")));
-    (isLive ? notes : liveNotesBackup).insert(number, note);
-}
-
-void DatachunkHandlerPrivate::setBookmarks(const ChunkFormat::Bookmarks &bookmarks)
-{
-    if (bookmarkHandler)
-        bookmarkHandler->setBookmarks(bookmarks);
-}
-
-ChunkFormat::Bookmarks DatachunkHandlerPrivate::bookmarks() const
-{
-    return bookmarkHandler ? bookmarkHandler->copyOfBookmarks() : ChunkFormat::Bookmarks();
-}
-
-ChunkFormat::Notes DatachunkHandlerPrivate::liveNotes() const
-{
-    const QMutexLocker locker(&notesLock);
-    ChunkFormat::Notes copy = isLive ? notes : liveNotesBackup;
-    copy.detach();
-    return copy;
-}
-
-ChunkFormat::Bookmarks DatachunkHandlerPrivate::liveBookmarks() const
-{
-    const QMutexLocker locker(&notesLock);
-    ChunkFormat::Bookmarks copy = isLive ? bookmarks() : liveBookmarksBackup;
-    copy.detach();
-    return copy;
-}
-
-ChunkFormat::Notes DatachunkHandlerPrivate::notesInView() const
-{
-    const QMutexLocker locker(&notesLock);
-    // Qt's maps count who shares them, without ordering what they did with it before.
-    ChunkFormat::Notes copy = notes;
-    copy.detach();
-    return copy;
 }

@@ -13,6 +13,7 @@
 #include "pooltasks.h"
 #include "regularfile.h"
 #include "taskqueue.h"
+#include "tracenotes.h"
 
 #include <QMutex>
 #include <QPointer>
@@ -63,20 +64,6 @@ public:
     void showLive();
     /// Stops keeping the rotated buffer once it is not shown any more. Takes the lock.
     void forgetRotatedBuffer();
-
-    // Notes and bookmarks.
-    void takeLiveNotesLocked(SaveJob &job);
-    void giveBackLiveNotesLocked(SaveJob &job);
-    void attachPendingNoteLocked(quint32 number);
-    void setBookmarks(const ChunkFormat::Bookmarks &bookmarks);
-    ChunkFormat::Bookmarks bookmarks() const;
-    ChunkFormat::Notes notesInView() const;
-    /// The notes on the messages of a list in view.
-    ChunkFormat::Notes notesOf(const MessageList &messages) const;
-
-    /// The notes and bookmarks on the live messages, whatever is shown.
-    ChunkFormat::Notes liveNotes() const;
-    ChunkFormat::Bookmarks liveBookmarks() const;
 
     // Saving.
     /// A job with the notes and bookmarks that are set aside for exports.
@@ -150,6 +137,7 @@ public:
 
     // Constant after construction, or safe to use from any thread by themselves.
     LineSet lines;
+    TraceNotes notes;
     PoolTasks poolTasks;
     // Rotations must find a free thread in the global pool, however long archives take.
     TaskQueue archives;
@@ -177,23 +165,13 @@ public:
     MessageList pagedMessages; // without the lock while it is not shown, application thread only
     quint32 nextMessageNumber = 0;
     quint32 droppedMessageCount = 0;
-    QPointer<BookmarkHandler> bookmarkHandler; // set by the application thread only
     QString zipFileName;
-
-    // Guarded by notesLock, which is taken last of all and never held during a call outside.
-    mutable QMutex notesLock;
-    ChunkFormat::Notes notes;
-    ChunkFormat::Notes liveNotesBackup;
-    ChunkFormat::Bookmarks liveBookmarksBackup;
-    std::atomic<bool> noteForNextMessagePending{false};
-    QString noteForNextMessage;
 
     // Application thread only.
     QString fileToLoad;
     QString loadedFileName;
     QString lastError;
-    ChunkFormat::Notes savingNotes; // what the next export carries
-    ChunkFormat::Bookmarks savingBookmarks;
+    TraceNotes::Marks exportMarks; // what the next export carries
     bool zipAfterSaving = false;
     quint32 packRequests = 0; // rises with every setZipAfterSaving
     SharedSaveJob lastPartialSave;
