@@ -24,9 +24,10 @@ bool isDots(const char *name)
 
 } // namespace
 
-int open(const QString &path)
+int open(const QString &path, Link link)
 {
-    return ::open(QFile::encodeName(path).constData(), asFolder | O_NOFOLLOW);
+    const int noLink = link == Link::Refused ? O_NOFOLLOW : 0;
+    return ::open(QFile::encodeName(path).constData(), asFolder | noLink);
 }
 
 bool forEachEntry(int handle, const std::function<void(const char *)> &act)
