@@ -11,7 +11,6 @@
 
 #include <QDebug>
 #include <QFileInfo>
-#include <QWriteLocker>
 
 #include <utility>
 
@@ -163,7 +162,7 @@ bool DatachunkHandlerPrivate::failImport()
     const QPointer<DatachunkHandler> store(q);
     q->informAboutLastError();
     if (store)
-        emit q->informAboutCleared(isLive);
+        emit q->informAboutCleared(trace.isLive());
     return store && endCancelledImport();
 }
 
@@ -175,10 +174,10 @@ void DatachunkHandlerPrivate::reportNothingImported()
 
 bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
 {
-    forgetRotatedBuffer();
+    trace.dropRotated();
     lastPartialSave.reset();
-    if (pagedMessages.isEmpty()) {
-        emit q->informAboutCleared(isLive);
+    if (!trace.hasPaged()) {
+        emit q->informAboutCleared(trace.isLive());
         if (run.storeExists())
             q->goLive();
         if (run.storeExists())
@@ -189,17 +188,13 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
     if (!run.goesOn())
         return run.storeExists() && endCancelledImport();
     const SharedSaveJob job = save ? savePagedMessages(notes.shown()) : SharedSaveJob();
-    {
-        const QWriteLocker locker(&lock);
-        view = View::Paged;
-        rotatedBuffer.clear();
-    }
+    trace.showPaged();
     if (job && !run.waitFor(job))
         return run.storeExists() && endCancelledImport();
     q->updateLines();
-    emit q->informAboutCleared(isLive);
+    emit q->informAboutCleared(trace.isLive());
     if (run.goesOn())
-        emit q->liveModeChanged(isLive);
+        emit q->liveModeChanged(trace.isLive());
     return run.goesOn();
 }
 
@@ -217,16 +212,12 @@ SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Note
     const auto job = std::make_shared<SaveJob>();
     job->type = DatachunkHelper::PartialBuffer;
     job->isPrivate = true;
-    job->messages = pagedMessages;
-    job->endPosition = quint32(pagedMessages.size());
+    job->messages = trace.paged();
+    job->endPosition = quint32(job->messages.size());
     job->notes = messageNotes;
     job->importName = loadedFileName;
     job->fileName = chunkFolder.partialChunkTemplate(partName());
-    {
-        // The number belongs to a trace, which clearing ends under the lock.
-        const QWriteLocker locker(&lock);
-        chunkSaver.add(job);
-    }
+    chunkSaver.add(job);
     chunkFolder.addFileBeside(job->fileName);
     chunkSaver.start();
     return job;
@@ -240,33 +231,26 @@ bool DatachunkHandlerPrivate::makeRoomForImported()
         return false;
     lastPartialSave.reset();
     if (chunkSaver.budget() != 0)
-        lastPartialSave = savePagedMessages(notes.of(pagedMessages));
-    const QWriteLocker locker(&lock);
-    pagedMessages.clear();
+        lastPartialSave = savePagedMessages(notes.of(trace.paged()));
+    trace.setPaged({});
     return true;
 }
 
 bool DatachunkHandlerPrivate::addImported(const CAN::CanRxMessage &message)
 {
-    if (bufferIsFull(pagedMessages) && !makeRoomForImported())
+    if (trace.pagedIsFull() && !makeRoomForImported())
         return false;
-    insertLine(message);
-    // Nobody else looks at the list before it is shown, and only this thread shows it.
-    if (view != View::Paged) {
-        pagedMessages.append(message);
-        return true;
-    }
-    const QWriteLocker locker(&lock);
-    pagedMessages.append(message);
+    trace.addPaged(message);
     return true;
 }
 
 void DatachunkHandlerPrivate::takeImported(MessageList messages)
 {
+    LineSet lines;
     for (int i = 0; i < messages.size(); ++i)
-        insertLine(messages.at(i));
-    const QWriteLocker locker(&lock);
-    pagedMessages = std::move(messages);
+        lines.insert(static_cast<unsigned char>(messages.at(i).line));
+    trace.addLines(lines);
+    trace.setPaged(std::move(messages));
 }
 
 bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)

@@ -63,7 +63,7 @@ bool WholeTraceSink::message(const CAN::CanRxMessage &message)
 {
     if (checked)
         return StoreSink::message(message);
-    if (store.bufferIsFull(heldBack)) {
+    if (store.trace.isFull(heldBack)) {
         checked = true;
         CheckingSink sink(run);
         checkResult = readTraceFile(request, sink);
@@ -84,7 +84,7 @@ ReadResult WholeTraceSink::finish(const ReadResult &result)
 
 bool WholeTraceSink::deliver()
 {
-    if (store.pagedMessages.isEmpty()) {
+    if (!store.trace.hasPaged()) {
         store.takeImported(std::move(heldBack));
         return true;
     }
