@@ -1,12 +1,8 @@
 #include "archives.h"
 #include "chunkmerge.h"
 #include "chunkunpack.h"
-#include "memorylimit.h"
 #include "peakmemory.h"
 #include "storefixture.h"
-
-#include <quazip.h>
-#include <quazipfileinfo.h>
 
 #include <QtTest>
 
@@ -44,10 +40,6 @@ private slots:
     void notesAreMergedAsTheyAreLoaded();
     void workGrowsWithTheEntriesOnly();
     void tooManyEntriesAreRefused();
-    void memoryOfControlGroupsCounts();
-    void packingCanBeGivenUp();
-    void namesAreMarkedAsUtf8WhereTheyNeedIt();
-    void aLinkIsPackedAsTheFileBehindIt();
 
 private:
     QString zip() const { return folder->filePath(QStringLiteral("trace.zip")); }
@@ -377,77 +369,6 @@ void TestArchives::tooManyEntriesAreRefused()
     writeFile(zip(), withManyClaimedEntries(one, limit + 1));
     QCOMPARE(mergedNumbers(Outcome::TooLarge), QVector<quint32>());
     QCOMPARE(unpackedNames(zip(), Outcome::TooLarge), QStringList());
-}
-
-void TestArchives::memoryOfControlGroupsCounts()
-{
-    const auto limit = [this](const char *groups, const QMap<QString, QByteArray> &limits) {
-        const QDir root(folder->filePath(QStringLiteral("root")));
-        QDir(root).removeRecursively();
-        root.mkpath("proc/self");
-        writeFile(root.filePath("proc/self/cgroup"), groups);
-        for (auto file = limits.begin(); file != limits.end(); ++file) {
-            root.mkpath("sys/fs/cgroup/" + QFileInfo(file.key()).path());
-            writeFile(root.filePath("sys/fs/cgroup/" + file.key()), file.value());
-        }
-        return MemoryLimit::ofControlGroups(root.path());
-    };
-    constexpr qint64 none = std::numeric_limits<qint64>::max();
-    const char *const version2 = "0::/a/b\n";
-    const char *const version1 = "3:cpu,memory:/a\n0::/c\n";
-    QCOMPARE(limit(version2, {{"a/b/memory.max", "max\n"}}), none);
-    QCOMPARE(limit(version2, {{"a/memory.max", "20\n"}, {"a/b/memory.max", "30\n"}}), qint64(20));
-    QCOMPARE(limit("0::/outside\n", {{"memory.max", "40\n"}}), qint64(40));
-    QCOMPARE(limit(version1, {{"memory/a/memory.limit_in_bytes", "50\n"}}), qint64(50));
-    QCOMPARE(limit(version1, {{"memory/c/memory.limit_in_bytes", "50\n"}}), none);
-}
-
-void TestArchives::packingCanBeGivenUp()
-{
-    const QFileInfo source(chunks().filePath("large"));
-    writeFile(source.filePath(), QByteArray(3 << 20, 'x'));
-    writeFile(zip(), "old");
-    int steps = 0;
-    QVERIFY(!Zip::packFiles(zip(), {source}, [&] { return ++steps <= 3; }).packed);
-    QCOMPARE(steps, 4);
-    QCOMPARE(readFile(zip()), "old");
-    QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
-}
-
-void TestArchives::aLinkIsPackedAsTheFileBehindIt()
-{
-    const QFileInfo source(chunks().filePath("source"));
-    const QFileInfo link(chunks().filePath("link.dck"));
-    writeFile(source.filePath(), "content");
-    QVERIFY(QFile::link(source.filePath(), link.filePath()));
-    // A file that is gone by now is passed over.
-    const QFileInfo gone(chunks().filePath("gone"));
-    QVERIFY(Zip::packFiles(zip(), {gone, link}, always).packed);
-    QuaZip archive(zip());
-    QuaZipFileInfo64 info;
-    QVERIFY(archive.open(QuaZip::mdUnzip) && archive.goToFirstFile());
-    QVERIFY(archive.getCurrentFileInfo(&info));
-    QCOMPARE(archive.getFileNameList(), QStringList("link.dck"));
-    QVERIFY(!info.isSymbolicLink());
-}
-
-void TestArchives::namesAreMarkedAsUtf8WhereTheyNeedIt()
-{
-    QFileInfoList files;
-    for (const QString &name : {QStringLiteral("f\u00fcr.dck"), QStringLiteral("fur.dck")}) {
-        files.append(QFileInfo(chunks().filePath(name)));
-        writeFile(files.last().filePath(), "content");
-    }
-    QVERIFY(Zip::packFiles(zip(), files, always).packed);
-    const QByteArray archive = readFile(zip());
-    QCOMPARE(archive.count("f\xc3\xbcr.dck"), 2);
-    // The flags are the fourth field in front of the content and the fifth in the directory.
-    constexpr char mark = 8; // in the flags' second byte
-    int at = -1;
-    for (const char expected : {mark, '\0'})
-        QCOMPARE(archive.at((at = archive.indexOf("PK\x03\x04", at + 1)) + 7) & mark, +expected);
-    for (const char expected : {mark, '\0'})
-        QCOMPARE(archive.at((at = archive.indexOf("PK\x01\x02", at + 1)) + 9) & mark, +expected);
 }
 
 QTEST_GUILESS_MAIN(TestArchives)
