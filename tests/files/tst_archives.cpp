@@ -93,14 +93,15 @@ void TestArchives::chunksAreOrdered_data()
     QTest::addColumn<QStringList>("entries"); // name, start, message number and what is damaged
     QTest::addColumn<QVector<quint32>>("merged");
     QTest::addColumn<QStringList>("unpacked");
+    QTest::addColumn<int>("told"); // sentences about the merge
     const auto row = [](const char *what, const QStringList &entries,
-                        const QVector<quint32> &merged, const QStringList &unpacked) {
-        QTest::newRow(what) << entries << merged << unpacked;
+                        const QVector<quint32> &merged, const QStringList &unpacked, int told = 0) {
+        QTest::newRow(what) << entries << merged << unpacked << told;
     };
     row("starts are numbers, not texts", {"c.dck 100.0 3", "a.dck 3.0 1", "b.dck 20.5 2"},
         {1, 2, 3}, {"a.dck", "b.dck", "c.dck"});
     row("of equal starts the later is merged and both are unpacked",
-        {"b.dck 0.0 1", "x.dck 5.0 2", "a.dck 0.0 3"}, {3, 2}, {"b.dck", "a.dck", "x.dck"});
+        {"b.dck 0.0 1", "x.dck 5.0 2", "a.dck 0.0 3"}, {3, 2}, {"b.dck", "a.dck", "x.dck"}, 1);
     row("equal names are different chunks", {"a.dck 2.0 2", "a.dck 1.0 1"}, {1, 2},
         {"a.dck", "a_2.dck"});
     row("other entries are passed over, whatever their case",
@@ -108,13 +109,13 @@ void TestArchives::chunksAreOrdered_data()
     row("a start that is no number counts as 0", {"a.dck 1.0 1", "b.dck nan 2"}, {2, 1},
         {"b.dck", "a.dck"});
     row("a wrong checksum displaces no earlier chunk", {"a.dck 0.0 1", "b.dck 0.0 2 checksum"}, {1},
-        {"a.dck", "b.dck"});
+        {"a.dck", "b.dck"}, 2);
     row("where all are damaged the last is taken",
         {"a.dck 0.0 1 checksum", "b.dck 0.0 2 checksum", "c.dck 3.0 3"}, {2, 3},
-        {"a.dck", "b.dck", "c.dck"});
+        {"a.dck", "b.dck", "c.dck"}, 3);
     row("chunks without a header come last, and none is left out",
         {"a.dck 0.0 0 header", "b.dck 2.0 2", "c.dck 0.0 0 header", "d.dck 0.0 1"}, {1, 2},
-        {"d.dck", "b.dck", "a.dck", "c.dck"});
+        {"d.dck", "b.dck", "a.dck", "c.dck"}, 2);
     row("chunks in folders are merged and not unpacked", {"f/b.dck 2.0 2", "f/g/a.dck 1.0 1"},
         {1, 2}, {});
 }
@@ -137,6 +138,7 @@ void TestArchives::chunksAreOrdered()
     }
     writeFile(zip(), archive);
     QTEST(mergedNumbers(), "merged");
+    QTEST(toldOfMerge.size(), "told");
     QTEST(unpackedNames(zip()), "unpacked");
 }
 
