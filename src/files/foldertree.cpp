@@ -1,5 +1,7 @@
 #include "foldertree.h"
 
+#include "uninterrupted.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -26,7 +28,8 @@ bool isDots(const char *name)
 
 int open(const QString &path)
 {
-    return ::open(QFile::encodeName(path).constData(), asFolder | O_NOFOLLOW);
+    const QByteArray name = QFile::encodeName(path);
+    return uninterrupted([&name] { return ::open(name.constData(), asFolder | O_NOFOLLOW); });
 }
 
 bool forEachEntry(int handle, const std::function<void(const char *)> &act)
@@ -71,7 +74,8 @@ void removeContents(int handle)
     forEachEntry(handle, [handle](const char *name) {
         if (unlinkat(handle, name, 0) == 0)
             return;
-        const int inner = openat(handle, name, asFolder | O_NOFOLLOW);
+        const int inner =
+            uninterrupted([&] { return openat(handle, name, asFolder | O_NOFOLLOW); });
         if (inner >= 0)
             removeContents(inner);
         unlinkat(handle, name, AT_REMOVEDIR);
