@@ -161,8 +161,12 @@ void ChunkSaver::State::work()
     if (!beginWork())
         return;
     while (const SharedSaveJob job = nextJob()) {
-        if (!withinMemory([&] { run(job); }))
+        const auto reportLack = [&] {
             report({*job, {SaveOutcome::NotOpened, {}, qt_error_string(ENOMEM)}});
+        };
+        // Whoever waits for the job must not wait for ever, whether or not the report finds room.
+        if (!withinMemory([&] { run(job); }))
+            withinMemory(reportLack);
         job->markFinished();
     }
     // The C library would keep what was freed for a store that may never again need as much.

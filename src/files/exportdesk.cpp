@@ -74,7 +74,8 @@ void ExportDesk::run(const SharedSaveJob &job, Lane &lane)
     SaveOutcome outcome;
     if (!withinMemory([&] { outcome = save(*job); }))
         outcome = {SaveOutcome::NotOpened, {}, qt_error_string(ENOMEM)};
-    tell({*job, outcome});
+    // Whoever waits for the job must not wait for ever, whether or not the report finds room.
+    withinMemory([&] { tell({*job, outcome}); });
     end(job, lane);
 }
 

@@ -276,6 +276,14 @@ bool DatachunkHandlerPrivate::addImported(const CAN::CanRxMessage &message)
     return true;
 }
 
+void DatachunkHandlerPrivate::takeImported(MessageList messages)
+{
+    for (int i = 0; i < messages.size(); ++i)
+        insertLine(messages.at(i));
+    const QWriteLocker locker(&lock);
+    pagedMessages = std::move(messages);
+}
+
 bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)
 {
     d->addImported(msg);

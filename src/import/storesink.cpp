@@ -4,6 +4,8 @@
 
 #include <QMutexLocker>
 
+#include <utility>
+
 namespace {
 
 // Takes nothing, but lets the application work meanwhile.
@@ -86,6 +88,10 @@ ReadResult WholeTraceSink::finish(const ReadResult &result)
 
 bool WholeTraceSink::deliver()
 {
+    if (store.pagedMessages.isEmpty()) {
+        store.takeImported(std::move(heldBack));
+        return true;
+    }
     for (; !heldBack.isEmpty(); heldBack.removeFirst()) {
         if (!StoreSink::message(heldBack.at(0)))
             return false;

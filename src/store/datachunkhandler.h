@@ -147,20 +147,26 @@ public:
     /// \a milliseconds; for ever when that is negative. False when the time was too short. The
     /// reports are then on their way to the store's thread. Any thread.
     bool waitForSaves(int milliseconds = -1);
+    // Reading turns the event loop every 100000 messages, as an import does, with what is said
+    // there. A file that is damaged, or ends early, is read as far as it goes and told of by one
+    // newErrorMessage. What would take more than half of the memory is refused as too many
+    // messages.
+
     /// Adds the messages of a chunk file to the browsing list and takes over its notes and
-    /// bookmarks. False, and nothing changes, when it cannot be opened; a newer version is
-    /// reported and leads back to live mode.
+    /// bookmarks. False, and nothing changes, when it cannot be opened or the reading is cancelled;
+    /// a newer version and too many messages are reported and lead back to live mode.
     bool loadDckFile(QString fileName);
     /// The same, but never reads the bookmarks, so that those of a version 104 file are taken
-    /// for the beginning of its first record.
+    /// for the beginning of its first record. What that leads to may be told as damage.
     bool appendDckFile(QString fileName);
     /// Shows rotated chunk \a number, from memory where its file is not complete yet. Notes and
     /// bookmarks made on its messages are gone when another list is shown. Always returns true.
     bool loadDataFromFile(int number);
     /// Cuts a chunk file into parts of \a messagesPerFile messages, numbered from 0 across the
-    /// parts, in a folder "..._splitted" beside it. The last part stays open as the continuous
-    /// output. False when the file cannot be read, is of a newer version or a part cannot be
-    /// created, and for parts of 0 messages.
+    /// parts, in a folder "..._splitted" beside it. The last part takes the place of the
+    /// continuous output, which is finished before the first one, and stays open as that. False
+    /// when the file cannot be read, is of a newer version or a part cannot be created, when the
+    /// splitting is cancelled, and for parts of 0 messages.
     bool splitFile(QString fileName, unsigned int messagesPerFile);
 
     bool createContinuousOutputFile(QString fileName);
@@ -179,17 +185,23 @@ public:
     /// the archive is in its place. On failure, or when the messages are cleared meanwhile, an
     /// earlier archive stays as it is; nothing is reported when it could not even be begun.
     void saveDatachunksToZip();
-    /// Adds the chunks of an archive by their start in seconds, of equal ones the last.
+    // Entries that are damaged or left out are told of by newErrorMessage, one by one up to 20 and
+    // then by their number, and so are archives of more than 100000 entries, which are not read.
+
+    /// Adds the chunks of an archive, in whatever folder, by their start in seconds; of equal ones
+    /// the last that is not damaged. Chunks without a readable header are left out. Tells nothing.
     void sortZipFile(QString zipName, QMap<double, QString> &order);
     /// Shows the messages of all chunks of an archive as one list, ordered by the chunks' starts,
-    /// and leaves live mode. False, and back in live mode, when nothing could be read. Called on
-    /// the store's thread, it returns when the list is shown; from another thread, when it is
-    /// read. What the user does meanwhile (goLive, clearing, loading) wins.
+    /// and leaves live mode. Of equal starts only one chunk is taken, as above. False, and back in
+    /// live mode, when nothing could be read. Called on the store's thread, it returns when the
+    /// list is shown; from another thread, when it is read. What the user does meanwhile (goLive,
+    /// clearing, loading) wins.
     bool loadZipMerged(QString zipName);
     /// The same in the background.
     void importZipAndMerge(QString zipName);
-    /// Unpacks the chunks of an archive into a folder of their own below the chunk folder, with
-    /// newZippedFile for each and zipFileLoaded at the end. Returns whether there were any.
+    /// Unpacks the chunks of an archive, but for those in folders, into a folder of their own below
+    /// the chunk folder, with newZippedFile for each and zipFileLoaded at the end. Returns whether
+    /// there were any.
     bool loadZipFile(QString zipName);
 
     // Import. Application's thread; an import turns the event loop, so that anything may be
@@ -203,7 +215,8 @@ public:
                   DatachunkHelper::SavedMessageType savedType, QString formatDescription);
 
     // The readers of single formats. They add messages to the browsing list without showing it
-    // and return false when the file cannot be opened or read; informAboutLastError tells why.
+    // and return false when the file cannot be opened or read; informAboutLastError tells why. Of
+    // an Ixxat, CoCTT or described trace that fails no message arrives.
 
     bool loadSocketCanDump(QString fileName);
     bool loadWiresharkCSV(QString fileName);

@@ -126,6 +126,8 @@ public:
     /// gone. Turns the event loop where a full buffer has to wait for the one before it.
     bool addImported(const CAN::CanRxMessage &message);
     bool makeRoomForImported();
+    /// The same with all messages of an import, which fit into the empty browsing list.
+    void takeImported(MessageList messages);
     void reportNothingImported();
 
     // Archives.

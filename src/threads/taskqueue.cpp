@@ -1,9 +1,26 @@
 #include "taskqueue.h"
 
+#include <QtGlobal>
+
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <new>
 #include <utility>
+
+namespace {
+
+// A task without the memory it needs is given up, and those behind it are not.
+void runTask(const TaskQueue::Task &task)
+{
+    try {
+        task();
+    } catch (const std::bad_alloc &) {
+        qWarning("There was not enough memory for work in the background.");
+    }
+}
+
+} // namespace
 
 struct TaskQueue::Tasks
 {
@@ -18,7 +35,7 @@ struct TaskQueue::Tasks
             Task task = std::move(waiting.front());
             waiting.pop_front();
             lock.unlock();
-            task();
+            runTask(task);
             // What it holds may come back here when it goes.
             task = nullptr;
             lock.lock();

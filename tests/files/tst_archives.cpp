@@ -223,8 +223,6 @@ void TestArchives::bombsDoNoHarm_data()
     row("entries that share their bytes", withRepeatedEntry(archiveOf({{"a.dck", zeros}}), 1000),
         Outcome::Done, zeros.size() / 23 + 1, -1);
     row("very many equal names", withRepeatedEntry(one, 2000), Outcome::Done, 1, 2000);
-    row("an archive within an archive", archiveOf({{"a.dck", archiveOf({{"b.dck", zeros}})}, good}),
-        Outcome::Done, 1, 2);
     row("equal names of the greatest length",
         withRepeatedEntry(archiveOf({{QString(251, 'x') + ".dck", good.content}}), 3),
         Outcome::Done, 1, 3);

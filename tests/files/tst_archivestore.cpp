@@ -115,9 +115,11 @@ void TestArchiveStore::aFailedExportTakesTheWishAlong()
     store->addnewtestmessage();
     writeFile(path("file"), "no folder");
     store->setZipAfterSaving(true);
-    for (const char *name : {"file/a.dck", "b.dck", "file/c.dck"})
+    for (const char *name : {"file/a.dck", "b.dck"}) {
         store->exportMessages(path(name));
-    QTRY_COMPARE(errors.count(), 2);
+        store->waitForSaves(); // the first report takes the wish
+    }
+    QTRY_COMPARE(errors.count(), 1);
     QVERIFY(QFileInfo::exists(path("b.dck")));
     store->loadZipFile(QString()); // behind an archive that is being packed
     QVERIFY(!QFileInfo::exists(path("trace.zip")));
