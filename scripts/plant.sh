@@ -33,8 +33,11 @@ copy_sources() {
     cd "$project"
     mkdir -p "$tree"
     local file launcher=()
-    git ls-files --cached --others --exclude-standard | while IFS= read -r file; do
-        if [ -f "$file" ] && ! cmp -s "$file" "$tree/$file"; then
+    (git ls-files --cached --others --exclude-standard && cd "$tree" && find . -type f -printf '%P\n') |
+        sort -u | while IFS= read -r file; do
+        if [ ! -f "$file" ]; then
+            rm -f "$tree/$file"
+        elif ! cmp -s "$file" "$tree/$file"; then
             cp --parents "$file" "$tree"
         fi
     done

@@ -1,5 +1,7 @@
 #include "foldertree.h"
 
+#include "uninterrupted.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -27,7 +29,8 @@ bool isDots(const char *name)
 int open(const QString &path, Link link)
 {
     const int noLink = link == Link::Refused ? O_NOFOLLOW : 0;
-    return ::open(QFile::encodeName(path).constData(), asFolder | noLink);
+    const QByteArray name = QFile::encodeName(path);
+    return uninterrupted([&] { return ::open(name.constData(), asFolder | noLink); });
 }
 
 bool forEachEntry(int handle, const std::function<void(const char *)> &act)
@@ -72,7 +75,8 @@ void removeContents(int handle)
     forEachEntry(handle, [handle](const char *name) {
         if (unlinkat(handle, name, 0) == 0)
             return;
-        const int inner = openat(handle, name, asFolder | O_NOFOLLOW);
+        const int inner =
+            uninterrupted([&] { return openat(handle, name, asFolder | O_NOFOLLOW); });
         if (inner >= 0)
             removeContents(inner);
         unlinkat(handle, name, AT_REMOVEDIR);

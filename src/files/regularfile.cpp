@@ -1,6 +1,7 @@
 #include "regularfile.h"
 
 #include "fileerrors.h"
+#include "uninterrupted.h"
 
 #include <cerrno>
 
@@ -14,11 +15,8 @@ namespace {
 int openWithoutWaiting(const QString &fileName)
 {
     const QByteArray name = QFile::encodeName(fileName);
-    int handle = -1;
-    do {
-        handle = open64(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
-    } while (handle < 0 && errno == EINTR);
-    return handle;
+    return uninterrupted(
+        [&name] { return open64(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK); });
 }
 
 } // namespace

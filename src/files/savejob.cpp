@@ -4,6 +4,7 @@
 #include "fileerrors.h"
 #include "pipes.h"
 #include "textexport.h"
+#include "uninterrupted.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -98,8 +99,9 @@ void makePrivate(const SaveJob &job)
 {
     constexpr mode_t onlyOwner = 0600;
     const QByteArray name = QFile::encodeName(job.fileName);
-    const int handle =
-        open(name.constData(), O_RDONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, onlyOwner);
+    const int handle = uninterrupted([&name] {
+        return open(name.constData(), O_RDONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, onlyOwner);
+    });
     if (handle < 0)
         return;
     fchmod(handle, onlyOwner);

@@ -147,7 +147,8 @@ void TestArchives::namesAreChecked_data()
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<bool>("accepted");
     QTest::newRow("255 bytes") << QByteArray(251, 'x') + ".dck" << true;
-    QTest::newRow("256 bytes") << QByteArray(252, 'x') + ".dck" << false;
+    QTest::newRow("256 bytes in 130 characters")
+        << QByteArray("\xC3\xA4").repeated(126) + ".dck" << false;
     QTest::newRow("zero character") << QByteArray("a.dck\0/../b.dck", 15) << false;
     QTest::newRow("only a zero character") << QByteArray("\0dck", 4) << false;
     for (const char *name : {"../evil.dck", "/evil.dck", "folder/a.dck", "..\\evil.dck",
