@@ -9,9 +9,7 @@
 
 #include <QFileInfo>
 #include <QMutexLocker>
-#include <QReadLocker>
 #include <QThread>
-#include <QWriteLocker>
 
 #include <utility>
 
@@ -27,7 +25,7 @@ void DatachunkHandlerPrivate::onStoreThread(const std::function<void()> &functio
 
 void DatachunkHandler::setZipFileName(QString fileName)
 {
-    const QWriteLocker locker(&d->lock);
+    const QMutexLocker locker(&d->zipNameMutex);
     d->zipFileName = fileName;
 }
 
@@ -43,7 +41,7 @@ void DatachunkHandler::saveDatachunksToZip()
         return;
     QString zipName;
     {
-        const QReadLocker locker(&d->lock);
+        const QMutexLocker locker(&d->zipNameMutex);
         zipName = d->zipFileName;
     }
     const QString error = d->packChunks(zipName);
@@ -153,9 +151,9 @@ bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
     if (store && isWanted() && isNewer)
         reportFailure(merged.outcome);
     if (store)
-        emit q->informAboutCleared(isLive);
+        emit q->informAboutCleared(trace.isLive());
     if (isShown())
-        emit q->liveModeChanged(isLive);
+        emit q->liveModeChanged(trace.isLive());
     if (isShown() && !merged.outcome.systemError.isEmpty())
         reportFailure(merged.outcome);
     if (store && isWanted())
@@ -170,23 +168,10 @@ bool DatachunkHandlerPrivate::endMerge(const QString &name, quint32 viewRequest,
 
 void DatachunkHandlerPrivate::showMerged(ChunkArchive::Merged &merged)
 {
-    MessageList unused;
-    {
-        const QWriteLocker locker(&lock);
-        unused = std::exchange(pagedMessages, {});
-        leaveLiveModeLocked();
-        pagedMessages = std::move(merged.messages);
-        view = View::Paged;
-        rotatedBuffer.clear();
-        const QSet<unsigned char> seen = merged.lines.toSet();
-        for (const unsigned char line : seen)
-            lines.insert(line);
-        q->resetLinePositions();
-        const QMutexLocker notesLocker(&notesLock);
-        notes = std::move(merged.notes);
-    }
+    trace.showMerged(std::move(merged.messages), merged.lines, std::move(merged.notes));
+    lastError = DatachunkHandler::tr("Unknown import error");
     if (merged.hasBookmarkMap)
-        setBookmarks(merged.bookmarks);
+        notes.showBookmarks(merged.bookmarks);
 }
 
 void DatachunkHandlerPrivate::reportFailure(const Outcome &outcome)

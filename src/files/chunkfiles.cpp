@@ -8,9 +8,6 @@
 #include "fileerrors.h"
 #include "regularfile.h"
 
-#include <QMutexLocker>
-#include <QWriteLocker>
-
 #include <utility>
 
 using ChunkFormat::BookmarkMap;
@@ -67,8 +64,8 @@ void DatachunkHandlerPrivate::loadChunk(const ImportRun &run, const QString &fil
     if (load.result != Result::Done)
         return;
     // Live messages go on arriving, so the lock is not held while the disk is read.
-    load.records.messages = pagedMessages;
-    const int shownBefore = pagedMessages.size();
+    load.records.messages = trace.paged();
+    const int shownBefore = load.records.messages.size();
     bounds.memory -= load.front.memory;
     ChunkFormat::RecordReader reader(file, load.front.preamble.version);
     load.result = ChunkReading::readRecords(reader, bounds, load.records, load.hasFdFrame);
@@ -83,20 +80,13 @@ void DatachunkHandlerPrivate::takeChunk(ChunkLoad &load, BookmarkMap bookmarkMap
 {
     const quint32 version = load.front.preamble.version;
     setCurrentChunkVersion(version);
-    if (version >= ChunkFormat::notesSince) {
-        const QMutexLocker locker(&notesLock);
-        notes = std::move(load.front.maps.notes);
-    }
-    {
-        const QWriteLocker locker(&lock);
-        pagedMessages = std::move(load.records.messages);
-    }
-    const QSet<unsigned char> seen = load.records.lines.toSet();
-    for (const unsigned char line : seen)
-        lines.insert(line);
+    if (version >= ChunkFormat::notesSince)
+        notes.show(std::move(load.front.maps.notes));
+    trace.setPaged(std::move(load.records.messages));
+    trace.addLines(load.records.lines);
     const QPointer<DatachunkHandler> store(q);
     if (version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
-        setBookmarks(load.front.maps.bookmarks);
+        notes.showBookmarks(load.front.maps.bookmarks);
     if (store)
         emit q->chunkContainsFdMessage(load.hasFdFrame);
     if (store)

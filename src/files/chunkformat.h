@@ -1,7 +1,7 @@
 #pragma once
 
 #include "canframe.h"
-#include "canmessagebookmark.h"
+#include "notes.h"
 
 #include <QByteArray>
 #include <QDataStream>
@@ -13,8 +13,8 @@
 /// Plain functions and values; the caller opens, names and closes the files.
 namespace ChunkFormat {
 
-using Notes = QMap<unsigned int, QString>;
-using Bookmarks = QMap<unsigned int, CanMessageBookmark>;
+using ::Bookmarks;
+using ::Notes;
 
 constexpr quint32 notesSince = 101;
 constexpr quint32 lineFieldSince = 103;

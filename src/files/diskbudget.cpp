@@ -1,10 +1,9 @@
 #include "diskbudget.h"
 
-#include <QDateTime>
+#include "foldertree.h"
+
 #include <QDebug>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,6 +32,11 @@ bool readStamp(const QString &folder, timespec &stamp)
 }
 
 } // namespace
+
+QString DiskBudget::pathOf(const QString &name) const
+{
+    return path + QLatin1Char('/') + name;
+}
 
 DiskBudget::DiskBudget(const QString &path, Folder folder) : path(path), folder(folder) { }
 
@@ -65,23 +69,35 @@ void DiskBudget::endChange(const QString &created)
         setStamp();
 }
 
-void DiskBudget::countFile(const QString &name)
+void DiskBudget::dropFile(const QString &name)
 {
     const auto known = ages.constFind(name);
-    if (known != ages.constEnd()) {
-        const auto entry = kibibytesByAge.find(*known);
-        kibibytes -= entry->second;
-        kibibytesByAge.erase(entry);
-        ages.erase(known);
-    }
-    const QFileInfo file(path + QLatin1Char('/') + name);
-    if (!file.isFile())
+    if (known == ages.constEnd())
         return;
-    const Age age{file.lastModified().toMSecsSinceEpoch(), chunkNumber(name), name};
-    const auto size = quint32(file.size() / 1024);
+    const auto entry = kibibytesByAge.find(*known);
+    kibibytes -= entry->second;
+    kibibytesByAge.erase(entry);
+    ages.erase(known);
+}
+
+void DiskBudget::addFile(const QString &name, const struct stat &status)
+{
+    if (!S_ISREG(status.st_mode))
+        return;
+    const qint64 modified = status.st_mtim.tv_sec * 1000 + status.st_mtim.tv_nsec / 1000000;
+    const Age age{modified, chunkNumber(name), name};
+    const auto size = quint32(status.st_size / 1024);
     ages.insert(name, age);
     kibibytesByAge.emplace(age, size);
     kibibytes += size;
+}
+
+void DiskBudget::countFile(const QString &name)
+{
+    struct stat status = {};
+    dropFile(name);
+    if (stat(QFile::encodeName(pathOf(name)).constData(), &status) == 0)
+        addFile(name, status);
 }
 
 void DiskBudget::readFolder()
@@ -91,9 +107,14 @@ void DiskBudget::readFolder()
     kibibytes = 0;
     countsSinceRead = 0;
     setStamp();
-    const QStringList names = QDir(path).entryList(QDir::Files, QDir::Unsorted);
-    for (const QString &name : names)
-        countFile(name);
+    const int handle = FolderTree::open(path, FolderTree::Link::Followed);
+    if (handle < 0)
+        return;
+    FolderTree::forEachEntry(handle, [this, handle](const char *name) {
+        struct stat status = {};
+        if (*name != '.' && fstatat(handle, name, &status, 0) == 0)
+            addFile(QFile::decodeName(name), status);
+    });
 }
 
 void DiskBudget::count()
@@ -115,9 +136,9 @@ bool DiskBudget::removeOldestAbove(quint32 mebibytes)
         return false;
     const QString oldest = kibibytesByAge.begin()->first.name;
     qDebug() << "void SaveFileWorker::checkUsedSpace(QString)" << oldest;
-    if (!oldest.endsWith(QLatin1String("dck")) || !QFile::remove(path + QLatin1Char('/') + oldest))
+    if (!oldest.endsWith(QLatin1String("dck")) || !QFile::remove(pathOf(oldest)))
         return false;
     endChange();
-    countFile(oldest);
+    dropFile(oldest);
     return true;
 }

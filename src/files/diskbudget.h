@@ -6,7 +6,7 @@
 #include <map>
 #include <tuple>
 
-#include <sys/types.h>
+#include <sys/stat.h>
 
 /// The files of a folder by age and the room that they take, for keeping the folder within its
 /// budget of disk space. Sizes are added up in whole KiB, and the sum is compared in whole MiB.
@@ -55,6 +55,9 @@ private:
     bool isUnchanged() const;
     void setStamp();
     void count();
+    QString pathOf(const QString &name) const;
+    void dropFile(const QString &name);
+    void addFile(const QString &name, const struct stat &status);
     void countFile(const QString &name);
     void readFolder();
 

@@ -26,10 +26,11 @@ bool isDots(const char *name)
 
 } // namespace
 
-int open(const QString &path)
+int open(const QString &path, Link link)
 {
+    const int noLink = link == Link::Refused ? O_NOFOLLOW : 0;
     const QByteArray name = QFile::encodeName(path);
-    return uninterrupted([&name] { return ::open(name.constData(), asFolder | O_NOFOLLOW); });
+    return uninterrupted([&] { return ::open(name.constData(), asFolder | noLink); });
 }
 
 bool forEachEntry(int handle, const std::function<void(const char *)> &act)

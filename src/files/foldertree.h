@@ -9,8 +9,10 @@
 /// never does.
 namespace FolderTree {
 
-/// Opens a folder unless it is a symbolic link; -1 when that fails.
-int open(const QString &path);
+enum class Link { Refused, Followed };
+
+/// Opens a folder; -1 when that fails, or when it is a symbolic link and that is refused.
+int open(const QString &path, Link link = Link::Refused);
 
 /// Calls \a act with the bare name of every entry of an open folder. False, with errno set, when
 /// not all could be listed. Closes \a handle.

@@ -5,7 +5,6 @@
 #include "fileerrors.h"
 
 #include <QDeadlineTimer>
-#include <QWriteLocker>
 
 #include <algorithm>
 #include <utility>
@@ -17,8 +16,8 @@ SharedSaveJob DatachunkHandlerPrivate::newJob(DatachunkHelper::SavedMessageType 
     job->type = type;
     job->fileName = fileName;
     job->isPrivate = chunkFolder.holds(fileName);
-    job->notes = savingNotes;
-    job->bookmarks = savingBookmarks;
+    job->notes = exportMarks.notes;
+    job->bookmarks = exportMarks.bookmarks;
     return job;
 }
 
@@ -67,7 +66,7 @@ void DatachunkHandlerPrivate::reportSaved(const SaveReport &report)
 
 void DatachunkHandlerPrivate::chunkSaved(quint32 index, const QString &time)
 {
-    forgetRotatedBuffer();
+    trace.dropRotated();
     zipAfterSaving = false;
     emit q->newDataFile(index, time);
 }
@@ -94,7 +93,7 @@ void DatachunkHandler::newPartialDataFileSaved(QString savedFileName, QString ti
 void DatachunkHandlerPrivate::partialChunkSaved(const QString &fileName, const QString &importName,
                                                 const QString &time)
 {
-    forgetRotatedBuffer();
+    trace.dropRotated();
     const QPointer<DatachunkHandler> store(q);
     emit q->newPartialDataFile(fileName, importName, time);
     if (store)
@@ -103,7 +102,7 @@ void DatachunkHandlerPrivate::partialChunkSaved(const QString &fileName, const Q
 
 void DatachunkHandler::savingFinished(bool success)
 {
-    d->forgetRotatedBuffer();
+    d->trace.dropRotated();
     const bool zip = std::exchange(d->zipAfterSaving, false);
     if (zip)
         ++d->packRequests; // the exports behind this one have the same wish, which is used up
@@ -120,21 +119,16 @@ void DatachunkHandler::saveMessagesToFile(QString fileName, DatachunkHelper::Sav
     job->selected = selected;
     job->startPosition = startPosition;
     job->packRequest = isExport && d->zipAfterSaving ? d->packRequests : 0;
-    {
-        const QWriteLocker locker(&d->lock);
-        job->messages = isExport ? d->liveMessages : d->rotatedBuffer;
-        job->endPosition = quint32(job->messages.size());
-        if (lastPosition != 0) {
-            job->endPosition =
-                quint32(qBound<qint64>(0, qint64(lastPosition) + 1, job->endPosition));
-        }
-        if (!isExport)
-            d->chunkSaver.add(job);
-    }
-    if (isExport)
+    job->messages = isExport ? d->trace.liveMessages() : d->trace.rotatedMessages();
+    job->endPosition = quint32(job->messages.size());
+    if (lastPosition != 0)
+        job->endPosition = quint32(qBound<qint64>(0, qint64(lastPosition) + 1, job->endPosition));
+    if (isExport) {
         d->exports.add(job);
-    else
-        d->chunkSaver.start();
+        return;
+    }
+    d->chunkSaver.add(job);
+    d->chunkSaver.start();
 }
 
 void DatachunkHandler::saveMessages(QString fileName, QList<CAN::CanRxMessage> *messages,
@@ -199,7 +193,7 @@ void DatachunkHandlerPrivate::reportContinuousOutput()
 
 void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QString saveFileName)
 {
-    if (lastMessage > d->liveMessageCount()) {
+    if (lastMessage > d->trace.liveMessages().size()) {
         emit newErrorMessage(tr("Nothing to export."));
         return;
     }
@@ -207,7 +201,7 @@ void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QSt
         emit newErrorMessage(tr("No filename specified."));
         return;
     }
-    d->savingNotes = d->liveNotes();
+    d->exportMarks.notes = d->notes.live().notes;
     saveMessagesToFile(saveFileName, DatachunkHelper::CurrentMessages, {}, firstMessage,
                        lastMessage);
 }
@@ -215,7 +209,7 @@ void DatachunkHandler::exportMessageRange(int firstMessage, int lastMessage, QSt
 void DatachunkHandler::exportMessages(QString fileName, DatachunkHelper::ExportOptions expOptions,
                                       QList<quint32> messagesToExport)
 {
-    if (d->liveMessageCount() == 0) {
+    if (d->trace.liveMessages().isEmpty()) {
         emit newErrorMessage(tr("Nothing to export."));
         return;
     }
@@ -224,9 +218,10 @@ void DatachunkHandler::exportMessages(QString fileName, DatachunkHelper::ExportO
         return;
     }
     const bool withNotes = expOptions.testFlag(DatachunkHelper::ExportWithNotes);
-    d->savingNotes = withNotes ? d->liveNotes() : ChunkFormat::Notes();
-    if (d->bookmarkHandler)
-        d->savingBookmarks = d->liveBookmarks();
+    TraceNotes::Marks live = d->notes.live();
+    d->exportMarks.notes = withNotes ? live.notes : Notes();
+    if (d->notes.hasBookmarks())
+        d->exportMarks.bookmarks = live.bookmarks;
     saveMessagesToFile(fileName, DatachunkHelper::CurrentMessages, messagesToExport, 0, 0);
 }
 

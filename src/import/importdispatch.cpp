@@ -11,8 +11,6 @@
 
 #include <QDebug>
 #include <QFileInfo>
-#include <QMutexLocker>
-#include <QWriteLocker>
 
 #include <utility>
 
@@ -164,7 +162,7 @@ bool DatachunkHandlerPrivate::failImport()
     const QPointer<DatachunkHandler> store(q);
     q->informAboutLastError();
     if (store)
-        emit q->informAboutCleared(isLive);
+        emit q->informAboutCleared(trace.isLive());
     return store && endCancelledImport();
 }
 
@@ -176,10 +174,10 @@ void DatachunkHandlerPrivate::reportNothingImported()
 
 bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
 {
-    forgetRotatedBuffer();
+    trace.dropRotated();
     lastPartialSave.reset();
-    if (pagedMessages.isEmpty()) {
-        emit q->informAboutCleared(isLive);
+    if (!trace.hasPaged()) {
+        emit q->informAboutCleared(trace.isLive());
         if (run.storeExists())
             q->goLive();
         if (run.storeExists())
@@ -189,35 +187,17 @@ bool DatachunkHandlerPrivate::finishImport(const ImportRun &run, bool save)
     emit q->informAboutClearStart();
     if (!run.goesOn())
         return run.storeExists() && endCancelledImport();
-    const SharedSaveJob job = save ? savePagedMessages(notesInView()) : SharedSaveJob();
-    {
-        const QWriteLocker locker(&lock);
-        view = View::Paged;
-        rotatedBuffer.clear();
-    }
+    const SharedSaveJob job = save ? savePagedMessages(notes.shown()) : SharedSaveJob();
+    trace.showPaged();
     if (job && !run.waitFor(job))
         return run.storeExists() && endCancelledImport();
     q->updateLines();
-    emit q->informAboutCleared(isLive);
+    emit q->informAboutCleared(trace.isLive());
     if (run.goesOn())
-        emit q->liveModeChanged(isLive);
+        emit q->liveModeChanged(trace.isLive());
     return run.goesOn();
 }
 
-ChunkFormat::Notes DatachunkHandlerPrivate::notesOf(const MessageList &messages) const
-{
-    const QMutexLocker locker(&notesLock);
-    ChunkFormat::Notes found;
-    for (int i = 0; i < messages.size() && !notes.isEmpty(); ++i) {
-        const auto note = notes.constFind(messages.at(i).messageNumber);
-        if (note != notes.constEnd())
-            found.insert(note.key(), note.value());
-    }
-    return found;
-}
-
-// Where backslashes part no folders, the name of a part holds those of the folder and the import,
-// and must not grow beyond what a file system takes.
 QString DatachunkHandlerPrivate::partName() const
 {
     constexpr int rest = 2 + 10 + 4; // "\\" twice, a number, ".dck"
@@ -232,16 +212,12 @@ SharedSaveJob DatachunkHandlerPrivate::savePagedMessages(const ChunkFormat::Note
     const auto job = std::make_shared<SaveJob>();
     job->type = DatachunkHelper::PartialBuffer;
     job->isPrivate = true;
-    job->messages = pagedMessages;
-    job->endPosition = quint32(pagedMessages.size());
+    job->messages = trace.paged();
+    job->endPosition = quint32(job->messages.size());
     job->notes = messageNotes;
     job->importName = loadedFileName;
     job->fileName = chunkFolder.partialChunkTemplate(partName());
-    {
-        // The number belongs to a trace, which clearing ends under the lock.
-        const QWriteLocker locker(&lock);
-        chunkSaver.add(job);
-    }
+    chunkSaver.add(job);
     chunkFolder.addFileBeside(job->fileName);
     chunkSaver.start();
     return job;
@@ -255,33 +231,26 @@ bool DatachunkHandlerPrivate::makeRoomForImported()
         return false;
     lastPartialSave.reset();
     if (chunkSaver.budget() != 0)
-        lastPartialSave = savePagedMessages(notesOf(pagedMessages));
-    const QWriteLocker locker(&lock);
-    pagedMessages.clear();
+        lastPartialSave = savePagedMessages(notes.of(trace.paged()));
+    trace.setPaged({});
     return true;
 }
 
 bool DatachunkHandlerPrivate::addImported(const CAN::CanRxMessage &message)
 {
-    if (bufferIsFull(pagedMessages) && !makeRoomForImported())
+    if (trace.pagedIsFull() && !makeRoomForImported())
         return false;
-    insertLine(message);
-    // Nobody else looks at the list before it is shown, and only this thread shows it.
-    if (view != View::Paged) {
-        pagedMessages.append(message);
-        return true;
-    }
-    const QWriteLocker locker(&lock);
-    pagedMessages.append(message);
+    trace.addPaged(message);
     return true;
 }
 
 void DatachunkHandlerPrivate::takeImported(MessageList messages)
 {
+    LineSet lines;
     for (int i = 0; i < messages.size(); ++i)
-        insertLine(messages.at(i));
-    const QWriteLocker locker(&lock);
-    pagedMessages = std::move(messages);
+        lines.insert(static_cast<unsigned char>(messages.at(i).line));
+    trace.addLines(lines);
+    trace.setPaged(std::move(messages));
 }
 
 bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)

@@ -1,5 +1,7 @@
 #include "importersink.h"
 
+#include "notes.h"
+
 #include <QCoreApplication>
 
 ImporterSink::ImporterSink(QObject &importer, QMap<unsigned int, QString> *notes)

@@ -2,8 +2,6 @@
 
 #include "datachunkhandler_p.h"
 
-#include <QMutexLocker>
-
 #include <utility>
 
 namespace {
@@ -37,14 +35,12 @@ bool StoreSink::message(const CAN::CanRxMessage &message)
 
 void StoreSink::note(quint32 number, const QString &text)
 {
-    const QMutexLocker locker(&store.notesLock);
-    store.notes.insert(number, text);
+    store.notes.set(number, text);
 }
 
 void StoreSink::appendNote(quint32 number, const QString &text)
 {
-    const QMutexLocker locker(&store.notesLock);
-    joinNote(store.notes, number, text);
+    store.notes.join(number, text);
 }
 
 void StoreSink::fdFrames(bool seen)
@@ -67,7 +63,7 @@ bool WholeTraceSink::message(const CAN::CanRxMessage &message)
 {
     if (checked)
         return StoreSink::message(message);
-    if (store.bufferIsFull(heldBack)) {
+    if (store.trace.isFull(heldBack)) {
         checked = true;
         CheckingSink sink(run);
         checkResult = readTraceFile(request, sink);
@@ -88,7 +84,7 @@ ReadResult WholeTraceSink::finish(const ReadResult &result)
 
 bool WholeTraceSink::deliver()
 {
-    if (store.pagedMessages.isEmpty()) {
+    if (!store.trace.hasPaged()) {
         store.takeImported(std::move(heldBack));
         return true;
     }

@@ -2,7 +2,6 @@
 
 #include "canrxmessage.h"
 
-#include <QMap>
 #include <QString>
 
 /// Takes what a reader finds in a trace, in the order of the file.
@@ -26,6 +25,3 @@ public:
     /// Lets a waiting application handle its events. False when the reader has to stop.
     virtual bool turnEventLoop() = 0;
 };
-
-/// Adds \a text to the note on the message with \a number, behind " | " if there is one.
-void joinNote(QMap<unsigned int, QString> &notes, quint32 number, const QString &text);

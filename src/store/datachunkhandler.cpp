@@ -2,16 +2,6 @@
 
 #include "datachunkhandler_p.h"
 
-#include <QMutexLocker>
-#include <QReadLocker>
-#include <QWriteLocker>
-
-#include <utility>
-
-namespace {
-constexpr quint32 continuousModeLimit = 10000;
-}
-
 DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent)
     : QObject(parent), d(std::make_unique<DatachunkHandlerPrivate>(this, maxMessageCount))
 {
@@ -26,8 +16,7 @@ DatachunkHandler::~DatachunkHandler()
 
 void DatachunkHandler::setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler)
 {
-    const QWriteLocker locker(&d->lock);
-    d->bookmarkHandler = bookmarkHandler;
+    d->notes.setBookmarkHandler(bookmarkHandler);
 }
 
 void DatachunkHandler::setMaximumHDDSpace(unsigned int space)
@@ -47,26 +36,23 @@ quint64 DatachunkHandler::givenUpMessageCount() const
 
 unsigned int DatachunkHandler::getMaxMessageCount()
 {
-    return d->maxMessageCount;
+    return d->trace.limit();
 }
 
 void DatachunkHandler::setContinuesMode(bool on)
 {
-    const QWriteLocker locker(&d->lock);
-    d->continuesMode = on;
+    d->trace.setContinuous(on);
     d->chunkSaver.setBudget(0);
-    d->maxMessageCount = continuousModeLimit;
-    d->droppedMessageCount = 0;
 }
 
 bool DatachunkHandler::getContinuesMode()
 {
-    return d->continuesMode;
+    return d->trace.isContinuous();
 }
 
 bool DatachunkHandler::getIsLive()
 {
-    return d->isLive;
+    return d->trace.isLive();
 }
 
 QString DatachunkHandler::chunkFolderPath() const
@@ -76,40 +62,20 @@ QString DatachunkHandler::chunkFolderPath() const
 
 void DatachunkHandler::appendCanMessage(CAN::CanRxMessage message)
 {
-    if (d->continuesMode) {
+    if (d->trace.isContinuous()) {
         appendCanMessageContinuesMode(message);
         return;
     }
-    bool rotated = false;
-    bool lineIsNew = false;
-    {
-        const QWriteLocker locker(&d->lock);
-        if (d->bufferIsFull(d->liveMessages)) {
-            d->rotateLocked();
-            rotated = true;
-        }
-        d->numberAndAppendLocked(message);
-        if (d->noteForNextMessagePending)
-            d->attachPendingNoteLocked(message.messageNumber);
-        lineIsNew = d->view == DatachunkHandlerPrivate::View::Live && d->insertLine(message);
-    }
-    if (rotated)
+    const Trace::Appended appended = d->trace.append(message);
+    if (appended.rotated)
         d->finishRotation();
-    else if (lineIsNew)
+    else if (appended.lineIsNew)
         emit newLine(static_cast<unsigned char>(message.line));
 }
 
 void DatachunkHandler::appendCanMessageContinuesMode(CAN::CanRxMessage &message)
 {
-    {
-        const QWriteLocker locker(&d->lock);
-        if (quint32(d->liveMessages.size()) >= d->maxMessageCount) {
-            d->liveMessages.removeFirst();
-            ++d->droppedMessageCount;
-        }
-        d->numberAndAppendLocked(message);
-    }
-    if (d->insertLine(message))
+    if (d->trace.appendContinuous(message))
         emit newLine(static_cast<unsigned char>(message.line));
 }
 
@@ -121,26 +87,16 @@ void DatachunkHandler::addnewtestmessage()
 void DatachunkHandler::handleFullBuffer()
 {
     const QPointer<DatachunkHandler> store(this);
-    if (!d->isLive)
+    if (!d->trace.isLive())
         return;
     emit informAboutClearStart();
-    if (!store)
-        return;
-    MessageList unused;
-    {
-        const QWriteLocker locker(&d->lock);
-        if (!d->isLive)
-            return;
-        d->view = DatachunkHandlerPrivate::View::Live;
-        unused = std::exchange(d->rotatedBuffer, {});
-    }
-    const QReadLocker locker(&d->lock);
-    emit informAboutCleared(d->isLive);
+    if (store && d->trace.showNewLiveList())
+        d->trace.whileReading([this] { emit informAboutCleared(d->trace.isLive()); });
 }
 
 void DatachunkHandler::goLive()
 {
-    if (d->isLive && !d->importRunning)
+    if (d->trace.isLive() && !d->importRunning)
         return;
     d->importCancelled = true;
     ++d->viewRequests;
@@ -158,17 +114,11 @@ void DatachunkHandler::clearAllMessages()
     {
         // Chunks of the new trace must not be there yet when those of the old one are removed.
         const ChunkSaver::Pause pause(d->chunkSaver);
-        MessageList unused;
-        {
-            const QWriteLocker locker(&d->lock);
-            if (d->isLive)
-                emit informAboutClearStart();
-            unused = d->clearLocked();
-        }
+        d->trace.clear();
         d->chunkFolder.removeChunks();
         d->slowDiskReported = false;
     }
-    if (d->isLive)
+    if (d->trace.isLive())
         emit informAboutCleared(true);
     if (store)
         updateLines();

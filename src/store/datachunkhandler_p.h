@@ -8,75 +8,33 @@
 #include "datachunkhandler.h"
 #include "exportdesk.h"
 #include "importrun.h"
-#include "lineset.h"
-#include "messagelist.h"
 #include "pooltasks.h"
 #include "regularfile.h"
 #include "taskqueue.h"
+#include "trace.h"
 
 #include <QMutex>
 #include <QPointer>
-#include <QReadWriteLock>
 
-#include <array>
 #include <atomic>
 #include <functional>
 
-/// State and inner operations of a DatachunkHandler. Functions ending in "Locked" expect the
-/// write lock.
-class DatachunkHandlerPrivate
+/// State and inner operations of a DatachunkHandler.
+class DatachunkHandlerPrivate : private TraceWatcher
 {
 public:
-    /// Which list the readers see.
-    enum class View {
-        Live,
-        RotatedBuffer, ///< live, until the pool gets to showing the new live list
-        Paged,
-        Nothing ///< browsing, while or because nothing has been loaded
-    };
-
     DatachunkHandlerPrivate(DatachunkHandler *store, unsigned int maxMessageCount);
 
-    int liveMessageCount() const;
-
-    /// The list shown. Expects either lock.
-    const MessageList &shown() const;
-
-    // Rotation. rotateLocked leaves to finishRotation what must not be done under the lock.
-    bool bufferIsFull(const MessageList &messages) const;
-    void rotateLocked();
+    /// What a rotation leads to beyond the lock of the trace.
     void finishRotation();
-    void numberAndAppendLocked(CAN::CanRxMessage &message);
-    /// True when the message's line was not seen before.
-    bool insertLine(const CAN::CanRxMessage &message);
-    /// Empties the trace and gives up the chunks on their way; a pause of the saving has to last
-    /// until their files are removed. Returns the messages, to be freed without the lock.
-    MessageList clearLocked();
 
     // A slot may delete the store, so whoever has emitted a signal, or called something that
     // does, asks a guarded pointer or an ImportRun before the next use of anything here.
 
-    /// Sets the live notes and bookmarks aside and empties the browsing list. Takes the lock.
+    /// Sets the live notes and bookmarks aside and empties the browsing list.
     void leaveLiveMode();
-    void leaveLiveModeLocked();
-    /// Back to the live messages, unless they are shown already. Takes the lock.
+    /// Back to the live messages, unless they are shown already.
     void showLive();
-    /// Stops keeping the rotated buffer once it is not shown any more. Takes the lock.
-    void forgetRotatedBuffer();
-
-    // Notes and bookmarks.
-    void takeLiveNotesLocked(SaveJob &job);
-    void giveBackLiveNotesLocked(SaveJob &job);
-    void attachPendingNoteLocked(quint32 number);
-    void setBookmarks(const ChunkFormat::Bookmarks &bookmarks);
-    ChunkFormat::Bookmarks bookmarks() const;
-    ChunkFormat::Notes notesInView() const;
-    /// The notes on the messages of a list in view.
-    ChunkFormat::Notes notesOf(const MessageList &messages) const;
-
-    /// The notes and bookmarks on the live messages, whatever is shown.
-    ChunkFormat::Notes liveNotes() const;
-    ChunkFormat::Bookmarks liveBookmarks() const;
 
     // Saving.
     /// A job with the notes and bookmarks that are set aside for exports.
@@ -149,7 +107,8 @@ public:
     const QPointer<DatachunkHandler> firstGuard{q};
 
     // Constant after construction, or safe to use from any thread by themselves.
-    LineSet lines;
+    Trace trace;
+    TraceNotes &notes = trace.notes();
     PoolTasks poolTasks;
     // Rotations must find a free thread in the global pool, however long archives take.
     TaskQueue archives;
@@ -158,42 +117,18 @@ public:
     // Rises with everything that decides what is shown, so that a merge that has been overtaken
     // does not show its own.
     std::atomic<quint32> viewRequests{0};
-    std::atomic<bool> isLive{true}; // changes under the write lock
-    std::atomic<bool> continuesMode{false};
-    std::atomic<quint32> maxMessageCount;
     std::atomic<bool> missingFolderReported{false};
     bool slowDiskReported = false; // application thread only
     std::atomic<bool> importRunning{false};
     std::atomic<bool> importCancelled{false};
-    // Where nextMessageForLine goes on. They belong to the list shown, so what replaces both does
-    // it under the lock.
-    std::array<std::atomic<quint32>, 256> linePositions{};
-
-    // Guarded by lock.
-    mutable QReadWriteLock lock;
-    std::atomic<View> view{View::Live}; // may be read without it
-    MessageList liveMessages;
-    MessageList rotatedBuffer;
-    MessageList pagedMessages; // without the lock while it is not shown, application thread only
-    quint32 nextMessageNumber = 0;
-    quint32 droppedMessageCount = 0;
-    QPointer<BookmarkHandler> bookmarkHandler; // set by the application thread only
-    QString zipFileName;
-
-    // Guarded by notesLock, which is taken last of all and never held during a call outside.
-    mutable QMutex notesLock;
-    ChunkFormat::Notes notes;
-    ChunkFormat::Notes liveNotesBackup;
-    ChunkFormat::Bookmarks liveBookmarksBackup;
-    std::atomic<bool> noteForNextMessagePending{false};
-    QString noteForNextMessage;
+    QMutex zipNameMutex;
+    QString zipFileName; // guarded by zipNameMutex
 
     // Application thread only.
     QString fileToLoad;
     QString loadedFileName;
     QString lastError;
-    ChunkFormat::Notes savingNotes; // what the next export carries
-    ChunkFormat::Bookmarks savingBookmarks;
+    TraceNotes::Marks exportMarks; // what the next export carries
     bool zipAfterSaving = false;
     quint32 packRequests = 0; // rises with every setZipAfterSaving
     SharedSaveJob lastPartialSave;
@@ -204,4 +139,9 @@ public:
     ChunkSaver chunkSaver;
     ChunkFolder &chunkFolder = chunkSaver.folder();
     ExportDesk exports;
+
+private:
+    void liveListGoes() override;
+    void rotated(const MessageList &messages, const TraceNotes::Marks &marks) override;
+    void cleared() override;
 };

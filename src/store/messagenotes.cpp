@@ -1,8 +1,6 @@
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
 
-#include <QMutexLocker>
-#include <QReadLocker>
 #include <QTime>
 
 namespace {
@@ -16,30 +14,22 @@ QString timeOfDay()
 
 QString DatachunkHandler::getMessageNote(unsigned int number) const
 {
-    const QMutexLocker locker(&d->notesLock);
-    return d->notes.value(number);
+    return d->notes.note(number);
 }
 
 void DatachunkHandler::setMessageNote(unsigned int number, QString text)
 {
-    const QMutexLocker locker(&d->notesLock);
-    d->notes[number] = text;
+    d->notes.set(number, text);
 }
 
 void DatachunkHandler::appendMessageNote(unsigned int number, QString text)
 {
-    const QMutexLocker locker(&d->notesLock);
-    const QString existing = d->notes.value(number);
-    if (existing.contains(text))
-        return;
-    d->notes[number] = existing.isEmpty() ? text : existing + QLatin1String(" ; ") + text;
+    d->notes.append(number, text);
 }
 
 void DatachunkHandler::addMessageNoteToNextMessage(QString text)
 {
-    const QMutexLocker locker(&d->notesLock);
-    d->noteForNextMessage = timeOfDay() + QLatin1String(" - %1 - ") + text;
-    d->noteForNextMessagePending = true;
+    d->notes.setForNext(timeOfDay() + QLatin1String(" - %1 - ") + text);
 }
 
 void DatachunkHandler::addMessageNoteToLastMessage(QString text)
@@ -49,6 +39,5 @@ void DatachunkHandler::addMessageNoteToLastMessage(QString text)
 
 CanMessageBookmark DatachunkHandler::bookmarkAt(int number) const
 {
-    return d->bookmarkHandler ? d->bookmarkHandler->bookmarkAt(unsigned(number))
-                              : CanMessageBookmark();
+    return d->notes.bookmarkAt(unsigned(number));
 }

@@ -1,12 +1,8 @@
 #include "archives.h"
 #include "chunkmerge.h"
 #include "chunkunpack.h"
-#include "memorylimit.h"
 #include "peakmemory.h"
 #include "storefixture.h"
-
-#include <quazip.h>
-#include <quazipfileinfo.h>
 
 #include <QtTest>
 
@@ -44,10 +40,6 @@ private slots:
     void notesAreMergedAsTheyAreLoaded();
     void workGrowsWithTheEntriesOnly();
     void tooManyEntriesAreRefused();
-    void memoryOfControlGroupsCounts();
-    void packingCanBeGivenUp();
-    void namesAreMarkedAsUtf8WhereTheyNeedIt();
-    void aLinkIsPackedAsTheFileBehindIt();
 
 private:
     QString zip() const { return folder->filePath(QStringLiteral("trace.zip")); }
@@ -101,14 +93,15 @@ void TestArchives::chunksAreOrdered_data()
     QTest::addColumn<QStringList>("entries"); // name, start, message number and what is damaged
     QTest::addColumn<QVector<quint32>>("merged");
     QTest::addColumn<QStringList>("unpacked");
+    QTest::addColumn<int>("told"); // sentences about the merge
     const auto row = [](const char *what, const QStringList &entries,
-                        const QVector<quint32> &merged, const QStringList &unpacked) {
-        QTest::newRow(what) << entries << merged << unpacked;
+                        const QVector<quint32> &merged, const QStringList &unpacked, int told = 0) {
+        QTest::newRow(what) << entries << merged << unpacked << told;
     };
     row("starts are numbers, not texts", {"c.dck 100.0 3", "a.dck 3.0 1", "b.dck 20.5 2"},
         {1, 2, 3}, {"a.dck", "b.dck", "c.dck"});
     row("of equal starts the later is merged and both are unpacked",
-        {"b.dck 0.0 1", "x.dck 5.0 2", "a.dck 0.0 3"}, {3, 2}, {"b.dck", "a.dck", "x.dck"});
+        {"b.dck 0.0 1", "x.dck 5.0 2", "a.dck 0.0 3"}, {3, 2}, {"b.dck", "a.dck", "x.dck"}, 1);
     row("equal names are different chunks", {"a.dck 2.0 2", "a.dck 1.0 1"}, {1, 2},
         {"a.dck", "a_2.dck"});
     row("other entries are passed over, whatever their case",
@@ -116,13 +109,13 @@ void TestArchives::chunksAreOrdered_data()
     row("a start that is no number counts as 0", {"a.dck 1.0 1", "b.dck nan 2"}, {2, 1},
         {"b.dck", "a.dck"});
     row("a wrong checksum displaces no earlier chunk", {"a.dck 0.0 1", "b.dck 0.0 2 checksum"}, {1},
-        {"a.dck", "b.dck"});
+        {"a.dck", "b.dck"}, 2);
     row("where all are damaged the last is taken",
         {"a.dck 0.0 1 checksum", "b.dck 0.0 2 checksum", "c.dck 3.0 3"}, {2, 3},
-        {"a.dck", "b.dck", "c.dck"});
+        {"a.dck", "b.dck", "c.dck"}, 3);
     row("chunks without a header come last, and none is left out",
         {"a.dck 0.0 0 header", "b.dck 2.0 2", "c.dck 0.0 0 header", "d.dck 0.0 1"}, {1, 2},
-        {"d.dck", "b.dck", "a.dck", "c.dck"});
+        {"d.dck", "b.dck", "a.dck", "c.dck"}, 2);
     row("chunks in folders are merged and not unpacked", {"f/b.dck 2.0 2", "f/g/a.dck 1.0 1"},
         {1, 2}, {});
 }
@@ -145,6 +138,7 @@ void TestArchives::chunksAreOrdered()
     }
     writeFile(zip(), archive);
     QTEST(mergedNumbers(), "merged");
+    QTEST(toldOfMerge.size(), "told");
     QTEST(unpackedNames(zip()), "unpacked");
 }
 
@@ -378,77 +372,6 @@ void TestArchives::tooManyEntriesAreRefused()
     writeFile(zip(), withManyClaimedEntries(one, limit + 1));
     QCOMPARE(mergedNumbers(Outcome::TooLarge), QVector<quint32>());
     QCOMPARE(unpackedNames(zip(), Outcome::TooLarge), QStringList());
-}
-
-void TestArchives::memoryOfControlGroupsCounts()
-{
-    const auto limit = [this](const char *groups, const QMap<QString, QByteArray> &limits) {
-        const QDir root(folder->filePath(QStringLiteral("root")));
-        QDir(root).removeRecursively();
-        root.mkpath("proc/self");
-        writeFile(root.filePath("proc/self/cgroup"), groups);
-        for (auto file = limits.begin(); file != limits.end(); ++file) {
-            root.mkpath("sys/fs/cgroup/" + QFileInfo(file.key()).path());
-            writeFile(root.filePath("sys/fs/cgroup/" + file.key()), file.value());
-        }
-        return MemoryLimit::ofControlGroups(root.path());
-    };
-    constexpr qint64 none = std::numeric_limits<qint64>::max();
-    const char *const version2 = "0::/a/b\n";
-    const char *const version1 = "3:cpu,memory:/a\n0::/c\n";
-    QCOMPARE(limit(version2, {{"a/b/memory.max", "max\n"}}), none);
-    QCOMPARE(limit(version2, {{"a/memory.max", "20\n"}, {"a/b/memory.max", "30\n"}}), qint64(20));
-    QCOMPARE(limit("0::/outside\n", {{"memory.max", "40\n"}}), qint64(40));
-    QCOMPARE(limit(version1, {{"memory/a/memory.limit_in_bytes", "50\n"}}), qint64(50));
-    QCOMPARE(limit(version1, {{"memory/c/memory.limit_in_bytes", "50\n"}}), none);
-}
-
-void TestArchives::packingCanBeGivenUp()
-{
-    const QFileInfo source(chunks().filePath("large"));
-    writeFile(source.filePath(), QByteArray(3 << 20, 'x'));
-    writeFile(zip(), "old");
-    int steps = 0;
-    QVERIFY(!Zip::packFiles(zip(), {source}, [&] { return ++steps <= 3; }).packed);
-    QCOMPARE(steps, 4);
-    QCOMPARE(readFile(zip()), "old");
-    QCOMPARE(everythingInFolder(), QStringList({"chunks", "trace.zip"}));
-}
-
-void TestArchives::aLinkIsPackedAsTheFileBehindIt()
-{
-    const QFileInfo source(chunks().filePath("source"));
-    const QFileInfo link(chunks().filePath("link.dck"));
-    writeFile(source.filePath(), "content");
-    QVERIFY(QFile::link(source.filePath(), link.filePath()));
-    // A file that is gone by now is passed over.
-    const QFileInfo gone(chunks().filePath("gone"));
-    QVERIFY(Zip::packFiles(zip(), {gone, link}, always).packed);
-    QuaZip archive(zip());
-    QuaZipFileInfo64 info;
-    QVERIFY(archive.open(QuaZip::mdUnzip) && archive.goToFirstFile());
-    QVERIFY(archive.getCurrentFileInfo(&info));
-    QCOMPARE(archive.getFileNameList(), QStringList("link.dck"));
-    QVERIFY(!info.isSymbolicLink());
-}
-
-void TestArchives::namesAreMarkedAsUtf8WhereTheyNeedIt()
-{
-    QFileInfoList files;
-    for (const QString &name : {QStringLiteral("f\u00fcr.dck"), QStringLiteral("fur.dck")}) {
-        files.append(QFileInfo(chunks().filePath(name)));
-        writeFile(files.last().filePath(), "content");
-    }
-    QVERIFY(Zip::packFiles(zip(), files, always).packed);
-    const QByteArray archive = readFile(zip());
-    QCOMPARE(archive.count("f\xc3\xbcr.dck"), 2);
-    // The flags are the fourth field in front of the content and the fifth in the directory.
-    constexpr char mark = 8; // in the flags' second byte
-    int at = -1;
-    for (const char expected : {mark, '\0'})
-        QCOMPARE(archive.at((at = archive.indexOf("PK\x03\x04", at + 1)) + 7) & mark, +expected);
-    for (const char expected : {mark, '\0'})
-        QCOMPARE(archive.at((at = archive.indexOf("PK\x01\x02", at + 1)) + 9) & mark, +expected);
 }
 
 QTEST_GUILESS_MAIN(TestArchives)

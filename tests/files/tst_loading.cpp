@@ -2,6 +2,7 @@
 #include "atturn.h"
 #include "chunkreading.h"
 #include "datachunkhandler.h"
+#include "memorylimit.h"
 #include "messages.h"
 #include "peakmemory.h"
 #include "savefileworker.h"
@@ -21,6 +22,7 @@ private slots:
     void damageIsTold_data();
     void damageIsTold();
     void memoryIsBounded();
+    void memoryOfControlGroupsCounts();
     void longReadingTurnsTheEventLoop_data();
     void longReadingTurnsTheEventLoop();
     void goingLiveFromASlotEndsTheLoad();
@@ -187,6 +189,29 @@ void Loading::memoryIsBounded()
                                        records, hasFdFrame),
              ChunkReading::Result::TooLarge);
     QCOMPARE(records.messages.size(), 999);
+}
+
+void Loading::memoryOfControlGroupsCounts()
+{
+    const auto limit = [this](const char *groups, const QMap<QString, QByteArray> &limits) {
+        const QDir root(path("root"));
+        QDir(root).removeRecursively();
+        root.mkpath("proc/self");
+        writeFile(root.filePath("proc/self/cgroup"), groups);
+        for (auto file = limits.begin(); file != limits.end(); ++file) {
+            root.mkpath("sys/fs/cgroup/" + QFileInfo(file.key()).path());
+            writeFile(root.filePath("sys/fs/cgroup/" + file.key()), file.value());
+        }
+        return MemoryLimit::ofControlGroups(root.path());
+    };
+    constexpr qint64 none = std::numeric_limits<qint64>::max();
+    const char *const version2 = "0::/a/b\n";
+    const char *const version1 = "3:cpu,memory:/a\n0::/c\n";
+    QCOMPARE(limit(version2, {{"a/b/memory.max", "max\n"}}), none);
+    QCOMPARE(limit(version2, {{"a/memory.max", "20\n"}, {"a/b/memory.max", "30\n"}}), qint64(20));
+    QCOMPARE(limit("0::/outside\n", {{"memory.max", "40\n"}}), qint64(40));
+    QCOMPARE(limit(version1, {{"memory/a/memory.limit_in_bytes", "50\n"}}), qint64(50));
+    QCOMPARE(limit(version1, {{"memory/c/memory.limit_in_bytes", "50\n"}}), none);
 }
 
 void Loading::longReadingTurnsTheEventLoop_data()

@@ -45,7 +45,7 @@ QStringList partNames(const QDir &folder, const QString &base, int count)
 {
     QStringList names;
     for (int i = 0; i < count; ++i)
-        names.append(folder.filePath(QStringLiteral("%1_%2.dck").arg(base).arg(i)));
+        names.append(folder.filePath(QStringLiteral("%1_%2.dck").arg(base, QString::number(i))));
     return names;
 }
 

@@ -1,6 +1,6 @@
-#include "tracesink.h"
+#include "notes.h"
 
-void joinNote(QMap<unsigned int, QString> &notes, quint32 number, const QString &text)
+void joinNote(Notes &notes, quint32 number, const QString &text)
 {
     const auto note = notes.find(number);
     if (note == notes.end())
