@@ -4,15 +4,15 @@
 # plant.sh [WORD...]; only the faults with one of the words in their names. Takes some 20 seconds for
 # each.
 #
-# A fault is "fault NAME", "file PATH" and "tests ROOM/SUBJECT...", then the lines of a piece of the
-# file behind "-" and those in place of it behind "+". The piece must be there exactly once.
+# A fault is "fault NAME" and "tests ROOM/SUBJECT...", then the lines of a piece of the sources behind
+# "-" and those in place of it behind "+". The piece must be there exactly once, in whatever file.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
 install_packages
 work="$project/build/planted"
 tree="$work/tree"
-declare -A fileOf testsOf oldOf newOf
+declare -A testsOf oldOf newOf
 names=()
 
 read_faults() {
@@ -20,7 +20,6 @@ read_faults() {
     while IFS= read -r line; do
         case "$line" in
         "fault "*) name="${line#fault }" && names+=("$name") ;;
-        "file "*) fileOf[$name]="${line#file }" ;;
         "tests "*) testsOf[$name]="${line#tests }" ;;
         -*) oldOf[$name]+="${oldOf[$name]:+$'\n'}${line#-}" ;;
         +*) newOf[$name]+="${newOf[$name]:+$'\n'}${line#+}" ;;
@@ -63,16 +62,28 @@ run_tests() {
         >"$work/test.log" 2>&1 </dev/null
 }
 
+# find_piece PIECE: sets file and content to the one file with it, and what that holds.
+find_piece() {
+    local candidate text rest count=0
+    while IFS= read -r candidate; do
+        text="$(<"$candidate")"
+        rest="${text#*"$1"}"
+        [[ "$text" == *"$1"* ]] || continue
+        count=$((count + 1))
+        [[ "$rest" != *"$1"* ]] || count=2
+        file="$candidate" content="$text"
+    done < <(grep -rlF -- "${1%%$'\n'*}" "$tree/src" "$tree/tools")
+    [ $count -eq 1 ]
+}
+
 # plant NAME: prints what becomes of the fault; 0 when a test finds it.
 plant() {
-    local file="$tree/${fileOf[$1]}" old="${oldOf[$1]}" content rest status=0
-    content="$(<"$file")"
-    rest="${content#*"$old"}"
-    if [[ "$content" != *"$old"* || "$rest" == *"$old"* ]]; then
+    local file content old="${oldOf[$1]}" status=0
+    if ! find_piece "$old"; then
         echo "does not fit the sources"
         return 1
     fi
-    printf '%s\n' "${content%%"$old"*}${newOf[$1]:-}$rest" >"$file"
+    printf '%s\n' "${content%%"$old"*}${newOf[$1]:-}${content#*"$old"}" >"$file"
     run_tests ${testsOf[$1]} || status=$?
     printf '%s\n' "$content" >"$file"
     case $status in

@@ -30,7 +30,8 @@ QString StoreDriver::run(int commandCount, quint64 messages)
               "live or on their way at a clearing or an end, or lost by design",
               appended, verified, lostByBudgetUnseen, lostWithReason);
     compare("messages accounted for:", verified + lostByBudgetUnseen + lostWithReason, appended);
-    return firstFailure.isEmpty() ? QString() : commandLog.join('\n') + '\n' + firstFailure;
+    // The end of a long text is not printed.
+    return firstFailure.isEmpty() ? QString() : firstFailure + '\n' + commandLog.join('\n');
 }
 
 void StoreDriver::beginStore()

@@ -27,7 +27,8 @@ QByteArray drive(StoreDriver::Weights weights, quint32 seed, int readers, int co
 {
     StoreDriver driver(seed, weights, readers);
     const QByteArray failure = driver.run(commands, messages).toUtf8();
-    return failure.isEmpty() ? failure : "DATACHUNK_SEED=" + QByteArray::number(seed) + failure;
+    return failure.isEmpty() ? failure
+                             : "DATACHUNK_SEED=" + QByteArray::number(seed) + ' ' + failure;
 }
 
 } // namespace
