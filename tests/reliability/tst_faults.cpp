@@ -239,7 +239,9 @@ void FaultsTest::aDiskThatDoesNotAnswerHoldsUpNobody()
     };
     store->setMaximumWaitingMessages(2 * size);
     Faults::arm({Faults::Write, Faults::held, 1, true});
-    // One is being written, the next two are too old by the time that there are five.
+    appendTo(size + 1);
+    QTRY_VERIFY(QFile::exists(store->chunkFolderPath() + QStringLiteral("/tmpData0.dck")));
+    // That one is being written, the next two are too old by the time that there are five.
     appendTo(5 * size + 1);
     QTRY_COMPARE(errors.count(), 1);
     QCOMPARE(store->givenUpMessageCount(), quint64(2 * size));
