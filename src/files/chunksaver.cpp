@@ -36,6 +36,7 @@ public:
     void giveUpAll();
     void work();
     SharedSaveJob pending(quint32 index);
+    SharedSaveJob runningJob();
     std::deque<SharedSaveJob> unfinished();
     void silence();
 
@@ -229,6 +230,12 @@ SharedSaveJob ChunkSaver::State::pending(quint32 index)
     return {};
 }
 
+SharedSaveJob ChunkSaver::State::runningJob()
+{
+    const QMutexLocker locker(&mutex);
+    return running;
+}
+
 std::deque<SharedSaveJob> ChunkSaver::State::unfinished()
 {
     const QMutexLocker locker(&mutex);
@@ -350,4 +357,12 @@ ChunkSaver::Pause::~Pause()
 void ChunkSaver::clear()
 {
     state->clear();
+}
+
+void ChunkSaver::removeChunks()
+{
+    constexpr int moment = 200;
+    if (const SharedSaveJob running = state->runningJob())
+        running->waitForFinished(QDeadlineTimer(moment));
+    state->folder.removeChunks();
 }

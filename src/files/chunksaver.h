@@ -75,9 +75,12 @@ public:
     };
 
     /// Begins a new trace: gives up all jobs, without waiting for the one that is being done, and
-    /// counts from 0 again. May be called under a lock; a Pause is to live until the files of the
-    /// old trace are removed.
+    /// counts from 0 again. May be called under a lock; a Pause is to live until removeChunks().
     void clear();
+
+    /// Deletes every file of the folder whose name contains "tmpData". The job that is being done
+    /// is waited for a moment; where the disk holds it up, it removes its file when it ends.
+    void removeChunks();
 
 private:
     class State;

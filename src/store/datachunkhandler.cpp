@@ -115,7 +115,7 @@ void DatachunkHandler::clearAllMessages()
         // Chunks of the new trace must not be there yet when those of the old one are removed.
         const ChunkSaver::Pause pause(d->chunkSaver);
         d->trace.clear();
-        d->chunkFolder.removeChunks();
+        d->chunkSaver.removeChunks();
         d->slowDiskReported = false;
     }
     if (d->trace.isLive())
