@@ -191,7 +191,12 @@ void StoreDriver::checkPartials(const QString &importName)
 
 bool StoreDriver::comesTrue(const std::function<bool()> &condition)
 {
-    return QTest::qWaitFor(condition, 60000);
+    // A store that fails once fails often.
+    static int patience = 60000;
+    const bool came = QTest::qWaitFor(condition, patience);
+    if (!came)
+        patience = 1000;
+    return came;
 }
 
 bool StoreDriver::showsLiveList() const

@@ -59,7 +59,7 @@ int watch(int fd, bool isOurs, int flags)
     return fd;
 }
 
-bool isMet(Call call)
+bool meets(Call call)
 {
     if (!armed || call != fault.call)
         return false;
@@ -74,7 +74,7 @@ bool isMet(Call call)
 // Whether the call fails; errno is then set.
 bool fails(Call call)
 {
-    if (!isMet(call))
+    if (!meets(call))
         return false;
     if (fault.effect == delay || fault.effect == held) {
         do {
@@ -93,7 +93,7 @@ bool fails(Call call, int fd, std::size_t &count)
         return false;
     if (fault.effect != shortCount && fault.effect != end)
         return fails(call);
-    if (isMet(call))
+    if (meets(call))
         count = fault.effect == end ? 0 : count - count / 2;
     return false;
 }
@@ -138,6 +138,11 @@ void arm(const Fault &newFault)
     calls = 0;
     met = false;
     armed = true;
+}
+
+bool isMet()
+{
+    return met;
 }
 
 bool disarm()

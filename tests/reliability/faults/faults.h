@@ -53,7 +53,10 @@ void watchBelow(const std::string &folder);
 
 void arm(const Fault &fault);
 
-/// Returns whether the fault was met.
+/// Whether the fault has been met since arm().
+bool isMet();
+
+/// Returns that.
 bool disarm();
 
 /// Number of the watched files that are open.
