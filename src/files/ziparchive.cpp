@@ -256,6 +256,9 @@ Step packAll(QuaZip &zip, const QFileInfoList &files, const KeepGoing &keepGoing
 // room, or when the disk is known to be full only once they get there.
 QString commit(QSaveFile &file)
 {
+    // It takes the rights of the file that it replaces, and none at all where it cannot learn them.
+    if (!(file.permissions() & QFileDevice::ReadOwner))
+        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     if (!file.flush())
         return file.errorString();
     if (fsync(file.handle()) != 0)
