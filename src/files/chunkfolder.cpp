@@ -103,7 +103,7 @@ QString ChunkFolder::chunkTemplate() const
     return folderPath + QLatin1String("/tmpData%1.dck");
 }
 
-QString ChunkFolder::chunkPath(quint32 number) const
+QString ChunkFolder::chunkPath(qint64 number) const
 {
     return fillChunkNumber(chunkTemplate(), number);
 }
@@ -130,7 +130,7 @@ void ChunkFolder::addFileBeside(const QString &path)
     filesBeside.insert(path);
 }
 
-QString fillChunkNumber(QString nameTemplate, quint32 number)
+QString fillChunkNumber(QString nameTemplate, qint64 number)
 {
     const int placeholder = nameTemplate.lastIndexOf(QLatin1String("%1"));
     if (placeholder < 0)

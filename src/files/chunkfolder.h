@@ -39,7 +39,7 @@ public:
 
     /// "tmpData%1.dck" in the folder, and the same with \a number in place of "%1".
     QString chunkTemplate() const;
-    QString chunkPath(quint32 number) const;
+    QString chunkPath(qint64 number) const;
 
     /// The template "%1.dck" for the chunks of an import. The separators are backslashes on every
     /// system, so that on most of them the files lie beside the folder.
@@ -66,4 +66,4 @@ private:
 
 /// Puts \a number in place of the last "%1" of \a nameTemplate: an earlier one belongs to the
 /// name of a folder or of an imported file.
-QString fillChunkNumber(QString nameTemplate, quint32 number);
+QString fillChunkNumber(QString nameTemplate, qint64 number);

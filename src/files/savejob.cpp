@@ -39,7 +39,7 @@ bool SaveJob::waitForFinished(QDeadlineTimer end)
 
 SaveReport::SaveReport(const SaveJob &job, SaveOutcome outcome)
     : fileName(job.fileName), type(job.type), chunkIndex(job.chunkIndex),
-      importName(job.importName), generation(job.generation), packRequest(job.packRequest),
+      importName(job.importName), generation(job.generation), packWish(job.packWish),
       outcome(std::move(outcome))
 {
 }

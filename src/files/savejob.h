@@ -31,7 +31,7 @@ struct SaveJob
     quint32 chunkIndex = 0;       ///< number of the chunk in its trace
     QString importName;           ///< name of the import that a partial chunk belongs to
     quint64 generation = 0;       ///< which trace of the store the chunk belongs to
-    quint32 packRequest = 0;      ///< the wish to pack the chunks after this export; 0 for none
+    quint32 packWish = 0;      ///< the wish to pack the chunks after this export; 0 for none
 
     /// Set to have the save given up; its file is then removed. Any thread.
     std::atomic<bool> cancelled{false};
@@ -75,7 +75,7 @@ struct SaveReport
     quint32 chunkIndex;
     QString importName;
     quint64 generation;
-    quint32 packRequest;
+    quint32 packWish;
     SaveOutcome outcome;
     bool chunkRemoved = false; ///< whether the budget has taken the oldest chunk
 };

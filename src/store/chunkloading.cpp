@@ -1,11 +1,10 @@
-// The store's part of loading chunk files.
+#include "chunkloading.h"
 
 #include "archivelimits.h"
 #include "chunkversion.h"
 #include "damage.h"
-#include "datachunkhandler.h"
-#include "datachunkhandler_p.h"
 #include "fileerrors.h"
+#include "importrun.h"
 #include "regularfile.h"
 
 #include <utility>
@@ -13,8 +12,10 @@
 using ChunkFormat::BookmarkMap;
 using ChunkReading::Result;
 
+namespace {
+
 /// What a chunk file adds to the browsing list, before anybody sees it.
-struct DatachunkHandlerPrivate::ChunkLoad
+struct Load
 {
     bool opened = false;
     Result result = Result::Done;
@@ -25,31 +26,8 @@ struct DatachunkHandlerPrivate::ChunkLoad
     QString damage;
 };
 
-bool DatachunkHandlerPrivate::readChunk(const QString &fileName, BookmarkMap bookmarkMap)
-{
-    ChunkLoad load;
-    {
-        const ImportRun run(q);
-        const bool enough = withinMemory([&] { loadChunk(run, fileName, bookmarkMap, load); });
-        if (!run.goesOn())
-            return false;
-        if (!enough) {
-            emit q->newErrorMessage(FileErrors::outOfMemory(fileName));
-            return false;
-        }
-    }
-    if (!load.opened)
-        return false;
-    if (load.result != Result::Done) {
-        refuseChunk(load.result, load.messagesAtMost);
-        return false;
-    }
-    takeChunk(load, bookmarkMap);
-    return true;
-}
-
-void DatachunkHandlerPrivate::loadChunk(const ImportRun &run, const QString &fileName,
-                                        BookmarkMap bookmarkMap, ChunkLoad &load)
+void read(const ImportRun &run, const Trace &trace, const QString &fileName,
+          BookmarkMap bookmarkMap, Load &load)
 {
     RegularFile file(fileName);
     load.opened = file.openForReading();
@@ -76,80 +54,26 @@ void DatachunkHandlerPrivate::loadChunk(const ImportRun &run, const QString &fil
     }
 }
 
-void DatachunkHandlerPrivate::takeChunk(ChunkLoad &load, BookmarkMap bookmarkMap)
+// False when the store is gone.
+bool take(Browsing &browsing, Load &load, BookmarkMap bookmarkMap)
 {
+    Trace &trace = browsing.trace;
     const quint32 version = load.front.preamble.version;
     setCurrentChunkVersion(version);
     if (version >= ChunkFormat::notesSince)
-        notes.show(std::move(load.front.maps.notes));
+        trace.notes().show(std::move(load.front.maps.notes));
     trace.setPaged(std::move(load.records.messages));
     trace.addLines(load.records.lines);
-    const QPointer<DatachunkHandler> store(q);
+    const Teller teller = browsing.teller;
     if (version >= ChunkFormat::bookmarksSince && bookmarkMap == BookmarkMap::Read)
-        notes.showBookmarks(load.front.maps.bookmarks);
-    if (store)
-        emit q->chunkContainsFdMessage(load.hasFdFrame);
-    if (store)
-        tell({load.damage});
+        trace.notes().showBookmarks(load.front.maps.bookmarks);
+    return teller.tell(&DatachunkHandler::chunkContainsFdMessage, load.hasFdFrame)
+        && teller.tellErrors({load.damage});
 }
 
-void DatachunkHandlerPrivate::tell(const QStringList &texts)
+// What a job will have left in its file.
+void fill(Load &load, const SaveJob &job)
 {
-    const QPointer<DatachunkHandler> store(q);
-    for (const QString &text : texts) {
-        if (store && !text.isEmpty())
-            emit store->newErrorMessage(text);
-    }
-}
-
-void DatachunkHandlerPrivate::refuseChunk(Result result, quint32 messagesAtMost)
-{
-    const QPointer<DatachunkHandler> store(q);
-    if (result == Result::NewerVersion)
-        q->showDataChunkVersionMismatch();
-    else
-        q->showTooMuchMessagesError(messagesAtMost);
-    if (store)
-        q->goLive();
-}
-
-bool DatachunkHandler::loadDckFile(QString fileName)
-{
-    return !d->refuseDuringImport() && d->readChunk(fileName, BookmarkMap::Read);
-}
-
-bool DatachunkHandler::appendDckFile(QString fileName)
-{
-    return !d->refuseDuringImport() && d->readChunk(fileName, BookmarkMap::NotRead);
-}
-
-bool DatachunkHandler::loadDataFromFile(int number)
-{
-    if (!d->chunkFolder.exists())
-        return true;
-    if (const SharedSaveJob job = d->chunkSaver.pending(quint32(number))) {
-        d->showPending(*job);
-        return true;
-    }
-    const QString name = QStringLiteral("/tmpData%1.dck").arg(number);
-    loadFile(d->chunkFolder.path() + name, true, DatachunkHelper::ChunkFile,
-             DatachunkHelper::CurrentMessages, QString());
-    return true;
-}
-
-void DatachunkHandlerPrivate::showPending(const SaveJob &job)
-{
-    if (refuseDuringImport())
-        return;
-    fileToLoad = job.fileName;
-    const ImportRun run(q);
-    leaveLiveMode();
-    if (!run.goesOn()) {
-        if (run.storeExists())
-            endCancelledImport();
-        return;
-    }
-    ChunkLoad load;
     load.front.preamble.version = ChunkFormat::currentVersion;
     load.front.maps = {job.notes, job.bookmarks};
     load.front.maps.notes.detach();
@@ -160,14 +84,57 @@ void DatachunkHandlerPrivate::showPending(const SaveJob &job)
         load.records.lines.insert(static_cast<unsigned char>(message.line));
         load.hasFdFrame |= message.fdFrame;
     }
-    takeChunk(load, BookmarkMap::Read);
-    if (run.goesOn())
-        finishImport(run, false);
-    else if (run.storeExists())
-        endCancelledImport();
 }
 
-void DatachunkHandler::loadDataFromFile(QString fileName, DatachunkHelper::SavedMessageType smt)
+} // namespace
+
+bool ChunkLoading::readFile(Browsing &browsing, const QString &fileName, BookmarkMap bookmarkMap)
 {
-    loadFile(fileName, false, DatachunkHelper().getImportFileType(fileName), smt, QString());
+    Load load;
+    {
+        const ImportRun run(browsing);
+        const bool enough =
+            withinMemory([&] { read(run, browsing.trace, fileName, bookmarkMap, load); });
+        if (!run.goesOn())
+            return false;
+        if (!enough) {
+            browsing.teller.tellLast(&DatachunkHandler::newErrorMessage,
+                                     FileErrors::outOfMemory(fileName));
+            return false;
+        }
+    }
+    if (!load.opened)
+        return false;
+    if (load.result != Result::Done) {
+        refuse(browsing, load.result, load.messagesAtMost);
+        return false;
+    }
+    // Whether the store has outlived what it was told is for the caller to ask.
+    static_cast<void>(take(browsing, load, bookmarkMap));
+    return true;
+}
+
+void ChunkLoading::refuse(Browsing &browsing, Result result, quint32 messagesAtMost)
+{
+    const bool storeExists = result == Result::NewerVersion
+        ? browsing.teller.tell(&DatachunkHandler::showDataChunkVersionMismatch)
+        : browsing.teller.tell(&DatachunkHandler::showTooMuchMessagesError, messagesAtMost);
+    if (storeExists)
+        browsing.goLive();
+}
+
+void ChunkLoading::showPending(Browsing &browsing, const SaveJob &job)
+{
+    const ImportRun run(browsing);
+    browsing.leaveLive();
+    if (!run.goesOn()) {
+        run.cancelled();
+        return;
+    }
+    Load load;
+    fill(load, job);
+    if (take(browsing, load, BookmarkMap::Read) && run.goesOn())
+        run.finish(nullptr);
+    else
+        run.cancelled();
 }

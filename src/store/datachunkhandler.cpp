@@ -9,14 +9,12 @@ DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent
 
 DatachunkHandler::~DatachunkHandler()
 {
-    d->stopping = true;
-    d->poolTasks.stop();
-    d->archives.stop();
+    d->stop();
 }
 
 void DatachunkHandler::setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler)
 {
-    d->notes.setBookmarkHandler(bookmarkHandler);
+    d->trace.notes().setBookmarkHandler(bookmarkHandler);
 }
 
 void DatachunkHandler::setMaximumHDDSpace(unsigned int space)
@@ -57,7 +55,7 @@ bool DatachunkHandler::getIsLive()
 
 QString DatachunkHandler::chunkFolderPath() const
 {
-    return d->chunkFolder.path();
+    return d->chunkSaver.folder().path();
 }
 
 void DatachunkHandler::appendCanMessage(CAN::CanRxMessage message)
@@ -86,28 +84,19 @@ void DatachunkHandler::addnewtestmessage()
 
 void DatachunkHandler::handleFullBuffer()
 {
-    const QPointer<DatachunkHandler> store(this);
-    if (!d->trace.isLive())
-        return;
-    emit informAboutClearStart();
-    if (store && d->trace.showNewLiveList())
-        d->trace.whileReading([this] { emit informAboutCleared(d->trace.isLive()); });
+    d->showNewLiveList();
 }
 
 void DatachunkHandler::goLive()
 {
-    if (d->trace.isLive() && !d->importRunning)
-        return;
-    d->importCancelled = true;
-    ++d->viewRequests;
-    d->showLive();
+    d->browsing.goLive();
 }
 
 void DatachunkHandler::clearAllMessages()
 {
     const QPointer<DatachunkHandler> store(this);
-    ++d->viewRequests;
-    if (d->importRunning)
+    d->browsing.newWish();
+    if (d->browsing.isImporting())
         goLive();
     if (!store)
         return;
@@ -116,7 +105,7 @@ void DatachunkHandler::clearAllMessages()
         const ChunkSaver::Pause pause(d->chunkSaver);
         d->trace.clear();
         d->chunkSaver.removeChunks();
-        d->slowDiskReported = false;
+        d->saveReports.traceCleared();
     }
     if (d->trace.isLive())
         emit informAboutCleared(true);
@@ -127,11 +116,6 @@ void DatachunkHandler::clearAllMessages()
 void DatachunkHandler::dataFileWasRemoved()
 {
     emit dataFileRemoved();
-}
-
-void DatachunkHandler::showFileLoadingError()
-{
-    emit newErrorMessage(tr("The file at %1 does not exists.").arg(d->fileToLoad));
 }
 
 void DatachunkHandler::showDataChunkVersionMismatch()
@@ -150,5 +134,43 @@ void DatachunkHandler::showTooMuchMessagesError(unsigned int minimum)
 
 void DatachunkHandler::informAboutLastError()
 {
-    emit newErrorMessage(d->lastError);
+    d->browsing.tellLastError();
+}
+
+void DatachunkHandler::setZipFileName(QString fileName)
+{
+    d->archives.setArchiveName(fileName);
+}
+
+void DatachunkHandler::setZipAfterSaving(bool on)
+{
+    d->saveReports.packWish().set(on);
+}
+
+void DatachunkHandler::saveDatachunksToZip()
+{
+    d->archiving.pack();
+}
+
+void DatachunkHandler::sortZipFile(QString zipName, QMap<double, QString> &order)
+{
+    d->archives.sortChunks(zipName, order);
+}
+
+bool DatachunkHandler::loadZipMerged(QString zipName)
+{
+    return !d->browsing.refuseDuringImport() && d->archiving.merge(zipName, d->browsing.newWish());
+}
+
+void DatachunkHandler::importZipAndMerge(QString zipName)
+{
+    if (d->browsing.refuseDuringImport())
+        return;
+    const quint32 wish = d->browsing.newWish();
+    d->archives.later([this, zipName, wish] { d->archiving.merge(zipName, wish); });
+}
+
+bool DatachunkHandler::loadZipFile(QString zipName)
+{
+    return d->archiving.unpack(zipName);
 }

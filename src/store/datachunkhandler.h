@@ -283,7 +283,5 @@ signals:
     void liveModeChanged(bool);
 
 private:
-    friend class DatachunkHandlerPrivate;
-    friend class ImportRun;
     const std::unique_ptr<DatachunkHandlerPrivate> d;
 };

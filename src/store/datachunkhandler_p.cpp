@@ -1,18 +1,26 @@
 #include "datachunkhandler_p.h"
 
-#include <utility>
-
 DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
                                                  unsigned int maxMessageCount)
-    : q(store), trace(maxMessageCount, *this),
-      chunkSaver([this](const SaveReport &report) { postReport(report); }),
-      exports(chunkSaver.folder(), [this](const SaveReport &report) { postReport(report); })
+    : teller(store), trace(maxMessageCount, *this), browsing(teller, trace),
+      continuousOutput(teller),
+      saveReports(teller, trace, [this] { archives.later([this] { archiving.pack(); }); }),
+      chunkSaver([this](const SaveReport &report) { saveReports.post(report, chunkSaver); }),
+      exports(chunkSaver.folder(),
+              [this](const SaveReport &report) { saveReports.post(report, chunkSaver); }),
+      archives(chunkSaver, exports), partialChunks(trace, chunkSaver), archiving(browsing, archives)
 {
+}
+
+void DatachunkHandlerPrivate::stop()
+{
+    archives.stop();
+    poolTasks.stop();
 }
 
 void DatachunkHandlerPrivate::liveListGoes()
 {
-    emit q->informAboutClearStart();
+    teller.tellLast(&DatachunkHandler::informAboutClearStart);
 }
 
 void DatachunkHandlerPrivate::rotated(const MessageList &messages, const TraceNotes::Marks &marks)
@@ -22,7 +30,7 @@ void DatachunkHandlerPrivate::rotated(const MessageList &messages, const TraceNo
     const auto job = std::make_shared<SaveJob>();
     job->type = DatachunkHelper::FullBuffer;
     job->isPrivate = true;
-    job->fileName = chunkFolder.chunkTemplate();
+    job->fileName = chunkSaver.folder().chunkTemplate();
     job->messages = messages;
     job->endPosition = quint32(messages.size());
     job->notes = marks.notes;
@@ -37,38 +45,35 @@ void DatachunkHandlerPrivate::cleared()
 
 void DatachunkHandlerPrivate::finishRotation()
 {
-    const QPointer<DatachunkHandler> store(q);
+    const Teller caller = teller;
     chunkSaver.start();
-    poolTasks.run([this] { q->handleFullBuffer(); });
-    if (store && chunkSaver.budget() != 0 && !chunkFolder.exists()
-        && !missingFolderReported.exchange(true)) {
-        emit q->newErrorMessage(
+    poolTasks.run([this] { showNewLiveList(); });
+    if (caller.storeExists() && chunkSaver.budget() != 0 && !chunkSaver.folder().exists()
+        && !missingFolderTold.exchange(true)) {
+        caller.tellLast(
+            &DatachunkHandler::newErrorMessage,
             DatachunkHandler::tr("The folder for chunk files could not be created. Messages beyond "
                                  "the limit are lost."));
     }
 }
 
-void DatachunkHandlerPrivate::showLive()
+void DatachunkHandlerPrivate::showNewLiveList()
 {
-    if (trace.isLive())
+    if (!trace.isLive() || !teller.tell(&DatachunkHandler::informAboutClearStart)
+        || !trace.showNewLiveList())
         return;
-    const QPointer<DatachunkHandler> store(q);
-    emit q->informAboutClearStart();
-    // A slot may have been faster.
-    if (!store || !trace.showLive())
-        return;
-    emit q->informAboutCleared(trace.isLive());
-    if (store)
-        emit q->liveModeChanged(trace.isLive());
+    trace.whileReading(
+        [this] { teller.tellLast(&DatachunkHandler::informAboutCleared, trace.isLive()); });
 }
 
-void DatachunkHandlerPrivate::leaveLiveMode()
+SharedSaveJob DatachunkHandlerPrivate::newJob(DatachunkHelper::SavedMessageType type,
+                                              const QString &fileName) const
 {
-    ++viewRequests;
-    const QPointer<DatachunkHandler> store(q);
-    emit q->informAboutClearStart();
-    if (!store)
-        return;
-    trace.leaveLive();
-    lastError = DatachunkHandler::tr("Unknown import error");
+    auto job = std::make_shared<SaveJob>();
+    job->type = type;
+    job->fileName = fileName;
+    job->isPrivate = chunkSaver.folder().holds(fileName);
+    job->notes = exportMarks.notes;
+    job->bookmarks = exportMarks.bookmarks;
+    return job;
 }

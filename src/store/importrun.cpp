@@ -1,26 +1,23 @@
 #include "importrun.h"
 
-#include "datachunkhandler_p.h"
+#include "partialchunks.h"
 
 #include <QCoreApplication>
-#include <QThread>
 
-ImportRun::ImportRun(DatachunkHandler *store)
-    : store(store), outermost(!store->d->importRunning.exchange(true))
+ImportRun::ImportRun(Browsing &browsing)
+    : browsing(browsing), teller(browsing.teller), outermost(browsing.beginImport())
 {
-    if (outermost)
-        store->d->importCancelled = false;
 }
 
 ImportRun::~ImportRun()
 {
-    if (store && outermost)
-        store->d->importRunning = false;
+    if (storeExists() && outermost)
+        browsing.endImport();
 }
 
 bool ImportRun::goesOn() const
 {
-    return store && !store->d->importCancelled;
+    return storeExists() && !browsing.isImportCancelled();
 }
 
 bool ImportRun::turn() const
@@ -34,12 +31,55 @@ bool ImportRun::waitFor(const SharedSaveJob &job) const
     // Short enough for the application to stay responsive, long enough to leave the core to
     // others.
     constexpr int millisecondsBetweenTurns = 5;
-    while (!job->waitForFinished(QDeadlineTimer(millisecondsBetweenTurns))) {
+    while (job && !job->waitForFinished(QDeadlineTimer(millisecondsBetweenTurns))) {
         if (!turn())
             return false;
     }
     // The reports of a job are on their way before it counts as finished.
-    if (store->thread() == QThread::currentThread())
-        QCoreApplication::sendPostedEvents(store.data(), QEvent::MetaCall);
+    teller.deliverWaiting();
     return goesOn();
+}
+
+bool ImportRun::cancelled() const
+{
+    if (storeExists())
+        browsing.goLive();
+    return false;
+}
+
+bool ImportRun::failed() const
+{
+    browsing.tellLastError();
+    if (storeExists()
+        && teller.tell(&DatachunkHandler::informAboutCleared, browsing.trace.isLive()))
+        browsing.goLive();
+    return false;
+}
+
+bool ImportRun::finish(PartialChunks *chunks) const
+{
+    Trace &trace = browsing.trace;
+    trace.dropRotated();
+    if (trace.hasPaged())
+        return show(chunks);
+    if (teller.tell(&DatachunkHandler::informAboutCleared, trace.isLive()))
+        browsing.goLive();
+    if (storeExists())
+        browsing.tellNothingImported();
+    return false;
+}
+
+bool ImportRun::show(PartialChunks *chunks) const
+{
+    Trace &trace = browsing.trace;
+    if (!teller.tell(&DatachunkHandler::informAboutClearStart) || !goesOn())
+        return cancelled();
+    const SharedSaveJob job = chunks ? chunks->save(trace.notes().shown()) : SharedSaveJob();
+    trace.showPaged();
+    if (job && !waitFor(job))
+        return cancelled();
+    if (!teller.tell(&DatachunkHandler::updateLines)
+        || !teller.tell(&DatachunkHandler::informAboutCleared, trace.isLive()))
+        return false;
+    return goesOn() && teller.tell(&DatachunkHandler::liveModeChanged, trace.isLive()) && goesOn();
 }

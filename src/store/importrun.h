@@ -1,26 +1,25 @@
 #pragma once
 
+#include "browsing.h"
 #include "savejob.h"
 
-#include <QPointer>
-
-class DatachunkHandler;
+class PartialChunks;
 
 /// One load or import from its beginning to its end, on the stack of the function that does it.
 /// The event loop is turned meanwhile, so that the store may be told to cancel, or be deleted,
 /// under the hands of everybody who works for it: whoever has turned the loop asks goesOn()
-/// before the next use of the store.
+/// before the next use of the store. Application's thread.
 class ImportRun
 {
 public:
     /// Runs inside the one already going on, if any.
-    explicit ImportRun(DatachunkHandler *store);
+    explicit ImportRun(Browsing &browsing);
     ~ImportRun();
 
     ImportRun(const ImportRun &) = delete;
     ImportRun &operator=(const ImportRun &) = delete;
 
-    bool storeExists() const { return !store.isNull(); }
+    bool storeExists() const { return teller.storeExists(); }
 
     /// False when the store is gone or the import was cancelled.
     bool goesOn() const;
@@ -28,10 +27,24 @@ public:
     /// Turns the event loop once; goesOn().
     bool turn() const;
 
-    /// Turns the event loop until the job has ended and its reports are delivered; goesOn().
+    /// Turns the event loop until the job, if there is one, has ended, and delivers the reports
+    /// that are on their way; goesOn().
     bool waitFor(const SharedSaveJob &job) const;
 
+    // Each of these ends the run, and the store may be gone then.
+
+    /// Shows the browsing list, and has it saved in \a chunks unless that is null. False, and back
+    /// in live mode, when the list is empty or the import was cancelled.
+    bool finish(PartialChunks *chunks) const;
+    /// Goes live and returns false.
+    bool cancelled() const;
+    /// The same, and tells the last error.
+    bool failed() const;
+
 private:
-    const QPointer<DatachunkHandler> store;
+    bool show(PartialChunks *chunks) const;
+
+    Browsing &browsing;
+    const Teller teller;
     const bool outermost;
 };

@@ -14,22 +14,22 @@ QString timeOfDay()
 
 QString DatachunkHandler::getMessageNote(unsigned int number) const
 {
-    return d->notes.note(number);
+    return d->trace.notes().note(number);
 }
 
 void DatachunkHandler::setMessageNote(unsigned int number, QString text)
 {
-    d->notes.set(number, text);
+    d->trace.notes().set(number, text);
 }
 
 void DatachunkHandler::appendMessageNote(unsigned int number, QString text)
 {
-    d->notes.append(number, text);
+    d->trace.notes().append(number, text);
 }
 
 void DatachunkHandler::addMessageNoteToNextMessage(QString text)
 {
-    d->notes.setForNext(timeOfDay() + QLatin1String(" - %1 - ") + text);
+    d->trace.notes().setForNext(timeOfDay() + QLatin1String(" - %1 - ") + text);
 }
 
 void DatachunkHandler::addMessageNoteToLastMessage(QString text)
@@ -39,5 +39,5 @@ void DatachunkHandler::addMessageNoteToLastMessage(QString text)
 
 CanMessageBookmark DatachunkHandler::bookmarkAt(int number) const
 {
-    return d->notes.bookmarkAt(unsigned(number));
+    return d->trace.notes().bookmarkAt(unsigned(number));
 }

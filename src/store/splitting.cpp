@@ -1,11 +1,12 @@
-// The store's part of splitting chunk files.
+#include "splitting.h"
 
 #include "archivelimits.h"
+#include "chunkfolder.h"
+#include "chunkloading.h"
 #include "chunkversion.h"
 #include "damage.h"
-#include "datachunkhandler.h"
-#include "datachunkhandler_p.h"
 #include "fileerrors.h"
+#include "importrun.h"
 #include "regularfile.h"
 
 #include <QFileInfo>
@@ -73,88 +74,110 @@ bool PartWriter::flush()
     return errorText().isEmpty();
 }
 
-} // namespace
-
-bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
+/// The splitting of one file.
+class Splitting
 {
-    const ImportRun run(this);
-    bool split = false;
-    if (!withinMemory([&] { split = d->split(run, fileName, messagesPerFile); })
-        && run.storeExists())
-        emit newErrorMessage(FileErrors::outOfMemory(fileName));
-    return split;
+public:
+    Splitting(Browsing &browsing, RecordingOutput &output, const QString &fileName)
+        : browsing(browsing), output(output), teller(browsing.teller), run(browsing), file(fileName)
+    {
+    }
+
+    bool split(quint32 messagesPerFile);
+
+private:
+    bool openFolder(QDir &folder) const;
+    bool readFront();
+    bool splitRecords(PartWriter &parts);
+    QStringList damage(const PartWriter &parts, const ChunkFormat::RecordsEnd &end) const;
+
+    Browsing &browsing;
+    RecordingOutput &output;
+    const Teller teller;
+    const ImportRun run;
+    RegularFile file;
+    ChunkReading::Front front;
+};
+
+bool Splitting::openFolder(QDir &folder) const
+{
+    const QFileInfo source(file.fileName());
+    if (!source.isFile())
+        return false;
+    folder = source.absoluteDir();
+    const QString name = source.baseName() + QLatin1String("_splitted");
+    folder.mkdir(name);
+    return folder.cd(name);
 }
 
-bool DatachunkHandlerPrivate::split(const ImportRun &run, const QString &fileName,
-                                    quint32 messagesPerFile)
+bool Splitting::readFront()
 {
-    const QFileInfo source(fileName);
-    RegularFile file(fileName);
-    if (messagesPerFile == 0 || !source.isFile())
-        return false;
-    const QString baseName = source.baseName();
-    QDir folder = source.absoluteDir();
-    const QString folderName = baseName + QLatin1String("_splitted");
-    folder.mkdir(folderName);
-    if (!folder.cd(folderName) || !file.openForReading())
-        return false;
-    ChunkReading::Front front;
     const Result result = ChunkReading::readFront(
         file, ChunkFormat::BookmarkMap::Read,
-        {ArchiveLimits::memoryLimit(), [&run] { return run.turn(); }}, front);
+        {ArchiveLimits::memoryLimit(), [this] { return run.turn(); }}, front);
     if (result == Result::GivenUp)
         return false;
     if (result != Result::Done) {
-        refuseChunk(result, ArchiveLimits::messagesIn(file.size()));
+        ChunkLoading::refuse(browsing, result, ArchiveLimits::messagesIn(file.size()));
         return false;
     }
     // Nobody wants the notes and bookmarks of the source.
     front.maps = {};
     setCurrentChunkVersion(front.preamble.version);
-    const QString partTemplate = folder.absoluteFilePath(baseName + QLatin1String("_%1.dck"));
-    return splitRecords(run, file, front, partTemplate, messagesPerFile);
+    return true;
 }
 
-bool DatachunkHandlerPrivate::splitRecords(const ImportRun &run, RegularFile &file,
-                                           const ChunkReading::Front &front,
-                                           const QString &partTemplate, quint32 messagesPerFile)
+bool Splitting::split(quint32 messagesPerFile)
 {
-    PartWriter parts(partTemplate, messagesPerFile);
+    QDir folder;
+    if (messagesPerFile == 0 || !openFolder(folder) || !file.openForReading() || !readFront())
+        return false;
+    const QString baseName = QFileInfo(file.fileName()).baseName();
+    PartWriter parts(folder.absoluteFilePath(baseName + QLatin1String("_%1.dck")), messagesPerFile);
+    return splitRecords(parts);
+}
+
+bool Splitting::splitRecords(PartWriter &parts)
+{
     CAN::CanRxMessage message;
     ChunkFormat::RecordReader reader(file, front.preamble.version);
     bool good = true;
     while (good && reader.next(message)) {
-        if (parts.messages() == 0) {
-            q->finishContinousOutput();
-            if (!run.goesOn())
-                return false;
-        }
+        if (parts.messages() == 0 && !(output.finish() && run.goesOn()))
+            return false;
         good = parts.add(message);
         if (parts.messages() % ChunkReading::recordsBetweenTurns == 0 && !run.turn())
             return false;
     }
-    good = parts.flush() && good;
+    good = parts.flush() && good && file.readErrorText().isEmpty();
+    const QStringList told = damage(parts, reader.end());
+    // What is told may be a slot's reason to delete the store, and is no failure of the splitting.
+    if (!good || parts.messages() == 0 || output.goOnWith(parts.takeOutput()))
+        static_cast<void>(teller.tellErrors(told));
+    return good;
+}
+
+QStringList Splitting::damage(const PartWriter &parts, const ChunkFormat::RecordsEnd &end) const
+{
     QStringList told;
     if (!parts.errorText().isEmpty())
         told.append(FileErrors::notWritten(parts.fileName(), parts.errorText()));
     if (!file.readErrorText().isEmpty())
         told.append(file.readErrorText());
     else if (file.size() > 0)
-        told.append(Damage::ofChunk(file.fileName(), front, reader.end(), parts.messages()));
-    good = good && file.readErrorText().isEmpty();
-    if (good && parts.messages() > 0)
-        continueOutput(parts.takeOutput());
-    if (run.storeExists())
-        tell(told);
-    return good;
+        told.append(Damage::ofChunk(file.fileName(), front, end, parts.messages()));
+    return told;
 }
 
-void DatachunkHandlerPrivate::continueOutput(std::unique_ptr<ContinuousOutput> output)
+} // namespace
+
+bool splitChunkFile(Browsing &browsing, RecordingOutput &output, const QString &fileName,
+                    quint32 messagesPerFile)
 {
-    const QPointer<DatachunkHandler> store(q);
-    q->finishContinousOutput();
-    if (!store)
-        return;
-    continuousOutput = std::move(output);
-    continuousOutputReported = false;
+    const Teller teller = browsing.teller;
+    Splitting splitting(browsing, output, fileName);
+    bool isSplit = false;
+    if (!withinMemory([&] { isSplit = splitting.split(messagesPerFile); }))
+        teller.tellLast(&DatachunkHandler::newErrorMessage, FileErrors::outOfMemory(fileName));
+    return isSplit;
 }

@@ -1,6 +1,7 @@
 #include "storesink.h"
 
-#include "datachunkhandler_p.h"
+#include "fileerrors.h"
+#include "partialchunks.h"
 
 #include <utility>
 
@@ -24,28 +25,36 @@ private:
 
 } // namespace
 
-StoreSink::StoreSink(DatachunkHandlerPrivate &store, const ImportRun &run) : store(store), run(run)
+StoreSink::StoreSink(const ImportRun &run, Browsing &browsing, PartialChunks &chunks)
+    : run(run), trace(browsing.trace), teller(browsing.teller), chunks(chunks)
 {
 }
 
 bool StoreSink::message(const CAN::CanRxMessage &message)
 {
-    return store.addImported(message);
+    if (trace.pagedIsFull()) {
+        // One buffer in the making and one being written is all that an import holds.
+        if (!run.waitFor(chunks.lastFullBuffer()))
+            return false;
+        chunks.saveFullBuffer();
+    }
+    trace.addPaged(message);
+    return true;
 }
 
 void StoreSink::note(quint32 number, const QString &text)
 {
-    store.notes.set(number, text);
+    trace.notes().set(number, text);
 }
 
 void StoreSink::appendNote(quint32 number, const QString &text)
 {
-    store.notes.join(number, text);
+    trace.notes().join(number, text);
 }
 
 void StoreSink::fdFrames(bool seen)
 {
-    emit store.q->chunkContainsFdMessage(seen);
+    teller.tellLast(&DatachunkHandler::chunkContainsFdMessage, seen);
 }
 
 bool StoreSink::turnEventLoop()
@@ -53,9 +62,9 @@ bool StoreSink::turnEventLoop()
     return run.turn();
 }
 
-WholeTraceSink::WholeTraceSink(DatachunkHandlerPrivate &store, const ImportRun &run,
+WholeTraceSink::WholeTraceSink(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
                                const TraceRequest &request)
-    : StoreSink(store, run), request(request)
+    : StoreSink(run, browsing, chunks), request(request)
 {
 }
 
@@ -63,7 +72,7 @@ bool WholeTraceSink::message(const CAN::CanRxMessage &message)
 {
     if (checked)
         return StoreSink::message(message);
-    if (store.trace.isFull(heldBack)) {
+    if (trace.isFull(heldBack)) {
         checked = true;
         CheckingSink sink(run);
         checkResult = readTraceFile(request, sink);
@@ -84,8 +93,12 @@ ReadResult WholeTraceSink::finish(const ReadResult &result)
 
 bool WholeTraceSink::deliver()
 {
-    if (!store.trace.hasPaged()) {
-        store.takeImported(std::move(heldBack));
+    if (!trace.hasPaged()) {
+        LineSet lines;
+        for (int i = 0; i < heldBack.size(); ++i)
+            lines.insert(static_cast<unsigned char>(heldBack.at(i).line));
+        trace.addLines(lines);
+        trace.setPaged(std::move(heldBack));
         return true;
     }
     for (; !heldBack.isEmpty(); heldBack.removeFirst()) {
@@ -93,4 +106,37 @@ bool WholeTraceSink::deliver()
             return false;
     }
     return true;
+}
+
+namespace {
+
+ReadResult readInto(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
+                    const TraceRequest &request)
+{
+    if (traceReaderFor(request.type).delivery == TraceReader::AsRead) {
+        StoreSink sink(run, browsing, chunks);
+        return readTraceFile(request, sink);
+    }
+    WholeTraceSink sink(run, browsing, chunks, request);
+    return sink.finish(readTraceFile(request, sink));
+}
+
+} // namespace
+
+bool readTrace(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
+               const TraceRequest &request)
+{
+    ReadResult result;
+    if (!withinMemory([&] { result = readInto(run, browsing, chunks, request); }))
+        result = {ReadResult::NotRead, 0, FileErrors::outOfMemory(request.fileName)};
+    if (!run.storeExists())
+        return false;
+    if (result.isDone())
+        return browsing.teller.tellErrors({result.systemError});
+    // Whoever calls this tells the last error.
+    const QString error =
+        result.systemError.isEmpty() ? errorText(result, request) : result.systemError;
+    if (!error.isEmpty())
+        browsing.setLastError(error);
+    return false;
 }

@@ -1,18 +1,16 @@
 #pragma once
 
 #include "importrun.h"
-#include "messagelist.h"
 #include "tracereader.h"
-
-class DatachunkHandlerPrivate;
 
 /// Brings what a reader finds into the store's browsing list. Where it tells the reader to
 /// stop, the store may be gone.
 class StoreSink : public TraceSink
 {
 public:
-    StoreSink(DatachunkHandlerPrivate &store, const ImportRun &run);
+    StoreSink(const ImportRun &run, Browsing &browsing, PartialChunks &chunks);
 
+    /// Turns the event loop where a full buffer has to wait for the one before it to be saved.
     bool message(const CAN::CanRxMessage &message) override;
     void note(quint32 number, const QString &text) override;
     void appendNote(quint32 number, const QString &text) override;
@@ -20,8 +18,12 @@ public:
     bool turnEventLoop() override;
 
 protected:
-    DatachunkHandlerPrivate &store;
     const ImportRun &run;
+    Trace &trace;
+
+private:
+    const Teller teller;
+    PartialChunks &chunks;
 };
 
 /// The same for a format of which a trace with an error brings no message. The messages are held
@@ -30,7 +32,7 @@ protected:
 class WholeTraceSink : public StoreSink
 {
 public:
-    WholeTraceSink(DatachunkHandlerPrivate &store, const ImportRun &run,
+    WholeTraceSink(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
                    const TraceRequest &request);
 
     bool message(const CAN::CanRxMessage &message) override;
@@ -47,3 +49,8 @@ private:
     bool checked = false;
     ReadResult checkResult;
 };
+
+/// Reads a trace into the browsing list. False when it cannot be read or was stopped; the last
+/// error then says why, and the store may be gone.
+bool readTrace(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
+               const TraceRequest &request);

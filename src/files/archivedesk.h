@@ -1,0 +1,59 @@
+#pragma once
+
+#include "chunkmerge.h"
+#include "chunksaver.h"
+#include "chunkunpack.h"
+#include "exportdesk.h"
+#include "taskqueue.h"
+
+#include <QMap>
+#include <QMutex>
+#include <QString>
+
+#include <atomic>
+
+/// Packs the chunks of one trace into archives and reads archives, one after the other, on the
+/// thread that asks. Any thread.
+class ArchiveDesk
+{
+public:
+    /// Both have to outlive it.
+    ArchiveDesk(ChunkSaver &saver, ExportDesk &exports);
+
+    /// Runs \a task on a thread of its own, behind those before it: rotations must find a free
+    /// thread in the global pool, however long archives take.
+    void later(TaskQueue::Task task) { queue.run(std::move(task)); }
+
+    /// Gives up all work, and waits for what has begun unless that is the caller.
+    void stop();
+
+    /// Where packChunks() writes.
+    void setArchiveName(const QString &fileName);
+
+    /// Packs the chunk folder, once the saves and exports under way have ended. Gives up when the
+    /// trace is cleared. Returns what the user is told of an archive that is incomplete; mostly
+    /// empty.
+    QString packChunks();
+
+    /// The chunks by their start in seconds, without a word on damage.
+    void sortChunks(const QString &archive, QMap<double, QString> &order) const;
+
+    /// As ChunkArchive::merge(), as long as \a isWanted.
+    void merge(const QString &archive, const Zip::KeepGoing &isWanted,
+               ChunkArchive::Merged &merged);
+
+    /// As ChunkArchive::unpack(), into the chunk folder.
+    ChunkArchive::Outcome unpack(const QString &archive, const ChunkArchive::Unpacked &unpacked);
+
+private:
+    QString archiveName() const;
+    QString packFolder(const QString &archive, const Zip::KeepGoing &keepGoing);
+
+    ChunkSaver &saver;
+    ExportDesk &exports;
+    std::atomic<bool> stopping{false};
+    QMutex workMutex; // held by whoever works on an archive; taken before any other
+    mutable QMutex nameMutex;
+    QString name; // guarded by nameMutex
+    TaskQueue queue;
+};

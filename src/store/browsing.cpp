@@ -1,0 +1,54 @@
+#include "browsing.h"
+
+#include "fileerrors.h"
+
+void Browsing::leaveLive()
+{
+    newWish();
+    if (!teller.tell(&DatachunkHandler::informAboutClearStart))
+        return;
+    trace.leaveLive();
+    expectError();
+}
+
+void Browsing::showLive()
+{
+    if (trace.isLive())
+        return;
+    // A slot may have been faster.
+    if (!teller.tell(&DatachunkHandler::informAboutClearStart) || !trace.showLive())
+        return;
+    if (teller.tell(&DatachunkHandler::informAboutCleared, trace.isLive()))
+        teller.tellLast(&DatachunkHandler::liveModeChanged, trace.isLive());
+}
+
+void Browsing::goLive()
+{
+    if (trace.isLive() && !importing)
+        return;
+    importCancelled = true;
+    newWish();
+    showLive();
+}
+
+bool Browsing::refuseDuringImport()
+{
+    if (!importing)
+        return false;
+    teller.tellLast(&DatachunkHandler::messagesImported, QString());
+    return true;
+}
+
+bool Browsing::beginImport()
+{
+    if (importing.exchange(true))
+        return false;
+    importCancelled = false;
+    return true;
+}
+
+void Browsing::tellNothingImported()
+{
+    lastError = FileErrors::nothingImported();
+    tellLastError();
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "teller.h"
+#include "trace.h"
+
+#include <QString>
+
+#include <atomic>
+
+/// Leaving the live messages for others, and coming back to them: what is shown, by whose wish, and
+/// why nothing came of it. Application's thread where nothing else is said.
+class Browsing
+{
+public:
+    Browsing(const Teller &teller, Trace &trace) : teller(teller), trace(trace) { }
+
+    /// Everything that decides what is shown is a wish; the newest counts. Any thread.
+    quint32 newWish() { return ++wishes; }
+    bool isNewestWish(quint32 wish) const { return wishes == wish; }
+
+    /// Sets the live notes and bookmarks aside and empties the browsing list.
+    void leaveLive();
+    /// Back to the live messages, unless they are shown already.
+    void showLive();
+    /// The same as a wish of the user, which cancels an import.
+    void goLive();
+
+    // Imports and loads; one at a time. Any thread.
+
+    bool isImporting() const { return importing; }
+    /// Tells the application so and returns true while an import runs.
+    bool refuseDuringImport();
+    /// False when one runs already. endImport() follows.
+    bool beginImport();
+    void endImport() { importing = false; }
+    bool isImportCancelled() const { return importCancelled; }
+
+    // What the user is told of an import that failed.
+
+    void expectError() { lastError = DatachunkHandler::tr("Unknown import error"); }
+    void setLastError(const QString &text) { lastError = text; }
+    void tellLastError() { teller.tellLast(&DatachunkHandler::newErrorMessage, lastError); }
+    void tellNothingImported();
+
+    const Teller teller;
+    Trace &trace;
+
+private:
+    std::atomic<quint32> wishes{0};
+    std::atomic<bool> importing{false};
+    std::atomic<bool> importCancelled{false};
+    QString lastError;
+};

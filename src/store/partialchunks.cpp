@@ -1,0 +1,39 @@
+#include "partialchunks.h"
+
+#include "filenames.h"
+
+#include <QFile>
+
+QString PartialChunks::partName() const
+{
+    constexpr int rest = 2 + 10 + 4; // "\\" twice, a number, ".dck"
+    const int folderBytes = QFile::encodeName(saver.folder().dir().dirName()).size();
+    return FileNames::cutToBytes(nameOfImport, FileNames::longest - folderBytes - rest);
+}
+
+SharedSaveJob PartialChunks::save(const Notes &notes)
+{
+    ChunkFolder &folder = saver.folder();
+    if (!folder.exists())
+        return {};
+    const auto job = std::make_shared<SaveJob>();
+    job->type = DatachunkHelper::PartialBuffer;
+    job->isPrivate = true;
+    job->messages = trace.paged();
+    job->endPosition = quint32(job->messages.size());
+    job->notes = notes;
+    job->importName = nameOfImport;
+    job->fileName = folder.partialChunkTemplate(partName());
+    saver.add(job);
+    folder.addFileBeside(job->fileName);
+    saver.start();
+    return job;
+}
+
+void PartialChunks::saveFullBuffer()
+{
+    lastSave.reset();
+    if (saver.budget() != 0)
+        lastSave = save(trace.notes().of(trace.paged()));
+    trace.setPaged({});
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "chunksaver.h"
+#include "trace.h"
+
+/// The chunks that an import leaves in the chunk folder: each buffer that is full before its end,
+/// and what is shown at last. Application's thread.
+class PartialChunks
+{
+public:
+    PartialChunks(Trace &trace, ChunkSaver &saver) : trace(trace), saver(saver) { }
+
+    /// The name that the chunks of the imports from here on bear.
+    void setImportName(const QString &name) { nameOfImport = name; }
+    QString importName() const { return nameOfImport; }
+
+    /// Has the browsing list saved with \a notes. Null where there is no chunk folder.
+    SharedSaveJob save(const Notes &notes);
+
+    /// Has the browsing list saved, unless nothing is to be saved at all, and empties it.
+    void saveFullBuffer();
+    /// The buffer before that; null when it is written.
+    SharedSaveJob lastFullBuffer() const { return lastSave.lock(); }
+
+private:
+    QString partName() const;
+
+    Trace &trace;
+    ChunkSaver &saver;
+    QString nameOfImport;
+    std::weak_ptr<SaveJob> lastSave; // the saver drops a job that it has done
+};
