@@ -99,7 +99,7 @@ void roundTrip(const QByteArray &bytes)
     job.endPosition = quint32(chunk.messages.size());
     job.notes = chunk.notes;
     job.bookmarks = chunk.bookmarks;
-    require(writeChunkFile(job).errorText.isEmpty(), "a chunk is written");
+    require(writeChunkFile(job).text.isEmpty(), "a chunk is written");
     const ReadChunk read = readChunkFile(job.fileName);
     require(read.preamble.version == ChunkFormat::currentVersion && read.notes == chunk.notes
                 && read.bookmarks == chunk.bookmarks

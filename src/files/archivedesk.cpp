@@ -7,8 +7,6 @@
 #include <QFileInfo>
 #include <QMutexLocker>
 
-using ChunkArchive::Outcome;
-
 ArchiveDesk::ArchiveDesk(ChunkSaver &saver, ExportDesk &exports)
     : saver(saver), exports(exports) { }
 
@@ -54,10 +52,7 @@ QString ArchiveDesk::packFolder(const QString &archive, const Zip::KeepGoing &ke
     // What has begun to be written since must be whole before it is packed.
     if (!saver.waitForAll(keepGoing))
         return {};
-    const Zip::PackOutcome outcome = Zip::packFiles(archive, files, keepGoing);
-    if (!outcome.readErrorText.isEmpty() || outcome.errorText.isEmpty())
-        return outcome.readErrorText;
-    return FileErrors::notWritten(archive, outcome.errorText);
+    return Zip::packFiles(archive, files, keepGoing).text;
 }
 
 void ArchiveDesk::sortChunks(const QString &archiveName, QMap<double, QString> &order) const
@@ -80,11 +75,12 @@ void ArchiveDesk::merge(const QString &archive, const Zip::KeepGoing &isWanted,
     ChunkArchive::merge(archive, ArchiveLimits::memoryLimit(), keepGoing, merged);
 }
 
-Outcome ArchiveDesk::unpack(const QString &archive, const ChunkArchive::Unpacked &unpacked)
+Outcome ArchiveDesk::unpack(const QString &archive, const ChunkArchive::Unpacked &unpacked,
+                            QStringList &damage)
 {
     if (!saver.folder().exists())
-        return {Outcome::NoRoom, 0, {}};
+        return {Outcome::NoRoom, {}, 0};
     const QMutexLocker workLocker(&workMutex);
     return ChunkArchive::unpack(
-        archive, saver.folder().dir(), [this] { return !stopping; }, unpacked);
+        archive, saver.folder().dir(), [this] { return !stopping; }, unpacked, damage);
 }

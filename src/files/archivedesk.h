@@ -43,7 +43,8 @@ public:
                ChunkArchive::Merged &merged);
 
     /// As ChunkArchive::unpack(), into the chunk folder.
-    ChunkArchive::Outcome unpack(const QString &archive, const ChunkArchive::Unpacked &unpacked);
+    Outcome unpack(const QString &archive, const ChunkArchive::Unpacked &unpacked,
+                   QStringList &damage);
 
 private:
     QString archiveName() const;

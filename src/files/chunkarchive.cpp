@@ -103,7 +103,7 @@ std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoin
                                  Damage::List &damage)
 {
     std::vector<Chunk> chunks;
-    if (checkDirectory(archive).result != Outcome::Done)
+    if (!checkDirectory(archive).isDone())
         return chunks;
     const std::vector<Zip::Entry> entries = archive.entries();
     for (const Zip::Entry &entry : entries) {
@@ -168,15 +168,15 @@ bool isBomb(const Zip::Reader &archive, const std::vector<Chunk> &chunks)
 
 Outcome tooLarge(const std::vector<Chunk> &chunks)
 {
-    return {Outcome::TooLarge, ArchiveLimits::messagesIn(totalSize(chunks)), {}};
+    return {Outcome::TooLarge, {}, ArchiveLimits::messagesIn(totalSize(chunks))};
 }
 
 Outcome checkDirectory(const Zip::Reader &archive)
 {
     if (!archive.isOpen())
-        return {Outcome::NotOpened, 0, archive.readErrorText()};
+        return Outcome::notOpened(archive.readErrorText());
     if (archive.entryCount() > ArchiveLimits::maxEntries)
-        return {Outcome::TooLarge, 0, Damage::tooManyEntries(archive.fileName())};
+        return {Outcome::TooLarge, Damage::tooManyEntries(archive.fileName()), 0};
     return {};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "damage.h"
+#include "outcome.h"
 #include "ziparchive.h"
 
 #include <QString>
@@ -36,23 +37,6 @@ std::vector<Chunk> lastOfEachStart(const Zip::Reader &archive, const std::vector
 /// What the user is told of an entry that is damaged, and of which \a kept was read.
 QString damageOf(const Zip::Reader &archive, const Chunk &chunk, const Zip::EntryDevice &content,
                  const QString &kept);
-
-/// What became of an archive that was read.
-struct Outcome
-{
-    enum Result {
-        Done,
-        NotOpened,    ///< no archive
-        NewerVersion, ///< a chunk is of a version that we do not know
-        TooLarge,
-        NoRoom, ///< on the disk
-        GivenUp
-    };
-    Result result = Done;
-    quint32 messages = 0;    ///< how many there may be in all, when the archive is too large
-    QString systemError;     ///< what the user is told of a call that failed; mostly empty
-    QStringList damage = {}; ///< what the user is told of damage, where the archive was read
-};
 
 /// The bytes that the chunks claim to have, unpacked.
 qint64 totalSize(const std::vector<Chunk> &chunks);

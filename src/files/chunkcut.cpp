@@ -14,7 +14,7 @@ qint64 cutToWholeRecords(const QString &fileName)
     ChunkReading::Front front;
     const ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), [] { return true; }};
     if (ChunkReading::readFront(file, ChunkFormat::BookmarkMap::Read, bounds, front)
-        != ChunkReading::Result::Done)
+        != Outcome::Done)
         return -1;
     if (front.headerIsDamaged || front.mapsAreDamaged)
         return 0;

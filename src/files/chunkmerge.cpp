@@ -7,8 +7,6 @@ namespace ChunkArchive {
 
 namespace {
 
-using ChunkReading::Result;
-
 void drain(QIODevice &device)
 {
     QByteArray block(64 * 1024, Qt::Uninitialized);
@@ -34,12 +32,12 @@ public:
     {
     }
 
-    Outcome::Result readChunk(const Chunk &chunk);
+    Outcome::Kind readChunk(const Chunk &chunk);
 
     Damage::List damage;
 
 private:
-    Result read(Zip::EntryDevice &content);
+    Outcome::Kind read(Zip::EntryDevice &content);
     void tellDamage(const Chunk &chunk, const Zip::EntryDevice &content, int messages);
 
     const Zip::Reader &archive;
@@ -53,7 +51,7 @@ private:
     bool hasFdFrame = false;
 };
 
-Outcome::Result Merger::readChunk(const Chunk &chunk)
+Outcome::Kind Merger::readChunk(const Chunk &chunk)
 {
     const auto content = archive.open(chunk.entry, keepGoing);
     if (!content) {
@@ -64,13 +62,13 @@ Outcome::Result Merger::readChunk(const Chunk &chunk)
     front = {};
     recordsEnd = {};
     hasFdFrame = false;
-    const Result result = read(*content);
-    if (result == Result::GivenUp || !keepGoing())
+    const Outcome::Kind result = read(*content);
+    if (result == Outcome::GivenUp || !keepGoing())
         return Outcome::GivenUp;
-    if (result == Result::TooLarge)
+    if (result == Outcome::TooLarge)
         return Outcome::TooLarge;
     // Only the end tells whether that is its version or damage.
-    if (result == Result::NewerVersion && !content->isDamaged())
+    if (result == Outcome::NewerVersion && !content->isDamaged())
         return Outcome::NewerVersion;
     merged.fdFramesByChunk.append(hasFdFrame);
     // A file that cannot be read is told of by itself.
@@ -79,15 +77,15 @@ Outcome::Result Merger::readChunk(const Chunk &chunk)
     return Outcome::Done;
 }
 
-Result Merger::read(Zip::EntryDevice &content)
+Outcome::Kind Merger::read(Zip::EntryDevice &content)
 {
     const qint64 memory = memoryLimit - memoryOfMaps;
     const qint64 memoryOfMessages = merged.messages.size() * qint64(sizeof(CAN::CanRxMessage));
-    const Result result = ChunkReading::readFront(content, ChunkFormat::BookmarkMap::Read,
-                                                  {memory - memoryOfMessages, keepGoing}, front);
-    if (result == Result::NewerVersion)
+    const Outcome::Kind result = ChunkReading::readFront(
+        content, ChunkFormat::BookmarkMap::Read, {memory - memoryOfMessages, keepGoing}, front);
+    if (result == Outcome::NewerVersion)
         drain(content);
-    if (result != Result::Done)
+    if (result != Outcome::Done)
         return result;
     const quint32 version = front.preamble.version;
     setCurrentChunkVersion(version);
@@ -96,11 +94,11 @@ Result Merger::read(Zip::EntryDevice &content)
     merged.hasBookmarkMap |= version >= ChunkFormat::bookmarksSince;
     memoryOfMaps += front.memory;
     ChunkFormat::RecordReader records(content, version);
-    const Result recordsResult =
+    const Outcome::Kind end =
         ChunkReading::readRecords(records, {memory - front.memory, keepGoing}, merged, hasFdFrame,
                                   [&content] { return content.isDamaged(); });
     recordsEnd = records.end();
-    return recordsResult;
+    return end;
 }
 
 void Merger::tellDamage(const Chunk &chunk, const Zip::EntryDevice &content, int messages)
@@ -117,7 +115,7 @@ void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, const Zip::Keep
                  Merged &merged)
 {
     merged.outcome = checkDirectory(archive);
-    if (merged.outcome.result != Outcome::Done)
+    if (!merged.outcome.isDone())
         return;
     Merger merger(archive, memoryLimit, keepGoing, merged);
     const std::vector<Chunk> chunks = lastOfEachStart(
@@ -128,13 +126,13 @@ void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, const Zip::Keep
         return;
     }
     for (const Chunk &chunk : chunks) {
-        merged.outcome.result = merger.readChunk(chunk);
-        if (merged.outcome.result == Outcome::TooLarge)
+        merged.outcome.kind = merger.readChunk(chunk);
+        if (merged.outcome.kind == Outcome::TooLarge)
             merged.outcome = tooLarge(chunks);
-        if (merged.outcome.result != Outcome::Done)
+        if (!merged.outcome.isDone())
             return;
     }
-    merged.outcome.damage = merger.damage.sentences(archive.fileName());
+    merged.damage = merger.damage.sentences(archive.fileName());
 }
 
 } // namespace
@@ -145,11 +143,11 @@ void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &kee
     const auto mergeArchive = [&] {
         const Zip::Reader archive(zipName);
         mergeChunks(archive, memoryLimit, keepGoing, merged);
-        if (merged.outcome.systemError.isEmpty())
-            merged.outcome.systemError = archive.readErrorText();
+        if (merged.outcome.text.isEmpty())
+            merged.outcome.text = archive.readErrorText();
     };
     if (!withinMemory(mergeArchive))
-        merged.outcome = {Outcome::TooLarge, 0, FileErrors::outOfMemory(zipName)};
+        merged.outcome = {Outcome::TooLarge, FileErrors::outOfMemory(zipName), 0};
 }
 
 } // namespace ChunkArchive

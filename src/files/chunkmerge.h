@@ -10,7 +10,8 @@ namespace ChunkArchive {
 /// What the chunks of an archive hold together.
 struct Merged : ChunkReading::Records
 {
-    Outcome outcome;
+    Outcome outcome;          ///< done, or NotOpened, NewerVersion, TooLarge or GivenUp
+    QStringList damage;       ///< what the user is told of damage, where the archive was read
     ChunkFormat::Notes notes; ///< of all chunks; for the same number the later chunk's
     ChunkFormat::Bookmarks bookmarks;
     bool hasBookmarkMap = false;   ///< whether any chunk has bookmarks, be it none

@@ -17,7 +17,7 @@ public:
     {
     }
 
-    Result read(ChunkFormat::BookmarkMap bookmarkMap);
+    Outcome::Kind read(ChunkFormat::BookmarkMap bookmarkMap);
 
 private:
     template <typename Value> void readMap(QMap<unsigned int, Value> &map);
@@ -33,7 +33,7 @@ private:
     bool tooLarge = false;
 };
 
-Result FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
+Outcome::Kind FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
 {
     limitNextItem();
     front.preamble = ChunkFormat::readPreamble(stream);
@@ -41,7 +41,7 @@ Result FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
     front.memory = device.bytesRead();
     const quint32 version = front.preamble.version;
     if (version > ChunkFormat::currentVersion)
-        return Result::NewerVersion;
+        return Outcome::NewerVersion;
     if (version >= ChunkFormat::notesSince)
         readMap(front.maps.notes);
     if (version >= ChunkFormat::bookmarksSince && bookmarkMap == ChunkFormat::BookmarkMap::Read
@@ -49,8 +49,8 @@ Result FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
         readMap(front.maps.bookmarks);
     front.size = device.bytesRead();
     if (device.isGivenUp())
-        return Result::GivenUp;
-    return tooLarge || device.limitReached() ? Result::TooLarge : Result::Done;
+        return Outcome::GivenUp;
+    return tooLarge || device.limitReached() ? Outcome::TooLarge : Outcome::Done;
 }
 
 template <typename Value> void FrontReader::readMap(QMap<unsigned int, Value> &map)
@@ -92,14 +92,14 @@ template <typename Value> void FrontReader::readMap(QMap<unsigned int, Value> &m
 
 } // namespace
 
-Result readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap, const Bounds &bounds,
-                 Front &front)
+Outcome::Kind readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap,
+                        const Bounds &bounds, Front &front)
 {
     return FrontReader(device, bounds, front).read(bookmarkMap);
 }
 
-Result readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Records &records,
-                   bool &hasFdFrame, const std::function<bool()> &dropsCut)
+Outcome::Kind readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Records &records,
+                          bool &hasFdFrame, const std::function<bool()> &dropsCut)
 {
     const int allowed =
         int(qBound<qint64>(0, bounds.memory / qint64(sizeof(CAN::CanRxMessage)), INT_MAX / 2));
@@ -109,15 +109,15 @@ Result readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Reco
         const int turn = std::min(allowed, messages.size() + recordsBetweenTurns);
         while (messages.size() < turn) {
             if (!reader.next(message) || (reader.lastIsCut() && dropsCut && dropsCut()))
-                return Result::Done;
+                return Outcome::Done;
             messages.append(message);
             records.lines.insert(static_cast<unsigned char>(message.line));
             hasFdFrame |= message.fdFrame;
         }
         if (messages.size() >= allowed)
-            return reader.next(message) ? Result::TooLarge : Result::Done;
+            return reader.next(message) ? Outcome::TooLarge : Outcome::Done;
         if (!bounds.keepGoing())
-            return Result::GivenUp;
+            return Outcome::GivenUp;
     }
 }
 

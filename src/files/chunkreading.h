@@ -3,6 +3,7 @@
 #include "chunkformat.h"
 #include "lineset.h"
 #include "messagelist.h"
+#include "outcome.h"
 
 #include <functional>
 
@@ -16,8 +17,6 @@ struct Bounds
     qint64 memory = 0;               ///< in bytes, about
     std::function<bool()> keepGoing; ///< asked again and again; false gives the reading up
 };
-
-enum class Result { Done, NewerVersion, TooLarge, GivenUp };
 
 /// Everything in front of the records.
 struct Front
@@ -33,9 +32,10 @@ struct Front
 
 /// Reads over \a front, whose maps are as QDataStream's own operators read them: a map that is
 /// damaged or cut short is empty, and what follows is read from where its reading ended. Of a
-/// newer version no map is read.
-Result readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap, const Bounds &bounds,
-                 Front &front);
+/// newer version no map is read, and the outcome is NewerVersion; otherwise it may be TooLarge or
+/// GivenUp.
+Outcome::Kind readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap,
+                        const Bounds &bounds, Front &front);
 
 /// What the records of chunks hold together.
 struct Records
@@ -50,7 +50,7 @@ constexpr int recordsBetweenTurns = 100000;
 /// Adds the records to those that are there, which count for \a bounds as well. A last record
 /// that is cut short is added as far as it goes, unless \a dropsCut is set and returns true.
 /// Sets \a hasFdFrame where one of those added is a CAN FD frame.
-Result readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Records &records,
-                   bool &hasFdFrame, const std::function<bool()> &dropsCut = {});
+Outcome::Kind readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Records &records,
+                          bool &hasFdFrame, const std::function<bool()> &dropsCut = {});
 
 } // namespace ChunkReading

@@ -54,7 +54,7 @@ private:
     bool giveUpOldestLocked(const SharedSaveJob &newest);
     void giveUpAllLocked();
     void run(const SharedSaveJob &job);
-    SaveOutcome saveIntoFolder(const SaveJob &job);
+    Outcome saveIntoFolder(const SaveJob &job);
     bool keepBudget(const SaveJob &job, bool isInFolder);
     void report(const SaveReport &report);
 
@@ -103,7 +103,7 @@ bool ChunkSaver::State::giveUpOldestLocked(const SharedSaveJob &newest)
     waitingMessages -= quint64(job->messages.size());
     givenUp += quint64(job->messages.size());
     job->markFinished();
-    report({*job, {SaveOutcome::TooManyWaiting, {}, {}}});
+    report({*job, {Outcome::TooManyWaiting, {}, 0}});
     return true;
 }
 
@@ -163,7 +163,7 @@ void ChunkSaver::State::work()
         return;
     while (const SharedSaveJob job = nextJob()) {
         const auto reportLack = [&] {
-            report({*job, {SaveOutcome::NotOpened, {}, qt_error_string(ENOMEM)}});
+            report({*job, Outcome::notOpened(qt_error_string(ENOMEM))});
         };
         // Whoever waits for the job must not wait for ever, whether or not the report finds room.
         if (!withinMemory([&] { run(job); }))
@@ -179,20 +179,18 @@ void ChunkSaver::State::run(const SharedSaveJob &job)
 {
     const bool isInFolder = folder.holds(job->fileName);
     SaveReport ended(*job, isInFolder ? saveIntoFolder(*job) : save(*job));
-    const SaveOutcome::Result result = ended.outcome.result;
-    const bool wasTried = result == SaveOutcome::Saved || result == SaveOutcome::NotOpened;
+    const Outcome::Kind kind = ended.outcome.kind;
+    const bool wasTried = kind == Outcome::Done || kind == Outcome::NotOpened;
     if (isRotation(*job) && isChunkName(job->fileName) && wasTried)
         ended.chunkRemoved = keepBudget(*job, isInFolder);
     report(ended);
 }
 
-SaveOutcome ChunkSaver::State::saveIntoFolder(const SaveJob &job)
+Outcome ChunkSaver::State::saveIntoFolder(const SaveJob &job)
 {
     if (!folder.isInPlace()) {
-        return {
-            SaveOutcome::NotOpened,
-            {},
-            QCoreApplication::translate("DatachunkHandler", "The folder for chunk files is gone.")};
+        return Outcome::notOpened(
+            QCoreApplication::translate("DatachunkHandler", "The folder for chunk files is gone."));
     }
     diskBudget.beginChange();
     return save(job, [&] { diskBudget.endChange(QFileInfo(job.fileName).fileName()); });

@@ -71,12 +71,12 @@ qint64 endOfWholeRecords(QFile &file, const Zip::KeepGoing &keepGoing)
     constexpr qint64 memory = 256 * 1024 * 1024;
     ChunkReading::Front front;
     file.seek(0);
-    const ChunkReading::Result result =
+    const Outcome::Kind result =
         ChunkReading::readFront(file, ChunkFormat::BookmarkMap::Read, {memory, keepGoing}, front);
     // Nobody here knows what a newer one looks like.
-    if (result == ChunkReading::Result::NewerVersion)
+    if (result == Outcome::NewerVersion)
         return file.size();
-    if (result != ChunkReading::Result::Done || front.headerIsDamaged || front.mapsAreDamaged)
+    if (result != Outcome::Done || front.headerIsDamaged || front.mapsAreDamaged)
         return 0;
     CAN::CanRxMessage message;
     ChunkFormat::RecordReader records(file, front.preamble.version);
@@ -206,15 +206,15 @@ Outcome unpackInto(const QDir &folder, const Zip::Reader &archive, const std::ve
         }
         const Unpacker::Result result = unpacker.unpack(*content, chunk.entry.name);
         if (!keepGoing())
-            return {Outcome::GivenUp, 0, {}};
+            return Outcome::givenUp();
         if (result == Unpacker::Failed)
-            return {Outcome::NoRoom, 0, unpacker.systemError()};
+            return {Outcome::NoRoom, unpacker.systemError(), 0};
         if (result == Unpacker::Unpacked)
             unpacked(unpacker.fileName(), folder, chunk.timeText);
         if (content->isDamaged() && archive.readErrorText().isEmpty())
             damage.add(damageOf(archive, chunk, *content, Damage::bytesUnpacked(unpacker.size())));
     }
-    return {Outcome::Done, 0, archive.readErrorText()};
+    return {Outcome::Done, archive.readErrorText(), 0};
 }
 
 Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, const QDir &parent,
@@ -222,35 +222,35 @@ Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, cons
                      Damage::List &damage)
 {
     const Outcome checked = checkDirectory(archive);
-    if (checked.result != Outcome::Done)
+    if (!checked.isDone())
         return checked;
     const std::vector<Chunk> chunks =
         withFileNames(archive.fileName(), chunksByStart(archive, keepGoing, damage), damage);
     if (isBomb(archive, chunks))
         return tooLarge(chunks);
     if (hasNoRoom(parent, totalSize(chunks)))
-        return {Outcome::NoRoom, 0, {}};
+        return {Outcome::NoRoom, {}, 0};
     const QString path = createFolder(parent, folderName);
     if (path.isEmpty())
-        return {Outcome::NoRoom, 0, {}};
+        return {Outcome::NoRoom, {}, 0};
     return unpackInto(QDir(path), archive, chunks, keepGoing, unpacked, damage);
 }
 
 } // namespace
 
 Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing &keepGoing,
-               const Unpacked &unpacked)
+               const Unpacked &unpacked, QStringList &damage)
 {
     Outcome outcome;
     const auto unpackArchive = [&] {
         const Zip::Reader archive(zipName);
         const QString name = ArchiveLimits::folderName(ArchiveLimits::archiveName(zipName));
-        Damage::List damage;
-        outcome = unpackChunks(archive, name, parent, keepGoing, unpacked, damage);
-        outcome.damage = damage.sentences(zipName);
+        Damage::List found;
+        outcome = unpackChunks(archive, name, parent, keepGoing, unpacked, found);
+        damage = found.sentences(zipName);
     };
     if (!withinMemory(unpackArchive))
-        outcome = {Outcome::TooLarge, 0, FileErrors::outOfMemory(zipName)};
+        outcome = {Outcome::TooLarge, FileErrors::outOfMemory(zipName), 0};
     return outcome;
 }
 

@@ -71,9 +71,9 @@ void ExportDesk::run(const SharedSaveJob &job, Lane &lane)
     std::unique_lock<std::mutex> folderLock(folderMutex, std::defer_lock);
     if (folder.holds(job->fileName))
         folderLock.lock();
-    SaveOutcome outcome;
+    Outcome outcome;
     if (!withinMemory([&] { outcome = save(*job); }))
-        outcome = {SaveOutcome::NotOpened, {}, qt_error_string(ENOMEM)};
+        outcome = Outcome::notOpened(qt_error_string(ENOMEM));
     // Whoever waits for the job must not wait for ever, whether or not the report finds room.
     withinMemory([&] { tell({*job, outcome}); });
     end(job, lane);

@@ -61,14 +61,14 @@ void SaveFileWorker::saveToFile()
 void SaveFileWorker::saveChunk()
 {
     readMessages();
-    const SaveOutcome outcome = writeChunkFile(*job);
-    lastError = outcome.errorText;
-    if (outcome.result == SaveOutcome::NotOpened)
+    const Outcome outcome = writeChunkFile(*job);
+    lastError = outcome.text;
+    if (outcome.kind == Outcome::NotOpened)
         emit savingFinished(false);
     else if (job->type == DatachunkHelper::FullBuffer)
-        emit newDataFile(outcome.timeText);
+        emit newDataFile(chunkTimeText(*job));
     else if (job->type == DatachunkHelper::PartialBuffer)
-        emit newPartialDataFile(job->fileName, outcome.timeText);
+        emit newPartialDataFile(job->fileName, chunkTimeText(*job));
     else
         emit savingFinished(true);
     if (job->type == DatachunkHelper::FullBuffer)
@@ -85,7 +85,7 @@ void SaveFileWorker::checkUsedSpace(QString fileName)
 void SaveFileWorker::exportMessagesToTxt()
 {
     readMessages();
-    lastError = writeTextFile(*job).errorText;
+    lastError = writeTextFile(*job).text;
 }
 
 QString SaveFileWorker::getOldStyleTxtOutput(CAN::CanRxMessage message)

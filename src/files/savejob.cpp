@@ -37,11 +37,17 @@ bool SaveJob::waitForFinished(QDeadlineTimer end)
     return finished;
 }
 
-SaveReport::SaveReport(const SaveJob &job, SaveOutcome outcome)
+SaveReport::SaveReport(const SaveJob &job, Outcome outcome)
     : fileName(job.fileName), type(job.type), chunkIndex(job.chunkIndex),
       importName(job.importName), generation(job.generation), packWish(job.packWish),
+      timeText(isChunkName(job.fileName) ? chunkTimeText(job) : QString()),
       outcome(std::move(outcome))
 {
+}
+
+QString chunkTimeText(const SaveJob &job)
+{
+    return chunkTimeText(job.messages, job.startPosition, qint64(job.endPosition) - 1);
 }
 
 QString chunkTimeText(const MessageList &messages, qint64 first, qint64 last)
@@ -74,24 +80,19 @@ template <typename Write> void forEachMessage(const SaveJob &job, qint64 start, 
     }
 }
 
-SaveOutcome finish(const SaveJob &job, QFile &file, SaveOutcome outcome)
+Outcome finish(const SaveJob &job, QFile &file, Outcome outcome)
 {
     const QString error = FileErrors::close(file);
-    if (outcome.errorText.isEmpty())
-        outcome.errorText = error;
+    if (outcome.text.isEmpty())
+        outcome.text = error;
     if (job.cancelled) {
-        outcome.result = SaveOutcome::GivenUp;
+        outcome.kind = Outcome::GivenUp;
         if (!Pipes::isPipe(job.fileName))
             QFile::remove(job.fileName);
-    } else if (!outcome.errorText.isEmpty()) {
-        qDebug() << "void SaveFileWorker::saveToFile()" << outcome.errorText << job.endPosition;
+    } else if (!outcome.text.isEmpty()) {
+        qDebug() << "void SaveFileWorker::saveToFile()" << outcome.text << job.endPosition;
     }
     return outcome;
-}
-
-SaveOutcome notOpened(const QString &errorText)
-{
-    return {SaveOutcome::NotOpened, {}, errorText};
 }
 
 // Creates the file of a private job, before anything is in it that others must not read.
@@ -108,10 +109,10 @@ void makePrivate(const SaveJob &job)
     close(handle);
 }
 
-void writeChunk(const SaveJob &job, const QString &timeText, QFile &file)
+void writeChunk(const SaveJob &job, QFile &file)
 {
     QDataStream stream(&file);
-    ChunkFormat::writeHeader(stream, timeText, job.notes, job.bookmarks);
+    ChunkFormat::writeHeader(stream, chunkTimeText(job), job.notes, job.bookmarks);
     setCurrentChunkVersion(ChunkFormat::currentVersion);
     ChunkFormat::RecordWriter writer(file, ChunkFormat::currentVersion);
     forEachMessage(job, job.startPosition,
@@ -144,29 +145,29 @@ void writeText(const SaveJob &job, const WriteBytes &write)
     writeBlock();
 }
 
-SaveOutcome finishText(const SaveJob &job, QFile &file, const WriteBytes &write)
+Outcome finishText(const SaveJob &job, QFile &file, const WriteBytes &write)
 {
-    SaveOutcome outcome;
+    Outcome outcome;
     if (!withinMemory([&] { writeText(job, write); }))
-        outcome.errorText = qt_error_string(ENOMEM);
+        outcome.text = qt_error_string(ENOMEM);
     return finish(job, file, outcome);
 }
 
-SaveOutcome writeTextToPipe(const SaveJob &job)
+Outcome writeTextToPipe(const SaveJob &job)
 {
     QFile file;
     const int handle = Pipes::open(job.fileName, job.cancelled);
     if (handle < 0 || !file.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle))
-        return notOpened(qt_error_string());
+        return Outcome::notOpened(qt_error_string());
     QString error;
-    SaveOutcome outcome = finishText(job, file, [&](const QByteArray &bytes) {
+    Outcome outcome = finishText(job, file, [&](const QByteArray &bytes) {
         const bool good = Pipes::write(handle, bytes.constData(), bytes.size(), job.cancelled);
         if (!good)
             error = qt_error_string();
         return good;
     });
-    if (outcome.errorText.isEmpty())
-        outcome.errorText = error;
+    if (outcome.text.isEmpty())
+        outcome.text = error;
     return outcome;
 }
 
@@ -177,7 +178,7 @@ bool isChunkName(const QString &fileName)
     return fileName.endsWith(QLatin1String("dck"));
 }
 
-SaveOutcome save(const SaveJob &job, const std::function<void()> &opened)
+Outcome save(const SaveJob &job, const std::function<void()> &opened)
 {
     const QFileInfo target(job.fileName);
     if (!target.absoluteDir().exists())
@@ -185,39 +186,38 @@ SaveOutcome save(const SaveJob &job, const std::function<void()> &opened)
     if (!isChunkName(job.fileName))
         return writeTextFile(job);
     if (job.endPosition == 0)
-        return {SaveOutcome::NothingToSave, {}, {}};
+        return {Outcome::NothingToDo, {}, 0};
     return writeChunkFile(job, opened);
 }
 
-SaveOutcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened)
+Outcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened)
 {
     QFile file(job.fileName);
     // Opened for reading as well, a pipe would never tell that nobody reads it.
     if (Pipes::isPipe(job.fileName))
-        return notOpened(QCoreApplication::translate("DatachunkHandler",
-                                                     "A chunk cannot be written into a pipe."));
+        return Outcome::notOpened(QCoreApplication::translate(
+            "DatachunkHandler", "A chunk cannot be written into a pipe."));
     if (job.isPrivate)
         makePrivate(job);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate)) {
         qDebug() << "void SaveFileWorker::saveToFile()" << file.errorString();
-        return notOpened(file.errorString());
+        return Outcome::notOpened(file.errorString());
     }
     if (opened)
         opened();
-    SaveOutcome outcome;
-    outcome.timeText = chunkTimeText(job.messages, job.startPosition, qint64(job.endPosition) - 1);
-    if (!withinMemory([&] { writeChunk(job, outcome.timeText, file); }))
-        outcome.errorText = qt_error_string(ENOMEM);
+    Outcome outcome;
+    if (!withinMemory([&] { writeChunk(job, file); }))
+        outcome.text = qt_error_string(ENOMEM);
     return finish(job, file, outcome);
 }
 
-SaveOutcome writeTextFile(const SaveJob &job)
+Outcome writeTextFile(const SaveJob &job)
 {
     if (Pipes::isPipe(job.fileName))
         return writeTextToPipe(job);
     QFile file(job.fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return notOpened(file.errorString());
+        return Outcome::notOpened(file.errorString());
     return finishText(job, file, [&file](const QByteArray &bytes) {
         return FileErrors::write(file, bytes.constData(), bytes.size());
     });

@@ -3,6 +3,7 @@
 #include "chunkformat.h"
 #include "datachunkhelper.h"
 #include "messagelist.h"
+#include "outcome.h"
 
 #include <QDeadlineTimer>
 #include <QList>
@@ -31,7 +32,7 @@ struct SaveJob
     quint32 chunkIndex = 0;       ///< number of the chunk in its trace
     QString importName;           ///< name of the import that a partial chunk belongs to
     quint64 generation = 0;       ///< which trace of the store the chunk belongs to
-    quint32 packWish = 0;      ///< the wish to pack the chunks after this export; 0 for none
+    quint32 packWish = 0;         ///< the wish to pack the chunks after this export; 0 for none
 
     /// Set to have the save given up; its file is then removed. Any thread.
     std::atomic<bool> cancelled{false};
@@ -49,26 +50,11 @@ private:
 
 using SharedSaveJob = std::shared_ptr<SaveJob>;
 
-/// What became of a save.
-struct SaveOutcome
-{
-    enum Result {
-        Saved, ///< the file is there; with an error text it may be incomplete
-        NotOpened,
-        GivenUp,
-        NothingToSave,
-        TooManyWaiting ///< given up because the disk is too slow
-    };
-    Result result = Saved;
-    QString timeText;  ///< header text of a chunk
-    QString errorText; ///< empty when every byte was taken
-};
-
 /// What is told of a save when it has ended. It does not hold the messages: reports may wait long
 /// for whoever takes them.
 struct SaveReport
 {
-    SaveReport(const SaveJob &job, SaveOutcome outcome);
+    SaveReport(const SaveJob &job, Outcome outcome);
 
     QString fileName;
     DatachunkHelper::SavedMessageType type;
@@ -76,7 +62,8 @@ struct SaveReport
     QString importName;
     quint64 generation;
     quint32 packWish;
-    SaveOutcome outcome;
+    QString timeText;          ///< header text of a chunk
+    Outcome outcome;           ///< done with a text where the file may be incomplete
     bool chunkRemoved = false; ///< whether the budget has taken the oldest chunk
 };
 
@@ -86,17 +73,20 @@ using TellSaved = std::function<void(const SaveReport &)>;
 /// Whether files of that name are chunk files; others are texts.
 bool isChunkName(const QString &fileName);
 
-/// Text of a chunk's header for the positions \a first and \a last; a position outside the list
+/// Text of the header of the chunk that a job writes.
+QString chunkTimeText(const SaveJob &job);
+/// The same for the positions \a first and \a last; a position outside the list
 /// reads as a default record.
 QString chunkTimeText(const MessageList &messages, qint64 first, qint64 last);
 
 /// Writes a chunk file or a text, by the name of the file, and creates its folder where that is
-/// one level deep. \a opened is called when a chunk file is there and nothing is written yet.
-SaveOutcome save(const SaveJob &job, const std::function<void()> &opened = {});
+/// one level deep. \a opened is called when a chunk file is there and nothing is written yet. The
+/// text of the outcome is the system's reason; where it is done all the same, bytes are missing.
+Outcome save(const SaveJob &job, const std::function<void()> &opened = {});
 
 /// Writes the job's messages, notes and bookmarks as a chunk file.
-SaveOutcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened = {});
+Outcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened = {});
 
 /// Writes the job's messages as text, from the first message on even when the job starts later.
 /// A named pipe is waited for until it has a reader.
-SaveOutcome writeTextFile(const SaveJob &job);
+Outcome writeTextFile(const SaveJob &job);

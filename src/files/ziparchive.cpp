@@ -268,34 +268,37 @@ QString commit(QSaveFile &file)
 
 } // namespace
 
-PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
-                      const KeepGoing &keepGoing)
+Outcome packFiles(const QString &fileName, const QFileInfoList &files, const KeepGoing &keepGoing)
 {
+    const auto notWritten = [&fileName](const QString &reason) {
+        return Outcome{Outcome::NotWritten, FileErrors::notWritten(fileName, reason), 0};
+    };
     const QFileInfo target(fileName);
     QSaveFile file(fileName);
     // A device or a pipe of that name must not be replaced by a file.
     const bool taken = target.exists() && !target.isFile();
     if (fileName.isEmpty() || taken)
-        return {};
+        return Outcome::notOpened();
     if (quint64(files.size()) > ArchiveLimits::maxEntries)
-        return {false, FileErrors::tooManyFiles(int(ArchiveLimits::maxEntries)), {}};
+        return notWritten(FileErrors::tooManyFiles(int(ArchiveLimits::maxEntries)));
     if (!file.open(QIODevice::WriteOnly))
-        return {};
+        return Outcome::notOpened();
     QuaZip zip(&file);
     zip.setAutoClose(false);
     if (!zip.open(QuaZip::mdCreate))
-        return {false, file.errorString(), {}};
-    PackOutcome outcome;
+        return notWritten(file.errorString());
+    QString readError;
     Step step = Step::Failed;
-    if (!withinMemory([&] { step = packAll(zip, files, keepGoing, outcome.readErrorText); }))
-        outcome.readErrorText = FileErrors::outOfMemory(fileName);
+    if (!withinMemory([&] { step = packAll(zip, files, keepGoing, readError); }))
+        readError = FileErrors::outOfMemory(fileName);
     zip.close();
     if (step == Step::GivenUp)
-        return {};
+        return Outcome::givenUp();
     const bool whole = step == Step::Done && zip.getZipError() == UNZ_OK;
-    outcome.errorText = whole ? commit(file) : file.errorString();
-    outcome.packed = outcome.errorText.isEmpty();
-    return outcome;
+    const QString error = whole ? commit(file) : file.errorString();
+    if (!readError.isEmpty())
+        return {Outcome::NotWritten, readError, 0};
+    return error.isEmpty() ? Outcome::done() : notWritten(error);
 }
 
 } // namespace Zip

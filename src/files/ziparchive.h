@@ -1,5 +1,6 @@
 #pragma once
 
+#include "outcome.h"
 #include "regularfile.h"
 
 #include <QFileInfo>
@@ -146,17 +147,10 @@ private:
     const bool opened;
 };
 
-struct PackOutcome
-{
-    bool packed = false;
-    QString errorText;     ///< empty when it was given up or the archive could not be begun
-    QString readErrorText; ///< what the user is told when a file to be packed could not be read
-};
-
 /// Packs \a files under their bare names into the archive \a fileName. The archive is written
 /// beside its place and put there, at one stroke, when it is whole; otherwise an earlier archive
-/// stays as it is. Files that are gone by now are left out.
-PackOutcome packFiles(const QString &fileName, const QFileInfoList &files,
-                      const KeepGoing &keepGoing);
+/// stays as it is. Files that are gone by now are left out. The outcome is done, GivenUp, NotOpened
+/// when the archive cannot even be begun, of which the user is told nothing, or NotWritten.
+Outcome packFiles(const QString &fileName, const QFileInfoList &files, const KeepGoing &keepGoing);
 
 } // namespace Zip

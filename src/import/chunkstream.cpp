@@ -23,15 +23,14 @@ QString newerVersion()
 class Streamer
 {
 public:
-    enum Step { Done, Stopped, NewerVersion, TooLarge };
-
     Streamer(const TraceStream::Take &take, const TraceStream::GoesOn &goesOn)
         : take(take), goesOn(goesOn)
     {
     }
 
-    // A last record that is cut short counts unless `dropsCut` says that it does not.
-    Step read(QIODevice &device, int part, const std::function<bool()> &dropsCut);
+    // Done, or NewerVersion, TooLarge or GivenUp. A last record that is cut short counts unless
+    // `dropsCut` says that it does not.
+    Outcome::Kind read(QIODevice &device, int part, const std::function<bool()> &dropsCut);
 
     // What is wrong with the chunk that was read last; empty when nothing is.
     QString damage(const QString &name) const
@@ -52,27 +51,24 @@ private:
     qint64 total = 0;
 };
 
-Streamer::Step Streamer::read(QIODevice &device, int part, const std::function<bool()> &dropsCut)
+Outcome::Kind Streamer::read(QIODevice &device, int part, const std::function<bool()> &dropsCut)
 {
-    using ChunkReading::Result;
     front = {};
     end = {};
     messages = 0;
-    const Result result = ChunkReading::readFront(device, ChunkFormat::BookmarkMap::Read,
-                                                  {ArchiveLimits::memoryLimit(), goesOn}, front);
-    if (result != Result::Done)
-        return result == Result::NewerVersion ? NewerVersion
-            : result == Result::TooLarge      ? TooLarge
-                                              : Stopped;
+    const Outcome::Kind result = ChunkReading::readFront(
+        device, ChunkFormat::BookmarkMap::Read, {ArchiveLimits::memoryLimit(), goesOn}, front);
+    if (result != Outcome::Done)
+        return result;
     TraceItem item;
     item.part = part;
     ChunkFormat::RecordReader records(device, front.preamble.version);
     while (records.next(item.message) && !(records.lastIsCut() && dropsCut())) {
         if (!handOn(item))
-            return Stopped;
+            return Outcome::GivenUp;
     }
     end = records.end();
-    return Done;
+    return Outcome::Done;
 }
 
 bool Streamer::handOn(TraceItem &item)
@@ -85,13 +81,13 @@ bool Streamer::handOn(TraceItem &item)
     return (total++ % messagesBetweenQuestions != 0 || goesOn()) && take(item);
 }
 
-Outcome outcomeOf(const Streamer &streamer, QStringList errors)
+TraceStream::Result resultOf(const Streamer &streamer, QStringList &errors)
 {
     if (streamer.hasMessages())
-        return {errors.isEmpty() ? TraceStream::Complete : TraceStream::Incomplete, errors};
+        return errors.isEmpty() ? TraceStream::Complete : TraceStream::Incomplete;
     if (errors.isEmpty())
         errors.append(FileErrors::nothingImported());
-    return {TraceStream::Failed, errors};
+    return TraceStream::Failed;
 }
 
 // Reads one chunk of an archive. False to stop.
@@ -104,74 +100,84 @@ bool readEntry(const Zip::Reader &archive, const ChunkArchive::Chunk &chunk, int
         damage.add(Damage::notOpened(name));
         return true;
     }
-    const Streamer::Step step =
+    const Outcome::Kind step =
         streamer.read(*content, part, [&content] { return content->isDamaged(); });
-    if (step == Streamer::Stopped || !goesOn())
+    if (step == Outcome::GivenUp || !goesOn())
         return false;
     QString sentence = streamer.damage(name);
-    if (step == Streamer::TooLarge)
+    if (step == Outcome::TooLarge)
         sentence = FileErrors::outOfMemory(name);
     else if (content->isDamaged())
         sentence = ChunkArchive::damageOf(archive, chunk, *content,
                                           Damage::messagesRead(streamer.messagesOfChunk()));
-    else if (step == Streamer::NewerVersion)
+    else if (step == Outcome::NewerVersion)
         sentence = chunk.entry.name + QLatin1String(": ") + newerVersion();
     if (!sentence.isEmpty() && archive.readErrorText().isEmpty())
         damage.add(sentence);
     return true;
 }
 
-QStringList errorsOf(const Zip::Reader &archive, const Damage::List &damage)
+void addErrors(const Zip::Reader &archive, const Damage::List &damage, QStringList &errors)
 {
-    QStringList errors = damage.sentences(archive.fileName());
+    errors += damage.sentences(archive.fileName());
     if (!archive.readErrorText().isEmpty())
         errors.append(archive.readErrorText());
-    return errors;
+}
+
+TraceStream::Result failed(const QString &error, QStringList &errors)
+{
+    errors.append(error);
+    return TraceStream::Failed;
 }
 
 } // namespace
 
-Outcome readFile(const QString &fileName, const TraceStream::Take &take,
-                 const TraceStream::GoesOn &goesOn)
+TraceStream::Result readFile(const QString &fileName, const TraceStream::Take &take,
+                             const TraceStream::GoesOn &goesOn, QStringList &errors)
 {
     RegularFile file(fileName);
     if (!file.openForReading())
-        return {TraceStream::Failed, {FileErrors::notRead(fileName, file.errorString())}};
+        return failed(FileErrors::notRead(fileName, file.errorString()), errors);
     Streamer streamer(take, goesOn);
-    const Streamer::Step step = streamer.read(file, 0, [] { return false; });
-    if (step == Streamer::Stopped)
-        return {TraceStream::Stopped, {}};
-    if (step == Streamer::NewerVersion)
-        return {TraceStream::Failed, {newerVersion()}};
-    if (step == Streamer::TooLarge)
-        return {TraceStream::Failed, {FileErrors::outOfMemory(fileName)}};
+    const Outcome::Kind step = streamer.read(file, 0, [] { return false; });
+    if (step == Outcome::GivenUp)
+        return TraceStream::Stopped;
+    if (step == Outcome::NewerVersion)
+        return failed(newerVersion(), errors);
+    if (step == Outcome::TooLarge)
+        return failed(FileErrors::outOfMemory(fileName), errors);
     QString error = file.readErrorText();
     if (error.isEmpty() && file.size() > 0)
         error = streamer.damage(fileName);
-    return outcomeOf(streamer, error.isEmpty() ? QStringList() : QStringList(error));
+    if (!error.isEmpty())
+        errors.append(error);
+    return resultOf(streamer, errors);
 }
 
-Outcome readArchive(const QString &fileName, const TraceStream::Take &take,
-                    const TraceStream::GoesOn &goesOn)
+TraceStream::Result readArchive(const QString &fileName, const TraceStream::Take &take,
+                                const TraceStream::GoesOn &goesOn, QStringList &errors)
 {
     const Zip::Reader archive(fileName);
-    const ChunkArchive::Outcome checked = ChunkArchive::checkDirectory(archive);
+    const Outcome checked = ChunkArchive::checkDirectory(archive);
     Damage::List damage;
     Streamer streamer(take, goesOn);
-    if (checked.result != ChunkArchive::Outcome::Done) {
-        return outcomeOf(streamer,
-                         checked.systemError.isEmpty() ? QStringList()
-                                                       : QStringList(checked.systemError));
+    if (!checked.isDone()) {
+        if (!checked.text.isEmpty())
+            errors.append(checked.text);
+        return resultOf(streamer, errors);
     }
     const auto chunks = ChunkArchive::chunksByStart(archive, goesOn, damage);
     if (ChunkArchive::isBomb(archive, chunks))
-        return {TraceStream::Failed, {FileErrors::bomb(fileName)}};
+        return failed(FileErrors::bomb(fileName), errors);
     int part = 0;
     for (const ChunkArchive::Chunk &chunk : chunks) {
-        if (!readEntry(archive, chunk, part++, goesOn, streamer, damage))
-            return {TraceStream::Stopped, errorsOf(archive, damage)};
+        if (readEntry(archive, chunk, part++, goesOn, streamer, damage))
+            continue;
+        addErrors(archive, damage, errors);
+        return TraceStream::Stopped;
     }
-    return outcomeOf(streamer, errorsOf(archive, damage));
+    addErrors(archive, damage, errors);
+    return resultOf(streamer, errors);
 }
 
 } // namespace ChunkStream

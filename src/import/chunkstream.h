@@ -2,19 +2,14 @@
 
 #include "tracestream.h"
 
-/// The road of a TraceStream through chunks.
+/// The road of a TraceStream through chunks; what TraceStream::errorTexts() tells is added to
+/// \a errors.
 namespace ChunkStream {
 
-struct Outcome
-{
-    TraceStream::Result result = TraceStream::Complete;
-    QStringList errors; ///< as TraceStream::errorTexts()
-};
+TraceStream::Result readFile(const QString &fileName, const TraceStream::Take &take,
+                             const TraceStream::GoesOn &goesOn, QStringList &errors);
 
-Outcome readFile(const QString &fileName, const TraceStream::Take &take,
-                 const TraceStream::GoesOn &goesOn);
-
-Outcome readArchive(const QString &fileName, const TraceStream::Take &take,
-                    const TraceStream::GoesOn &goesOn);
+TraceStream::Result readArchive(const QString &fileName, const TraceStream::Take &take,
+                                const TraceStream::GoesOn &goesOn, QStringList &errors);
 
 } // namespace ChunkStream

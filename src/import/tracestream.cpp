@@ -99,11 +99,8 @@ TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn
     const bool isArchive = type == DatachunkHelper::ZipArchive;
     if (!isArchive && type != DatachunkHelper::ChunkFile)
         return readText(take, goesOn);
-    const ChunkStream::Outcome outcome = isArchive
-        ? ChunkStream::readArchive(fileName, take, goesOn)
-        : ChunkStream::readFile(fileName, take, goesOn);
-    errors = outcome.errors;
-    return outcome.result;
+    const auto read = isArchive ? ChunkStream::readArchive : ChunkStream::readFile;
+    return read(fileName, take, goesOn, errors);
 }
 
 TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn)

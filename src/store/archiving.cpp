@@ -5,13 +5,12 @@
 #include <utility>
 
 using ChunkArchive::Merged;
-using ChunkArchive::Outcome;
 
 namespace {
 
 bool isRead(const Merged &merged)
 {
-    return merged.outcome.result == Outcome::Done && !merged.messages.isEmpty();
+    return merged.outcome.isDone() && !merged.messages.isEmpty();
 }
 
 } // namespace
@@ -61,7 +60,7 @@ bool Archiving::endMerge(const QString &name, quint32 wish, Merged &merged)
     };
     if (isRead(merged))
         return tellMerged(name, merged, isWanted);
-    tellNotMerged(name, merged.outcome, isWanted);
+    tellNotMerged(name, merged, isWanted);
     return false;
 }
 
@@ -80,24 +79,25 @@ bool Archiving::tellMerged(const QString &name, Merged &merged, const IsWanted &
         return false;
     if (isWanted())
         caller.tellLast(&DatachunkHandler::liveModeChanged, browsing.trace.isLive());
-    if (isWanted() && !merged.outcome.systemError.isEmpty())
+    if (isWanted() && !merged.outcome.text.isEmpty())
         tellFailure(merged.outcome);
-    return isWanted() && caller.tellErrors(merged.outcome.damage) && isWanted();
+    return isWanted() && caller.tellErrors(merged.damage) && isWanted();
 }
 
-void Archiving::tellNotMerged(const QString &name, const Outcome &outcome, const IsWanted &isWanted)
+void Archiving::tellNotMerged(const QString &name, const Merged &merged, const IsWanted &isWanted)
 {
     const Teller caller = teller;
-    const bool isNewer = outcome.result == Outcome::NewerVersion;
+    const Outcome &outcome = merged.outcome;
+    const bool isNewer = outcome.kind == Outcome::NewerVersion;
     // Of a newer version the user is told first, as with a single chunk file.
     if (isNewer && isWanted())
         tellFailure(outcome);
-    else if (!isNewer && outcome.result != Outcome::NotOpened)
+    else if (!isNewer && outcome.kind != Outcome::NotOpened)
         caller.tellLast(&DatachunkHandler::zipFileLoaded, name);
     if (!caller.storeExists()
         || !caller.tell(&DatachunkHandler::informAboutCleared, browsing.trace.isLive()))
         return;
-    if (!isWanted() || !caller.tellErrors(outcome.damage) || !isWanted())
+    if (!isWanted() || !caller.tellErrors(merged.damage) || !isWanted())
         return;
     browsing.showLive();
     if (caller.storeExists() && !isNewer)
@@ -114,17 +114,17 @@ void Archiving::show(Merged &merged)
 
 void Archiving::tellFailure(const Outcome &outcome)
 {
-    if (!outcome.systemError.isEmpty()) {
-        teller.tellLast(&DatachunkHandler::newErrorMessage, outcome.systemError);
-    } else if (outcome.result == Outcome::NewerVersion) {
+    if (!outcome.text.isEmpty()) {
+        teller.tellLast(&DatachunkHandler::newErrorMessage, outcome.text);
+    } else if (outcome.kind == Outcome::NewerVersion) {
         teller.tellLast(&DatachunkHandler::showDataChunkVersionMismatch);
-    } else if (outcome.result == Outcome::TooLarge) {
-        teller.tellLast(&DatachunkHandler::showTooMuchMessagesError, outcome.messages);
-    } else if (outcome.result == Outcome::NoRoom) {
+    } else if (outcome.kind == Outcome::TooLarge) {
+        teller.tellLast(&DatachunkHandler::showTooMuchMessagesError, quint32(outcome.number));
+    } else if (outcome.kind == Outcome::NoRoom) {
         teller.tellLast(
             &DatachunkHandler::newErrorMessage,
             DatachunkHandler::tr("There is no room on the disk to unpack the archive."));
-    } else if (outcome.result != Outcome::GivenUp) {
+    } else if (outcome.kind != Outcome::GivenUp) {
         browsing.tellNothingImported();
     }
 }
@@ -147,13 +147,13 @@ bool Archiving::unpack(const QString &archive)
         else
             caller.later(report);
     };
-    const Outcome outcome = desk.unpack(archive, unpacked);
-    const bool failed =
-        !anything || outcome.result != Outcome::Done || !outcome.systemError.isEmpty();
+    QStringList damage;
+    const Outcome outcome = desk.unpack(archive, unpacked, damage);
+    const bool failed = !anything || !outcome.isDone() || !outcome.text.isEmpty();
     for (const std::function<void()> &report : qAsConst(held))
         report();
-    caller.onStoreThread([this, caller, name, outcome, failed] {
-        if (caller.tellErrors(outcome.damage) && failed)
+    caller.onStoreThread([this, caller, name, outcome, damage, failed] {
+        if (caller.tellErrors(damage) && failed)
             tellFailure(outcome);
         caller.tellLast(&DatachunkHandler::zipFileLoaded, name);
     });

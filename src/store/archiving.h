@@ -30,10 +30,10 @@ private:
 
     bool endMerge(const QString &name, quint32 wish, ChunkArchive::Merged &merged);
     bool tellMerged(const QString &name, ChunkArchive::Merged &merged, const IsWanted &isWanted);
-    void tellNotMerged(const QString &name, const ChunkArchive::Outcome &outcome,
+    void tellNotMerged(const QString &name, const ChunkArchive::Merged &merged,
                        const IsWanted &isWanted);
     void show(ChunkArchive::Merged &merged);
-    void tellFailure(const ChunkArchive::Outcome &outcome);
+    void tellFailure(const Outcome &outcome);
 
     Browsing &browsing;
     ArchiveDesk &desk;

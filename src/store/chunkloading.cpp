@@ -10,7 +10,6 @@
 #include <utility>
 
 using ChunkFormat::BookmarkMap;
-using ChunkReading::Result;
 
 namespace {
 
@@ -18,7 +17,7 @@ namespace {
 struct Load
 {
     bool opened = false;
-    Result result = Result::Done;
+    Outcome::Kind result = Outcome::Done;
     ChunkReading::Front front;
     ChunkReading::Records records; // behind those that the browsing list has
     bool hasFdFrame = false;
@@ -37,9 +36,9 @@ void read(const ImportRun &run, const Trace &trace, const QString &fileName,
     load.messagesAtMost = ArchiveLimits::messagesIn(file.size());
     load.result = ChunkReading::readFront(file, bookmarkMap, bounds, load.front);
     // A message takes no less room in memory than in a file.
-    if (load.result == Result::Done && file.size() > bounds.memory)
-        load.result = Result::TooLarge;
-    if (load.result != Result::Done)
+    if (load.result == Outcome::Done && file.size() > bounds.memory)
+        load.result = Outcome::TooLarge;
+    if (load.result != Outcome::Done)
         return;
     // Live messages go on arriving, so the lock is not held while the disk is read.
     load.records.messages = trace.paged();
@@ -105,7 +104,7 @@ bool ChunkLoading::readFile(Browsing &browsing, const QString &fileName, Bookmar
     }
     if (!load.opened)
         return false;
-    if (load.result != Result::Done) {
+    if (load.result != Outcome::Done) {
         refuse(browsing, load.result, load.messagesAtMost);
         return false;
     }
@@ -114,9 +113,9 @@ bool ChunkLoading::readFile(Browsing &browsing, const QString &fileName, Bookmar
     return true;
 }
 
-void ChunkLoading::refuse(Browsing &browsing, Result result, quint32 messagesAtMost)
+void ChunkLoading::refuse(Browsing &browsing, Outcome::Kind result, quint32 messagesAtMost)
 {
-    const bool storeExists = result == Result::NewerVersion
+    const bool storeExists = result == Outcome::NewerVersion
         ? browsing.teller.tell(&DatachunkHandler::showDataChunkVersionMismatch)
         : browsing.teller.tell(&DatachunkHandler::showTooMuchMessagesError, messagesAtMost);
     if (storeExists)

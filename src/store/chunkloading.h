@@ -17,6 +17,6 @@ bool readFile(Browsing &browsing, const QString &fileName, ChunkFormat::Bookmark
 void showPending(Browsing &browsing, const SaveJob &job);
 
 /// Tells why a chunk is not read and goes live.
-void refuse(Browsing &browsing, ChunkReading::Result result, quint32 messagesAtMost);
+void refuse(Browsing &browsing, Outcome::Kind result, quint32 messagesAtMost);
 
 } // namespace ChunkLoading

@@ -15,31 +15,31 @@ void SaveReports::post(const SaveReport &report, const ChunkSaver &saver)
 
 void SaveReports::ended(const SaveReport &report)
 {
-    if (report.outcome.result == SaveOutcome::GivenUp)
+    if (report.outcome.kind == Outcome::GivenUp)
         return;
     const Teller caller = teller;
     outcome(report);
     if (report.chunkRemoved && !caller.tell(&DatachunkHandler::dataFileWasRemoved))
         return;
-    if (!report.outcome.errorText.isEmpty()) {
+    if (!report.outcome.text.isEmpty()) {
         caller.tellLast(&DatachunkHandler::newErrorMessage,
-                        FileErrors::notWritten(report.fileName, report.outcome.errorText));
+                        FileErrors::notWritten(report.fileName, report.outcome.text));
     }
 }
 
 void SaveReports::outcome(const SaveReport &report)
 {
-    const SaveOutcome &outcome = report.outcome;
-    if (outcome.result == SaveOutcome::TooManyWaiting)
+    const Outcome::Kind kind = report.outcome.kind;
+    if (kind == Outcome::TooManyWaiting)
         slowDisk();
-    else if (outcome.result == SaveOutcome::NothingToSave || !isChunkName(report.fileName))
+    else if (kind == Outcome::NothingToDo || !isChunkName(report.fileName))
         return;
-    else if (outcome.result == SaveOutcome::NotOpened)
+    else if (kind == Outcome::NotOpened)
         exportEnded(report.packWish, false);
     else if (report.type == DatachunkHelper::FullBuffer)
-        chunkSaved(report.chunkIndex, outcome.timeText);
+        chunkSaved(report.chunkIndex, report.timeText);
     else if (report.type == DatachunkHelper::PartialBuffer)
-        partialChunkSaved(report.fileName, report.importName, outcome.timeText);
+        partialChunkSaved(report.fileName, report.importName, report.timeText);
     else
         exportEnded(report.packWish, true);
 }

@@ -14,8 +14,6 @@
 #include <memory>
 #include <utility>
 
-using ChunkReading::Result;
-
 namespace {
 
 /// Writes the parts one after the other. The store's own continuous output stays out of it until
@@ -112,12 +110,12 @@ bool Splitting::openFolder(QDir &folder) const
 
 bool Splitting::readFront()
 {
-    const Result result = ChunkReading::readFront(
+    const Outcome::Kind result = ChunkReading::readFront(
         file, ChunkFormat::BookmarkMap::Read,
         {ArchiveLimits::memoryLimit(), [this] { return run.turn(); }}, front);
-    if (result == Result::GivenUp)
+    if (result == Outcome::GivenUp)
         return false;
-    if (result != Result::Done) {
+    if (result != Outcome::Done) {
         ChunkLoading::refuse(browsing, result, ArchiveLimits::messagesIn(file.size()));
         return false;
     }

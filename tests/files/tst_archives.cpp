@@ -45,8 +45,8 @@ private:
     QString zip() const { return folder->filePath(QStringLiteral("trace.zip")); }
     QDir chunks() const { return folder->filePath(QStringLiteral("chunks")); }
     QStringList everythingInFolder() const { return QDir(folder->path()).entryList(allEntries); }
-    QVector<quint32> mergedNumbers(Outcome::Result expected = Outcome::Done) const;
-    QStringList unpackedNames(const QString &archive, Outcome::Result expected = Outcome::Done);
+    QVector<quint32> mergedNumbers(Outcome::Kind expected = Outcome::Done) const;
+    QStringList unpackedNames(const QString &archive, Outcome::Kind expected = Outcome::Done);
 
     // By the last of each.
     mutable QStringList toldOfMerge;
@@ -61,30 +61,29 @@ void TestArchives::init()
     QDir(folder->path()).mkdir(QStringLiteral("chunks"));
 }
 
-QVector<quint32> TestArchives::mergedNumbers(Outcome::Result expected) const
+QVector<quint32> TestArchives::mergedNumbers(Outcome::Kind expected) const
 {
     Merged merged;
     merge(zip(), ampleMemory, always, merged);
     QVector<quint32> numbers;
     for (int i = 0; i < merged.messages.size(); ++i)
         numbers.append(merged.messages.at(i).messageNumber);
-    toldOfMerge = merged.outcome.damage;
-    if (merged.outcome.result != expected)
+    toldOfMerge = merged.damage;
+    if (merged.outcome.kind != expected)
         numbers.append(0xFFFFFFFF);
     return numbers;
 }
 
-QStringList TestArchives::unpackedNames(const QString &archive, Outcome::Result expected)
+QStringList TestArchives::unpackedNames(const QString &archive, Outcome::Kind expected)
 {
     QStringList names;
     const auto unpacked = [&](const QString &name, const QDir &dir, const QString &) {
         unpackedInto = dir;
         names.append(name);
     };
-    const Outcome outcome = unpack(archive, chunks(), always, unpacked);
-    toldOfUnpacking = outcome.damage;
-    if (outcome.result != expected)
-        names.append(QStringLiteral("outcome %1").arg(outcome.result));
+    const Outcome outcome = unpack(archive, chunks(), always, unpacked, toldOfUnpacking);
+    if (outcome.kind != expected)
+        names.append(QStringLiteral("outcome %1").arg(outcome.kind));
     return names;
 }
 
@@ -198,7 +197,7 @@ void TestArchives::bombsDoNoHarm_data()
     QTest::addColumn<int>("merged");
     QTest::addColumn<int>("messages");
     QTest::addColumn<int>("unpackedCount");
-    const auto row = [](const char *name, const QByteArray &archive, Outcome::Result merged,
+    const auto row = [](const char *name, const QByteArray &archive, Outcome::Kind merged,
                         int messages, int unpackedCount) {
         QTest::newRow(name) << archive << int(merged) << messages << unpackedCount;
     };
@@ -239,7 +238,7 @@ void TestArchives::bombsDoNoHarm()
     constexpr qint64 maxMemory = 512 * 1024 * 1024;
     writeFile(zip(), archive);
     resetHeapPeak();
-    QTEST(mergedNumbers(Outcome::Result(merged)).size(), "messages");
+    QTEST(mergedNumbers(Outcome::Kind(merged)).size(), "messages");
     const bool isTooLarge = merged == Outcome::TooLarge || unpackedCount < 0;
     QCOMPARE(unpackedNames(zip(), isTooLarge ? Outcome::TooLarge : Outcome::Done).size(),
              qMax(unpackedCount, 0));
@@ -261,12 +260,12 @@ void TestArchives::memoryIsBounded()
     for (unsigned int number = 0; number < 10000; ++number)
         notes.insert(number, QString());
     const QByteArray onlyNotes = chunkBytes("1.000000", 0, 0, notes);
-    QCOMPARE(outcomeOf(messages, 300000).result, Outcome::Done);
-    QCOMPARE(outcomeOf(onlyNotes, 1500000).result, Outcome::Done);
+    QCOMPARE(outcomeOf(messages, 300000).kind, Outcome::Done);
+    QCOMPARE(outcomeOf(onlyNotes, 1500000).kind, Outcome::Done);
     // Less than they need, but more than their files.
-    QCOMPARE(outcomeOf(messages, 80000).result, Outcome::TooLarge);
-    QCOMPARE(outcomeOf(messages, 80000).messages, quint32(messages.size() / 23));
-    QCOMPARE(outcomeOf(onlyNotes, 500000).result, Outcome::TooLarge);
+    QCOMPARE(outcomeOf(messages, 80000).kind, Outcome::TooLarge);
+    QCOMPARE(outcomeOf(messages, 80000).number, quint64(messages.size() / 23));
+    QCOMPARE(outcomeOf(onlyNotes, 500000).kind, Outcome::TooLarge);
     QVERIFY(messages.size() < 80000 && onlyNotes.size() < 500000);
 }
 
@@ -363,8 +362,8 @@ void TestArchives::tooManyEntriesAreRefused()
     QFileInfoList files;
     for (int i = 0; i < limit; ++i)
         files.append(gone);
-    QVERIFY(Zip::packFiles(zip(), files, always).packed);
-    QVERIFY(!Zip::packFiles(zip(), files + QFileInfoList{gone}, always).packed);
+    QVERIFY(Zip::packFiles(zip(), files, always).isDone());
+    QVERIFY(!Zip::packFiles(zip(), files + QFileInfoList{gone}, always).isDone());
     const QByteArray one = archiveOf({{"a.dck", chunkBytes("2.000000", 2, 1)}});
     writeFile(zip(), withManyClaimedEntries(one, limit));
     QCOMPARE(mergedNumbers(), QVector<quint32>{2});

@@ -175,7 +175,7 @@ void Loading::memoryIsBounded()
         resetHeapPeak();
         QCOMPARE(ChunkReading::readFront(buffer, ChunkFormat::BookmarkMap::Read,
                                          {memory, [] { return true; }}, front),
-                 ChunkReading::Result::TooLarge);
+                 Outcome::TooLarge);
         QVERIFY2(heapPeak() < 5 * memory, QByteArray::number(heapPeak()));
     }
     QBuffer buffer;
@@ -187,7 +187,7 @@ void Loading::memoryIsBounded()
     QCOMPARE(ChunkReading::readRecords(reader,
                                        {999 * int(sizeof(CAN::CanRxMessage)), [] { return true; }},
                                        records, hasFdFrame),
-             ChunkReading::Result::TooLarge);
+             Outcome::TooLarge);
     QCOMPARE(records.messages.size(), 999);
 }
 

@@ -39,7 +39,7 @@ void TestPacking::namesAreMarkedAsUtf8WhereTheyNeedIt()
         files.append(QFileInfo(path(name)));
         writeFile(files.last().filePath(), "content");
     }
-    QVERIFY(Zip::packFiles(path("trace.zip"), files, always).packed);
+    QVERIFY(Zip::packFiles(path("trace.zip"), files, always).isDone());
     const QByteArray archive = readFile(path("trace.zip"));
     QCOMPARE(archive.count("f\xc3\xbcr.dck"), 2);
     // The flags are the fourth field in front of the content and the fifth in the directory.
@@ -57,7 +57,7 @@ void TestPacking::packingCanBeGivenUp()
     writeFile(source.filePath(), QByteArray(3 << 20, 'x'));
     writeFile(path("trace.zip"), "old");
     int steps = 0;
-    QVERIFY(!Zip::packFiles(path("trace.zip"), {source}, [&] { return ++steps <= 3; }).packed);
+    QVERIFY(!Zip::packFiles(path("trace.zip"), {source}, [&] { return ++steps <= 3; }).isDone());
     QCOMPARE(steps, 4);
     QCOMPARE(readFile(path("trace.zip")), "old");
     QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
@@ -72,7 +72,7 @@ void TestPacking::aLinkIsPackedAsTheFileBehindIt()
     QVERIFY(QFile::link(source.filePath(), link.filePath()));
     // A file that is gone by now is passed over.
     const QFileInfo gone(path("gone"));
-    QVERIFY(Zip::packFiles(path("trace.zip"), {gone, link}, always).packed);
+    QVERIFY(Zip::packFiles(path("trace.zip"), {gone, link}, always).isDone());
     QuaZip archive(path("trace.zip"));
     QuaZipFileInfo64 info;
     QVERIFY(archive.open(QuaZip::mdUnzip) && archive.goToFirstFile());

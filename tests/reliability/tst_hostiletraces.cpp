@@ -96,7 +96,7 @@ void HostileTraces::onlyRegularFilesAreRead()
                 && !store.splitFile(file, 2));
         ChunkArchive::Merged merged;
         ChunkArchive::merge(file, mebibyte, always, merged);
-        QCOMPARE(merged.outcome.result, ChunkArchive::Outcome::NotOpened);
+        QCOMPARE(merged.outcome.kind, Outcome::NotOpened);
     }
     // Looks like a regular file, and waits for what the kernel says next. Not everybody may read.
     RegularFile kernelMessages(QStringLiteral("/proc/kmsg"));
@@ -131,7 +131,7 @@ void HostileTraces::archiveCutWhileItIsReadEndsThere()
         };
         ChunkArchive::Merged merged;
         ChunkArchive::merge(zip, 64 * mebibyte, cutLater, merged);
-        QCOMPARE(merged.outcome.result, ChunkArchive::Outcome::Done);
+        QCOMPARE(merged.outcome.kind, Outcome::Done);
         QVERIFY(merged.messages.size() < 20000);
         for (int i = 0; i < merged.messages.size(); ++i)
             QCOMPARE(merged.messages.at(i).messageNumber, quint32(i));
