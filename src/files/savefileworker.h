@@ -85,10 +85,17 @@ public slots:
     void saveToFile();
 
 signals:
+    // All on the thread that saves. A time is the text of the chunk's header.
+
+    /// Saving has ended, whatever came of it.
     void ready();
+    /// The budget has taken the oldest chunk of the folder.
     void dataFileRemoved();
+    /// A chunk of type FullBuffer was written.
     void newDataFile(QString time);
+    /// A chunk of type PartialBuffer was written.
     void newPartialDataFile(QString fileName, QString time);
+    /// A chunk of type CurrentMessages was written (true), or one of any type could not be created.
     void savingFinished(bool success);
 
 private:

@@ -27,6 +27,7 @@ public:
     QString getErrorString();
 
 signals:
+    /// On the thread that imports. A slot may delete the importer, which ends the import.
     void newMessage(CAN::CanRxMessage message);
 
 private:

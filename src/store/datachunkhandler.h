@@ -56,6 +56,8 @@ public:
     /// Number of messages given up so since the store was created. Any thread.
     quint64 givenUpMessageCount() const;
 
+    /// The limit in messages that the constructor was given, 10000 once continuous mode was set.
+    /// Takes no lock.
     unsigned int getMaxMessageCount();
 
     /// Number of messages shown. Takes the read lock.
@@ -64,17 +66,23 @@ public:
     /// Continuous mode keeps the newest 10000 messages and never writes a chunk. Either value of
     /// \a on sets the message limit to 10000, the disk budget to 0 and the dropped messages to 0.
     void setContinuesMode(bool on);
+    /// Takes no lock; any thread.
     bool getContinuesMode();
+    /// Whether the live messages are shown. Takes no lock; any thread.
     bool getIsLive();
 
     /// The append of continuous mode; numbers \a message. Any thread; takes the write lock.
     void appendCanMessageContinuesMode(CAN::CanRxMessage &message);
 
+    // Each of these emits newErrorMessage; application's thread.
+
     void showDataChunkVersionMismatch();
+    /// \a minimum is the message count that would do.
     void showTooMuchMessagesError(unsigned int minimum);
+    /// Tells why the last import failed.
     void informAboutLastError();
 
-    /// Appends a default record.
+    /// Appends a default record, as appendCanMessage does.
     void addnewtestmessage();
 
     /// The folder of this store's chunk files, "tmpData0.dck" and so on. An empty path when it
@@ -103,6 +111,7 @@ public:
     void updateLines();
     /// Starts every line's nextMessageForLine from the first message again.
     void resetLinePositions();
+    /// Number of messages shown that are of \a line.
     unsigned int messageCountForLine(unsigned char line);
     /// The last message shown when none is of \a line.
     CAN::CanRxMessage firstMessageOfLine(unsigned char line) const;
@@ -121,7 +130,9 @@ public:
     // lock of the notes only. Those made on a list that is paged in or imported are not saved: they
     // vanish when it is left.
 
+    /// Empty when the message has none.
     QString getMessageNote(unsigned int number) const;
+    /// Replaces the note; an empty text is a note as well.
     void setMessageNote(unsigned int number, QString text);
     /// Adds \a text behind " ; " unless the note contains it already.
     void appendMessageNote(unsigned int number, QString text);
@@ -129,6 +140,7 @@ public:
     void addMessageNoteToNextMessage(QString text);
     /// Adds the time of day and \a text to the note of the last message shown.
     void addMessageNoteToLastMessage(QString text);
+    /// A bookmark that is not valid when the message has none.
     CanMessageBookmark bookmarkAt(int number) const;
 
     // Saving, loading and splitting chunk files. Application's thread.
@@ -169,14 +181,21 @@ public:
     /// splitting is cancelled, and for parts of 0 messages.
     bool splitFile(QString fileName, unsigned int messagesPerFile);
 
+    // The continuous output: a chunk file that the application fills message by message. What could
+    // not be written is told by newErrorMessage, once for each file.
+
+    /// Begins a file, in place of an existing one, and finishes the one before. False, and nothing
+    /// is open, when the name does not end in "dck" or the file cannot be created.
     bool createContinuousOutputFile(QString fileName);
+    /// Adds one message; does nothing without an open file.
     void appendToContinuousOutputFile(CAN::CanRxMessage message);
+    /// Ends the file; does nothing without an open one.
     void finishContinousOutput();
 
     // ZIP archives of chunk files. They are worked on one after the other, in the background or
     // on the thread that calls; the signals come on the store's thread in any case. Any thread.
 
-    /// Where saveDatachunksToZip writes.
+    /// Where saveDatachunksToZip writes: the path of the archive.
     void setZipFileName(QString fileName);
     /// Has the chunks packed once the save under way, or the export ordered next, has ended well.
     /// Application's thread.
@@ -218,18 +237,27 @@ public:
     // and return false when the file cannot be opened or read; informAboutLastError tells why. Of
     // an Ixxat, CoCTT or described trace that fails no message arrives.
 
+    /// A candump log, in any of its forms.
     bool loadSocketCanDump(QString fileName);
+    /// A packet list exported as comma-separated values.
     bool loadWiresharkCSV(QString fileName);
     /// Fails for any type but PeakTrc11 to PeakTrc21, too.
     bool loadPeakTraceFile(QString fileName, DatachunkHelper::ImportFileType type);
+    /// A trace exported by Ixxat's tools.
     bool loadIxxatFile(QString fileName);
+    /// A CoCTT test log.
     bool loadCoCTTFile(QString fileName);
     /// \a formatDescription lists what stands in the fields of a line, see GenericFileImporter.
     bool loadGenericFile(QString fileName, QString formatDescription);
+    /// A Vector ASC log of which only the lines with "BitCount" are frames.
     bool loadVectorAscLog(QString fileName);
+    /// A Vector ASC log of which the lines of the trigger block are frames.
     bool loadVectorAscLogWithoutBitcount(QString fileName);
+    /// A log of Kvaser's CanKing.
     bool loadKvaserCanKingLog(QString fileName);
+    /// A Kvaser text log, with a header that tells the number formats.
     bool loadKvaserTxtLog(QString fileName);
+    /// A Kolvar text log.
     bool loadKolvarTxtFile(QString fileName);
     /// Reads lines of the text export, of a PCAN-Explorer text or of fields parted by ";" or
     /// tabs. importMessages and loadFile count it as failed even where it succeeds.
@@ -238,48 +266,95 @@ public:
 public slots:
     /// Numbers the message and adds it to the live list. Any thread; takes the write lock once.
     void appendCanMessage(CAN::CanRxMessage message);
-    /// Opens a file that the user chose, whatever its type.
+    /// Shows a file that the user chose, whatever its type, as loadFile does. \a smt
+    /// CurrentMessages has what is shown of a foreign trace saved into the chunk folder.
+    /// Application's thread.
     void loadDataFromFile(QString fileName, DatachunkHelper::SavedMessageType smt);
+    /// Tells by newErrorMessage that the file which was to be loaded last does not exist.
     void showFileLoadingError();
     /// Shows the live messages again, with their notes and bookmarks, and cancels an import. Does
     /// nothing while they are shown.
     void goLive();
+    /// Imports a file as the type says and shows it. Ends with messagesImported; an archive is
+    /// unpacked in the background instead, as loadZipFile does. What is longer than the memory for
+    /// messages goes into chunks of the import, told by newPartialDataFile, and only the rest is
+    /// shown. \a genericFormatDescription is for GenericFormat only, see GenericFileImporter.
+    /// Application's thread; turns the event loop.
     void importMessages(QString openFileName, DatachunkHelper::ImportFileType importFileType,
                         QString genericFormatDescription = QString());
+
+    // Exports write live messages in the background, to a chunk when the name ends in "dck", else
+    // as text. Nothing to export and an empty name are told by newErrorMessage, and so is what
+    // could not be written; success is not told. Application's thread.
+
+    /// \a messagesToExport are positions in the live list, 0 being the oldest; those outside are
+    /// passed over, and none means all. Notes go along as \a expOptions says, bookmarks always.
     void exportMessages(QString fileName, DatachunkHelper::ExportOptions expOptions = {},
                         QList<quint32> messagesToExport = {});
+    /// Tells the application by dataFileRemoved.
     void dataFileWasRemoved();
+    /// Tells the application of the chunk numbered last, by newDataFile with \a time.
     void newDataFileSaved(QString time);
+    /// Exports the positions from \a firstMessage to \a lastMessage, both included; 0 for the
+    /// latter means all. A text begins with the first live message whatever \a firstMessage is.
+    /// Notes go along, and the bookmarks of the export before.
     void exportMessageRange(int firstMessage, int lastMessage, QString saveFileName);
+    /// Exports all; of a "dck" name nothing counts but that ending: the chunk becomes
+    /// "zlastChunk.dck" in the chunk folder, to be packed with the others.
     void exportAllMessages(QString fileName, DatachunkHelper::ExportOptions expOptions);
-    /// Forgets all live messages, notes, bookmarks and chunks; numbers start at 0 again.
+    /// Forgets all live messages, notes, bookmarks and chunks; numbers start at 0 again. Cancels an
+    /// import. Application's thread; waits up to 0.2 s for a chunk that is being written.
     void clearAllMessages();
+    /// Tells the application of a chunk of the import, by newPartialDataFile.
     void newPartialDataFileSaved(QString savedFileName, QString time);
 
 private slots:
+    /// Shows the new live list after a rotation. Any thread.
     void handleFullBuffer();
+    /// An export has ended; packs the chunks where that was asked for.
     void savingFinished(bool success);
+    /// Adds an imported message to the browsing list. Always true.
     bool addTxtMessage(CAN::CanRxMessage msg);
 
 signals:
-    /// A chunk was written: its index and its time range.
+    // Emitted on the store's thread and without the lock where nothing else is said. A time range
+    // is the text of a chunk's header, "first - last" in seconds.
+
+    /// A chunk of rotated messages was written: its number, from 0, and its time range.
     void newDataFile(uint, QString);
-    /// A chunk was unpacked: its file, the archive's name, the folder, its time range.
+    /// A chunk was unpacked: its file's name, the archive's without ".zip", the folder that it lies
+    /// in, its time range.
     void newZippedFile(QString, QString, QDir, QString);
-    /// An archive was read: its file name without ".zip".
+    /// An archive was read, whatever came of it: its file name without ".zip".
     void zipFileLoaded(QString);
+    /// A chunk file was imported: its name without the folder, and as it was given.
     void newImportedFile(QString, QString);
-    /// A chunk of an import was written: its file, the import's name, its time range.
+    /// A chunk of an import was written: its path, the import's name, its time range.
     void newPartialDataFile(QString, QString, QString);
+    /// The budget has taken the oldest chunk.
     void dataFileRemoved();
+    /// A foreign trace is about to be read (true), or reading it has ended.
     void showLoadingDialog(bool);
-    /// An import ended; an empty name means that nothing was imported.
+    /// An import ended: the name it was given; an empty one when nothing was imported, also because
+    /// another import runs.
     void messagesImported(QString);
+    /// A chunk was read, or a trace of a format that tells: whether it holds CAN FD frames. When an
+    /// archive is merged once for each of its chunks.
     void chunkContainsFdMessage(bool);
+    /// What is shown is about to be replaced.
+    /// A rotation emits it on the thread that appends, it and clearAllMessages under the write
+    /// lock.
     void informAboutClearStart();
+    /// What is shown was replaced: read it anew. True when it is the live list. After a rotation it
+    /// comes on a thread of the background, under the read lock.
     void informAboutCleared(bool);
+    /// A sentence for the user. One comes on the thread that appends: that the chunk folder could
+    /// not be created.
     void newErrorMessage(QString);
+    /// A bus line is new among the messages shown. On the thread that appends, without the lock;
+    /// when the lines are collected anew, under the read lock.
     void newLine(unsigned char);
+    /// The live messages are shown again (true), or others in their place.
     void liveModeChanged(bool);
 
 private:

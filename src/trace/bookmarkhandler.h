@@ -19,6 +19,7 @@ class DATACHUNK_EXPORT BookmarkHandler : public QObject
 public:
     explicit BookmarkHandler(QObject *parent = nullptr);
 
+    /// By message number.
     const QMap<unsigned int, CanMessageBookmark> &bookmarks() const;
 
     /// A copy of them, whatever other threads do to the map.
@@ -30,8 +31,10 @@ public:
     /// False, and nothing changes, when \a text is empty or the message has a bookmark already.
     bool addBookmark(unsigned int number, QString text);
 
+    /// Does nothing when the message has none.
     void removeBookmark(unsigned int number);
     void clearBookmarks();
+    /// In place of all there are.
     void setBookmarks(const QMap<unsigned int, CanMessageBookmark> &bookmarks);
 
     /// Empties the map and returns what it held, in one step.

@@ -9,6 +9,7 @@
 class DATACHUNK_EXPORT CanMessageBookmark
 {
 public:
+    /// Number 0 and no text.
     CanMessageBookmark();
     CanMessageBookmark(unsigned int messageNumber, QString text);
 
@@ -18,6 +19,7 @@ public:
     /// False for a bookmark without text, such as the default one.
     bool isValid() const;
 
+    /// Whether number and text are equal.
     bool operator==(const CanMessageBookmark &other) const;
 
     /// Writes magic, form version, number and text, in the stream's settings.
@@ -32,5 +34,7 @@ private:
     QString content;
 };
 
+/// As insertToDataStream().
 DATACHUNK_EXPORT QDataStream &operator<<(QDataStream &stream, const CanMessageBookmark &bookmark);
+/// As extractFromDataStream().
 DATACHUNK_EXPORT QDataStream &operator>>(QDataStream &stream, CanMessageBookmark &bookmark);

@@ -19,16 +19,18 @@ public:
     };
     Q_ENUM(SavedMessageType)
 
+    /// What an export holds besides the messages.
     enum ExportOption { ExportWithNotes = 1 };
     Q_DECLARE_FLAGS(ExportOptions, ExportOption)
     Q_FLAG(ExportOptions)
 
+    /// The kinds of files that can be loaded or imported; docs/text-formats.md describes the texts.
     enum ImportFileType {
-        ZipArchive,
+        ZipArchive, ///< of chunk files
         ChunkFile,
         KolvarTxt,
-        Unassigned,
-        PeakTrc10,
+        Unassigned, ///< never found, and no import takes it
+        PeakTrc10,  ///< found, but no reader takes it
         PeakTrc11,
         PeakTrc12,
         PeakTrc13,
@@ -45,7 +47,7 @@ public:
         IxxatTrace,
         WiresharkCsv,
         GenericFormat, ///< chosen by the caller, never found
-        Unknown
+        Unknown        ///< nothing that is known
     };
     Q_ENUM(ImportFileType)
 
