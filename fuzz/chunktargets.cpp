@@ -29,7 +29,7 @@ bool shows(const QVector<CAN::CanRxMessage> &expected, int first = 0)
     return true;
 }
 
-void load(const QByteArray &bytes)
+void loadChunk(const QByteArray &bytes)
 {
     const ReadChunk expected = streamedChunk(bytes);
     const bool taken = !expected.isRefused() && !expected.messages.isEmpty();
@@ -49,9 +49,9 @@ void load(const QByteArray &bytes)
                 "bookmarks are loaded");
 }
 
-void append(const QByteArray &bytes)
+void appendChunk(const QByteArray &bytes)
 {
-    load(bytes);
+    loadChunk(bytes);
     const ReadChunk loaded = streamedChunk(bytes);
     const ReadChunk appended = streamedChunk(bytes, ChunkFormat::BookmarkMap::NotRead);
     const QString file = workPath(QStringLiteral("input.dck"));
@@ -129,8 +129,8 @@ void bookmarkStream(const QByteArray &bytes)
 
 std::vector<FuzzTarget> chunkTargets()
 {
-    return {{QStringLiteral("chunkload"), load},
-            {QStringLiteral("chunkappend"), append},
+    return {{QStringLiteral("chunkload"), loadChunk},
+            {QStringLiteral("chunkappend"), appendChunk},
             {QStringLiteral("chunksplit"), split},
             {QStringLiteral("chunkroundtrip"), roundTrip},
             {QStringLiteral("bookmarks"), bookmarkStream}};
