@@ -30,11 +30,7 @@ template <typename Char> Parts<Char> splitEntry(Text<Char> line)
 
 template <typename Char> QTime timeOfDay(Text<Char> text)
 {
-    constexpr std::string_view layout = "00:00:00.000";
-    bool isPlain = text.size() == layout.size();
-    for (std::size_t i = 0; isPlain && i < layout.size(); ++i)
-        isPlain = layout[i] == '0' ? digitValue(text[i]) < 10 : text[i] == Char(layout[i]);
-    if (!isPlain)
+    if (!hasLayout(text, "00:00:00.000"))
         return QTime::fromString(toQString(text), QStringLiteral("hh:mm:ss.zzz"));
     const auto number = [text](std::size_t start, std::size_t digits) {
         return toNumber<qint32>(text.substr(start, digits));
