@@ -6,13 +6,16 @@
 class MessageFeed
 {
 public:
-    explicit MessageFeed(TraceSink &sink) : sink(sink) { }
+    explicit MessageFeed(TraceSink &sink, quint32 messagesBetweenTurns = 1000)
+        : sink(sink), messagesBetweenTurns(messagesBetweenTurns)
+    {
+    }
 
-    /// Turns the event loop as long as the number of messages is a multiple of 1000. False when
-    /// the reader has to stop.
+    /// Turns the event loop while the number of messages so far is a multiple of
+    /// messagesBetweenTurns: at the first message, and again at each line that comes to nothing
+    /// then. False when the reader has to stop.
     bool turnEventLoopWhenDue()
     {
-        constexpr quint32 messagesBetweenTurns = 1000;
         return messageCounter % messagesBetweenTurns != 0 || sink.turnEventLoop();
     }
 
@@ -36,5 +39,6 @@ public:
 
 private:
     TraceSink &sink;
+    const quint32 messagesBetweenTurns;
     quint32 messageCounter = 0;
 };
