@@ -3,7 +3,7 @@
 #include "datachunkhandler.h"
 #include "limits.h"
 #include "linesource.h"
-#include "tracereader.h"
+#include "loadertable.h"
 #include "workfiles.h"
 
 #include <QCoreApplication>

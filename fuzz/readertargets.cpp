@@ -1,5 +1,5 @@
+#include "loadertable.h"
 #include "targets.h"
-#include "tracereader.h"
 
 #include <QBuffer>
 #include <QMetaEnum>

@@ -1,5 +1,6 @@
 #include "tracereader.h"
 
+#include "loadertable.h"
 #include "regularfile.h"
 
 #include <QCoreApplication>

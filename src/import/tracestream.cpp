@@ -2,6 +2,7 @@
 
 #include "chunkstream.h"
 #include "fileerrors.h"
+#include "loadertable.h"
 #include "notes.h"
 #include "tracereader.h"
 

@@ -4,6 +4,7 @@
 #include "datachunkhandler_p.h"
 #include "fileerrors.h"
 #include "filenames.h"
+#include "loadertable.h"
 #include "peakreader.h"
 #include "regularfile.h"
 #include "storesink.h"

@@ -1,4 +1,5 @@
 #include "datachunkhandler.h"
+#include "loadertable.h"
 #include "recordingsink.h"
 #include "tracedump.h"
 #include "tracefixtures.h"
