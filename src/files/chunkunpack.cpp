@@ -64,24 +64,15 @@ template <typename Create> QString FreeNames::create(const QString &name, const 
     return {};
 }
 
-// Where the last whole record of a chunk file ends; 0 when there is none.
-qint64 endOfWholeRecords(QFile &file, const Zip::KeepGoing &keepGoing)
+// How much of a damaged chunk file is kept: what goes up to the end of its last whole record.
+qint64 sizeToKeep(QFile &file, const Zip::KeepGoing &keepGoing)
 {
     // The maps of a damaged file are not trusted with more memory than this.
     constexpr qint64 memory = 256 * 1024 * 1024;
-    ChunkReading::Front front;
-    file.seek(0);
-    const ChunkReading::Result result =
-        ChunkReading::readFront(file, ChunkFormat::BookmarkMap::Read, {memory, keepGoing}, front);
-    // Nobody here knows what a newer one looks like.
-    if (result == ChunkReading::Result::NewerVersion)
-        return file.size();
-    if (result != ChunkReading::Result::Done || front.headerIsDamaged || front.mapsAreDamaged)
-        return 0;
-    CAN::CanRxMessage message;
-    ChunkFormat::RecordReader records(file, front.preamble.version);
-    while (records.next(message)) { }
-    return records.end().offset > 0 ? front.size + records.end().offset : 0;
+    const ChunkReading::WholeRecords whole =
+        ChunkReading::findWholeRecords(file, {memory, keepGoing});
+    // Nobody here knows what a newer version looks like.
+    return whole.result == ChunkReading::Result::NewerVersion ? file.size() : whole.end;
 }
 
 class Unpacker
@@ -128,8 +119,8 @@ Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
     }
     Result result = copy(chunk);
     if (result == Unpacked && chunk.isDamaged()) {
-        const qint64 end = endOfWholeRecords(file, keepGoing);
-        result = end > 0 && file.resize(end) ? Unpacked : Skipped;
+        const qint64 size = sizeToKeep(file, keepGoing);
+        result = size > 0 && file.resize(size) ? Unpacked : Skipped;
     }
     return finish(result);
 }
