@@ -1,6 +1,7 @@
 #include "chunkunpack.h"
 
 #include "archivelimits.h"
+#include "chunknames.h"
 #include "chunkreading.h"
 #include "fileerrors.h"
 #include "filenames.h"
@@ -25,7 +26,8 @@ QString numberedStem(const QString &name, const QString &suffix)
 
 QString suffixOf(const QString &name)
 {
-    return name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
+    const QLatin1String suffix(ChunkNames::suffix);
+    return name.endsWith(suffix) ? QString(suffix) : QString();
 }
 
 /// Finds names that are free in a folder, in a time that does not grow with those that are taken.

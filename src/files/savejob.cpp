@@ -172,11 +172,6 @@ SaveOutcome writeTextToPipe(const SaveJob &job)
 
 } // namespace
 
-bool isChunkName(const QString &fileName)
-{
-    return fileName.endsWith(QLatin1String("dck"));
-}
-
 SaveOutcome save(const SaveJob &job, const std::function<void()> &opened)
 {
     const QFileInfo target(job.fileName);

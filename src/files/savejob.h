@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chunkformat.h"
+#include "chunknames.h"
 #include "datachunkhelper.h"
 #include "messagelist.h"
 
@@ -82,9 +83,6 @@ struct SaveReport
 
 /// Called once for each save, on the thread that did it. Must not wait.
 using TellSaved = std::function<void(const SaveReport &)>;
-
-/// Whether files of that name are chunk files; others are texts.
-bool isChunkName(const QString &fileName);
 
 /// Text of a chunk's header for the positions \a first and \a last; a position outside the list
 /// reads as a default record.
