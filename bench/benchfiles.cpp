@@ -2,9 +2,9 @@
 
 #include "chunkformat.h"
 #include "datachunkhandler.h"
-#include "limits.h"
 #include "savejob.h"
 #include "workfiles.h"
+#include "yardsticks.h"
 
 #include <QFile>
 #include <QFileInfo>

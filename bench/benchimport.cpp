@@ -1,10 +1,10 @@
 // Every text reader, as a plain function and through importMessages, and detection.
 
 #include "datachunkhandler.h"
-#include "limits.h"
 #include "linesource.h"
-#include "tracereader.h"
+#include "loadertable.h"
 #include "workfiles.h"
+#include "yardsticks.h"
 
 #include <QCoreApplication>
 #include <QFile>

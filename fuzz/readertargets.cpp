@@ -1,5 +1,5 @@
+#include "loadertable.h"
 #include "targets.h"
-#include "tracereader.h"
 
 #include <QBuffer>
 #include <QMetaEnum>
@@ -58,8 +58,8 @@ private:
     int turns = 0;
 };
 
-std::pair<ReadResult, Record> readBy(LineSource::Decoding decoding, const QByteArray &trace,
-                                     const TraceRequest &request)
+std::pair<Outcome, Record> readBy(LineSource::Decoding decoding, const QByteArray &trace,
+                                  const TraceRequest &request)
 {
     QByteArray bytes = trace;
     QBuffer buffer(&bytes);
@@ -67,7 +67,7 @@ std::pair<ReadResult, Record> readBy(LineSource::Decoding decoding, const QByteA
     const TraceReader &reader = traceReaderFor(request.type);
     LineSource lines(buffer, reader.carriageReturns, decoding);
     Record record;
-    const ReadResult result = reader.read(lines, record, request);
+    const Outcome result = reader.read(lines, record, request);
     return {result, record};
 }
 
@@ -84,8 +84,8 @@ void compareRoads(Type type, const QByteArray &bytes)
     }
     const auto inPlace = readBy(LineSource::Decoding::WhereNeeded, trace, request);
     const auto decoded = readBy(LineSource::Decoding::Always, trace, request);
-    require(inPlace.first.status == decoded.first.status
-                && inPlace.first.line == decoded.first.line,
+    require(inPlace.first.kind == decoded.first.kind
+                && inPlace.first.number == decoded.first.number,
             "both roads end alike");
     require(inPlace.second == decoded.second, "both roads give the same");
 }

@@ -1,5 +1,6 @@
 #include "archivelimits.h"
 
+#include "chunknames.h"
 #include "filenames.h"
 #include "memorylimit.h"
 
@@ -28,7 +29,7 @@ QString archiveName(const QString &zipName)
 
 QString folderName(const QString &archiveName)
 {
-    const bool usable = isSafeName(archiveName) && !archiveName.endsWith(QLatin1String("dck"));
+    const bool usable = isSafeName(archiveName) && !isChunkName(archiveName);
     return usable ? archiveName : QStringLiteral("archive");
 }
 

@@ -1,6 +1,7 @@
 #include "chunkarchive.h"
 
 #include "archivelimits.h"
+#include "chunknames.h"
 
 #include <QDataStream>
 
@@ -107,7 +108,7 @@ std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoin
         return chunks;
     const std::vector<Zip::Entry> entries = archive.entries();
     for (const Zip::Entry &entry : entries) {
-        if (!entry.name.endsWith(QLatin1String("dck")))
+        if (!isChunkName(entry.name))
             continue;
         if (!keepGoing())
             return {};

@@ -1,5 +1,6 @@
 #include "chunkfolder.h"
 
+#include "chunknames.h"
 #include "foldertree.h"
 
 #include <QFile>
@@ -100,7 +101,7 @@ bool ChunkFolder::holds(const QString &fileName) const
 
 QString ChunkFolder::chunkTemplate() const
 {
-    return folderPath + QLatin1String("/tmpData%1.dck");
+    return folderPath + QLatin1Char('/') + ChunkNames::rotatedTemplate();
 }
 
 QString ChunkFolder::chunkPath(qint64 number) const
@@ -110,7 +111,8 @@ QString ChunkFolder::chunkPath(qint64 number) const
 
 QString ChunkFolder::partialChunkTemplate(const QString &importName) const
 {
-    return folderPath + QLatin1Char('\\') + importName + QLatin1String("\\%1.dck");
+    return folderPath + QLatin1Char('\\') + importName + QLatin1String("\\%1")
+        + QLatin1String(ChunkNames::suffix);
 }
 
 void ChunkFolder::removeChunks()
@@ -119,7 +121,7 @@ void ChunkFolder::removeChunks()
     if (handle < 0)
         return;
     FolderTree::forEachEntry(handle, [handle](const char *name) {
-        if (std::strstr(name, "tmpData"))
+        if (std::strstr(name, ChunkNames::rotatedMark))
             unlinkat(handle, name, 0);
     });
 }

@@ -98,6 +98,22 @@ Outcome::Kind readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap,
     return FrontReader(device, bounds, front).read(bookmarkMap);
 }
 
+WholeRecords findWholeRecords(QIODevice &device, const Bounds &bounds)
+{
+    device.seek(0);
+    Front front;
+    WholeRecords whole;
+    whole.result = readFront(device, ChunkFormat::BookmarkMap::Read, bounds, front);
+    if (whole.result != Outcome::Done || front.headerIsDamaged || front.mapsAreDamaged)
+        return whole;
+    CAN::CanRxMessage message;
+    ChunkFormat::RecordReader records(device, front.preamble.version);
+    while (records.next(message) && !records.lastIsCut())
+        ++whole.count;
+    whole.end = whole.count > 0 ? front.size + records.end().offset : 0;
+    return whole;
+}
+
 Outcome::Kind readRecords(ChunkFormat::RecordReader &reader, const Bounds &bounds, Records &records,
                           bool &hasFdFrame, const std::function<bool()> &dropsCut)
 {

@@ -37,6 +37,18 @@ struct Front
 Outcome::Kind readFront(QIODevice &device, ChunkFormat::BookmarkMap bookmarkMap,
                         const Bounds &bounds, Front &front);
 
+/// The whole records of a chunk that may be cut off in the middle of one.
+struct WholeRecords
+{
+    Outcome::Kind result = Outcome::Done; ///< how reading what stands in front of them ended
+    qint64 count = 0;
+    qint64 end = 0; ///< where in the file the last one ends; 0 when there is none
+};
+
+/// Finds them from the beginning of \a device on. A chunk with damage in front of its records has
+/// none.
+WholeRecords findWholeRecords(QIODevice &device, const Bounds &bounds);
+
 /// What the records of chunks hold together.
 struct Records
 {

@@ -1,5 +1,6 @@
 #include "chunksaver.h"
 
+#include "chunknames.h"
 #include "diskbudget.h"
 #include "fileerrors.h"
 

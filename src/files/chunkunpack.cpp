@@ -1,6 +1,7 @@
 #include "chunkunpack.h"
 
 #include "archivelimits.h"
+#include "chunknames.h"
 #include "chunkreading.h"
 #include "fileerrors.h"
 #include "filenames.h"
@@ -25,7 +26,8 @@ QString numberedStem(const QString &name, const QString &suffix)
 
 QString suffixOf(const QString &name)
 {
-    return name.endsWith(QLatin1String(".dck")) ? name.right(4) : QString();
+    const QLatin1String suffix(ChunkNames::suffix);
+    return name.endsWith(suffix) ? QString(suffix) : QString();
 }
 
 /// Finds names that are free in a folder, in a time that does not grow with those that are taken.
@@ -64,24 +66,15 @@ template <typename Create> QString FreeNames::create(const QString &name, const 
     return {};
 }
 
-// Where the last whole record of a chunk file ends; 0 when there is none.
-qint64 endOfWholeRecords(QFile &file, const Zip::KeepGoing &keepGoing)
+// How much of a damaged chunk file is kept: what goes up to the end of its last whole record.
+qint64 sizeToKeep(QFile &file, const Zip::KeepGoing &keepGoing)
 {
     // The maps of a damaged file are not trusted with more memory than this.
     constexpr qint64 memory = 256 * 1024 * 1024;
-    ChunkReading::Front front;
-    file.seek(0);
-    const Outcome::Kind result =
-        ChunkReading::readFront(file, ChunkFormat::BookmarkMap::Read, {memory, keepGoing}, front);
-    // Nobody here knows what a newer one looks like.
-    if (result == Outcome::NewerVersion)
-        return file.size();
-    if (result != Outcome::Done || front.headerIsDamaged || front.mapsAreDamaged)
-        return 0;
-    CAN::CanRxMessage message;
-    ChunkFormat::RecordReader records(file, front.preamble.version);
-    while (records.next(message)) { }
-    return records.end().offset > 0 ? front.size + records.end().offset : 0;
+    const ChunkReading::WholeRecords whole =
+        ChunkReading::findWholeRecords(file, {memory, keepGoing});
+    // Nobody here knows what a newer version looks like.
+    return whole.result == Outcome::NewerVersion ? file.size() : whole.end;
 }
 
 class Unpacker
@@ -128,8 +121,8 @@ Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
     }
     Result result = copy(chunk);
     if (result == Unpacked && chunk.isDamaged()) {
-        const qint64 end = endOfWholeRecords(file, keepGoing);
-        result = end > 0 && file.resize(end) ? Unpacked : Skipped;
+        const qint64 size = sizeToKeep(file, keepGoing);
+        result = size > 0 && file.resize(size) ? Unpacked : Skipped;
     }
     return finish(result);
 }

@@ -1,5 +1,6 @@
 #include "continuousoutput.h"
 
+#include "chunknames.h"
 #include "chunkversion.h"
 #include "savejob.h"
 

@@ -1,5 +1,6 @@
 #include "diskbudget.h"
 
+#include "chunknames.h"
 #include "foldertree.h"
 
 #include <QDebug>
@@ -9,19 +10,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-// The number in "tmpData17.dck", or -1 for any other name.
-qint64 chunkNumber(const QString &name)
-{
-    const QLatin1String prefix("tmpData");
-    const QLatin1String suffix(".dck");
-    if (!name.startsWith(prefix) || !name.endsWith(suffix))
-        return -1;
-    const int digits = name.size() - prefix.size() - suffix.size();
-    bool ok = false;
-    const uint number = name.midRef(prefix.size(), digits).toUInt(&ok);
-    return ok ? qint64(number) : -1;
-}
 
 bool readStamp(const QString &folder, timespec &stamp)
 {
@@ -85,7 +73,7 @@ void DiskBudget::addFile(const QString &name, const struct stat &status)
     if (!S_ISREG(status.st_mode))
         return;
     const qint64 modified = status.st_mtim.tv_sec * 1000 + status.st_mtim.tv_nsec / 1000000;
-    const Age age{modified, chunkNumber(name), name};
+    const Age age{modified, ChunkNames::rotatedNumber(name), name};
     const auto size = quint32(status.st_size / 1024);
     ages.insert(name, age);
     kibibytesByAge.emplace(age, size);
@@ -136,7 +124,7 @@ bool DiskBudget::removeOldestAbove(quint32 mebibytes)
         return false;
     const QString oldest = kibibytesByAge.begin()->first.name;
     qDebug() << "void SaveFileWorker::checkUsedSpace(QString)" << oldest;
-    if (!oldest.endsWith(QLatin1String("dck")) || !QFile::remove(pathOf(oldest)))
+    if (!isChunkName(oldest) || !QFile::remove(pathOf(oldest)))
         return false;
     endChange();
     dropFile(oldest);

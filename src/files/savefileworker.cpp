@@ -1,6 +1,7 @@
 #include "savefileworker.h"
 
 #include "chunkformat.h"
+#include "chunknames.h"
 #include "chunkversion.h"
 #include "continuousoutput.h"
 #include "diskbudget.h"

@@ -173,11 +173,6 @@ Outcome writeTextToPipe(const SaveJob &job)
 
 } // namespace
 
-bool isChunkName(const QString &fileName)
-{
-    return fileName.endsWith(QLatin1String("dck"));
-}
-
 Outcome save(const SaveJob &job, const std::function<void()> &opened)
 {
     const QFileInfo target(job.fileName);

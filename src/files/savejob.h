@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chunkformat.h"
+#include "chunknames.h"
 #include "datachunkhelper.h"
 #include "messagelist.h"
 #include "outcome.h"
@@ -69,9 +70,6 @@ struct SaveReport
 
 /// Called once for each save, on the thread that did it. Must not wait.
 using TellSaved = std::function<void(const SaveReport &)>;
-
-/// Whether files of that name are chunk files; others are texts.
-bool isChunkName(const QString &fileName);
 
 /// Text of the header of the chunk that a job writes.
 QString chunkTimeText(const SaveJob &job);

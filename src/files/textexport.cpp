@@ -1,6 +1,7 @@
 #include "textexport.h"
 
 #include "canframe.h"
+#include "flagnumber.h"
 
 #include <charconv>
 #include <iterator>
@@ -70,12 +71,6 @@ QString headerLine()
     return QStringLiteral("# timestamp id (dlc): data;flags;notes\n");
 }
 
-int flagNumber(const CAN::CanRxMessage &message)
-{
-    return (message.extended ? 1 : 0) + (message.fdFrame ? 2 : 0) + (message.flagB ? 8 : 0)
-        + (message.flagC ? 4 : 0);
-}
-
 void appendMessageLine(QString &text, const CAN::CanRxMessage &message, const QString &note)
 {
     appendPrefix(text, message);
@@ -86,7 +81,7 @@ void appendMessageLine(QString &text, const CAN::CanRxMessage &message, const QS
             appendHexByte(text, message.data[i]);
     }
     text += QLatin1Char(';');
-    appendNumber(text, flagNumber(message), 10, 0, Align::Right, ' ');
+    appendNumber(text, CAN::flagNumber(message), 10, 0, Align::Right, ' ');
     text += QLatin1Char(';');
     text += note;
     text += QLatin1Char('\n');

@@ -10,9 +10,6 @@ namespace TextExport {
 /// Header line of a text export, line end included.
 QString headerLine();
 
-/// 1 for an extended identifier, 2 for a CAN FD frame, 8 for flag B and 4 for flag C, added up.
-int flagNumber(const CAN::CanRxMessage &message);
-
 /// One message and its note as a line, line end included. The note stands as it is, whatever
 /// it contains.
 QString messageLine(const CAN::CanRxMessage &message, const QString &note);

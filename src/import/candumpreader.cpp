@@ -68,13 +68,13 @@ template <typename Char> bool readLine(Text<Char> line, CAN::CanRxMessage &messa
 
 } // namespace
 
-ReadResult readSocketCanDump(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readSocketCanDump(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     MessageFeed feed(sink);
     return readNumberedLines(lines, [&feed](auto line) {
         if (!feed.turnEventLoopWhenDue())
-            return ReadResult::stopped();
+            return Outcome::givenUp();
         CAN::CanRxMessage message;
-        return readLine(line, message) ? feed.addMessageToMessageList(message) : ReadResult::done();
+        return readLine(line, message) ? feed.addMessageToMessageList(message) : Outcome::done();
     });
 }

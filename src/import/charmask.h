@@ -21,6 +21,14 @@ namespace CharMask {
 /// Number of characters that a mask tells of at most.
 constexpr std::size_t width = 64;
 
+/// How many of the characters that are \a left to look at next: at most width. Fewer than 16 are
+/// looked at one by one, so a text is cut where that many are not left over alone.
+constexpr std::size_t blockSize(std::size_t left)
+{
+    constexpr std::size_t step = 16;
+    return left > width && left < width + step ? width - step : std::min(left, width);
+}
+
 /// What QChar::isSpace says of a character.
 struct IsBlank
 {
@@ -106,8 +114,9 @@ Q_ALWAYS_INLINE quint64 maskOf(const Char *at, std::size_t count, IsOfKind isOfK
 template <typename Char, typename IsOfKind, typename Found>
 Q_ALWAYS_INLINE void forEach(Text<Char> text, IsOfKind isOfKind, Found found)
 {
-    for (std::size_t start = 0; start < text.size(); start += width) {
-        const std::size_t count = std::min(text.size() - start, width);
+    std::size_t count = 0;
+    for (std::size_t start = 0; start < text.size(); start += count) {
+        count = blockSize(text.size() - start);
         quint64 mask = maskOf(text.data() + start, count, isOfKind);
         for (; mask != 0; mask &= mask - 1)
             found(start + qCountTrailingZeroBits(mask));

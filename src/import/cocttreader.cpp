@@ -30,11 +30,7 @@ template <typename Char> Parts<Char> splitEntry(Text<Char> line)
 
 template <typename Char> QTime timeOfDay(Text<Char> text)
 {
-    constexpr std::string_view layout = "00:00:00.000";
-    bool isPlain = text.size() == layout.size();
-    for (std::size_t i = 0; isPlain && i < layout.size(); ++i)
-        isPlain = layout[i] == '0' ? digitValue(text[i]) < 10 : text[i] == Char(layout[i]);
-    if (!isPlain)
+    if (!hasLayout(text, "00:00:00.000"))
         return QTime::fromString(toQString(text), QStringLiteral("hh:mm:ss.zzz"));
     const auto number = [text](std::size_t start, std::size_t digits) {
         return toNumber<qint32>(text.substr(start, digits));
@@ -67,7 +63,7 @@ template <typename Char> bool readFrame(const Parts<Char> &tokens, CAN::CanRxMes
     return tokens.size() - DataToken >= message.length;
 }
 
-template <typename Char> ReadResult importCANMsgLine(Text<Char> line, MessageFeed &feed)
+template <typename Char> Outcome importCANMsgLine(Text<Char> line, MessageFeed &feed)
 {
     constexpr int fewestTokens = 5;
     const Parts<Char> parts = splitEntry(line);
@@ -77,12 +73,12 @@ template <typename Char> ReadResult importCANMsgLine(Text<Char> line, MessageFee
     const int tagIndex = tag == parts.end() ? -1 : int(tag - parts.begin());
     const Parts<Char> tokens = splitAtBlanks(partAt(parts, tagIndex + 1));
     if (tokens.size() < fewestTokens)
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     if (!feed.turnEventLoopWhenDue())
-        return ReadResult::stopped();
+        return Outcome::givenUp();
     CAN::CanRxMessage message;
     if (!readFrame(tokens, message))
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     if (tagIndex > 0)
         setTimeStamp(parts[1], message);
     return feed.addMessageToMessageList(message);
@@ -100,7 +96,7 @@ template <typename Char> void importNoticeLine(Text<Char> line, MessageFeed &fee
         feed.appendNote(toQString(line));
 }
 
-template <typename Char> ReadResult readEntry(Text<Char> line, MessageFeed &feed)
+template <typename Char> Outcome readEntry(Text<Char> line, MessageFeed &feed)
 {
     Scratch<Char> scratch;
     line = simplified(line, scratch);
@@ -108,12 +104,12 @@ template <typename Char> ReadResult readEntry(Text<Char> line, MessageFeed &feed
         return importCANMsgLine(line, feed);
     if (isRemark(line))
         importNoticeLine(line, feed);
-    return ReadResult::done();
+    return Outcome::done();
 }
 
 } // namespace
 
-ReadResult readCoCTTLog(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readCoCTTLog(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     MessageFeed feed(sink);
     return readNumberedLines(lines, [&feed](auto line) { return readEntry(line, feed); });

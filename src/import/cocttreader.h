@@ -5,4 +5,4 @@
 /// Reads a CoCTT test log: entries of fields joined by " : ", of which "Test CAN" ones are frames
 /// and "Test Notice", "Test Info" and "Test Error" ones are notes on the frame that follows.
 /// A frame that cannot be read is a line error.
-ReadResult readCoCTTLog(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome readCoCTTLog(LineSource &lines, TraceSink &sink, const TraceRequest &request);

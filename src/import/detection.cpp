@@ -1,5 +1,6 @@
 #include "datachunkhelper.h"
 
+#include "chunknames.h"
 #include "linesource.h"
 #include "regularfile.h"
 
@@ -83,7 +84,7 @@ DatachunkHelper::ImportFileType typeOfText(const QString &head)
 
 DatachunkHelper::ImportFileType DatachunkHelper::getImportFileType(QString fileName)
 {
-    if (fileName.endsWith(ascii("dck")))
+    if (isChunkName(fileName))
         return ChunkFile;
     if (fileName.endsWith(ascii("zip")))
         return ZipArchive;

@@ -103,16 +103,16 @@ bool readField(Field field, const Parts<Char> &fields, int index, CAN::CanRxMess
 }
 
 template <typename Char>
-ReadResult importCANMsgLine(const Parts<Char> &fields, const Layout &layout, MessageFeed &feed)
+Outcome importCANMsgLine(const Parts<Char> &fields, const Layout &layout, MessageFeed &feed)
 {
     if (fields.size() < layout.fewestFields)
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     if (!feed.turnEventLoopWhenDue())
-        return ReadResult::stopped();
+        return Outcome::givenUp();
     CAN::CanRxMessage message;
     for (int i = 0; i < layout.fields.size(); ++i) {
         if (!readField(layout.fields[i], fields, i, message))
-            return ReadResult::done();
+            return Outcome::done();
     }
     message.extended = message.id > maxStandardId;
     return feed.addMessageToMessageList(message);
@@ -120,14 +120,14 @@ ReadResult importCANMsgLine(const Parts<Char> &fields, const Layout &layout, Mes
 
 } // namespace
 
-ReadResult readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request)
+Outcome readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request)
 {
     const Layout layout = layoutFor(request.formatDescription);
     MessageFeed feed(sink);
     return readNumberedLines(lines, [&](auto line) {
         const auto fields = splitAtBlanks(line);
         if (fields.isEmpty() || fields[0].front() == commentPrefix)
-            return ReadResult::done();
+            return Outcome::done();
         return importCANMsgLine(fields, layout, feed);
     });
 }

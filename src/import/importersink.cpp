@@ -45,10 +45,10 @@ bool runImporter(QObject &importer, const TraceRequest &request, TraceSink &sink
                  QString &errorString)
 {
     const QPointer<QObject> guard(&importer);
-    const ReadResult result = readTraceFile(request, sink);
+    const Outcome result = readTraceFile(request, sink);
     if (guard && result.isFileError())
         errorString = errorText(result, request);
-    if (guard && !result.systemError.isEmpty())
-        errorString = result.systemError;
-    return result.isDone() && result.systemError.isEmpty();
+    if (guard && !result.text.isEmpty())
+        errorString = result.text;
+    return result.isDone() && result.text.isEmpty();
 }

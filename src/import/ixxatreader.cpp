@@ -58,17 +58,32 @@ template <typename Number, typename Char> Number toNumberWithoutZeroes(Text<Char
     if (text.empty() || text.front() != '0')
         return toNumber<Number>(text, 0);
     Scratch<Char> scratch;
-    for (const Char c : text) {
-        if (c != '0')
-            scratch.append(c);
-    }
+    std::remove_copy(text.begin(), text.end(), std::back_inserter(scratch), Char('0'));
     return toNumber<Number>(textOf(scratch), 0);
+}
+
+// The same for a few characters that are known to be digits.
+template <typename Char> quint32 digitsWithoutZeroes(Text<Char> text)
+{
+    const bool keepsZeroes = text.front() != '0';
+    quint32 value = 0;
+    for (const Char c : text)
+        value = value * (keepsZeroes || c != '0' ? 10 : 1) + digitValue(c);
+    return value;
 }
 
 // "hh:mm:ss.mmm.uuu" or "sss.mmm.uuu".
 template <typename Char>
 void convertTimestringAndSetToCanMsg(Text<Char> text, CAN::CanRxMessage &message)
 {
+    if (hasLayout(text, "00:00:00.000.000")) {
+        const auto number = [text](std::size_t start, std::size_t digits) {
+            return digitsWithoutZeroes(text.substr(start, digits));
+        };
+        message.seconds = qint32(number(0, 2) * 3600 + number(3, 2) * 60 + number(6, 2));
+        message.microseconds = qint32(number(9, 3) * 1000 + number(13, 3));
+        return;
+    }
     const Parts<Char> parts = splitKeepingEmpty<'.'>(text);
     const Parts<Char> clock = splitKeepingEmpty<':'>(parts[0]);
     if (clock.size() > 1) {
@@ -85,63 +100,64 @@ void convertTimestringAndSetToCanMsg(Text<Char> text, CAN::CanRxMessage &message
 }
 
 // The number of bytes is the length, whatever the length column says; an empty field is one byte.
-template <typename Char> void readData(Text<Char> field, CAN::CanRxMessage &message)
+template <typename Char> void readPayload(Text<Char> field, CAN::CanRxMessage &message)
 {
-    message.remote = contains(field, "Remote Frame");
-    if (message.remote)
-        return;
-    const Parts<Char> bytes = splitKeepingEmpty<' '>(field);
-    message.length = qint8(bytes.size());
-    readBytes(bytes, 0, CAN::maxDataBytes, 16, message);
+    int count = 0;
+    forEachPart<' '>(field, [&](Text<Char> byte) { storeByte(message, count++, toHexByte(byte)); });
+    message.length = qint8(count);
 }
 
 template <typename Char>
-ReadResult importCANMsgLine(Text<Char> line, const Columns &columns, MessageFeed &feed)
+Outcome importCANMsgLine(Text<Char> line, const Columns &columns, MessageFeed &feed)
 {
     constexpr int fewestElements = 6;
     Parts<Char> elements = splitOutsideQuotes<',', '"'>(line);
     // What stands behind the last separator is no field: rows end with one.
     elements.removeLast();
     if (elements.size() < fewestElements)
-        return ReadResult::done();
+        return Outcome::done();
     if (!feed.turnEventLoopWhenDue())
-        return ReadResult::stopped();
+        return Outcome::givenUp();
     CAN::CanRxMessage message;
     bool isId = false;
     message.id = toNumber<quint32>(*Unquoted<Char>(elements, columns.id), 16, &isId);
     if (!isId)
-        return ReadResult::done();
+        return Outcome::done();
     convertTimestringAndSetToCanMsg(*Unquoted<Char>(elements, columns.time), message);
-    message.length = qint8(toNumber<qint32>(*Unquoted<Char>(elements, columns.length)));
-    readData(*Unquoted<Char>(elements, columns.data), message);
+    const Unquoted<Char> data(elements, columns.data);
+    message.remote = contains(*data, "Remote Frame");
+    if (message.remote)
+        message.length = qint8(toNumber<qint32>(*Unquoted<Char>(elements, columns.length)));
+    else
+        readPayload(*data, message);
     return feed.addMessageToMessageList(message);
 }
 
-template <typename Char> ReadResult readLine(Text<Char> line, Columns &columns, MessageFeed &feed)
+template <typename Char> Outcome readLine(Text<Char> line, Columns &columns, MessageFeed &feed)
 {
     if (isHeader(line)) {
         getColumnsFromLine(line, columns);
-        return ReadResult::done();
+        return Outcome::done();
     }
     if (!columns.valid)
-        return ReadResult::noColumns();
+        return Outcome::noColumns();
     if (!columns.areComplete())
-        return ReadResult::done();
+        return Outcome::done();
     Scratch<Char> scratch;
     return importCANMsgLine(simplified(line, scratch), columns, feed);
 }
 
 } // namespace
 
-ReadResult readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     Columns columns;
     MessageFeed feed(sink);
-    const ReadResult result =
+    const Outcome result =
         readNumberedLines(lines, [&](auto line) { return readLine(line, columns, feed); });
     // An unusable header fails with the line below it, be it the empty one behind the last line
     // feed.
     if (result.isDone() && !columns.valid && lines.endsWithLineFeed())
-        return ReadResult::noColumns();
+        return Outcome::noColumns();
     return result;
 }

@@ -4,4 +4,4 @@
 
 /// Reads an Ixxat trace export: comma-separated rows below a header that names the columns. Rows
 /// never fail; a header without a time, an identifier and a data column does.
-ReadResult readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &request);

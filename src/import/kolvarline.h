@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canframe.h"
+#include "flagnumber.h"
 #include "linefields.h"
 
 /// The frame of a Kolvar line, "12.5 0x123/291 (2): 01 ff": also what the text export writes.
@@ -11,14 +12,6 @@ template <typename Char> bool hasFrameShape(const LineFields::Parts<Char> &token
     constexpr Char ending[] = {Char(')'), Char(':')};
     return tokens.size() >= 3 && tokens[2].size() >= 2
         && tokens[2].substr(tokens[2].size() - 2) == Text<Char>(ending, 2);
-}
-
-inline void setFlags(quint32 flagNumber, CAN::CanRxMessage &message)
-{
-    message.extended = flagNumber & 1;
-    message.fdFrame = flagNumber & 2;
-    message.flagC = flagNumber & 4;
-    message.flagB = flagNumber & 8;
 }
 
 template <typename Char> void readId(Text<Char> text, CAN::CanRxMessage &message)
@@ -47,7 +40,7 @@ bool readFrame(const LineFields::Parts<Char> &tokens, quint32 flagNumber,
     readTimeStamp(tokens[0], FractionPart::Second, message);
     readId(tokens[1], message);
     readLength(tokens[2], message);
-    setFlags(flagNumber, message);
+    CAN::setFlags(flagNumber, message);
     message.remote = std::any_of(tokens.begin(), tokens.end(),
                                  [](Text<Char> token) { return equals(token, "Remote"); });
     readBytes(tokens, 3, CAN::payloadSize(message), 16, message);

@@ -36,23 +36,23 @@ LineKind readLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
 
 } // namespace
 
-ReadResult readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const CAN::CanRxMessage blank;
     MessageFeed feed(sink);
     while (lines.next()) {
         if (!sink.turnEventLoop())
-            return ReadResult::stopped();
+            return Outcome::givenUp();
         CAN::CanRxMessage message = blank;
         QString note;
         const LineKind kind = lines.visit([&](auto line) { return readLine(line, message, note); });
         if (kind == LineKind::EndOfTrace)
-            return ReadResult::done();
+            return Outcome::done();
         if (kind == LineKind::Other)
             continue;
-        const ReadResult result = feed.addMessageWithNote(message, note);
+        const Outcome result = feed.addMessageWithNote(message, note);
         if (!result.isDone())
             return result;
     }
-    return ReadResult::done();
+    return Outcome::done();
 }

@@ -4,4 +4,4 @@
 
 /// Reads a Kolvar text trace, "12.5 0x123/291 (2): 01 ff ;flag number;note". Lines of another
 /// shape are passed over; a time stamp without exactly one point ends the trace.
-ReadResult readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest &request);

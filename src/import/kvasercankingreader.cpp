@@ -2,12 +2,12 @@
 
 #include "canframe.h"
 #include "linefields.h"
+#include "messagefeed.h"
 
 using namespace LineFields;
 
 namespace {
 
-constexpr quint32 messagesBetweenTurns = 1000;
 constexpr std::size_t headSize = 1048576;
 constexpr int minTokens = 6;
 
@@ -57,20 +57,20 @@ template <typename Char> bool readLine(Text<Char> line, int base, CAN::CanRxMess
 
 } // namespace
 
-ReadResult readKvaserCanKing(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readKvaserCanKing(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const CAN::CanRxMessage blank;
     const int base = numberBase(lines);
-    quint32 count = 0;
+    MessageFeed feed(sink);
     while (lines.next()) {
         CAN::CanRxMessage message = blank;
         if (!lines.visit([&](auto line) { return readLine(line, base, message); }))
             continue;
-        if (count % messagesBetweenTurns == 0 && !sink.turnEventLoop())
-            return ReadResult::stopped();
-        message.messageNumber = count++;
-        if (!sink.message(message))
-            return ReadResult::stopped();
+        if (!feed.turnEventLoopWhenDue())
+            return Outcome::givenUp();
+        const Outcome result = feed.addMessageToMessageList(message);
+        if (!result.isDone())
+            return result;
     }
-    return ReadResult::done();
+    return Outcome::done();
 }

@@ -4,4 +4,4 @@
 
 /// Reads a log of Kvaser's CanKing. Its numbers are hexadecimal when its head holds any letter
 /// from a to f, and decimal otherwise. Lines of another shape are passed over.
-ReadResult readKvaserCanKing(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome readKvaserCanKing(LineSource &lines, TraceSink &sink, const TraceRequest &request);

@@ -1,12 +1,11 @@
 #include "kvasertxtreader.h"
 
 #include "linefields.h"
+#include "messagefeed.h"
 
 using namespace LineFields;
 
 namespace {
-
-constexpr quint32 messagesBetweenTurns = 1000;
 
 struct NumberBases
 {
@@ -53,23 +52,23 @@ bool readFrameLine(Text<Char> line, const NumberBases &bases, CAN::CanRxMessage 
 
 } // namespace
 
-ReadResult readKvaserTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readKvaserTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const CAN::CanRxMessage blank;
     NumberBases bases;
     readHeader(lines, bases);
-    quint32 count = 0;
+    MessageFeed feed(sink);
     while (lines.next()) {
         if (lines.visit([](auto line) { return contains(line, "ErrorFrame"); }))
             continue;
-        if (count % messagesBetweenTurns == 0 && !sink.turnEventLoop())
-            return ReadResult::stopped();
+        if (!feed.turnEventLoopWhenDue())
+            return Outcome::givenUp();
         CAN::CanRxMessage message = blank;
         if (!lines.visit([&](auto line) { return readFrameLine(line, bases, message); }))
             continue;
-        message.messageNumber = count++;
-        if (!sink.message(message))
-            return ReadResult::stopped();
+        const Outcome result = feed.addMessageToMessageList(message);
+        if (!result.isDone())
+            return result;
     }
-    return ReadResult::done();
+    return Outcome::done();
 }

@@ -4,4 +4,4 @@
 
 /// Reads a Kvaser text log: a header that may tell the number bases, up to the first line with
 /// "Trigger", then a frame on every line. Error frames are passed over.
-ReadResult readKvaserTxt(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome readKvaserTxt(LineSource &lines, TraceSink &sink, const TraceRequest &request);

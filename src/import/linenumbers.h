@@ -35,6 +35,15 @@ inline unsigned digitValue(char16_t c)
     return c < digitValues.size() ? digitValues[c] : noDigit;
 }
 
+/// Whether \a text has a decimal digit wherever \a layout has a 0, and is the same elsewhere.
+template <typename Char> bool hasLayout(Text<Char> text, std::string_view layout)
+{
+    bool same = text.size() == layout.size();
+    for (std::size_t i = 0; same && i < layout.size(); ++i)
+        same = layout[i] == '0' ? digitValue(text[i]) < 10 : text[i] == Char(layout[i]);
+    return same;
+}
+
 /// QString's own conversion, for everything but plain digits.
 template <typename Number> Number toNumberByQt(const QString &text, int base, bool *ok)
 {

@@ -30,11 +30,16 @@ public:
     {
     }
 
-    void write(const Char *from, const Char *to)
+    void write(Text<Char> part)
     {
         if (next == end)
             makeRoom();
-        *next++ = Text<Char>(from, std::size_t(to - from));
+        *next++ = part;
+    }
+
+    void write(const Char *from, const Char *to)
+    {
+        write(Text<Char>(from, std::size_t(to - from)));
     }
 
     void finish() { parts.resize(int(next - parts.data())); }
@@ -123,18 +128,24 @@ template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
     return splitDroppingEmpty(line, IsBlank());
 }
 
+/// Calls use(part) for every part between two separators, the empty ones too.
+template <char separator, typename Char, typename Use>
+Q_ALWAYS_INLINE void forEachPart(Text<Char> text, Use use)
+{
+    std::size_t start = 0;
+    CharMask::forEach(text, CharMask::Is<separator>(), [&](std::size_t position) {
+        use(text.substr(start, position - start));
+        start = position + 1;
+    });
+    use(text.substr(start));
+}
+
 /// Split at every \a separator, keeping empty parts.
 template <char separator, typename Char> Parts<Char> splitKeepingEmpty(Text<Char> text)
 {
     Parts<Char> parts;
     PartWriter<Char> writer(parts);
-    const Char *start = text.data();
-    CharMask::forEach(text, CharMask::Is<separator>(), [&](std::size_t position) {
-        const Char *const end = text.data() + position;
-        writer.write(start, end);
-        start = end + 1;
-    });
-    writer.write(start, text.data() + text.size());
+    forEachPart<separator>(text, [&writer](Text<Char> part) { writer.write(part); });
     writer.finish();
     return parts;
 }
@@ -160,12 +171,12 @@ template <typename Char> bool isSimplified(Text<Char> text)
 {
     bool afterBlank = false;
     while (!text.empty()) {
-        const std::size_t count = std::min(text.size(), CharMask::width);
+        const std::size_t count = CharMask::blockSize(text.size());
         const quint64 blanks = CharMask::maskOf(text.data(), count, IsBlank());
         const quint64 spaces = CharMask::maskOf(text.data(), count, CharMask::Is<' '>());
         if (blanks != spaces || (blanks & (blanks << 1 | quint64(afterBlank))) != 0)
             return false;
-        afterBlank = blanks >> (CharMask::width - 1) != 0;
+        afterBlank = blanks >> (count - 1) != 0;
         text.remove_prefix(count);
     }
     return true;
@@ -211,13 +222,13 @@ template <char separator, char quote, typename Char> Parts<Char> splitOutsideQuo
     const Char *const end = start + text.size();
     quint64 openQuote = 0; // all bits when a quote is open
     for (const Char *at = start; at != end;) {
-        const std::size_t count = std::min(std::size_t(end - at), CharMask::width);
+        const std::size_t count = CharMask::blockSize(std::size_t(end - at));
         // Bit i becomes the parity of the quotes up to character i.
         quint64 inQuotes = CharMask::maskOf(at, count, CharMask::Is<quote>());
         for (std::size_t shift = 1; shift < CharMask::width; shift *= 2)
             inQuotes ^= inQuotes << shift;
         inQuotes ^= openQuote;
-        openQuote = inQuotes >> (CharMask::width - 1) != 0 ? ~quint64(0) : 0;
+        openQuote = (inQuotes >> (count - 1) & 1) != 0 ? ~quint64(0) : 0;
         quint64 ends = CharMask::maskOf(at, count, CharMask::Is<separator>()) & ~inQuotes;
         for (; ends != 0; ends &= ends - 1) {
             const Char *const partEnd = at + qCountTrailingZeroBits(ends);

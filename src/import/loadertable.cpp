@@ -1,3 +1,5 @@
+#include "loadertable.h"
+
 #include "candumpreader.h"
 #include "cocttreader.h"
 #include "genericreader.h"

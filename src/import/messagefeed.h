@@ -6,25 +6,28 @@
 class MessageFeed
 {
 public:
-    explicit MessageFeed(TraceSink &sink) : sink(sink) { }
+    explicit MessageFeed(TraceSink &sink, quint32 messagesBetweenTurns = 1000)
+        : sink(sink), messagesBetweenTurns(messagesBetweenTurns)
+    {
+    }
 
-    /// Turns the event loop as long as the number of messages is a multiple of 1000. False when
-    /// the reader has to stop.
+    /// Turns the event loop while the number of messages so far is a multiple of
+    /// messagesBetweenTurns: at the first message, and again at each line that comes to nothing
+    /// then. False when the reader has to stop.
     bool turnEventLoopWhenDue()
     {
-        constexpr quint32 messagesBetweenTurns = 1000;
         return messageCounter % messagesBetweenTurns != 0 || sink.turnEventLoop();
     }
 
     /// Gives \a message the next number.
-    ReadResult addMessageToMessageList(CAN::CanRxMessage &message)
+    Outcome addMessageToMessageList(CAN::CanRxMessage &message)
     {
         message.messageNumber = messageCounter++;
-        return sink.message(message) ? ReadResult::done() : ReadResult::stopped();
+        return sink.message(message) ? Outcome::done() : Outcome::givenUp();
     }
 
     /// The same with a note on the message, unless it is empty.
-    ReadResult addMessageWithNote(CAN::CanRxMessage &message, const QString &note)
+    Outcome addMessageWithNote(CAN::CanRxMessage &message, const QString &note)
     {
         if (!note.isEmpty())
             sink.note(messageCounter, note);
@@ -36,5 +39,6 @@ public:
 
 private:
     TraceSink &sink;
+    const quint32 messagesBetweenTurns;
     quint32 messageCounter = 0;
 };

@@ -47,25 +47,25 @@ template <typename Char> Parts<Char> tokensOf(Text<Char> line)
 
 // The line of a 1.x file, without the columns that 1.1 does not have.
 template <typename Char>
-ReadResult importVersion11StringList(const Parts<Char> &tokens, MessageFeed &feed)
+Outcome importVersion11StringList(const Parts<Char> &tokens, MessageFeed &feed)
 {
     enum Token { TimeToken = 1, TypeToken, IdToken, LengthToken, DataToken };
     const Text<Char> type = partAt(tokens, TypeToken);
     if (type.empty())
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     if (contains(type, "Warng")) {
         feed.appendNote(toQString(tokens.last()));
-        return ReadResult::done();
+        return Outcome::done();
     }
     if (tokens.size() <= LengthToken)
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     if (!feed.turnEventLoopWhenDue())
-        return ReadResult::stopped();
+        return Outcome::givenUp();
     CAN::CanRxMessage message;
     converTimestringAndSetToCanMsg(tokens[TimeToken], message);
     message.transmitted = contains(type, "Tx");
     if (!message.transmitted && !contains(type, "Rx"))
-        return ReadResult::done();
+        return Outcome::done();
     readId(tokens[IdToken], message);
     message.length = qint8(toNumber<qint32>(tokens[LengthToken]));
     message.remote = equals(partAt(tokens, DataToken), "RTR");
@@ -86,13 +86,13 @@ template <typename Char> void removeExtraColumns(Parts<Char> &tokens, ExtraColum
         tokens.remove(busToken);
 }
 
-ReadResult importFileVersion1x(LineSource &lines, TraceSink &sink, ExtraColumns columns)
+Outcome importFileVersion1x(LineSource &lines, TraceSink &sink, ExtraColumns columns)
 {
     MessageFeed feed(sink);
     return readNumberedLines(lines, [&feed, columns](auto line) {
         auto tokens = tokensOf(line);
         if (tokens.isEmpty())
-            return ReadResult::done();
+            return Outcome::done();
         removeExtraColumns(tokens, columns);
         return importVersion11StringList(tokens, feed);
     });
@@ -160,23 +160,23 @@ Columns checkValidColumns(LineSource &lines)
 }
 
 template <typename Char>
-ReadResult importVersion20StringList(const Parts<Char> &tokens, const Columns &columns,
-                                     MessageFeed &feed)
+Outcome importVersion20StringList(const Parts<Char> &tokens, const Columns &columns,
+                                  MessageFeed &feed)
 {
     constexpr int fewestTokens = 6;
     if (tokens.size() < fewestTokens)
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     if (!feed.turnEventLoopWhenDue())
-        return ReadResult::stopped();
+        return Outcome::givenUp();
     if (columns.type >= tokens.size())
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     CAN::CanRxMessage message;
     message.remote = equals(tokens[columns.type], "RR");
     if (!message.remote && !equals(tokens[columns.type], "DT"))
-        return ReadResult::done();
+        return Outcome::done();
     // The data column may lie behind the end: rows of remote frames end before it.
     if (std::max({columns.time, columns.id, columns.direction, columns.length}) >= tokens.size())
-        return ReadResult::lineError();
+        return Outcome::wrongLine();
     converTimestringAndSetToCanMsg(tokens[columns.time], message);
     readId(tokens[columns.id], message);
     message.transmitted = contains(tokens[columns.direction], "Tx");
@@ -189,18 +189,18 @@ ReadResult importVersion20StringList(const Parts<Char> &tokens, const Columns &c
 
 enum class RowMark { None, MinusWhereReserved };
 
-ReadResult importFileVersion2x(LineSource &lines, TraceSink &sink, RowMark mark)
+Outcome importFileVersion2x(LineSource &lines, TraceSink &sink, RowMark mark)
 {
     const Columns columns = checkValidColumns(lines);
     if (!columns.areComplete())
-        return ReadResult::noColumns();
+        return Outcome::noColumns();
     const bool needsMinus = mark == RowMark::MinusWhereReserved && columns.reserved != noColumn;
     lines.rewind();
     MessageFeed feed(sink);
     return readNumberedLines(lines, [&](auto line) {
         const auto tokens = tokensOf(line);
         if (tokens.isEmpty() || (needsMinus && line.find('-') == line.npos))
-            return ReadResult::done();
+            return Outcome::done();
         return importVersion20StringList(tokens, columns, feed);
     });
 }
@@ -214,32 +214,32 @@ DatachunkHelper::ImportFileType peakTraceType(DatachunkHelper::ImportFileType ty
     return isPeakTrace ? type : DatachunkHelper::PeakTrc10;
 }
 
-ReadResult refuseFileVersion10(LineSource &, TraceSink &, const TraceRequest &)
+Outcome refuseFileVersion10(LineSource &, TraceSink &, const TraceRequest &)
 {
-    return ReadResult::notRead();
+    return Outcome::notOpened();
 }
 
-ReadResult importFileVersion11(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome importFileVersion11(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     return importFileVersion1x(lines, sink, ExtraColumns::None);
 }
 
-ReadResult importFileVersion12(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome importFileVersion12(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     return importFileVersion1x(lines, sink, ExtraColumns::Bus);
 }
 
-ReadResult importFileVersion13(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome importFileVersion13(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     return importFileVersion1x(lines, sink, ExtraColumns::BusAndReserved);
 }
 
-ReadResult importFileVersion20(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome importFileVersion20(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     return importFileVersion2x(lines, sink, RowMark::None);
 }
 
-ReadResult importFileVersion21(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome importFileVersion21(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     return importFileVersion2x(lines, sink, RowMark::MinusWhereReserved);
 }

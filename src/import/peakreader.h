@@ -9,19 +9,19 @@
 DatachunkHelper::ImportFileType peakTraceType(DatachunkHelper::ImportFileType type);
 
 /// Version 1.0 says nowhere what kind of frame a line is: it is not read.
-ReadResult refuseFileVersion10(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome refuseFileVersion10(LineSource &lines, TraceSink &sink, const TraceRequest &request);
 
 /// "number) milliseconds type identifier length data..."; warnings become notes.
-ReadResult importFileVersion11(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome importFileVersion11(LineSource &lines, TraceSink &sink, const TraceRequest &request);
 
 /// As 1.1, with the bus before the type.
-ReadResult importFileVersion12(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome importFileVersion12(LineSource &lines, TraceSink &sink, const TraceRequest &request);
 
 /// As 1.2, with a reserved column before the length.
-ReadResult importFileVersion13(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome importFileVersion13(LineSource &lines, TraceSink &sink, const TraceRequest &request);
 
 /// Rows whose columns are named in one of the first ten lines.
-ReadResult importFileVersion20(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome importFileVersion20(LineSource &lines, TraceSink &sink, const TraceRequest &request);
 
 /// As 2.0; where there is a reserved column, a line without any "-" is passed over.
-ReadResult importFileVersion21(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome importFileVersion21(LineSource &lines, TraceSink &sink, const TraceRequest &request);

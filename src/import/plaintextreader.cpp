@@ -176,20 +176,20 @@ bool readLine(Text<Char> line, Origin origin, CAN::CanRxMessage &message, QStrin
 
 } // namespace
 
-ReadResult readPlainText(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readPlainText(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const Origin origin = findOrigin(lines);
     MessageFeed feed(sink);
     while (lines.next()) {
         if (!sink.turnEventLoop())
-            return ReadResult::stopped();
+            return Outcome::givenUp();
         CAN::CanRxMessage message;
         QString note;
         if (!lines.visit([&](auto line) { return readLine(line, origin, message, note); }))
             continue;
-        const ReadResult result = feed.addMessageWithNote(message, note);
+        const Outcome result = feed.addMessageWithNote(message, note);
         if (!result.isDone())
             return result;
     }
-    return ReadResult::done();
+    return Outcome::done();
 }

@@ -1,22 +1,23 @@
 #include "tracereader.h"
 
+#include "loadertable.h"
 #include "regularfile.h"
 
 #include <QCoreApplication>
 
-ReadResult readTraceFile(const TraceRequest &request, TraceSink &sink)
+Outcome readTraceFile(const TraceRequest &request, TraceSink &sink)
 {
     const TraceReader &reader = traceReaderFor(request.type);
     RegularFile file(request.fileName);
     if (!file.openForReading())
-        return ReadResult::notRead();
+        return Outcome::notOpened();
     LineSource lines(file, reader.carriageReturns);
-    ReadResult result = reader.read(lines, sink, request);
-    result.systemError = file.readErrorText();
+    Outcome result = reader.read(lines, sink, request);
+    result.text = file.readErrorText();
     return result;
 }
 
-QString errorText(const ReadResult &result, const TraceRequest &request)
+QString errorText(const Outcome &result, const TraceRequest &request)
 {
     const TraceReader &reader = traceReaderFor(request.type);
     if (!reader.importer)
@@ -24,17 +25,15 @@ QString errorText(const ReadResult &result, const TraceRequest &request)
     const auto tr = [&reader](const char *text) {
         return QCoreApplication::translate(reader.importer, text);
     };
-    switch (result.status) {
-    case ReadResult::Done:
-    case ReadResult::Stopped:
-        break;
-    case ReadResult::NotRead:
+    switch (result.kind) {
+    case Outcome::NotOpened:
         return tr("No error.");
-    case ReadResult::LineError:
+    case Outcome::WrongLine:
         return tr("Import error occured at line %1 of file %2.")
-            .arg(QString::number(result.line), request.fileName);
-    case ReadResult::NoColumns:
+            .arg(QString::number(result.number), request.fileName);
+    case Outcome::NoColumns:
         return tr("Import error occured. No valid column description found.");
+    default:
+        return {};
     }
-    return {};
 }

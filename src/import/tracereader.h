@@ -2,6 +2,7 @@
 
 #include "datachunkhelper.h"
 #include "linesource.h"
+#include "outcome.h"
 #include "tracesink.h"
 
 #include <QString>
@@ -14,77 +15,25 @@ struct TraceRequest
     QString formatDescription; ///< the layout of GenericFormat
 };
 
-/// How reading a trace, or one line of it, ended.
-struct ReadResult
-{
-    enum Status {
-        Done,
-        Stopped,   ///< because the sink wanted it
-        NotRead,   ///< because it cannot be opened, or is of a version that no reader takes
-        LineError, ///< in line `line`, counted from 1
-        NoColumns  ///< nothing usable tells what the columns are
-    };
-    Status status = Done;
-    quint64 line = 0;
-    QString systemError; ///< why the rest of the file is missing, for the user; mostly empty
-
-    static ReadResult done() { return {Done, 0, {}}; }
-    static ReadResult stopped() { return {Stopped, 0, {}}; }
-    static ReadResult notRead() { return {NotRead, 0, {}}; }
-    static ReadResult lineError(quint64 line = 0) { return {LineError, line, {}}; }
-    static ReadResult noColumns() { return {NoColumns, 0, {}}; }
-
-    bool isDone() const { return status == Done; }
-    /// Whether what stands in the file is wrong.
-    bool isFileError() const { return status == LineError || status == NoColumns; }
-};
-
-/// The reader of one trace format: a plain function from lines to messages. It neither opens the
-/// file nor keeps anything between calls.
-struct TraceReader
-{
-    using Read = ReadResult (*)(LineSource &lines, TraceSink &sink, const TraceRequest &request);
-
-    /// What an import makes of a trace that could be read.
-    enum Outcome {
-        CountsAsRead,
-        CountsAsFailed ///< reports the last error and goes back to live mode
-    };
-
-    /// When the messages of a trace reach the store.
-    enum Delivery {
-        AsRead,
-        WhenWhole ///< of a trace with an error in it no message does, wherever the error stands
-    };
-
-    DatachunkHelper::ImportFileType type;
-    LineSource::CarriageReturns carriageReturns;
-    Read read;
-    const char *importer = nullptr; ///< the class in whose context error texts are translated
-    Outcome outcome = CountsAsRead;
-    Delivery delivery = AsRead;
-};
-
-/// The reader of a type: its own, or the one of plain texts.
-const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type);
-
-/// Opens the file and runs the reader of its type.
-ReadResult readTraceFile(const TraceRequest &request, TraceSink &sink);
+/// Opens the file and runs the reader of its type. Done, with a text when the rest of the file is
+/// missing, or GivenUp when the sink wanted it, NotOpened also for a version that no reader takes,
+/// WrongLine or NoColumns.
+Outcome readTraceFile(const TraceRequest &request, TraceSink &sink);
 
 /// What the user is told of a failure: "No error." for a trace that was not read, and nothing
 /// where the format has no text of its own.
-QString errorText(const ReadResult &result, const TraceRequest &request);
+QString errorText(const Outcome &result, const TraceRequest &request);
 
-/// Reads line by line, counted from 1. \a readLine takes Text<Char> and returns a ReadResult; the
+/// Reads line by line, counted from 1. \a readLine takes Text<Char> and returns an Outcome; the
 /// first that is not done ends the reading.
-template <typename ReadLine> ReadResult readNumberedLines(LineSource &lines, ReadLine readLine)
+template <typename ReadLine> Outcome readNumberedLines(LineSource &lines, ReadLine readLine)
 {
     for (quint64 number = 1; lines.next(); ++number) {
-        ReadResult result = lines.visit(readLine);
+        Outcome result = lines.visit(readLine);
         if (result.isDone())
             continue;
-        result.line = number;
+        result.number = number;
         return result;
     }
-    return ReadResult::done();
+    return Outcome::done();
 }

@@ -2,6 +2,7 @@
 
 #include "chunkstream.h"
 #include "fileerrors.h"
+#include "loadertable.h"
 #include "notes.h"
 #include "tracereader.h"
 
@@ -67,10 +68,10 @@ private:
     bool any = false;
 };
 
-QString failureText(const ReadResult &result, const TraceRequest &request)
+QString failureText(const Outcome &result, const TraceRequest &request)
 {
-    if (!result.systemError.isEmpty())
-        return result.systemError;
+    if (!result.text.isEmpty())
+        return result.text;
     const QString text = errorText(result, request);
     return text.isEmpty() ? storeText("Unknown import error") : text;
 }
@@ -107,11 +108,11 @@ TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn
 {
     const TraceRequest request{fileName, type, formatDescription};
     const TraceReader &reader = traceReaderFor(type);
-    if (!isText(type) || reader.outcome == TraceReader::CountsAsFailed) {
+    if (!isText(type) || reader.verdict == TraceReader::CountsAsFailed) {
         errors.append(storeText("Unknown import error"));
         return Failed;
     }
-    ReadResult read;
+    Outcome read;
     if (reader.delivery == TraceReader::WhenWhole) {
         CheckingSink check(goesOn);
         read = readTraceFile(request, check);
@@ -119,14 +120,14 @@ TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn
     HandingSink sink(take, goesOn);
     if (read.isDone())
         read = readTraceFile(request, sink);
-    if (read.status == ReadResult::Stopped)
+    if (read.kind == Outcome::GivenUp)
         return Stopped;
     if (!read.isDone()) {
         errors.append(failureText(read, request));
         return Failed;
     }
-    if (!read.systemError.isEmpty())
-        errors.append(read.systemError);
+    if (!read.text.isEmpty())
+        errors.append(read.text);
     else if (!sink.hasMessages())
         errors.append(FileErrors::nothingImported());
     if (errors.isEmpty())

@@ -2,6 +2,7 @@
 
 #include "canframe.h"
 #include "linefields.h"
+#include "messagefeed.h"
 
 using namespace LineFields;
 
@@ -110,8 +111,9 @@ bool skipToTriggerBlock(LineSource &lines)
 
 } // namespace
 
-ReadResult readVectorAsc(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readVectorAsc(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
+    MessageFeed feed(sink, messagesBetweenTurns);
     CAN::CanRxMessage message;
     QString pendingNote;
     while (lines.next()) {
@@ -119,34 +121,33 @@ ReadResult readVectorAsc(LineSource &lines, TraceSink &sink, const TraceRequest 
             lines.visit([&pendingNote](auto line) { noteSkippedLine(line, pendingNote); });
             continue;
         }
-        if (message.messageNumber % messagesBetweenTurns == 0 && !sink.turnEventLoop())
-            return ReadResult::stopped();
+        if (!feed.turnEventLoopWhenDue())
+            return Outcome::givenUp();
         lines.visit([&message](auto line) { readFrameLine(line, message); });
-        if (!pendingNote.isEmpty())
-            sink.note(message.messageNumber, pendingNote);
+        const Outcome result = feed.addMessageWithNote(message, pendingNote);
+        if (!result.isDone())
+            return result;
         pendingNote.clear();
-        if (!sink.message(message))
-            return ReadResult::stopped();
-        ++message.messageNumber;
     }
-    return ReadResult::done();
+    return Outcome::done();
 }
 
-ReadResult readVectorAscWithoutBitcount(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readVectorAscWithoutBitcount(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
+    MessageFeed feed(sink, messagesBetweenTurns);
     CAN::CanRxMessage message;
     const bool hasBlock = skipToTriggerBlock(lines);
     while (hasBlock && lines.next()
            && !lines.visit([](auto line) { return endsTriggerBlock(line); })) {
-        if (message.messageNumber % messagesBetweenTurns == 0 && !sink.turnEventLoop())
-            return ReadResult::stopped();
+        if (!feed.turnEventLoopWhenDue())
+            return Outcome::givenUp();
         if (!lines.visit([&message](auto line) { return readBlockLine(line, message); }))
             continue;
-        if (!sink.message(message))
-            return ReadResult::stopped();
-        ++message.messageNumber;
+        const Outcome result = feed.addMessageToMessageList(message);
+        if (!result.isDone())
+            return result;
     }
     // The record keeps the flag once it is set, so the last frame speaks for all.
     sink.fdFrames(message.fdFrame);
-    return ReadResult::done();
+    return Outcome::done();
 }

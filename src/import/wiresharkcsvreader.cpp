@@ -55,21 +55,21 @@ template <typename Char> bool readRow(Text<Char> line, CAN::CanRxMessage &messag
 
 } // namespace
 
-ReadResult readWiresharkCsv(LineSource &lines, TraceSink &sink, const TraceRequest &)
+Outcome readWiresharkCsv(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const CAN::CanRxMessage blank;
     bool fdSeen = false;
     while (lines.next()) {
         if (!sink.turnEventLoop())
-            return ReadResult::stopped();
+            return Outcome::givenUp();
         CAN::CanRxMessage message = blank;
         const bool isFrame = lines.visit([&message](auto line) { return readRow(line, message); });
         // A row that is passed over still tells that the capture holds CAN FD.
         fdSeen = fdSeen || message.fdFrame;
         if (isFrame && !sink.message(message))
-            return ReadResult::stopped();
+            return Outcome::givenUp();
     }
     if (fdSeen)
         sink.fdFrames(true);
-    return ReadResult::done();
+    return Outcome::done();
 }

@@ -4,4 +4,4 @@
 
 /// Reads the CSV export of Wireshark's packet list. Message numbers are the packet numbers of
 /// the capture. Rows of frames with an extended identifier are passed over.
-ReadResult readWiresharkCsv(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+Outcome readWiresharkCsv(LineSource &lines, TraceSink &sink, const TraceRequest &request);

@@ -3,6 +3,7 @@
 #include "chunkloading.h"
 #include "datachunkhandler.h"
 #include "datachunkhandler_p.h"
+#include "loadertable.h"
 #include "peakreader.h"
 #include "regularfile.h"
 #include "splitting.h"
@@ -64,7 +65,7 @@ bool DatachunkHandlerPrivate::loadFile(const TraceRequest &request, bool save)
     const bool read = readTrace(run, browsing, partialChunks, request);
     if (!caller.tell(&DatachunkHandler::showLoadingDialog, false) || !run.goesOn())
         return run.cancelled();
-    if (!read || traceReaderFor(request.type).outcome == TraceReader::CountsAsFailed)
+    if (!read || traceReaderFor(request.type).verdict == TraceReader::CountsAsFailed)
         return run.failed();
     return run.finish(save ? &partialChunks : nullptr);
 }

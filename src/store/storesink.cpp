@@ -1,6 +1,7 @@
 #include "storesink.h"
 
 #include "fileerrors.h"
+#include "loadertable.h"
 #include "partialchunks.h"
 
 #include <utility>
@@ -82,12 +83,12 @@ bool WholeTraceSink::message(const CAN::CanRxMessage &message)
     return true;
 }
 
-ReadResult WholeTraceSink::finish(const ReadResult &result)
+Outcome WholeTraceSink::finish(const Outcome &result)
 {
     if (!checkResult.isDone())
         return checkResult;
     if (result.isDone() && !deliver())
-        return ReadResult::stopped();
+        return Outcome::givenUp();
     return result;
 }
 
@@ -110,8 +111,8 @@ bool WholeTraceSink::deliver()
 
 namespace {
 
-ReadResult readInto(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
-                    const TraceRequest &request)
+Outcome readInto(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
+                 const TraceRequest &request)
 {
     if (traceReaderFor(request.type).delivery == TraceReader::AsRead) {
         StoreSink sink(run, browsing, chunks);
@@ -126,16 +127,15 @@ ReadResult readInto(const ImportRun &run, Browsing &browsing, PartialChunks &chu
 bool readTrace(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
                const TraceRequest &request)
 {
-    ReadResult result;
+    Outcome result;
     if (!withinMemory([&] { result = readInto(run, browsing, chunks, request); }))
-        result = {ReadResult::NotRead, 0, FileErrors::outOfMemory(request.fileName)};
+        result = Outcome::notOpened(FileErrors::outOfMemory(request.fileName));
     if (!run.storeExists())
         return false;
     if (result.isDone())
-        return browsing.teller.tellErrors({result.systemError});
+        return browsing.teller.tellErrors({result.text});
     // Whoever calls this tells the last error.
-    const QString error =
-        result.systemError.isEmpty() ? errorText(result, request) : result.systemError;
+    const QString error = result.text.isEmpty() ? errorText(result, request) : result.text;
     if (!error.isEmpty())
         browsing.setLastError(error);
     return false;

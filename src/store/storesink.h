@@ -39,7 +39,7 @@ public:
 
     /// What the trace comes to, whose reading has had \a result. Brings what is held back to the
     /// store if it is good.
-    ReadResult finish(const ReadResult &result);
+    Outcome finish(const Outcome &result);
 
 private:
     bool deliver();
@@ -47,7 +47,7 @@ private:
     const TraceRequest &request;
     MessageList heldBack;
     bool checked = false;
-    ReadResult checkResult;
+    Outcome checkResult;
 };
 
 /// Reads a trace into the browsing list. False when it cannot be read or was stopped; the last

@@ -1,5 +1,7 @@
 #include "trace.h"
 
+#include "rotation.h"
+
 #include <QReadLocker>
 #include <QWriteLocker>
 
@@ -7,8 +9,6 @@
 #include <utility>
 
 namespace {
-// A rotation happens this much below the limit, which leaves room for what arrives meanwhile.
-constexpr quint32 rotationMargin = 5000;
 constexpr quint32 continuousLimit = 10000;
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "canframe.h"
 #include "datachunkhandler.h"
+#include "loadertable.h"
 #include "messages.h"
 #include "recordingsink.h"
 #include "storefixture.h"

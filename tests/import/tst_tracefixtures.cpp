@@ -1,4 +1,5 @@
 #include "datachunkhandler.h"
+#include "loadertable.h"
 #include "recordingsink.h"
 #include "tracedump.h"
 #include "tracefixtures.h"
@@ -87,7 +88,7 @@ void TraceFixtures::everyLoaderReadsItsOwnType()
     QSet<int> read;
     for (const TraceFixture &fixture : traceFixtures()) {
         RecordingSink sink;
-        const ReadResult result = readTraceFile({fixture.fileName, fixture.type, {}}, sink);
+        const Outcome result = readTraceFile({fixture.fileName, fixture.type, {}}, sink);
         if (!loaders.contains(fixture.type) || sink.messages.isEmpty())
             continue;
         const bool needsWhole = traceReaderFor(fixture.type).delivery == TraceReader::WhenWhole;

@@ -91,7 +91,7 @@ void HostileTraces::onlyRegularFilesAreRead()
     for (const QString &file : {pipe, folder.path(), QStringLiteral("/dev/zero")}) {
         RecordingSink sink;
         const TraceRequest request{file, DatachunkHelper::SocketCanDump, {}};
-        QCOMPARE(readTraceFile(request, sink).status, ReadResult::NotRead);
+        QCOMPARE(readTraceFile(request, sink).kind, Outcome::NotOpened);
         QVERIFY(!store.loadDckFile(file) && !store.appendDckFile(file)
                 && !store.splitFile(file, 2));
         ChunkArchive::Merged merged;

@@ -1,3 +1,4 @@
+#include "chunknames.h"
 #include "commands.h"
 #include "filechecks.h"
 #include "movefiles.h"

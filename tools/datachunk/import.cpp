@@ -1,3 +1,4 @@
+#include "chunknames.h"
 #include "commands.h"
 #include "movefiles.h"
 #include "options.h"
@@ -33,7 +34,8 @@ bool checkTarget(const QDir &folder, const QString &base)
         return false;
     const QStringList names = folder.entryList(QDir::Files);
     for (const QString &name : names) {
-        if (!name.startsWith(base + QLatin1Char('_')) || !name.endsWith(QLatin1String(".dck")))
+        if (!name.startsWith(base + QLatin1Char('_'))
+            || !name.endsWith(QLatin1String(ChunkNames::suffix)))
             continue;
         printError(folder.filePath(name), Cli::tr("The file exists already."));
         return false;
@@ -45,7 +47,7 @@ QStringList partNames(const QDir &folder, const QString &base, int count)
 {
     QStringList names;
     for (int i = 0; i < count; ++i)
-        names.append(folder.filePath(QStringLiteral("%1_%2.dck").arg(base, QString::number(i))));
+        names.append(folder.filePath(ChunkNames::part(base, quint32(i))));
     return names;
 }
 

@@ -1,3 +1,4 @@
+#include "chunknames.h"
 #include "commands.h"
 #include "filechecks.h"
 #include "movefiles.h"
@@ -40,8 +41,9 @@ bool addChunk(const QString &fileName, Entries &entries)
 bool addFolder(const QString &path, Entries &entries)
 {
     const QDir folder(path);
-    const QStringList names = folder.entryList({QStringLiteral("*.dck")},
-                                               QDir::Files | QDir::Hidden | QDir::CaseSensitive);
+    const QStringList names =
+        folder.entryList({QLatin1Char('*') + QLatin1String(ChunkNames::suffix)},
+                         QDir::Files | QDir::Hidden | QDir::CaseSensitive);
     if (names.isEmpty())
         printError(path, Cli::tr("The folder holds no chunk files."));
     for (const QString &name : names) {

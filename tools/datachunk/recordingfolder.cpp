@@ -1,6 +1,7 @@
 #include "recordingfolder.h"
 
 #include "chunkcut.h"
+#include "chunknames.h"
 #include "movefiles.h"
 #include "terminal.h"
 
@@ -9,20 +10,6 @@
 
 #include <cerrno>
 #include <cstring>
-
-namespace {
-
-QString chunkName(quint32 index)
-{
-    return QStringLiteral("tmpData%1.dck").arg(index);
-}
-
-QString lastChunkName()
-{
-    return QStringLiteral("zlastChunk.dck");
-}
-
-} // namespace
 
 RecordingFolder::RecordingFolder(const QString &path) : folder(path) { }
 
@@ -40,8 +27,8 @@ bool RecordingFolder::open()
         return false;
     }
     removeLeftWorkFolders(folder.path());
-    const QStringList names = {chunkName(0).replace(QLatin1Char('0'), QLatin1Char('*')),
-                               lastChunkName()};
+    const QStringList names = {ChunkNames::rotatedTemplate().arg(QLatin1Char('*')),
+                               ChunkNames::last()};
     if (!folder.entryList(names, QDir::AllEntries | QDir::Hidden | QDir::System).isEmpty()) {
         printError(folder.path(), Cli::tr("The folder holds a recording already."));
         return false;
@@ -54,7 +41,7 @@ bool RecordingFolder::open()
 
 QString RecordingFolder::chunkPath(quint32 index) const
 {
-    return folder.absoluteFilePath(chunkName(index));
+    return folder.absoluteFilePath(ChunkNames::rotated(index));
 }
 
 bool RecordingFolder::take(const QString &from, const QString &to)
@@ -68,7 +55,7 @@ bool RecordingFolder::take(const QString &from, const QString &to)
 bool RecordingFolder::addChunk(quint32 index)
 {
     const QString path = chunkPath(index);
-    if (!take(chunkFolder.absoluteFilePath(chunkName(index)), path))
+    if (!take(chunkFolder.absoluteFilePath(ChunkNames::rotated(index)), path))
         return false;
     const qint64 size = QFileInfo(path).size();
     chunks.insert(index, size);
@@ -78,7 +65,7 @@ bool RecordingFolder::addChunk(quint32 index)
 
 QString RecordingFolder::unfinishedLastChunk() const
 {
-    return work->filePath(lastChunkName());
+    return work->filePath(ChunkNames::last());
 }
 
 qint64 RecordingFolder::addLastChunk()
@@ -86,7 +73,7 @@ qint64 RecordingFolder::addLastChunk()
     const qint64 count = cutToWholeRecords(unfinishedLastChunk());
     // As the store makes the other chunks.
     QFile::setPermissions(unfinishedLastChunk(), QFile::ReadOwner | QFile::WriteOwner);
-    if (count <= 0 || !take(unfinishedLastChunk(), folder.absoluteFilePath(lastChunkName())))
+    if (count <= 0 || !take(unfinishedLastChunk(), folder.absoluteFilePath(ChunkNames::last())))
         return 0;
     return count;
 }

@@ -1,3 +1,4 @@
+#include "chunknames.h"
 #include "commands.h"
 #include "filechecks.h"
 #include "movefiles.h"
@@ -62,8 +63,7 @@ public:
 private:
     bool begin()
     {
-        const QString name = QStringLiteral("%1_%2.dck").arg(base, QString::number(files.size()));
-        files.append(work.filePath(name));
+        files.append(work.filePath(ChunkNames::part(base, quint32(files.size()))));
         part = std::make_unique<TraceWriter>(files.last(), TraceFrame(), false);
         return part->open();
     }

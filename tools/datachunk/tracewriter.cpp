@@ -1,5 +1,6 @@
 #include "tracewriter.h"
 
+#include "chunknames.h"
 #include "terminal.h"
 
 namespace {
@@ -9,11 +10,6 @@ namespace {
 constexpr quint64 recordsBetweenFlushes = 128;
 
 } // namespace
-
-bool isChunkName(const QString &fileName)
-{
-    return fileName.endsWith(QLatin1String("dck"));
-}
 
 // Told to write no messages, the worker begins a text with its header line and stops there.
 TraceWriter::TraceWriter(const QString &fileName, const TraceFrame &frame, bool toOutput)

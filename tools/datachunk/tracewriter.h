@@ -12,9 +12,6 @@ struct TraceFrame
     quint64 count = 0; ///< number of the messages
 };
 
-/// Whether files of that name are chunk files; others are texts.
-bool isChunkName(const QString &fileName);
-
 /// Writes a chunk file or a text message by message, so that a trace of any size can be written. A
 /// text can go to standard output, too.
 class TraceWriter

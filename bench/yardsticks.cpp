@@ -1,4 +1,4 @@
-#include "limits.h"
+#include "yardsticks.h"
 
 #include "canrxmessage.h"
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "tracereader.h"
+
+/// The reader of one trace format: a plain function from lines to messages. It neither opens the
+/// file nor keeps anything between calls.
+struct TraceReader
+{
+    using Read = Outcome (*)(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+
+    /// What an import makes of a trace that could be read.
+    enum Verdict {
+        CountsAsRead,
+        CountsAsFailed ///< reports the last error and goes back to live mode
+    };
+
+    /// When the messages of a trace reach the store.
+    enum Delivery {
+        AsRead,
+        WhenWhole ///< of a trace with an error in it no message does, wherever the error stands
+    };
+
+    DatachunkHelper::ImportFileType type;
+    LineSource::CarriageReturns carriageReturns;
+    Read read;
+    const char *importer = nullptr; ///< the class in whose context error texts are translated
+    Verdict verdict = CountsAsRead;
+    Delivery delivery = AsRead;
+};
+
+/// The reader of a type: its own, or the one of plain texts.
+const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type);
