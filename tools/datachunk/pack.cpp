@@ -12,7 +12,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -153,7 +152,7 @@ bool putInPlace(const QString &archive, const QString &zipName, const Entries &e
     const int error =
         QFile::exists(target) ? replaceFile(archive, target) : moveFile(archive, target);
     if (error != 0)
-        printError(zipName, QString::fromLocal8Bit(std::strerror(error)));
+        printError(zipName, systemErrorText(error));
     return error == 0;
 }
 

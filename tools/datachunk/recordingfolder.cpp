@@ -8,7 +8,6 @@
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstring>
 
 namespace {
 
@@ -61,7 +60,7 @@ bool RecordingFolder::take(const QString &from, const QString &to)
 {
     const int error = moveFile(from, to);
     if (error != 0)
-        printError(to, QString::fromLocal8Bit(std::strerror(error)));
+        printError(to, systemErrorText(error));
     return error == 0;
 }
 
