@@ -68,7 +68,7 @@ template <typename Create> QString FreeNames::create(const QString &name, const 
 qint64 endOfWholeRecords(QFile &file, const Zip::KeepGoing &keepGoing)
 {
     // The maps of a damaged file are not trusted with more memory than this.
-    constexpr qint64 memory = 256 * 1024 * 1024;
+    constexpr qint64 memory = 256LL * 1024 * 1024;
     ChunkReading::Front front;
     file.seek(0);
     const ChunkReading::Result result =
