@@ -13,6 +13,7 @@
 #define SCOPED_CAPABILITY DATACHUNK_THREAD_ATTRIBUTE(scoped_lockable)
 
 /// A member that is read only under \a lock, and written only where that is held for writing.
+/// Clang takes a call of one of the member's own functions for reading, whatever it does.
 #define GUARDED_BY(lock) DATACHUNK_THREAD_ATTRIBUTE(guarded_by(lock))
 
 /// A function whose caller holds the lock, for writing or at least for reading.
