@@ -5,7 +5,6 @@
 #include "foldertree.h"
 
 #include <QFileInfo>
-#include <QMutexLocker>
 
 ArchiveDesk::ArchiveDesk(ChunkSaver &saver, ExportDesk &exports)
     : saver(saver), exports(exports) { }
@@ -18,20 +17,20 @@ void ArchiveDesk::stop()
 
 void ArchiveDesk::setArchiveName(const QString &fileName)
 {
-    const QMutexLocker locker(&nameMutex);
+    const MutexLock locker(nameMutex);
     name = fileName;
 }
 
 QString ArchiveDesk::archiveName() const
 {
-    const QMutexLocker locker(&nameMutex);
+    const MutexLock locker(nameMutex);
     return name;
 }
 
 QString ArchiveDesk::packChunks()
 {
     const QString archive = archiveName();
-    const QMutexLocker workLocker(&workMutex);
+    const MutexLock workLocker(workMutex);
     const auto keepGoing = [this, packed = saver.generation()] {
         return !stopping && saver.generation() == packed;
     };
@@ -70,7 +69,7 @@ void ArchiveDesk::sortChunks(const QString &archiveName, QMap<double, QString> &
 void ArchiveDesk::merge(const QString &archive, const Zip::KeepGoing &isWanted,
                         ChunkArchive::Merged &merged)
 {
-    const QMutexLocker workLocker(&workMutex);
+    const MutexLock workLocker(workMutex);
     const auto keepGoing = [&] { return !stopping && isWanted(); };
     ChunkArchive::merge(archive, ArchiveLimits::memoryLimit(), keepGoing, merged);
 }
@@ -80,7 +79,7 @@ Outcome ArchiveDesk::unpack(const QString &archive, const ChunkArchive::Unpacked
 {
     if (!saver.folder().exists())
         return {Outcome::NoRoom, {}, 0};
-    const QMutexLocker workLocker(&workMutex);
+    const MutexLock workLocker(workMutex);
     return ChunkArchive::unpack(
         archive, saver.folder().dir(), [this] { return !stopping; }, unpacked, damage);
 }

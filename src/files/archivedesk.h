@@ -4,10 +4,10 @@
 #include "chunksaver.h"
 #include "chunkunpack.h"
 #include "exportdesk.h"
+#include "locks.h"
 #include "taskqueue.h"
 
 #include <QMap>
-#include <QMutex>
 #include <QString>
 
 #include <atomic>
@@ -48,13 +48,13 @@ public:
 
 private:
     QString archiveName() const;
-    QString packFolder(const QString &archive, const Zip::KeepGoing &keepGoing);
+    QString packFolder(const QString &archive, const Zip::KeepGoing &keepGoing) REQUIRES(workMutex);
 
     ChunkSaver &saver;
     ExportDesk &exports;
     std::atomic<bool> stopping{false};
-    QMutex workMutex; // held by whoever works on an archive; taken before any other
-    mutable QMutex nameMutex;
-    QString name; // guarded by nameMutex
+    Mutex workMutex; // held by whoever works on an archive; taken before any other
+    mutable Mutex nameMutex;
+    QString name GUARDED_BY(nameMutex);
     TaskQueue queue;
 };

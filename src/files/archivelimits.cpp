@@ -35,7 +35,7 @@ QString folderName(const QString &archiveName)
 
 bool isBomb(qint64 packedSize, qint64 size)
 {
-    constexpr qint64 harmlessSize = 64 * 1024 * 1024;
+    constexpr qint64 harmlessSize = 64LL * 1024 * 1024;
     constexpr qint64 maxRatio = 1000;
     return size > harmlessSize && size > maxRatio * packedSize;
 }

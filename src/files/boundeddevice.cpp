@@ -11,7 +11,7 @@ BoundedDevice::BoundedDevice(QIODevice &device, std::function<bool()> keepGoing)
 
 qint64 BoundedDevice::readData(char *data, qint64 maxSize)
 {
-    constexpr qint64 bytesBetweenQuestions = 2 * 1024 * 1024;
+    constexpr qint64 bytesBetweenQuestions = 2LL * 1024 * 1024;
     if (done - lastAsked >= bytesBetweenQuestions) {
         lastAsked = done;
         givenUp = givenUp || !keepGoing();

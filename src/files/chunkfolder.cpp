@@ -5,7 +5,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QMutexLocker>
 #include <QStandardPaths>
 
 #include <cstdlib>
@@ -128,7 +127,7 @@ void ChunkFolder::removeChunks()
 
 void ChunkFolder::addFileBeside(const QString &path)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     filesBeside.insert(path);
 }
 

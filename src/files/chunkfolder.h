@@ -1,7 +1,8 @@
 #pragma once
 
+#include "locks.h"
+
 #include <QDir>
-#include <QMutex>
 #include <QSet>
 #include <QString>
 
@@ -49,7 +50,7 @@ public:
     void removeChunks();
 
     /// Has the destructor delete a file that lies beside the folder.
-    void addFileBeside(const QString &path);
+    void addFileBeside(const QString &path) EXCLUDES(mutex);
 
 private:
     /// A handle of the folder created; -1 when its name leads to something else by now.
@@ -60,8 +61,8 @@ private:
     dev_t device = 0;
     ino_t inode = 0;     // with the device, what the folder is, whatever its name
     int heldHandle = -1; // for the end, when there may be no other
-    QMutex mutex;
-    QSet<QString> filesBeside; // guarded by mutex
+    Mutex mutex;
+    QSet<QString> filesBeside GUARDED_BY(mutex);
 };
 
 /// Puts \a number in place of the last "%1" of \a nameTemplate: an earlier one belongs to the

@@ -54,7 +54,7 @@ void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version)
 // entry has left is not known.
 int bufferSizeFor(const QIODevice &device)
 {
-    constexpr qint64 smallestSize = 2 * maxRecordSize;
+    constexpr qint64 smallestSize = 2LL * maxRecordSize;
     return device.isSequential()
         ? blockSize
         : int(qBound(smallestSize, device.bytesAvailable() + 1, qint64(blockSize)));
@@ -183,7 +183,7 @@ bool RecordReader::next(CAN::CanRxMessage &message)
     if (position == size)
         return false;
     const char *record = buffer.constData() + position;
-    const int length = static_cast<signed char>(*record);
+    const qint8 length = *record;
     if (length < 0 || length > CAN::maxDataBytes) {
         position = size;
         atEnd = true;

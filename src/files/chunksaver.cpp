@@ -3,10 +3,10 @@
 #include "chunknames.h"
 #include "diskbudget.h"
 #include "fileerrors.h"
+#include "locks.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QMutexLocker>
 
 #include <algorithm>
 #include <atomic>
@@ -32,14 +32,14 @@ class ChunkSaver::State
 public:
     explicit State(TellSaved tell) : diskBudget(folder.path()), tell(std::move(tell)) { }
 
-    void add(const SharedSaveJob &job, bool numbered);
-    void clear();
-    void giveUpAll();
-    void work();
-    SharedSaveJob pending(quint32 index);
-    SharedSaveJob runningJob();
-    std::deque<SharedSaveJob> unfinished();
-    void silence();
+    void add(const SharedSaveJob &job, bool numbered) EXCLUDES(mutex);
+    void clear() EXCLUDES(mutex);
+    void giveUpAll() EXCLUDES(mutex);
+    void work() EXCLUDES(mutex);
+    SharedSaveJob pending(quint32 index) EXCLUDES(mutex);
+    SharedSaveJob runningJob() EXCLUDES(mutex);
+    std::deque<SharedSaveJob> unfinished() EXCLUDES(mutex);
+    void silence() EXCLUDES(tellMutex);
 
     ChunkFolder folder;
     std::atomic<quint32> budget{1000};
@@ -50,32 +50,31 @@ public:
     std::atomic<int> pauses{0};
 
 private:
-    bool beginWork();
-    SharedSaveJob nextJob();
-    bool giveUpOldestLocked(const SharedSaveJob &newest);
-    void giveUpAllLocked();
+    bool beginWork() EXCLUDES(mutex);
+    SharedSaveJob nextJob() EXCLUDES(mutex);
+    bool giveUpOldestLocked(const SharedSaveJob &newest) REQUIRES(mutex);
+    void giveUpAllLocked() REQUIRES(mutex);
     void run(const SharedSaveJob &job);
     Outcome saveIntoFolder(const SaveJob &job);
     bool keepBudget(const SaveJob &job, bool isInFolder);
-    void report(const SaveReport &report);
+    void report(const SaveReport &report) EXCLUDES(tellMutex);
 
     DiskBudget diskBudget;              // used by whoever works
     std::atomic<bool> wasBehind{false}; // whether much has waited since nothing did
 
-    // Guarded by mutex.
-    QMutex mutex;
-    std::deque<SharedSaveJob> waiting;
-    quint64 waitingMessages = 0; // those of rotations
-    SharedSaveJob running;
-    bool isWorking = false;
+    Mutex mutex;
+    std::deque<SharedSaveJob> waiting GUARDED_BY(mutex);
+    quint64 waitingMessages GUARDED_BY(mutex) = 0; // those of rotations
+    SharedSaveJob running GUARDED_BY(mutex);
+    bool isWorking GUARDED_BY(mutex) = false;
 
-    QMutex tellMutex;
-    TellSaved tell; // guarded by tellMutex; null once there is nobody to tell
+    Mutex tellMutex;                      // taken last
+    TellSaved tell GUARDED_BY(tellMutex); // null once there is nobody to tell
 };
 
 void ChunkSaver::State::add(const SharedSaveJob &job, bool numbered)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     job->generation = generation;
     job->maximumUsedSpace = budget;
     job->chunkIndex = chunkCount - (numbered ? 0 : 1);
@@ -121,13 +120,13 @@ void ChunkSaver::State::giveUpAllLocked()
 
 void ChunkSaver::State::giveUpAll()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     giveUpAllLocked();
 }
 
 void ChunkSaver::State::clear()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     giveUpAllLocked();
     ++generation;
     chunkCount = 0;
@@ -136,7 +135,7 @@ void ChunkSaver::State::clear()
 // One at a time does the jobs: the thread, or a caller in place of it.
 bool ChunkSaver::State::beginWork()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     return !std::exchange(isWorking, true);
 }
 
@@ -145,7 +144,7 @@ SharedSaveJob ChunkSaver::State::nextJob()
 {
     constexpr quint64 much = 1000000;
     SharedSaveJob done; // goes without the lock
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     done.swap(running);
     wasBehind = wasBehind || waitingMessages > much;
     isWorking = !waiting.empty() && pauses == 0;
@@ -207,14 +206,14 @@ bool ChunkSaver::State::keepBudget(const SaveJob &job, bool isInFolder)
 
 void ChunkSaver::State::report(const SaveReport &report)
 {
-    const QMutexLocker locker(&tellMutex);
+    const MutexLock locker(tellMutex);
     if (tell)
         tell(report);
 }
 
 void ChunkSaver::State::silence()
 {
-    const QMutexLocker locker(&tellMutex);
+    const MutexLock locker(tellMutex);
     tell = nullptr;
 }
 
@@ -231,13 +230,13 @@ SharedSaveJob ChunkSaver::State::pending(quint32 index)
 
 SharedSaveJob ChunkSaver::State::runningJob()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     return running;
 }
 
 std::deque<SharedSaveJob> ChunkSaver::State::unfinished()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     std::deque<SharedSaveJob> jobs = waiting;
     if (running)
         jobs.push_front(running);

@@ -70,7 +70,7 @@ template <typename Create> QString FreeNames::create(const QString &name, const 
 qint64 sizeToKeep(QFile &file, const Zip::KeepGoing &keepGoing)
 {
     // The maps of a damaged file are not trusted with more memory than this.
-    constexpr qint64 memory = 256 * 1024 * 1024;
+    constexpr qint64 memory = 256LL * 1024 * 1024;
     const ChunkReading::WholeRecords whole =
         ChunkReading::findWholeRecords(file, {memory, keepGoing});
     // Nobody here knows what a newer version looks like.

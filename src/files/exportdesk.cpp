@@ -16,6 +16,14 @@ QString targetOf(const SaveJob &job)
     return QFileInfo(job.fileName).absoluteFilePath();
 }
 
+Outcome saveWithinMemory(const SaveJob &job)
+{
+    Outcome outcome;
+    if (!withinMemory([&] { outcome = save(job); }))
+        outcome = Outcome::notOpened(qt_error_string(ENOMEM));
+    return outcome;
+}
+
 } // namespace
 
 ExportDesk::ExportDesk(const ChunkFolder &folder, TellSaved tell)
@@ -36,7 +44,7 @@ ExportDesk::~ExportDesk()
 }
 
 // The lane that writes the file already, an idle one, a new one, or the one with least to do.
-ExportDesk::Lane &ExportDesk::laneFor(const QString &fileName)
+ExportDesk::Lane &ExportDesk::laneForLocked(const QString &fileName)
 {
     constexpr std::size_t mostLanes = 32;
     Lane *shortest = nullptr;
@@ -58,8 +66,8 @@ void ExportDesk::add(const SharedSaveJob &job)
     const QString fileName = targetOf(*job);
     Lane *lane = nullptr;
     {
-        const std::lock_guard<std::mutex> lock(mutex);
-        lane = &laneFor(fileName);
+        const MutexLock locker(mutex);
+        lane = &laneForLocked(fileName);
         lane->files.push_back(fileName);
         jobs.push_back(job);
     }
@@ -68,21 +76,24 @@ void ExportDesk::add(const SharedSaveJob &job)
 
 void ExportDesk::run(const SharedSaveJob &job, Lane &lane)
 {
-    std::unique_lock<std::mutex> folderLock(folderMutex, std::defer_lock);
-    if (folder.holds(job->fileName))
-        folderLock.lock();
-    Outcome outcome;
-    if (!withinMemory([&] { outcome = save(*job); }))
-        outcome = Outcome::notOpened(qt_error_string(ENOMEM));
+    const Outcome outcome = write(*job);
     // Whoever waits for the job must not wait for ever, whether or not the report finds room.
     withinMemory([&] { tell({*job, outcome}); });
     end(job, lane);
 }
 
+Outcome ExportDesk::write(const SaveJob &job)
+{
+    if (!folder.holds(job.fileName))
+        return saveWithinMemory(job);
+    const MutexLock locker(folderMutex);
+    return saveWithinMemory(job);
+}
+
 void ExportDesk::end(const SharedSaveJob &job, Lane &lane)
 {
     {
-        const std::lock_guard<std::mutex> lock(mutex);
+        const MutexLock locker(mutex);
         lane.files.erase(std::find(lane.files.begin(), lane.files.end(), targetOf(*job)));
         jobs.remove(job);
     }
@@ -91,15 +102,20 @@ void ExportDesk::end(const SharedSaveJob &job, Lane &lane)
 
 std::list<SharedSaveJob> ExportDesk::unfinished() const
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const MutexLock locker(mutex);
     return jobs;
 }
 
-ExportDesk::Hold::Hold(ExportDesk &desk)
+ExportDesk::Hold::Hold(ExportDesk &desk) : desk(desk)
 {
     for (const SharedSaveJob &job : desk.unfinished()) {
         if (desk.folder.holds(job->fileName))
             job->waitForFinished();
     }
-    lock = std::unique_lock<std::mutex>(desk.folderMutex);
+    desk.folderMutex.lock();
+}
+
+ExportDesk::Hold::~Hold()
+{
+    desk.folderMutex.unlock();
 }

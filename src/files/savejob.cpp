@@ -11,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QMutexLocker>
 #include <QTextCodec>
 #include <QTextEncoder>
 
@@ -25,15 +24,15 @@
 
 void SaveJob::markFinished()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     finished = true;
     finishedCondition.wakeAll();
 }
 
 bool SaveJob::waitForFinished(QDeadlineTimer end)
 {
-    const QMutexLocker locker(&mutex);
-    while (!finished && finishedCondition.wait(&mutex, end)) { }
+    const MutexLock locker(mutex);
+    while (!finished && mutex.waitFor(finishedCondition, end)) { }
     return finished;
 }
 

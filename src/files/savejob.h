@@ -3,14 +3,13 @@
 #include "chunkformat.h"
 #include "chunknames.h"
 #include "datachunkhelper.h"
+#include "locks.h"
 #include "messagelist.h"
 #include "outcome.h"
 
 #include <QDeadlineTimer>
 #include <QList>
-#include <QMutex>
 #include <QString>
-#include <QWaitCondition>
 
 #include <atomic>
 #include <functional>
@@ -38,15 +37,16 @@ struct SaveJob
     /// Set to have the save given up; its file is then removed. Any thread.
     std::atomic<bool> cancelled{false};
 
-    void markFinished();
+    void markFinished() EXCLUDES(mutex);
     /// Waits until the save has ended, whatever its outcome; false when \a end comes before. Any
     /// thread.
-    bool waitForFinished(QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever));
+    bool waitForFinished(QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever))
+        EXCLUDES(mutex);
 
 private:
-    QMutex mutex;
+    Mutex mutex;
     QWaitCondition finishedCondition;
-    bool finished = false;
+    bool finished GUARDED_BY(mutex) = false;
 };
 
 using SharedSaveJob = std::shared_ptr<SaveJob>;

@@ -22,7 +22,7 @@ namespace Zip {
 
 namespace {
 
-constexpr qint64 blockSize = 256 * 1024;
+constexpr qint64 blockSize = 256LL * 1024;
 
 qint64 boundedClaim(quint64 claim, qint64 bound)
 {
@@ -98,7 +98,7 @@ bool ArchiveFile::openForReading()
 
 const ArchiveFile::Block &ArchiveFile::blockAt(qint64 position)
 {
-    constexpr qint64 size = 64 * 1024;
+    constexpr qint64 size = 64LL * 1024;
     if (blocks[lastUsed].holds(position))
         return blocks[lastUsed];
     lastUsed = 1 - lastUsed;

@@ -40,7 +40,7 @@ public:
     /// file; a limit below 5000 never moves any. Creates the chunk folder, which the destructor
     /// removes.
     DatachunkHandler(unsigned int maxMessageCount, QObject *parent = nullptr);
-    ~DatachunkHandler();
+    ~DatachunkHandler() override;
 
     /// The store never owns the handler. Without one there are no bookmarks.
     void setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler);

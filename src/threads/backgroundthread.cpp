@@ -1,29 +1,113 @@
 #include "backgroundthread.h"
 
-#include <condition_variable>
-#include <mutex>
+#include "locks.h"
+
 #include <system_error>
+#include <thread>
 #include <utility>
 
-struct BackgroundThread::State
+class BackgroundThread::State : public std::enable_shared_from_this<State>
 {
+public:
     explicit State(std::function<void()> work) : work(std::move(work)) { }
+
+    bool start() EXCLUDES(mutex);
+    bool wake() EXCLUDES(mutex);
+    bool stop(QDeadlineTimer patience) EXCLUDES(mutex);
+
+private:
+    bool startLocked() REQUIRES(mutex);
+    void run() EXCLUDES(mutex);
+    bool waitUntilDue() EXCLUDES(mutex);
+    bool waitForEndLocked(QDeadlineTimer patience) REQUIRES(mutex);
 
     const std::function<void()> work;
 
-    // Guarded by mutex.
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool isDue = false;
-    bool isStopping = false;
-    bool hasEnded = false;
+    Mutex mutex;
+    QWaitCondition changed;
+    std::thread thread GUARDED_BY(mutex);
+    bool isDue GUARDED_BY(mutex) = false;
+    bool isStopping GUARDED_BY(mutex) = false;
+    bool hasEnded GUARDED_BY(mutex) = false;
 };
+
+bool BackgroundThread::State::start()
+{
+    const MutexLock locker(mutex);
+    return startLocked();
+}
+
+bool BackgroundThread::State::startLocked()
+{
+    try {
+        thread = std::thread([self = shared_from_this()] { self->run(); });
+    } catch (const std::system_error &) {
+        return false;
+    }
+    return true;
+}
+
+void BackgroundThread::State::run()
+{
+    while (waitUntilDue())
+        work();
+    const MutexLock locker(mutex);
+    hasEnded = true;
+    changed.wakeAll();
+}
+
+// False when the thread is to end.
+bool BackgroundThread::State::waitUntilDue()
+{
+    const MutexLock locker(mutex);
+    while (!isDue && !isStopping)
+        mutex.waitFor(changed);
+    isDue = false;
+    return !isStopping;
+}
+
+bool BackgroundThread::State::wake()
+{
+    const MutexLock locker(mutex);
+    if (isStopping)
+        return true;
+    if (!thread.joinable() && !startLocked())
+        return false;
+    isDue = true;
+    changed.wakeAll();
+    return true;
+}
+
+bool BackgroundThread::State::waitForEndLocked(QDeadlineTimer patience)
+{
+    while (!hasEnded && mutex.waitFor(changed, patience)) { }
+    return hasEnded;
+}
+
+bool BackgroundThread::State::stop(QDeadlineTimer patience)
+{
+    std::thread ended;
+    {
+        const MutexLock locker(mutex);
+        isStopping = true;
+        changed.wakeAll();
+        if (!thread.joinable())
+            return true;
+        const bool stopsItself = thread.get_id() == std::this_thread::get_id();
+        if (stopsItself || !waitForEndLocked(patience)) {
+            thread.detach();
+            return stopsItself;
+        }
+        ended.swap(thread);
+    }
+    ended.join();
+    return true;
+}
 
 BackgroundThread::BackgroundThread(std::function<void()> work)
     : state(std::make_shared<State>(std::move(work)))
 {
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    startLocked();
+    state->start();
 }
 
 BackgroundThread::~BackgroundThread()
@@ -31,61 +115,12 @@ BackgroundThread::~BackgroundThread()
     stop(std::chrono::milliseconds::max());
 }
 
-bool BackgroundThread::startLocked()
-{
-    try {
-        thread = std::thread([state = state] { run(state); });
-    } catch (const std::system_error &) {
-        return false;
-    }
-    return true;
-}
-
-void BackgroundThread::run(const std::shared_ptr<State> &state)
-{
-    std::unique_lock<std::mutex> lock(state->mutex);
-    for (;;) {
-        state->changed.wait(lock, [&] { return state->isDue || state->isStopping; });
-        if (state->isStopping)
-            break;
-        state->isDue = false;
-        lock.unlock();
-        state->work();
-        lock.lock();
-    }
-    state->hasEnded = true;
-    state->changed.notify_all();
-}
-
 bool BackgroundThread::wake()
 {
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    if (state->isStopping)
-        return true;
-    if (!thread.joinable() && !startLocked())
-        return false;
-    state->isDue = true;
-    state->changed.notify_all();
-    return true;
+    return state->wake();
 }
 
 bool BackgroundThread::stop(std::chrono::milliseconds patience)
 {
-    std::unique_lock<std::mutex> lock(state->mutex);
-    state->isStopping = true;
-    state->changed.notify_all();
-    if (!thread.joinable())
-        return true;
-    if (thread.get_id() == std::this_thread::get_id()) {
-        thread.detach();
-        return true;
-    }
-    const auto hasEnded = [this] { return state->hasEnded; };
-    if (patience == std::chrono::milliseconds::max())
-        state->changed.wait(lock, hasEnded);
-    else if (!state->changed.wait_for(lock, patience, hasEnded))
-        return thread.detach(), false;
-    lock.unlock();
-    thread.join();
-    return true;
+    return state->stop(QDeadlineTimer(patience));
 }

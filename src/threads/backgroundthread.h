@@ -3,7 +3,6 @@
 #include <chrono>
 #include <functional>
 #include <memory>
-#include <thread>
 
 /// A thread that does the same work again whenever it is woken, and sleeps in between. The system
 /// is asked for it once, when this object is made: a thread that is wanted later may be refused.
@@ -29,11 +28,7 @@ public:
     bool stop(std::chrono::milliseconds patience);
 
 private:
-    struct State;
-
-    static void run(const std::shared_ptr<State> &state);
-    bool startLocked();
+    class State;
 
     const std::shared_ptr<State> state; // outlives this object where the thread does
-    std::thread thread;                 // guarded by the state's mutex until stop()
 };

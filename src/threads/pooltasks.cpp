@@ -1,10 +1,9 @@
 #include "pooltasks.h"
 
-#include <QMutex>
-#include <QMutexLocker>
+#include "locks.h"
+
 #include <QSemaphore>
 #include <QThreadPool>
-#include <QWaitCondition>
 
 #include <utility>
 
@@ -33,34 +32,34 @@ public:
         const bool inside;
     };
 
-    void close()
+    void close() EXCLUDES(mutex)
     {
-        QMutexLocker locker(&mutex);
+        const MutexLock locker(mutex);
         open = false;
         while (visitors > 0)
-            left.wait(&mutex);
+            mutex.waitFor(left);
     }
 
 private:
-    bool enter()
+    bool enter() EXCLUDES(mutex)
     {
-        const QMutexLocker locker(&mutex);
+        const MutexLock locker(mutex);
         if (open)
             ++visitors;
         return open;
     }
 
-    void leave()
+    void leave() EXCLUDES(mutex)
     {
-        const QMutexLocker locker(&mutex);
+        const MutexLock locker(mutex);
         --visitors;
         left.wakeAll();
     }
 
-    QMutex mutex;
+    Mutex mutex;
     QWaitCondition left;
-    int visitors = 0;
-    bool open = true;
+    int visitors GUARDED_BY(mutex) = 0;
+    bool open GUARDED_BY(mutex) = true;
 };
 
 PoolTasks::PoolTasks() : gate(std::make_shared<Gate>()) { }

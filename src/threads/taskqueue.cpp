@@ -1,11 +1,10 @@
 #include "taskqueue.h"
 
-#include <QtGlobal>
+#include "locks.h"
 
-#include <condition_variable>
 #include <deque>
-#include <mutex>
 #include <new>
+#include <thread>
 #include <utility>
 
 namespace {
@@ -22,45 +21,92 @@ void runTask(const TaskQueue::Task &task)
 
 } // namespace
 
-struct TaskQueue::Tasks
+class TaskQueue::Tasks
 {
-    // One at a time works off the tasks: the thread, or a caller in place of it.
-    void work()
-    {
-        std::unique_lock<std::mutex> lock(mutex);
-        if (worker != std::thread::id())
-            return;
-        worker = std::this_thread::get_id();
-        while (!waiting.empty()) {
-            Task task = std::move(waiting.front());
-            waiting.pop_front();
-            lock.unlock();
-            runTask(task);
-            // What it holds may come back here when it goes.
-            task = nullptr;
-            lock.lock();
-        }
-        worker = {};
-        ended.notify_all();
-    }
+public:
+    bool add(Task task) EXCLUDES(mutex);
+    void work() EXCLUDES(mutex);
+    void stop() EXCLUDES(mutex);
+    void finish() EXCLUDES(mutex);
+    int size() const EXCLUDES(mutex);
 
-    void stop()
-    {
-        std::deque<Task> dropped;
-        std::unique_lock<std::mutex> lock(mutex);
-        isStopped = true;
-        dropped.swap(waiting);
-        ended.wait(lock, [this] {
-            return worker == std::thread::id() || worker == std::this_thread::get_id();
-        });
-    }
+private:
+    bool beginWork() EXCLUDES(mutex);
+    Task next() EXCLUDES(mutex);
 
-    std::mutex mutex;
-    std::condition_variable ended;
-    std::deque<Task> waiting;
-    std::thread::id worker; // of nobody, when nobody works
-    bool isStopped = false;
+    mutable Mutex mutex;
+    QWaitCondition ended;
+    std::deque<Task> waiting GUARDED_BY(mutex);
+    std::thread::id worker GUARDED_BY(mutex); // of nobody, when nobody works
+    bool isStopped GUARDED_BY(mutex) = false;
 };
+
+// False, with nothing added, behind the end.
+bool TaskQueue::Tasks::add(Task task)
+{
+    const MutexLock locker(mutex);
+    if (isStopped)
+        return false;
+    waiting.push_back(std::move(task));
+    return true;
+}
+
+// One at a time works off the tasks: the thread, or a caller in place of it.
+void TaskQueue::Tasks::work()
+{
+    if (!beginWork())
+        return;
+    // What a task holds may come back here when it goes, which it does before the next is asked
+    // for.
+    while (const Task task = next())
+        runTask(task);
+}
+
+bool TaskQueue::Tasks::beginWork()
+{
+    const MutexLock locker(mutex);
+    if (worker != std::thread::id())
+        return false;
+    worker = std::this_thread::get_id();
+    return true;
+}
+
+// Null, and the work has ended, when there is nothing to do.
+TaskQueue::Task TaskQueue::Tasks::next()
+{
+    const MutexLock locker(mutex);
+    if (waiting.empty()) {
+        worker = {};
+        ended.wakeAll();
+        return nullptr;
+    }
+    Task task = std::move(waiting.front());
+    waiting.pop_front();
+    return task;
+}
+
+void TaskQueue::Tasks::stop()
+{
+    std::deque<Task> dropped; // go without the lock
+    const MutexLock locker(mutex);
+    isStopped = true;
+    dropped.swap(waiting);
+    while (worker != std::thread::id() && worker != std::this_thread::get_id())
+        mutex.waitFor(ended);
+}
+
+void TaskQueue::Tasks::finish()
+{
+    const MutexLock locker(mutex);
+    while (!waiting.empty() || worker != std::thread::id())
+        mutex.waitFor(ended);
+}
+
+int TaskQueue::Tasks::size() const
+{
+    const MutexLock locker(mutex);
+    return int(waiting.size()) + (worker == std::thread::id() ? 0 : 1);
+}
 
 TaskQueue::TaskQueue()
     : tasks(std::make_shared<Tasks>()), thread([tasks = tasks] { tasks->work(); })
@@ -75,13 +121,7 @@ TaskQueue::~TaskQueue()
 void TaskQueue::run(Task task)
 {
     const std::shared_ptr<Tasks> ours = tasks;
-    {
-        const std::lock_guard<std::mutex> lock(ours->mutex);
-        if (ours->isStopped)
-            return;
-        ours->waiting.push_back(std::move(task));
-    }
-    if (!thread.wake())
+    if (ours->add(std::move(task)) && !thread.wake())
         ours->work();
 }
 
@@ -93,13 +133,10 @@ void TaskQueue::stop()
 
 void TaskQueue::finish()
 {
-    std::unique_lock<std::mutex> lock(tasks->mutex);
-    tasks->ended.wait(
-        lock, [this] { return tasks->waiting.empty() && tasks->worker == std::thread::id(); });
+    tasks->finish();
 }
 
 int TaskQueue::size() const
 {
-    const std::lock_guard<std::mutex> lock(tasks->mutex);
-    return int(tasks->waiting.size()) + (tasks->worker == std::thread::id() ? 0 : 1);
+    return tasks->size();
 }

@@ -30,7 +30,7 @@ public:
     int size() const;
 
 private:
-    struct Tasks;
+    class Tasks;
 
     const std::shared_ptr<Tasks> tasks; // outlives the queue where a task destroys it
     BackgroundThread thread;

@@ -2,9 +2,6 @@
 
 #include "rotation.h"
 
-#include <QReadLocker>
-#include <QWriteLocker>
-
 #include <new>
 #include <utility>
 
@@ -25,7 +22,7 @@ bool Trace::isFull(const MessageList &messages) const
 
 void Trace::setContinuous(bool on)
 {
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     continuous = on;
     maxMessageCount = continuousLimit;
     dropped = 0;
@@ -61,7 +58,7 @@ void Trace::rotateLocked()
 Trace::Appended Trace::append(CAN::CanRxMessage &message)
 {
     Appended done;
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     if (isFull(current)) {
         rotateLocked();
         done.rotated = true;
@@ -75,7 +72,7 @@ Trace::Appended Trace::append(CAN::CanRxMessage &message)
 bool Trace::appendContinuous(CAN::CanRxMessage &message)
 {
     {
-        const QWriteLocker locker(&lock);
+        const WriteLock locker(lock);
         if (quint32(current.size()) >= maxMessageCount) {
             current.removeFirst();
             ++dropped;
@@ -87,20 +84,20 @@ bool Trace::appendContinuous(CAN::CanRxMessage &message)
 
 MessageList Trace::liveMessages() const
 {
-    const QReadLocker locker(&lock);
+    const ReadLock locker(lock);
     return current;
 }
 
 MessageList Trace::rotatedMessages() const
 {
-    const QReadLocker locker(&lock);
+    const ReadLock locker(lock);
     return rotatedBuffer;
 }
 
 void Trace::clear()
 {
     MessageList unused;
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     if (live)
         watcher.liveListGoes();
     watcher.cleared();
@@ -116,7 +113,7 @@ void Trace::clear()
 bool Trace::showNewLiveList()
 {
     MessageList unused;
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     if (!live)
         return false;
     view = View::Live;
@@ -127,14 +124,14 @@ bool Trace::showNewLiveList()
 void Trace::dropRotated()
 {
     MessageList unused;
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     if (view != View::Rotated)
         unused = std::exchange(rotatedBuffer, {});
 }
 
 void Trace::leaveLive()
 {
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     leaveLiveLocked();
 }
 
@@ -151,7 +148,7 @@ void Trace::leaveLiveLocked()
 bool Trace::showLive()
 {
     MessageList unused;
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     // What was set aside is to be brought back once.
     if (live)
         return false;
@@ -167,24 +164,24 @@ bool Trace::showLive()
 void Trace::addPaged(const CAN::CanRxMessage &message)
 {
     addLine(message);
-    // Nobody else looks at the list before it is shown, and only this thread shows it.
+    // Only this thread shows the list.
     if (view != View::Paged) {
-        pagedMessages.append(message);
+        appendUnshown(message);
         return;
     }
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     pagedMessages.append(message);
 }
 
 void Trace::setPaged(MessageList messages)
 {
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     std::swap(pagedMessages, messages);
 }
 
 void Trace::showPaged()
 {
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     view = View::Paged;
     rotatedBuffer.clear();
 }
@@ -192,7 +189,7 @@ void Trace::showPaged()
 void Trace::showMerged(MessageList messages, const LineSet &lines, Notes notes)
 {
     MessageList unused;
-    const QWriteLocker locker(&lock);
+    const WriteLock locker(lock);
     unused = std::exchange(pagedMessages, {});
     leaveLiveLocked();
     pagedMessages = std::move(messages);

@@ -2,7 +2,6 @@
 
 #include "bookmarkhandler.h"
 
-#include <QMutexLocker>
 #include <QTime>
 
 #include <utility>
@@ -25,19 +24,19 @@ CanMessageBookmark TraceNotes::bookmarkAt(quint32 number) const
 
 QString TraceNotes::note(quint32 number) const
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     return notes.value(number);
 }
 
 void TraceNotes::set(quint32 number, const QString &text)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     notes[number] = text;
 }
 
 void TraceNotes::append(quint32 number, const QString &text)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     const QString existing = notes.value(number);
     if (existing.contains(text))
         return;
@@ -46,19 +45,19 @@ void TraceNotes::append(quint32 number, const QString &text)
 
 void TraceNotes::join(quint32 number, const QString &text)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     joinNote(notes, number, text);
 }
 
 Notes TraceNotes::shown() const
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     return unshared(notes);
 }
 
 Notes TraceNotes::of(const MessageList &messages) const
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     Notes found;
     for (int i = 0; i < messages.size() && !notes.isEmpty(); ++i) {
         const auto note = notes.constFind(messages.at(i).messageNumber);
@@ -70,7 +69,7 @@ Notes TraceNotes::of(const MessageList &messages) const
 
 void TraceNotes::show(Notes newNotes)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     notes.swap(newNotes);
 }
 
@@ -82,14 +81,14 @@ void TraceNotes::showBookmarks(const Bookmarks &bookmarks)
 
 void TraceNotes::setForNext(const QString &note)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     noteForNext = note;
     isNoteWaiting = true;
 }
 
 void TraceNotes::attach(quint32 number)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     if (!isNoteWaiting.exchange(false))
         return;
     const QString note =
@@ -104,7 +103,7 @@ Bookmarks TraceNotes::shownBookmarks() const
 
 TraceNotes::Marks TraceNotes::live() const
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     if (isAside)
         return {unshared(aside.notes), unshared(aside.bookmarks)};
     return {unshared(notes), shownBookmarks()};
@@ -112,7 +111,7 @@ TraceNotes::Marks TraceNotes::live() const
 
 TraceNotes::Marks TraceNotes::takeLive()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     if (isAside)
         return std::exchange(aside, {});
     return {std::exchange(notes, {}), handler ? handler->takeBookmarks() : Bookmarks()};
@@ -120,7 +119,7 @@ TraceNotes::Marks TraceNotes::takeLive()
 
 void TraceNotes::giveBackLive(Marks &marks)
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     if (isAside) {
         std::swap(aside, marks);
         return;
@@ -131,7 +130,7 @@ void TraceNotes::giveBackLive(Marks &marks)
 
 void TraceNotes::setAside()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     if (!std::exchange(isAside, true))
         aside = {std::exchange(notes, {}), shownBookmarks()};
     else if (handler)
@@ -140,7 +139,7 @@ void TraceNotes::setAside()
 
 void TraceNotes::bringBack()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     isAside = false;
     Marks live = std::exchange(aside, {});
     notes.swap(live.notes);
@@ -149,7 +148,7 @@ void TraceNotes::bringBack()
 
 void TraceNotes::clear()
 {
-    const QMutexLocker locker(&mutex);
+    const MutexLock locker(mutex);
     notes.clear();
     // What was set aside belongs to messages that are gone, and their numbers come again.
     aside = {};

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "locks.h"
 #include "messagelist.h"
 #include "notes.h"
 
-#include <QMutex>
 #include <QPointer>
 #include <QString>
 
@@ -32,23 +32,23 @@ public:
 
     // The notes shown.
 
-    QString note(quint32 number) const;
-    void set(quint32 number, const QString &text);
+    QString note(quint32 number) const EXCLUDES(mutex);
+    void set(quint32 number, const QString &text) EXCLUDES(mutex);
     /// Adds \a text behind " ; " unless the note contains it already.
-    void append(quint32 number, const QString &text);
+    void append(quint32 number, const QString &text) EXCLUDES(mutex);
     /// Adds \a text behind " | ".
-    void join(quint32 number, const QString &text);
-    Notes shown() const;
+    void join(quint32 number, const QString &text) EXCLUDES(mutex);
+    Notes shown() const EXCLUDES(mutex);
     /// Those on the messages of a list.
-    Notes of(const MessageList &messages) const;
-    void show(Notes notes);
+    Notes of(const MessageList &messages) const EXCLUDES(mutex);
+    void show(Notes notes) EXCLUDES(mutex);
     void showBookmarks(const Bookmarks &bookmarks);
 
     // The note that waits for the next live message.
 
     /// \a note has one "%1", for the time of day at which that message comes.
-    void setForNext(const QString &note);
-    void attachToNext(quint32 number)
+    void setForNext(const QString &note) EXCLUDES(mutex);
+    void attachToNext(quint32 number) EXCLUDES(mutex)
     {
         // Hardly any message finds a note waiting, and a plain load is cheaper.
         if (isNoteWaiting.load(std::memory_order_relaxed))
@@ -57,29 +57,28 @@ public:
 
     // The live notes and bookmarks, whether or not others are shown.
 
-    Marks live() const;
-    Marks takeLive();
+    Marks live() const EXCLUDES(mutex);
+    Marks takeLive() EXCLUDES(mutex);
     /// Undoes takeLive().
-    void giveBackLive(Marks &marks);
+    void giveBackLive(Marks &marks) EXCLUDES(mutex);
     /// Keeps the live ones until bringBack(), and shows none. Where they are aside already the
     /// bookmarks shown go.
-    void setAside();
-    void bringBack();
+    void setAside() EXCLUDES(mutex);
+    void bringBack() EXCLUDES(mutex);
 
     /// Drops all of them but the note that waits.
-    void clear();
+    void clear() EXCLUDES(mutex);
 
 private:
-    void attach(quint32 number);
+    void attach(quint32 number) EXCLUDES(mutex);
     Bookmarks shownBookmarks() const;
 
     QPointer<BookmarkHandler> handler;
 
-    mutable QMutex mutex;
-    // Guarded by mutex.
-    Notes notes;
-    Marks aside;
-    bool isAside = false;
-    QString noteForNext;
-    std::atomic<bool> isNoteWaiting{false}; // may be read without it
+    mutable Mutex mutex;
+    Notes notes GUARDED_BY(mutex);
+    Marks aside GUARDED_BY(mutex);
+    bool isAside GUARDED_BY(mutex) = false;
+    QString noteForNext GUARDED_BY(mutex);
+    std::atomic<bool> isNoteWaiting{false}; // changed under the mutex
 };

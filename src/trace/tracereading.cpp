@@ -2,10 +2,7 @@
 
 #include "trace.h"
 
-#include <QReadLocker>
-#include <QWriteLocker>
-
-const MessageList &Trace::shown() const
+const MessageList &Trace::shownLocked() const
 {
     static const MessageList nothing;
     switch (view) {
@@ -23,41 +20,41 @@ const MessageList &Trace::shown() const
 
 quint32 Trace::count() const
 {
-    const QReadLocker locker(&lock);
-    return quint32(shown().size());
+    const ReadLock locker(lock);
+    return quint32(shownLocked().size());
 }
 
 CAN::CanRxMessage Trace::at(int index) const
 {
-    const QReadLocker locker(&lock);
-    return shown().value(index);
+    const ReadLock locker(lock);
+    return shownLocked().value(index);
 }
 
 bool Trace::read(int index, CAN::CanRxMessage &out) const
 {
-    const QReadLocker locker(&lock);
-    if (index >= shown().size())
+    const ReadLock locker(lock);
+    if (index >= shownLocked().size())
         return false;
-    out = shown().value(index);
+    out = shownLocked().value(index);
     return true;
 }
 
 CAN::CanRxMessage Trace::last() const
 {
-    const QReadLocker locker(&lock);
-    return shown().value(shown().size() - 1);
+    const ReadLock locker(lock);
+    return shownLocked().value(shownLocked().size() - 1);
 }
 
 int Trace::indexOfNumber(quint32 number)
 {
-    const QWriteLocker locker(&lock);
-    return shown().indexOfNumber(number);
+    const WriteLock locker(lock);
+    return shownLocked().indexOfNumber(number);
 }
 
 quint32 Trace::countOfLine(quint8 line) const
 {
-    const QReadLocker locker(&lock);
-    const MessageList &messages = shown();
+    const ReadLock locker(lock);
+    const MessageList &messages = shownLocked();
     quint32 count = 0;
     for (int i = 0; i < messages.size(); ++i)
         count += messages.at(i).line == line;
@@ -66,8 +63,8 @@ quint32 Trace::countOfLine(quint8 line) const
 
 CAN::CanRxMessage Trace::firstOfLine(quint8 line) const
 {
-    const QReadLocker locker(&lock);
-    const MessageList &messages = shown();
+    const ReadLock locker(lock);
+    const MessageList &messages = shownLocked();
     for (int i = 0; i < messages.size(); ++i) {
         if (messages.at(i).line == line)
             return messages.at(i);
@@ -77,8 +74,8 @@ CAN::CanRxMessage Trace::firstOfLine(quint8 line) const
 
 CAN::CanRxMessage Trace::lastOfLine(quint8 line) const
 {
-    const QReadLocker locker(&lock);
-    const MessageList &messages = shown();
+    const ReadLock locker(lock);
+    const MessageList &messages = shownLocked();
     for (int i = messages.size() - 1; i >= 0; --i) {
         if (messages.at(i).line == line)
             return messages.at(i);
@@ -86,16 +83,16 @@ CAN::CanRxMessage Trace::lastOfLine(quint8 line) const
     return messages.value(0);
 }
 
-int Trace::startIndex(quint32 position) const
+int Trace::startIndexLocked(quint32 position) const
 {
-    return int(qBound<qint64>(0, qint64(position) - dropped, shown().size()));
+    return int(qBound<qint64>(0, qint64(position) - dropped, shownLocked().size()));
 }
 
 bool Trace::findOfLine(CAN::CanRxMessage &out, quint8 line, quint32 &position) const
 {
-    const QReadLocker locker(&lock);
-    const MessageList &messages = shown();
-    const int start = startIndex(position);
+    const ReadLock locker(lock);
+    const MessageList &messages = shownLocked();
+    const int start = startIndexLocked(position);
     for (int i = start; i < messages.size(); ++i) {
         if (messages.at(i).line == line) {
             out = messages.at(i);
@@ -110,8 +107,8 @@ bool Trace::findOfLine(CAN::CanRxMessage &out, quint8 line, quint32 &position) c
 
 bool Trace::nextOfLine(CAN::CanRxMessage &out, quint8 line)
 {
-    const QReadLocker locker(&lock);
-    const MessageList &messages = shown();
+    const ReadLock locker(lock);
+    const MessageList &messages = shownLocked();
     for (quint32 i = linePositions[line]; i < quint32(messages.size()); ++i) {
         if (messages.at(int(i)).line == line) {
             out = messages.at(int(i));
@@ -130,10 +127,10 @@ void Trace::resetLinePositions()
 
 QList<CAN::CanRxMessage> Trace::allOfLine(quint8 line, quint32 position) const
 {
-    const QReadLocker locker(&lock);
-    const MessageList &messages = shown();
+    const ReadLock locker(lock);
+    const MessageList &messages = shownLocked();
     QList<CAN::CanRxMessage> found;
-    for (int i = startIndex(position); i < messages.size(); ++i) {
+    for (int i = startIndexLocked(position); i < messages.size(); ++i) {
         if (messages.at(i).line == line)
             found.append(messages.at(i));
     }
@@ -143,9 +140,9 @@ QList<CAN::CanRxMessage> Trace::allOfLine(quint8 line, quint32 position) const
 void Trace::collectLines(const std::function<void(unsigned char)> &tell)
 {
     clearLines();
-    const QReadLocker locker(&lock);
-    for (int i = 0; i < shown().size(); ++i)
-        addLine(shown().at(i));
+    const ReadLock locker(lock);
+    for (int i = 0; i < shownLocked().size(); ++i)
+        addLine(shownLocked().at(i));
     const QSet<unsigned char> collected = lines();
     for (const unsigned char line : collected)
         tell(line);
@@ -153,6 +150,6 @@ void Trace::collectLines(const std::function<void(unsigned char)> &tell)
 
 void Trace::whileReading(const std::function<void()> &work) const
 {
-    const QReadLocker locker(&lock);
+    const ReadLock locker(lock);
     work();
 }

@@ -6,12 +6,11 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 
 #include <unistd.h>
 
 namespace {
-constexpr std::size_t blockSize = 64 * 1024;
+constexpr std::size_t blockSize = 64UL * 1024;
 constexpr std::size_t longestLine = 4096;
 } // namespace
 
@@ -31,7 +30,7 @@ bool CandumpSource::start()
 {
     // Tells at once of a stream that is closed or a folder; both would be waited for for ever.
     if (read(STDIN_FILENO, nullptr, 0) < 0) {
-        error = QString::fromLocal8Bit(std::strerror(errno));
+        error = systemErrorText(errno);
         if (errno == EBADF)
             error = Cli::tr("The stream is closed, and candump lines are to come from it.");
         return false;
@@ -56,7 +55,7 @@ void CandumpSource::readBlock()
     else if (size == 0)
         end(QString());
     else if (errno != EINTR && errno != EAGAIN)
-        end(QString::fromLocal8Bit(std::strerror(errno)));
+        end(systemErrorText(errno));
 }
 
 void CandumpSource::takeBytes(std::string_view bytes)

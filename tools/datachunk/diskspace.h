@@ -4,7 +4,7 @@
 
 #include <optional>
 
-constexpr qint64 bytesPerMebibyte = 1024 * 1024;
+constexpr qint64 bytesPerMebibyte = 1024LL * 1024;
 
 /// Room in a file system, in bytes.
 struct DiskSpace

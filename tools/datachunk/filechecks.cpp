@@ -7,7 +7,6 @@
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstring>
 #include <optional>
 
 #include <sys/stat.h>
@@ -52,7 +51,7 @@ bool checkReadable(const QString &fileName)
         text = QCoreApplication::translate("DatachunkHandler", "The file at %1 does not exists.")
                    .arg(fileName);
     else
-        text = QString::fromLocal8Bit(std::strerror(errno));
+        text = systemErrorText(errno);
     QFile file(fileName);
     if (text.isEmpty() && !file.open(QIODevice::ReadOnly))
         text = file.errorString();

@@ -7,7 +7,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -55,7 +54,7 @@ bool moveFiles(const QStringList &files, const QStringList &names)
             error = moveFile(files.at(i), names.at(i));
             if (error == 0)
                 continue;
-            printError(names.at(i), QString::fromLocal8Bit(std::strerror(error)));
+            printError(names.at(i), systemErrorText(error));
         }
         for (int earlier = 0; earlier < i; ++earlier)
             QFile::remove(names.at(earlier));

@@ -1,9 +1,10 @@
 #include "ownerlock.h"
 
+#include "terminal.h"
+
 #include <QFile>
 
 #include <cerrno>
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -73,5 +74,5 @@ void OwnerLock::release()
 
 QString OwnerLock::errorText() const
 {
-    return QString::fromLocal8Bit(std::strerror(error));
+    return systemErrorText(error);
 }

@@ -13,7 +13,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -155,7 +154,7 @@ bool putInPlace(const QString &archive, const QString &zipName, const Entries &e
     const int error =
         QFile::exists(target) ? replaceFile(archive, target) : moveFile(archive, target);
     if (error != 0)
-        printError(zipName, QString::fromLocal8Bit(std::strerror(error)));
+        printError(zipName, systemErrorText(error));
     return error == 0;
 }
 

@@ -23,7 +23,7 @@ constexpr qint64 recordBytes = 25;
 constexpr quint64 messagesBetweenChecks = 1024;
 
 // What may come between two checks and until the source has stopped: a block of text at the most.
-constexpr qint64 bytesUntilEnd = 512 * 1024;
+constexpr qint64 bytesUntilEnd = 512LL * 1024;
 
 } // namespace
 

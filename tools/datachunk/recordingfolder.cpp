@@ -9,7 +9,6 @@
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstring>
 
 RecordingFolder::RecordingFolder(const QString &path) : folder(path) { }
 
@@ -48,7 +47,7 @@ bool RecordingFolder::take(const QString &from, const QString &to)
 {
     const int error = moveFile(from, to);
     if (error != 0)
-        printError(to, QString::fromLocal8Bit(std::strerror(error)));
+        printError(to, systemErrorText(error));
     return error == 0;
 }
 

@@ -65,6 +65,12 @@ void installMessageHandler()
     qInstallMessageHandler(printMessage);
 }
 
+QString systemErrorText(int error)
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the C library keeps a text for each thread.
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
 void printError(const QString &subject, const QString &text)
 {
     // Clears a progress line that may stand there.
@@ -96,7 +102,7 @@ bool finishOutput()
     if (checkOutput(std::fflush(stdout) == 0))
         return true;
     if (outputError != EPIPE)
-        printError(Cli::tr("standard output"), QString::fromLocal8Bit(std::strerror(outputError)));
+        printError(Cli::tr("standard output"), systemErrorText(outputError));
     return false;
 }
 

@@ -21,6 +21,9 @@ void guardStandardStreams();
 /// Has what Qt and its plug-ins tell printed in the same way as everything else.
 void installMessageHandler();
 
+/// The system's text for \a error, an errno, in the language of its user. Any thread.
+QString systemErrorText(int error);
+
 // What is printed comes from files that anybody may have made, so control characters, with which a
 // terminal is steered, are shown as "\x1b" and never sent.
 

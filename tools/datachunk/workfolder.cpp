@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 
 #include <sys/stat.h>
@@ -62,7 +61,7 @@ bool WorkFolder::create(const QString &nameTemplate)
 {
     QByteArray name = QFile::encodeName(nameTemplate);
     if (!mkdtemp(name.data())) {
-        error = QString::fromLocal8Bit(std::strerror(errno));
+        error = systemErrorText(errno);
         return false;
     }
     const QString created = QFile::decodeName(name);
