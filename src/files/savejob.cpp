@@ -22,24 +22,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-void SaveJob::markFinished()
-{
-    const MutexLock locker(mutex);
-    finished = true;
-    finishedCondition.wakeAll();
-}
-
-bool SaveJob::waitForFinished(QDeadlineTimer end)
-{
-    const MutexLock locker(mutex);
-    while (!finished && mutex.waitFor(finishedCondition, end)) { }
-    return finished;
-}
-
 SaveReport::SaveReport(const SaveJob &job, Outcome outcome)
-    : fileName(job.fileName), type(job.type), chunkIndex(job.chunkIndex),
-      importName(job.importName), generation(job.generation), packWish(job.packWish),
-      timeText(isChunkName(job.fileName) ? chunkTimeText(job) : QString()),
+    : SaveTicket(job), timeText(isChunkName(job.fileName) ? chunkTimeText(job) : QString()),
       outcome(std::move(outcome))
 {
 }

@@ -2,12 +2,11 @@
 
 #include "chunkformat.h"
 #include "chunknames.h"
+#include "completion.h"
 #include "datachunkhelper.h"
-#include "locks.h"
 #include "messagelist.h"
 #include "outcome.h"
 
-#include <QDeadlineTimer>
 #include <QList>
 #include <QString>
 
@@ -15,12 +14,22 @@
 #include <functional>
 #include <memory>
 
-/// One save of messages to a file, with everything it writes: nothing of it is shared with
-/// another save or with the store. Constant once it is handed on, but for the members at the end.
-struct SaveJob
+/// Which save it is, and what it is for.
+struct SaveTicket
 {
     QString fileName;
     DatachunkHelper::SavedMessageType type = DatachunkHelper::CurrentMessages;
+    quint32 chunkIndex = 0; ///< number of the chunk in its trace
+    QString importName;     ///< name of the import that a partial chunk belongs to
+    quint64 generation = 0; ///< which trace of the store the chunk belongs to
+    quint32 packWish = 0;   ///< the wish to pack the chunks after this export; 0 for none
+};
+
+/// One save of messages to a file, with everything it writes: nothing of it is shared with
+/// another save or with the store. Constant once it is handed on, but for its cancellation and its
+/// completion, whatever the outcome.
+struct SaveJob : SaveTicket, Completion
+{
     MessageList messages;
     qint64 startPosition = 0;     ///< first position to save
     quint32 endPosition = 0;      ///< one past the last position to save
@@ -29,40 +38,19 @@ struct SaveJob
     ChunkFormat::Bookmarks bookmarks;
     bool isPrivate = false;       ///< whether the file is for its user alone (mode 0600)
     quint32 maximumUsedSpace = 0; ///< budget of the target's folder in MiB
-    quint32 chunkIndex = 0;       ///< number of the chunk in its trace
-    QString importName;           ///< name of the import that a partial chunk belongs to
-    quint64 generation = 0;       ///< which trace of the store the chunk belongs to
-    quint32 packWish = 0;         ///< the wish to pack the chunks after this export; 0 for none
 
     /// Set to have the save given up; its file is then removed. Any thread.
     std::atomic<bool> cancelled{false};
-
-    void markFinished() EXCLUDES(mutex);
-    /// Waits until the save has ended, whatever its outcome; false when \a end comes before. Any
-    /// thread.
-    bool waitForFinished(QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever))
-        EXCLUDES(mutex);
-
-private:
-    Mutex mutex;
-    QWaitCondition finishedCondition;
-    bool finished GUARDED_BY(mutex) = false;
 };
 
 using SharedSaveJob = std::shared_ptr<SaveJob>;
 
 /// What is told of a save when it has ended. It does not hold the messages: reports may wait long
 /// for whoever takes them.
-struct SaveReport
+struct SaveReport : SaveTicket
 {
     SaveReport(const SaveJob &job, Outcome outcome);
 
-    QString fileName;
-    DatachunkHelper::SavedMessageType type;
-    quint32 chunkIndex;
-    QString importName;
-    quint64 generation;
-    quint32 packWish;
     QString timeText;          ///< header text of a chunk
     Outcome outcome;           ///< done with a text where the file may be incomplete
     bool chunkRemoved = false; ///< whether the budget has taken the oldest chunk
