@@ -5,7 +5,7 @@
 
 #include <sys/stat.h>
 
-class Detection : public QObject
+class TestDetection : public QObject
 {
     Q_OBJECT
 private slots:
@@ -18,7 +18,7 @@ private:
     QTemporaryDir folder;
 };
 
-void Detection::tellsTheType_data()
+void TestDetection::tellsTheType_data()
 {
     using H = DatachunkHelper;
     QTest::addColumn<QString>("name");
@@ -71,7 +71,7 @@ void Detection::tellsTheType_data()
         H::VectorAsc);
 }
 
-void Detection::tellsTheType()
+void TestDetection::tellsTheType()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
@@ -80,7 +80,7 @@ void Detection::tellsTheType()
     QTEST(int(DatachunkHelper().getImportFileType(file)), "type");
 }
 
-void Detection::looksAtTheFirstMiBOnly()
+void TestDetection::looksAtTheFirstMiBOnly()
 {
     const QString file = folder.filePath(QStringLiteral("big.asc"));
     const QByteArray lines = QByteArray("some line\n").repeated(104858);
@@ -90,7 +90,7 @@ void Detection::looksAtTheFirstMiBOnly()
     QCOMPARE(DatachunkHelper().getImportFileType(file), DatachunkHelper::Unknown);
 }
 
-void Detection::fileThatCannotBeReadIsUnknown()
+void TestDetection::fileThatCannotBeReadIsUnknown()
 {
     const QString pipe = folder.filePath(QStringLiteral("pipe.log"));
     QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
@@ -100,5 +100,5 @@ void Detection::fileThatCannotBeReadIsUnknown()
     }
 }
 
-QTEST_APPLESS_MAIN(Detection)
+QTEST_APPLESS_MAIN(TestDetection)
 #include "tst_detection.moc"

@@ -9,7 +9,7 @@
 #include <QBuffer>
 #include <QtTest>
 
-class PlainText : public QObject
+class TestPlainText : public QObject
 {
     Q_OBJECT
 private slots:
@@ -56,7 +56,7 @@ CAN::CanRxMessage exportedMessage(quint32 seed)
 
 } // namespace
 
-void PlainText::line_data()
+void TestPlainText::line_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QStringList>("events");
@@ -99,7 +99,7 @@ void PlainText::line_data()
     newTraceRow("exported line", "5.1 0x1/1 (1): 01 ;0;");
 }
 
-void PlainText::line()
+void TestPlainText::line()
 {
     QFETCH(QByteArray, text);
     RecordingSink sink;
@@ -107,7 +107,7 @@ void PlainText::line()
     QTEST(sink.events, "events");
 }
 
-void PlainText::exportedMessagesComeBack()
+void TestPlainText::exportedMessagesComeBack()
 {
     QString text = TextExport::headerLine();
     const auto noteOn = [](quint32 seed) {
@@ -126,7 +126,7 @@ void PlainText::exportedMessagesComeBack()
     }
 }
 
-void PlainText::turnsTheEventLoopOncePerLine()
+void TestPlainText::turnsTheEventLoopOncePerLine()
 {
     RecordingSink sink;
     readTrace("a\n\n1.5;123;0;\n1.6 0x1/1 (0): ;0;\nb", sink);
@@ -134,7 +134,7 @@ void PlainText::turnsTheEventLoopOncePerLine()
     QCOMPARE(sink.messages.size(), 2);
 }
 
-void PlainText::readsFilesThatCanBeOpened()
+void TestPlainText::readsFilesThatCanBeOpened()
 {
     const QTemporaryDir folder;
     writeFile(folder.filePath("trace.txt"), "no frame\n");
@@ -143,5 +143,5 @@ void PlainText::readsFilesThatCanBeOpened()
     QVERIFY(!store.importMessagesFromTxt(folder.filePath("missing.txt")));
 }
 
-QTEST_GUILESS_MAIN(PlainText)
+QTEST_GUILESS_MAIN(TestPlainText)
 #include "tst_plaintext.moc"
