@@ -25,7 +25,6 @@ private slots:
     void memoryOfControlGroupsCounts();
     void longReadingTurnsTheEventLoop_data();
     void longReadingTurnsTheEventLoop();
-    void goingLiveFromASlotEndsTheLoad();
     void missingChunkChangesNothing();
     void splitsIntoParts();
 
@@ -251,28 +250,6 @@ void TestLoading::longReadingTurnsTheEventLoop()
         delete store.data();
         if (split && goesOn)
             QVERIFY(holds(path("long_splitted/long_0.dck"), 0, count - 1));
-    }
-}
-
-void TestLoading::goingLiveFromASlotEndsTheLoad()
-{
-    writeFile(path("a.dck"), chunkBytes("1.0", 0, 3));
-    for (const bool beforeTheSwitch : {false, true}) {
-        DatachunkHandler store(20000);
-        store.addnewtestmessage();
-        QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
-        int starts = 0;
-        connect(&store, &DatachunkHandler::chunkContainsFdMessage, [&] {
-            if (!beforeTheSwitch)
-                store.goLive();
-        });
-        connect(&store, &DatachunkHandler::informAboutClearStart, [&] {
-            if (beforeTheSwitch && ++starts == 2)
-                store.goLive();
-        });
-        store.loadDataFromFile(path("a.dck"), DatachunkHelper::CurrentMessages);
-        QVERIFY(store.getIsLive() && errors.isEmpty());
-        QCOMPARE(store.getMessageCount(), 1u);
     }
 }
 
