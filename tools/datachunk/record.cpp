@@ -168,7 +168,8 @@ QList<QCommandLineOption> recordOptions()
          QStringLiteral("N")},
         {QStringLiteral("limit"),
          Cli::tr("Message limit of the store, 105000 by default or less for a small budget. A "
-                 "chunk file holds 5000 messages less."),
+                 "chunk file holds %1 messages less.")
+             .arg(rotationMargin),
          QStringLiteral("N")}};
 }
 

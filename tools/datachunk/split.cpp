@@ -122,7 +122,7 @@ bool split(TraceReading &reading, const QString &fileName, quint64 messagesPerFi
 
 QList<QCommandLineOption> splitOptions()
 {
-    return {{QStringLiteral("messages"), Cli::tr("Messages per part."), QStringLiteral("N")}};
+    return {{QStringLiteral("messages"), Cli::tr("Messages per chunk file."), QStringLiteral("N")}};
 }
 
 int runSplit(const QCommandLineParser &parser, const QStringList &files)
