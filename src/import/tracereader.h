@@ -35,14 +35,14 @@ struct ReadResult
     static ReadResult noColumns() { return {NoColumns, 0, {}}; }
 
     bool isDone() const { return status == Done; }
-    /// Whether what stands in the file is wrong.
+    /// Whether the content of the file is to blame.
     bool isFileError() const { return status == LineError || status == NoColumns; }
 };
 
 /// Opens the file and runs the reader of its type.
 ReadResult readTraceFile(const TraceRequest &request, TraceSink &sink);
 
-/// What the user is told of a failure: "No error." for a trace that was not read, and nothing
+/// The text about a failure for the user: "No error." for a trace that was not read, and empty
 /// where the format has no text of its own.
 QString errorText(const ReadResult &result, const TraceRequest &request);
 
