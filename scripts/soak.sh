@@ -1,7 +1,7 @@
 #!/bin/bash
 # Records 100,000,000 messages, or as many as the first argument says, with paging, exports and
-# clearings in between, and looks for every one of them in the chunk files. Takes about
-# a quarter of an hour and 300 MB of disk space. DATACHUNK_SEED gives another order of events.
+# clearings in between, and looks for every one of them in the chunk files. Takes 2 to 15 minutes,
+# depending on the machine, and 300 MB of disk space. DATACHUNK_SEED gives another order of events.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 

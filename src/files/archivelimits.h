@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What an archive from anywhere may make us do.
+/// Limits for archives of unknown origin.
 namespace ArchiveLimits {
 
 /// The most entries of an archive that is read or written.
@@ -19,8 +19,8 @@ QString archiveName(const QString &zipName);
 /// cannot be taken for a chunk file, otherwise "archive".
 QString folderName(const QString &archiveName);
 
-/// Whether that many packed bytes cannot honestly become that many unpacked ones: more than
-/// 1000 for each, beyond the first 64 MiB.
+/// Whether \a size bytes are too many for \a packedSize packed ones: above 64 MiB, and more than
+/// 1000 for each packed byte.
 bool isBomb(qint64 packedSize, qint64 size);
 
 /// The memory in bytes that a load may take: half of the machine's, or of what the control groups

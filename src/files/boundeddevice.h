@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// Hands on what another device reads, up to a limit, and lets others work meanwhile. It reads
-/// nothing ahead, so that the other device goes on where this one has stopped.
+/// Reads from another device up to a limit, and lets others work in between. It never reads ahead,
+/// so reading from the other device can go on where this one stopped.
 class BoundedDevice : public QIODevice
 {
 public:
@@ -20,7 +20,7 @@ public:
 
     bool isGivenUp() const { return givenUp; }
 
-    /// The bytes read so far, and those that the other device claims to have yet.
+    /// The bytes read so far, plus those that the other device claims to have left.
     qint64 bytesRead() const { return done; }
     qint64 bytesLeft() const { return device.bytesAvailable(); }
 

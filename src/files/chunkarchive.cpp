@@ -13,7 +13,7 @@ namespace ChunkArchive {
 
 namespace {
 
-// A chunk by its header text. Anything longer than the block is none.
+// Reads the header text of a chunk. A header longer than the block counts as unreadable.
 Chunk readHeader(const Zip::Entry &entry, QIODevice &content)
 {
     constexpr qint64 headerBlock = 4096;
@@ -24,7 +24,7 @@ Chunk readHeader(const Zip::Entry &entry, QIODevice &content)
     if (stream.status() != QDataStream::Ok)
         return chunk;
     const double start = chunk.timeText.section(QLatin1Char('-'), 0, 0).toDouble();
-    // "nan" is a number to the conversion, and cannot be put in order.
+    // The conversion accepts "nan", which cannot be put in order.
     chunk.start = std::isfinite(start) ? start : 0;
     return chunk;
 }
@@ -43,7 +43,7 @@ public:
     {
     }
 
-    /// What is to be told of it; empty when it is not damaged.
+    /// The text about the damage for the user; empty when there is none.
     QString damageIn(const Chunk &chunk);
 
 private:
@@ -54,7 +54,7 @@ private:
 
 QString Checker::damageIn(const Chunk &chunk)
 {
-    // Entries may share their packed bytes, so that even damage may be a bomb.
+    // Entries may share their packed bytes, so that reading damaged ones adds up without bound.
     unpacked += chunk.entry.size;
     if (ArchiveLimits::isBomb(archive.size(), unpacked))
         return {};
@@ -69,8 +69,8 @@ QString Checker::damageIn(const Chunk &chunk)
 
 using Position = std::vector<Chunk>::const_iterator;
 
-// Of chunks with equal starts the last that is not damaged. Where all are, the last one is taken,
-// and told of by whoever reads it.
+// Picks the last undamaged one of the chunks with equal starts. If all are damaged it picks the
+// last one; whoever reads that one reports the damage.
 Position lastWhole(Position begin, Position end, Checker &checker, Damage::List &damage)
 {
     if (end - begin == 1)
@@ -162,7 +162,7 @@ bool isBomb(const Zip::Reader &archive, const std::vector<Chunk> &chunks)
     const auto inflatesTooMuch = [](const Chunk &chunk) {
         return ArchiveLimits::isBomb(chunk.entry.packedSize, chunk.entry.size);
     };
-    // All together as well: entries may share their packed bytes.
+    // The sum is checked as well, because entries may share their packed bytes.
     return std::any_of(chunks.begin(), chunks.end(), inflatesTooMuch)
         || ArchiveLimits::isBomb(archive.size(), totalSize(chunks));
 }

@@ -29,12 +29,12 @@ struct Chunk
 std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoing &keepGoing,
                                  Damage::List &damage);
 
-/// Of chunks in that order, the last of each start that is not damaged, or the last one where
-/// all are. Chunks without a header have no start in common.
+/// From chunks in that order, takes one for each start: the last undamaged one, or the last one if
+/// all are damaged. Chunks without a header are all taken.
 std::vector<Chunk> lastOfEachStart(const Zip::Reader &archive, const std::vector<Chunk> &chunks,
                                    const Zip::KeepGoing &keepGoing, Damage::List &damage);
 
-/// What the user is told of an entry that is damaged, and of which \a kept was read.
+/// The text for the user about a damaged entry, of which \a kept was read.
 QString damageOf(const Zip::Reader &archive, const Chunk &chunk, const Zip::EntryDevice &content,
                  const QString &kept);
 
@@ -46,7 +46,7 @@ bool isBomb(const Zip::Reader &archive, const std::vector<Chunk> &chunks);
 
 Outcome tooLarge(const std::vector<Chunk> &chunks);
 
-/// Done for an archive that can be read as far as that is known of its directory alone.
+/// Judges an archive by its directory alone: Done, or why it cannot be read.
 Outcome checkDirectory(const Zip::Reader &archive);
 
 } // namespace ChunkArchive

@@ -21,7 +21,7 @@ bool makePrivateFolder(const QString &path)
     return mkdir(QFile::encodeName(path).constData(), onlyOwner) == 0;
 }
 
-// An empty string where no folder can be created.
+// Returns an empty string when no folder can be created.
 QString createFolder()
 {
     const QDir location(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
@@ -29,8 +29,8 @@ QString createFolder()
     if (!location.mkpath(QStringLiteral(".")))
         return {};
     makePrivateFolder(parent.path());
-    // Every process draws the same numbers unless the application seeds them, and mkdir alone
-    // tells whether a folder is ours.
+    // Every process draws the same numbers unless the application seeds the generator. Only a
+    // successful mkdir shows that a folder is ours.
     constexpr int attempts = 100000;
     for (int i = 0; i < attempts; ++i) {
         const QString path = parent.absoluteFilePath(QStringLiteral("%1").arg(rand()));
@@ -63,7 +63,7 @@ ChunkFolder::~ChunkFolder()
     const int handle = heldHandle >= 0 ? heldHandle : open();
     if (handle >= 0)
         FolderTree::removeContents(handle);
-    // Only an empty folder is removed by its name, and only the one that was created.
+    // The folder is removed by its name only if it is empty and still the one that was created.
     if (!isInPlace())
         return;
     for (const QString &path : qAsConst(filesBeside))

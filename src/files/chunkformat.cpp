@@ -30,7 +30,7 @@ template <typename Integer> const char *get(const char *in, Integer &value)
     return in + sizeof value;
 }
 
-// A complete record with a valid length lies at `in`.
+// Expects a complete record with a valid length at `in`.
 void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version)
 {
     in = get(in, message.length);
@@ -50,8 +50,8 @@ void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version)
         get(in, message.line);
 }
 
-// A block, or for small files no more than they need. The number of bytes that an archive's
-// entry has left is not known.
+// The size of a block, or for a small file only what it needs. How much an entry of an archive
+// still has is not known.
 int bufferSizeFor(const QIODevice &device)
 {
     constexpr qint64 smallestSize = 2LL * maxRecordSize;
@@ -90,7 +90,8 @@ int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version)
 {
     const int payload = CAN::payloadSize(message);
     char *to = put(out, qint8(payload));
-    // All of it: a copy of fixed size is much quicker, and what follows overwrites the rest.
+    // The whole payload: a copy of fixed size is much faster, and the next fields overwrite the
+    // rest.
     std::memcpy(to, message.data, sizeof message.data);
     to += payload;
     *to++ = char(message.extended);

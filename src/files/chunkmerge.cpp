@@ -13,8 +13,8 @@ void drain(QIODevice &device)
     while (device.read(block.data(), block.size()) > 0) { }
 }
 
-// A number that a damaged chunk has twice keeps the value which comes last in the file, and that
-// is the first one in the map.
+// If a damaged chunk holds a number twice, the value that comes last in the file counts. In the map
+// that is the first one.
 template <typename Map> void unite(Map &all, const Map &some)
 {
     for (auto entry = some.end(); entry != some.begin();) {
@@ -45,7 +45,7 @@ private:
     const Zip::KeepGoing &keepGoing;
     Merged &merged;
     qint64 memoryOfMaps = 0;
-    // Of the chunk read last.
+    // These belong to the chunk read last.
     ChunkReading::Front front;
     ChunkFormat::RecordsEnd recordsEnd;
     bool hasFdFrame = false;
@@ -67,11 +67,11 @@ Outcome::Kind Merger::readChunk(const Chunk &chunk)
         return Outcome::GivenUp;
     if (result == Outcome::TooLarge)
         return Outcome::TooLarge;
-    // Only the end tells whether that is its version or damage.
+    // Only at the end of the entry does its checksum show whether the version is real or damaged.
     if (result == Outcome::NewerVersion && !content->isDamaged())
         return Outcome::NewerVersion;
     merged.fdFramesByChunk.append(hasFdFrame);
-    // A file that cannot be read is told of by itself.
+    // An archive that cannot be read to its end has a text of its own, in place of the damage.
     if (archive.readErrorText().isEmpty())
         tellDamage(chunk, *content, merged.messages.size() - messagesBefore);
     return Outcome::Done;
@@ -120,7 +120,7 @@ void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, const Zip::Keep
     Merger merger(archive, memoryLimit, keepGoing, merged);
     const std::vector<Chunk> chunks = lastOfEachStart(
         archive, chunksByStart(archive, keepGoing, merger.damage), keepGoing, merger.damage);
-    // A message takes no less room in memory than in a file.
+    // A message takes at least as much room in memory as in a file.
     if (isBomb(archive, chunks) || totalSize(chunks) > memoryLimit) {
         merged.outcome = tooLarge(chunks);
         return;

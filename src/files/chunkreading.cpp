@@ -56,7 +56,7 @@ Outcome::Kind FrontReader::read(ChunkFormat::BookmarkMap bookmarkMap)
 template <typename Value> void FrontReader::readMap(QMap<unsigned int, Value> &map)
 {
     constexpr qint64 smallestEntry = 8;
-    // What an entry takes besides its text: its node in the map, and the text's administration.
+    // The memory of an entry besides its text: the node in the map and the head of the string.
     constexpr qint64 memoryPerEntry = 96;
     const qint64 start = device.bytesRead();
     QMultiMap<unsigned int, Value> read;
@@ -64,7 +64,7 @@ template <typename Value> void FrontReader::readMap(QMap<unsigned int, Value> &m
     quint32 count = 0;
     limitNextItem();
     stream >> count;
-    // A map that claims more than there is will turn out to be cut, and need not be kept.
+    // A map that claims more entries than the file can hold is cut short, and need not be kept.
     const bool isKept = count * smallestEntry <= device.bytesLeft();
     if (isKept && count * memoryPerEntry > bounds.memory - front.memory) {
         tooLarge = true;

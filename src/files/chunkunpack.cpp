@@ -16,7 +16,7 @@ namespace ChunkArchive {
 
 namespace {
 
-// What of a name stays when a number of any length is put behind it: all that a file system takes.
+// Shortens a name so that a number of any length fits behind it.
 QString numberedStem(const QString &name, const QString &suffix)
 {
     constexpr int longestNumber = 11; // "_4294967295"
@@ -30,20 +30,19 @@ QString suffixOf(const QString &name)
     return name.endsWith(suffix) ? QString(suffix) : QString();
 }
 
-/// Finds names that are free in a folder, in a time that does not grow with those that are taken.
+/// Finds free names in a folder. The time for one does not grow with the number of taken names.
 class FreeNames
 {
 public:
     explicit FreeNames(const QDir &folder) : folder(folder) { }
 
-    /// `folder/name`, or with a number before the suffix the first such path that \a create
-    /// accepts. Empty when the reason is not that it is taken.
+    /// Tries `folder/name`, then names with a number before the suffix, and returns the first path
+    /// that \a create accepts. Empty when it refuses a path that is not taken.
     template <typename Create> QString create(const QString &name, const Create &create);
 
 private:
     const QDir folder;
-    // By what is left of a name when it gets a number, so that names which are the same from then
-    // on count together.
+    // The last number used for each shortened name: long names may differ only in what is cut off.
     QHash<QString, int> lastNumbers;
 };
 
@@ -66,14 +65,14 @@ template <typename Create> QString FreeNames::create(const QString &name, const 
     return {};
 }
 
-// How much of a damaged chunk file is kept: what goes up to the end of its last whole record.
+// A damaged chunk file is kept up to the end of its last whole record.
 qint64 sizeToKeep(QFile &file, const Zip::KeepGoing &keepGoing)
 {
-    // The maps of a damaged file are not trusted with more memory than this.
+    // A damaged file may claim maps of any size; no more memory than this is spent on them.
     constexpr qint64 memory = 256LL * 1024 * 1024;
     const ChunkReading::WholeRecords whole =
         ChunkReading::findWholeRecords(file, {memory, keepGoing});
-    // Nobody here knows what a newer version looks like.
+    // A newer version may have another layout, so such a file is kept whole.
     return whole.result == Outcome::NewerVersion ? file.size() : whole.end;
 }
 
@@ -91,7 +90,7 @@ public:
     QString fileName() const { return QFileInfo(file).fileName(); }
     /// Size of the file unpacked last.
     qint64 size() const { return written; }
-    /// Tells of the file that failed.
+    /// The text about the file that failed.
     QString systemError() const { return FileErrors::notWritten(file.fileName(), errorText); }
 
 private:
@@ -111,7 +110,7 @@ Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
         file.setFileName(path);
         if (!file.open(QIODevice::ReadWrite | QIODevice::NewOnly))
             return false;
-        // Not every file system knows permissions.
+        // The result is ignored, because not every file system knows permissions.
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
         return true;
     });
@@ -154,8 +153,8 @@ Unpacker::Result Unpacker::finish(Result result)
 
 namespace {
 
-// Whether the disk that holds `folder` has less room than that. A system that does not tell how
-// large the disk is knows nothing of its room either.
+// Whether the disk that holds `folder` has less room than that. False when the system does not tell
+// the size of the disk, because its free room is then unknown as well.
 bool hasNoRoom(const QDir &folder, qint64 bytes)
 {
     struct statvfs disk = {};
@@ -164,7 +163,7 @@ bool hasNoRoom(const QDir &folder, qint64 bytes)
     return isKnown && quint64(bytes) / disk.f_frsize > disk.f_bavail;
 }
 
-// The chunks whose names can become those of files.
+// The chunks whose names are safe as names of files; the others are reported as damage.
 std::vector<Chunk> withFileNames(const QString &archive, const std::vector<Chunk> &chunks,
                                  Damage::List &damage)
 {
@@ -178,7 +177,7 @@ std::vector<Chunk> withFileNames(const QString &archive, const std::vector<Chunk
     return kept;
 }
 
-// Empty when no folder could be created.
+// Returns an empty string when no folder can be created.
 QString createFolder(const QDir &parent, const QString &name)
 {
     return FreeNames(parent).create(name, [](const QString &path) {

@@ -4,7 +4,8 @@
 
 quint16 SaveFileWorker::dataChunkVersion = 0;
 
-// The member is a plain integer that several threads set; the accesses are atomic all the same.
+// The member is a plain integer in an installed header, and several threads set it: these accesses
+// are atomic.
 void setCurrentChunkVersion(quint32 version)
 {
     __atomic_store_n(&SaveFileWorker::dataChunkVersion, quint16(version), __ATOMIC_RELAXED);

@@ -34,7 +34,7 @@ bool DiskBudget::isUnchanged() const
     return readStamp(path, now) && now.tv_sec == stamp.tv_sec && now.tv_nsec == stamp.tv_nsec;
 }
 
-// A fraction of a second that changes with each call and that no clock of a file system shows.
+// Sets a fraction of a second that differs at each call and that no file system writes itself.
 void DiskBudget::setStamp()
 {
     constexpr long inTheFirstMillisecond = 999983;
@@ -107,7 +107,7 @@ void DiskBudget::readFolder()
 
 void DiskBudget::count()
 {
-    // A file that grows does not change its folder.
+    // A file that grows does not change its folder's time stamp.
     constexpr int mostCountsBetweenReads = 64;
     beginChange();
     if (!isCounted || ++countsSinceRead > mostCountsBetweenReads)

@@ -10,9 +10,9 @@
 
 /// The files of a folder by age and the room that they take, for keeping the folder within its
 /// budget of disk space. Sizes are added up in whole KiB, and the sum is compared in whole MiB.
-/// A folder of our own is read once; after that its owner tells of the files that it writes. What
-/// others do to the folder shows in the folder's time stamp, which is set to a value of our own
-/// after each change, so that any other value means: read the folder again. One thread at a time.
+/// A folder of our own is read once; after that its owner tells of the files that it writes. The
+/// folder's time stamp is set to a value of our own after each change; any other value means that
+/// somebody else has changed the folder, and it is read again. One thread at a time.
 class DiskBudget
 {
 public:

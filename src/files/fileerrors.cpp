@@ -46,8 +46,8 @@ QString bomb(const QString &archive)
 
 bool write(QIODevice &file, const char *bytes, qint64 size)
 {
-    // A disk that is almost full takes a part without an error and tells the reason only when it
-    // is given the rest.
+    // An almost full disk takes a part of the bytes without an error. The reason comes only with
+    // the attempt to write the rest.
     qint64 taken = 1;
     for (qint64 written = 0; written < size && taken > 0; written += taken)
         taken = file.write(bytes + written, size - written);

@@ -7,7 +7,7 @@ namespace FileNames {
 QString cutToBytes(QString name, int bytes)
 {
     while (!name.isEmpty() && QFile::encodeName(name).size() > bytes) {
-        // A character beyond 16 bits has two halves.
+        // A character beyond 16 bits consists of two halves, which go together.
         const bool isHalf = name.size() > 1 && name.at(name.size() - 1).isLowSurrogate();
         name.chop(isHalf ? 2 : 1);
     }

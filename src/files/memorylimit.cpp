@@ -20,7 +20,7 @@ QByteArray contentOf(const QString &fileName)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// The limit that a file names; "max", and no file, is none.
+// Reads the limit in a file. "max" and a missing file mean that there is none.
 qint64 limitIn(const QString &fileName)
 {
     bool ok = false;
@@ -28,9 +28,8 @@ qint64 limitIn(const QString &fileName)
     return ok && limit > 0 ? limit : unlimited;
 }
 
-// Every group above has a limit of its own, and the least counts. Inside a container the path is
-// often one that only the outside knows, and what is seen of the groups begins with the
-// container's.
+// Every group above has a limit of its own, and the smallest one counts. Inside a container the
+// path may be one that exists only outside; the groups seen there begin with that of the container.
 qint64 leastLimit(const QString &mount, QString group, const QString &fileName)
 {
     qint64 least = limitIn(mount + QLatin1Char('/') + fileName);
@@ -53,7 +52,7 @@ qint64 ofControlGroups(const QString &root)
     const QString mount = QDir(root).filePath(QStringLiteral("sys/fs/cgroup"));
     const QByteArray groups = contentOf(QDir(root).filePath(QStringLiteral("proc/self/cgroup")));
     qint64 least = unlimited;
-    // Lines of "number:controllers:path"; the one of version 2 names no controllers.
+    // Lines are "number:controllers:path". The line of version 2 names no controllers.
     for (const QByteArray &line : groups.split('\n')) {
         const QString controllers = QString::fromLocal8Bit(line).section(QLatin1Char(':'), 1, 1);
         const QString group = QString::fromLocal8Bit(line).section(QLatin1Char(':'), 2);

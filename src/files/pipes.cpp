@@ -14,7 +14,7 @@
 namespace Pipes {
 
 namespace {
-// How soon it is noticed that nobody wants to wait any more.
+// The time after which a waiting call notices that it is given up.
 constexpr int millisecondsBetweenLooks = 20;
 } // namespace
 

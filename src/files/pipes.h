@@ -4,8 +4,8 @@
 
 #include <atomic>
 
-/// Named pipes as targets. Whoever writes into one waits for its reader, who may never come, so
-/// all of this can be given up from another thread.
+/// Named pipes as targets. Writing waits for a reader who may never come, so every call can be
+/// given up from another thread.
 namespace Pipes {
 
 bool isPipe(const QString &path);

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Neither for the other end of a pipe nor, later, for what a file of the system has to tell next.
+// Does not wait: neither for the other end of a pipe now, nor later for new lines of a system file.
 int openWithoutWaiting(const QString &fileName)
 {
     const QByteArray name = QFile::encodeName(fileName);

@@ -2,8 +2,8 @@
 
 #include <QFile>
 
-/// A regular file that is read. Once a read has failed, so do all later ones: whoever tries again
-/// would take the bytes behind a gap for what comes next.
+/// A regular file for reading. Once a read has failed, all later ones fail as well, so that nobody
+/// takes the bytes behind a gap for what comes next.
 class RegularFile : public QFile
 {
 public:
@@ -17,7 +17,7 @@ public:
     /// sources as a file, reading fails as soon as it would have to wait.
     bool openForReading();
 
-    /// Whether it could not be opened because there is none. What cannot be asked for is no proof.
+    /// Whether opening failed because the file does not exist. False when that cannot be found out.
     bool isMissing() const { return missing; }
 
     /// What the user is told when reading has failed; empty when it has not.

@@ -12,7 +12,7 @@ namespace {
 
 enum class Align { Left, Right };
 
-// What QString::arg puts in place of a marker, without its search for the marker.
+// Formats a number as QString::arg does, without searching for a marker.
 template <typename Number>
 void appendNumber(QString &line, Number value, int base, int width, Align align, char fill)
 {

@@ -2,8 +2,8 @@
 
 #include <cerrno>
 
-/// Calls \a open, which returns a file handle, again for as long as a signal comes in between: slow
-/// file systems let themselves be interrupted.
+/// Calls \a open, which returns a file handle, and repeats the call when a signal has interrupted
+/// it, as may happen on slow file systems.
 template <typename Open> int uninterrupted(const Open &open)
 {
     int handle = -1;

@@ -44,7 +44,7 @@ EntryDevice::EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoin
 
 EntryDevice::~EntryDevice() = default;
 
-// A stream takes fewer bytes than it asked for as the end of its device.
+// Reads again until all bytes are there: a stream takes a short read for the end of its device.
 qint64 EntryDevice::readData(char *data, qint64 maxSize)
 {
     qint64 total = 0;
@@ -159,8 +159,8 @@ std::vector<Entry> Reader::entries() const
                          boundedClaim(info.compressedSize, size()), position.pos_in_zip_directory,
                          position.num_of_file});
     }
-    // Entries are opened by positions of the library underneath, which QuaZip does not notice:
-    // once it has seen the end, it would refuse.
+    // Entries are opened through the library below QuaZip, by their positions. QuaZip does not
+    // notice that, and would refuse once it has seen the end of the directory.
     if (opened)
         zip->goToFirstFile();
     return found;
@@ -207,7 +207,7 @@ bool isAscii(const QString &name)
 void markNameAsUtf8(QuaZip &zip, bool isUtf8)
 {
     zip.setUtf8Enabled(isUtf8);
-    // The library takes that for the names from here on, but for the mark only when it opens the
+    // The library uses the setting for names at once, but for the mark only when it opens the
     // archive.
     const auto mark = isUtf8 ? zipSetFlags : zipClearFlags;
     mark(zip.getZipFile(), ZIP_ENCODING_UTF8);
@@ -230,7 +230,7 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QS
     zip.setZip64Enabled(file.size() >= zip64From);
     markNameAsUtf8(zip, !isAscii(info.fileName()));
     QuaZipFile entry(&zip);
-    // What is packed of a link is the file behind it, so the entry must not say that it is a link.
+    // Of a link the file behind it is packed, so the entry must not be marked as a link.
     const QuaZipNewInfo newInfo(info.fileName(), info.canonicalFilePath());
     if (!entry.open(QIODevice::WriteOnly, newInfo, nullptr, 0, Z_DEFLATED, fastest, false,
                     windowBits, memoryLevel, defaultStrategy))
@@ -252,11 +252,12 @@ Step packAll(QuaZip &zip, const QFileInfoList &files, const KeepGoing &keepGoing
     return Step::Done;
 }
 
-// Puts the archive in its place. QSaveFile itself would do so even when the last bytes did not find
-// room, or when the disk is known to be full only once they get there.
+// Puts the archive in its place. QSaveFile alone would do so even if there was no room for the last
+// bytes, or if the disk shows only while it is synchronised that it is full.
 QString commit(QSaveFile &file)
 {
-    // It takes the rights of the file that it replaces, and none at all where it cannot learn them.
+    // QSaveFile copies the permissions of the file it replaces; it sets none if it cannot read
+    // them.
     if (!(file.permissions() & QFileDevice::ReadOwner))
         file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     if (!file.flush())

@@ -14,8 +14,8 @@ void setId(CAN::CanRxMessage &message, quint32 id)
     message.extended = id > maxStandardId;
 }
 
-// "123#1122" into identifier and payload. A frame with another number of "#" (CAN FD has two)
-// is kept without both.
+// Reads identifier and payload of "123#1122". A frame with more than one "#", as CAN FD has, is
+// kept without either.
 template <typename Char>
 void readCompactFrame(Text<Char> id, Text<Char> digits, CAN::CanRxMessage &message)
 {
@@ -23,7 +23,7 @@ void readCompactFrame(Text<Char> id, Text<Char> digits, CAN::CanRxMessage &messa
         return;
     setId(message, toNumber<quint32>(id, 16));
     message.length = qint8((digits.size() + 1) / 2);
-    // A digit without a partner is no number, but it counts: its byte stays 0.
+    // An odd last digit counts for the length, but its byte stays 0.
     const int bytes = int(std::min(digits.size() / 2, std::size_t(CAN::maxDataBytes)));
     for (int i = 0; i < bytes; ++i)
         message.data[i] = toHexByte(Text<Char>(digits.data() + 2 * i, 2));

@@ -14,15 +14,14 @@
 /// are templates over Char, so that both are read by the very same code.
 template <typename Char> using Text = std::basic_string_view<Char>;
 
-/// Kinds of characters, and where in a text they stand: bit i of a mask tells of character i.
-/// A line is looked at once for all its separators, many characters at a time.
+/// Finds characters of a kind, many at a time: bit i of a mask says whether character i is one.
 namespace CharMask {
 
-/// Number of characters that a mask tells of at most.
+/// The most characters that one mask covers.
 constexpr std::size_t width = 64;
 
-/// How many of the characters that are \a left to look at next: at most width. Fewer than 16 are
-/// looked at one by one, so a text is cut where that many are not left over alone.
+/// How many characters the next mask should cover when \a left are left, at most width. Fewer than
+/// 16 would be tested one by one, so a longer text is divided such that no shorter rest remains.
 constexpr std::size_t blockSize(std::size_t left)
 {
     constexpr std::size_t step = 16;
@@ -34,7 +33,7 @@ struct IsBlank
 {
     bool operator()(char c) const
     {
-        // Nearly every character is above all blanks.
+        // Tested first, because nearly every character is above all blanks.
         return c <= ' ' && (c == ' ' || (c >= '\t' && c <= '\r'));
     }
     bool operator()(char16_t c) const { return QChar(c).isSpace(); }
@@ -86,7 +85,7 @@ Q_NEVER_INLINE quint64 maskOneByOne(const Char *at, std::size_t count, IsOfKind 
     return mask;
 }
 
-/// Tells which of the first \a count characters, at most width, are of a kind.
+/// The mask of the first \a count characters, at most width.
 template <typename Char, typename IsOfKind>
 Q_ALWAYS_INLINE quint64 maskOf(const Char *at, std::size_t count, IsOfKind isOfKind)
 {
@@ -99,7 +98,7 @@ Q_ALWAYS_INLINE quint64 maskOf(const Char *at, std::size_t count, IsOfKind isOfK
             return quint64(quint32(bits)) << start;
         };
         if (count >= step) {
-            // The rest is looked at together with characters before it, never behind the end.
+            // The last step overlaps the one before it, so that nothing behind the end is read.
             quint64 mask = maskOfStep(count - step);
             for (std::size_t start = 0; start + step < count; start += step)
                 mask |= maskOfStep(start);

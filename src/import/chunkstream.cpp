@@ -28,11 +28,11 @@ public:
     {
     }
 
-    // Done, or NewerVersion, TooLarge or GivenUp. A last record that is cut short counts unless
-    // `dropsCut` says that it does not.
+    // Done, or NewerVersion, TooLarge or GivenUp. A last record that is cut short is handed on,
+    // unless `dropsCut` returns true.
     Outcome::Kind read(QIODevice &device, int part, const std::function<bool()> &dropsCut);
 
-    // What is wrong with the chunk that was read last; empty when nothing is.
+    // Tells what is wrong with the chunk read last; empty when nothing is.
     QString damage(const QString &name) const
     {
         return Damage::ofChunk(name, front, end, messages);

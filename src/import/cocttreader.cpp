@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view frameTag = "Test CAN";
 
-// Split at " : ", keeping empty parts. The line is simplified, and so are the parts then.
+// Splits a simplified line at " : ", keeping empty parts; the parts are simplified as well.
 template <typename Char> Parts<Char> splitEntry(Text<Char> line)
 {
     Parts<Char> parts;
@@ -45,7 +45,7 @@ template <typename Char> void setTimeStamp(Text<Char> text, CAN::CanRxMessage &m
     message.microseconds = timeStamp.microseconds();
 }
 
-// False when a number is none or bytes are missing.
+// False when identifier or length cannot be read, or bytes are missing.
 template <typename Char> bool readFrame(const Parts<Char> &tokens, CAN::CanRxMessage &message)
 {
     enum Token { IdToken = 1, DirectionToken, KindToken, LengthToken, DataToken };

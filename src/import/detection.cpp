@@ -112,7 +112,7 @@ DatachunkHelper::ImportFileType DatachunkHelper::checkPeakVersion(QString fileNa
         return Unknown;
     QString version = line.section(QLatin1Char('='), -1);
     version.remove(QLatin1Char('.'));
-    // QString's conversions pass over blanks at both ends, but no version ends with one.
+    // toUInt would pass over a blank at the end, and no version ends with one.
     if (version.isEmpty() || version.at(version.size() - 1).isSpace())
         return Unknown;
     return peakType(version.toUInt());

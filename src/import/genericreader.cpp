@@ -69,7 +69,7 @@ bool readData(const Parts<Char> &fields, int first, CAN::CanRxMessage &message)
     return ok;
 }
 
-// False when the field has to be a number and is none.
+// False when the field has to be a number and cannot be read as one.
 template <typename Char>
 bool readField(Field field, const Parts<Char> &fields, int index, CAN::CanRxMessage &message)
 {

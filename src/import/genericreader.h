@@ -4,5 +4,5 @@
 
 /// Reads lines of fields between blanks whose layout the request describes, see
 /// GenericFileImporter. Lines that begin with "#" are passed over, and so are those with a
-/// number that is none; a line with too few fields is a line error.
+/// number that cannot be read; a line with too few fields is a line error.
 Outcome readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request);

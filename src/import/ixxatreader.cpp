@@ -17,7 +17,7 @@ struct Columns
     int id = noColumn;
     int length = noColumn;
     int data = noColumn;
-    bool valid = true; // not known to be unusable
+    bool valid = true; // false once a header has left out a column that is needed
 
     bool areComplete() const { return std::min({time, id, data}) != noColumn; }
 };
@@ -38,7 +38,7 @@ template <typename Char> int *columnFor(Text<Char> item, Columns &columns)
     return contains(item, "Data") ? &columns.data : nullptr;
 }
 
-// Columns that an earlier header found and this one does not name stay where they are.
+// A column that this header does not name stays where an earlier header has put it.
 template <typename Char> void getColumnsFromLine(Text<Char> line, Columns &columns)
 {
     Scratch<Char> scratch;
@@ -52,7 +52,7 @@ template <typename Char> void getColumnsFromLine(Text<Char> line, Columns &colum
              << "Line:" << __LINE__ << columns.valid;
 }
 
-// Once a text begins with a zero, all its zeros go: 050 is 5 and 1050 is 1050.
+// A text that begins with a zero loses all its zeros: 050 is 5, and 1050 stays 1050.
 template <typename Number, typename Char> Number toNumberWithoutZeroes(Text<Char> text)
 {
     if (text.empty() || text.front() != '0')
@@ -62,7 +62,7 @@ template <typename Number, typename Char> Number toNumberWithoutZeroes(Text<Char
     return toNumber<Number>(textOf(scratch), 0);
 }
 
-// The same for a few characters that are known to be digits.
+// Does the same for a few characters that are known to be digits.
 template <typename Char> quint32 digitsWithoutZeroes(Text<Char> text)
 {
     const bool keepsZeroes = text.front() != '0';
@@ -155,8 +155,8 @@ Outcome readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &)
     MessageFeed feed(sink);
     const Outcome result =
         readNumberedLines(lines, [&](auto line) { return readLine(line, columns, feed); });
-    // An unusable header fails with the line below it, be it the empty one behind the last line
-    // feed.
+    // An unusable header fails with the line below it. That may be the empty line behind the last
+    // line feed.
     if (result.isDone() && !columns.valid && lines.endsWithLineFeed())
         return Outcome::noColumns();
     return result;

@@ -21,7 +21,7 @@ template <typename Char> void readId(Text<Char> text, CAN::CanRxMessage &message
         : LineFields::toNumber<quint32>(text.substr(0, text.find(Char('/'))), 16);
 }
 
-// "(8):" without its brackets and colon, as a number whose base the prefix tells.
+// Reads the number in "(8):", whose base its prefix tells.
 template <typename Char> void readLength(Text<Char> text, CAN::CanRxMessage &message)
 {
     const std::size_t digits = text.size() - std::min<std::size_t>(text.size(), 3);

@@ -9,7 +9,7 @@ namespace {
 
 enum class LineKind { Frame, Other, EndOfTrace };
 
-// The last field, even where that is the flag number. Empty without any field.
+// The note is the last field, even where that is the flag number; empty where there is no field.
 template <typename Char> QString noteOf(Text<Char> line)
 {
     const std::size_t separator = line.rfind(Char(';'));

@@ -31,7 +31,7 @@ int numberBase(LineSource &lines)
     return isHex ? 16 : 10;
 }
 
-// Only blanks part the columns here; other white space stays within them.
+// Only spaces separate columns here; other white space belongs to them.
 template <typename Char> Parts<Char> splitAtSpaces(Text<Char> line)
 {
     return splitDroppingEmpty(line, CharMask::Is<' '>());

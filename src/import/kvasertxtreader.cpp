@@ -44,7 +44,7 @@ bool readFrameLine(Text<Char> line, const NumberBases &bases, CAN::CanRxMessage 
     readTimeStamp(tokens[0], FractionPart::Last, message);
     message.id = toNumber<quint32>(partAt(tokens, 2), bases.id);
     const int dataStart = readLengthAtOrBehind(tokens, 4, 10, message);
-    // The last token never counts as data. Other trailing fields do, behind the length.
+    // The last token is never data. Other fields behind the payload are read as data.
     const int dataEnd = tokens.size() - 1;
     readBytes(tokens, dataStart, dataEnd - dataStart, bases.data, message);
     return true;

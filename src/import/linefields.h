@@ -8,20 +8,18 @@
 #include <limits>
 #include <string>
 
-/// Fields that several trace formats share. What a field means follows QString's conversions
-/// exactly; the plain cases are read in place.
+/// Fields that several trace formats share. Numbers are read exactly as QString converts them.
 namespace LineFields {
 
-/// The position of a column, or noColumn: positions are kept in a signed byte, and those above
-/// 127 count as absent.
+/// The position of a column, or noColumn for positions above 127, which count as absent.
 constexpr int noColumn = -1;
 inline int columnAt(int index)
 {
     return index <= std::numeric_limits<qint8>::max() ? index : noColumn;
 }
 
-/// A fraction of a second, as written behind the point: padded on the right to six digits and
-/// never cut.
+/// Converts the digits behind the point of a time in seconds. They are filled up to six with zeros,
+/// and more than six are not cut: "5" is 500000, "1234567" is 1234567.
 template <typename Char> qint32 toMicroseconds(Text<Char> fraction)
 {
     constexpr qint32 weights[] = {1000000, 100000, 10000, 1000, 100, 10};
@@ -56,7 +54,8 @@ void readTimeStamp(Text<Char> text, FractionPart fractionPart, CAN::CanRxMessage
     message.microseconds = toMicroseconds(fraction);
 }
 
-/// A time stamp with its last part as the fraction, in parentheses wherever they stand.
+/// Reads a time stamp such as "(12.5)", whose last part is the fraction. Parentheses may stand
+/// anywhere in it.
 template <typename Char>
 void readTimeStampInParentheses(Text<Char> text, CAN::CanRxMessage &message)
 {
@@ -78,8 +77,8 @@ int readLengthAtOrBehind(const Parts<Char> &parts, int index, int nextBase,
     return index + 1;
 }
 
-/// Reads up to \a count parts from \a first on as payload bytes in \a base, the low 8 bits of
-/// each, as far as there are parts and room for them.
+/// Reads up to \a count parts, from \a first on, as payload bytes in \a base, as far as there are
+/// parts and room for them. A number above 255 gives its low 8 bits.
 template <typename Char>
 void readBytes(const Parts<Char> &parts, int first, int count, int base, CAN::CanRxMessage &message)
 {

@@ -7,7 +7,7 @@
 #include <limits>
 #include <type_traits>
 
-/// Numbers in a line, with the results of QString's conversions.
+/// Numbers in a line, read exactly as QString converts them.
 namespace LineFields {
 
 constexpr unsigned noDigit = 16;
@@ -35,7 +35,8 @@ inline unsigned digitValue(char16_t c)
     return c < digitValues.size() ? digitValues[c] : noDigit;
 }
 
-/// Whether \a text has a decimal digit wherever \a layout has a 0, and is the same elsewhere.
+/// Whether \a text is like \a layout, where a 0 stands for any decimal digit: "12:30" is like
+/// "00:00".
 template <typename Char> bool hasLayout(Text<Char> text, std::string_view layout)
 {
     bool same = text.size() == layout.size();
@@ -44,7 +45,7 @@ template <typename Char> bool hasLayout(Text<Char> text, std::string_view layout
     return same;
 }
 
-/// QString's own conversion, for everything but plain digits.
+/// QString's own conversion, used for everything but plain digits.
 template <typename Number> Number toNumberByQt(const QString &text, int base, bool *ok)
 {
     if constexpr (std::is_same_v<Number, quint16>)
@@ -59,7 +60,8 @@ template <typename Number> Number toNumberByQt(const QString &text, int base, bo
         return text.toLongLong(ok, base);
 }
 
-/// Whether no number holds this character. Says nothing of blanks and of other scripts.
+/// Whether a text with this character is no number. False for blanks and non-ASCII characters,
+/// about which QString decides.
 template <typename Char> bool isForeignToNumbers(Char c, int base)
 {
     if (c <= ' ' || c > '~' || c == '+' || c == '-')
@@ -67,7 +69,7 @@ template <typename Char> bool isForeignToNumbers(Char c, int base)
     return base == 10 ? digitValue(c) >= 10 : digitValue(c) == noDigit && c != 'x' && c != 'X';
 }
 
-/// Reads plain digits, few enough not to overflow. False for any other text.
+/// Reads up to 15 plain digits. False for any other text.
 template <unsigned base, typename Char> bool readDigits(Text<Char> text, quint64 &value)
 {
     constexpr std::size_t digitsWithoutOverflow = 15;
@@ -83,7 +85,7 @@ template <unsigned base, typename Char> bool readDigits(Text<Char> text, quint64
     return true;
 }
 
-/// What is left of toNumber for texts that are no plain digits or out of range.
+/// The part of toNumber for texts that are no plain digits or out of range.
 template <typename Number, typename Char>
 Q_NEVER_INLINE Number toUnusualNumber(Text<Char> text, int base, bool *ok)
 {
@@ -112,7 +114,7 @@ template <typename Number, typename Char>
 Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
 {
     quint64 value = 0;
-    // With base 0, a leading zero stands for another base.
+    // With base 0, a leading zero means that the number is octal or hexadecimal.
     const bool isPlain = base == 16                      ? readDigits<16>(text, value)
         : base == 0 && text.size() > 1 && text[0] == '0' ? false
                                                          : readDigits<10>(text, value);
@@ -125,7 +127,7 @@ Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
 
 template <typename Char> Q_NEVER_INLINE quint8 toUnusualByte(Text<Char> text, int base)
 {
-    // Words behind the payload are common.
+    // A fast way out: words behind the payload are common.
     if (!text.empty() && isForeignToNumbers(text.front(), base))
         return 0;
     return quint8(toNumber<quint32>(text, base));

@@ -9,19 +9,19 @@
 #include <string>
 #include <type_traits>
 
-// Pieces of text need no construction in a QVarLengthArray.
+// Lets QVarLengthArray take pieces of text without constructing them.
 Q_DECLARE_TYPEINFO(Text<char>, Q_PRIMITIVE_TYPE);
 Q_DECLARE_TYPEINFO(Text<char16_t>, Q_PRIMITIVE_TYPE);
 
-/// Lines and their parts, without a copy wherever that is possible.
+/// Splits lines into parts that point into the line; text is copied only where it has to change.
 namespace LineFields {
 
 using CharMask::IsBlank;
 
-/// Parts of a line. Long enough for a CAN FD frame without an allocation.
+/// Parts of a line, with room for a CAN FD frame without an allocation.
 template <typename Char> using Parts = QVarLengthArray<Text<Char>, 192>;
 
-/// Fills a list of parts. Until finish() nobody else may use it.
+/// Fills a list of parts, which must not be used before finish().
 template <typename Char> class PartWriter
 {
 public:
@@ -59,7 +59,7 @@ private:
     Text<Char> *end;
 };
 
-/// Room for a changed copy of a piece of a line, without an allocation for ordinary ones.
+/// Room for a changed copy of a piece of a line; pieces of ordinary length need no allocation.
 template <typename Char> using Scratch = QVarLengthArray<Char, 512>;
 
 template <typename Char> Text<Char> textOf(const Scratch<Char> &scratch)
@@ -86,7 +86,7 @@ template <typename Char> bool equals(Text<Char> text, std::string_view word)
     return text.size() == word.size() && std::equal(text.begin(), text.end(), word.begin());
 }
 
-/// The parts between runs of separators.
+/// The parts between separators, of which several in a row count as one.
 template <typename Char, typename IsSeparator>
 Parts<Char> splitDroppingEmpty(Text<Char> line, IsSeparator isSeparator)
 {
@@ -100,7 +100,8 @@ Parts<Char> splitDroppingEmpty(Text<Char> line, IsSeparator isSeparator)
         quint64 inside = ~CharMask::maskOf(at, count, isSeparator);
         if (count < CharMask::width)
             inside &= (quint64(1) << count) - 1;
-        // A part begins or ends wherever a character differs from the one before it.
+        // A part begins or ends wherever a separator follows another character or the other way
+        // round.
         const quint64 before = inside << 1 | quint64(start != nullptr);
         quint64 starts = inside & ~before;
         quint64 ends = before & ~inside;
@@ -128,7 +129,7 @@ template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
     return splitDroppingEmpty(line, IsBlank());
 }
 
-/// Calls use(part) for every part between two separators, the empty ones too.
+/// Calls use(part) for every part between separators, empty ones included.
 template <char separator, typename Char, typename Use>
 Q_ALWAYS_INLINE void forEachPart(Text<Char> text, Use use)
 {
@@ -140,7 +141,7 @@ Q_ALWAYS_INLINE void forEachPart(Text<Char> text, Use use)
     use(text.substr(start));
 }
 
-/// Split at every \a separator, keeping empty parts.
+/// Splits at every \a separator, keeping empty parts.
 template <char separator, typename Char> Parts<Char> splitKeepingEmpty(Text<Char> text)
 {
     Parts<Char> parts;
@@ -150,7 +151,7 @@ template <char separator, typename Char> Parts<Char> splitKeepingEmpty(Text<Char
     return parts;
 }
 
-/// Part \a index, or an empty text when there are not so many.
+/// Part \a index, or an empty text when there is none.
 template <typename Char> Text<Char> partAt(const Parts<Char> &parts, int index)
 {
     return index >= 0 && index < parts.size() ? parts[index] : Text<Char>();
@@ -166,7 +167,7 @@ template <typename Char> Text<Char> trimmed(Text<Char> text)
     return text;
 }
 
-/// Whether nothing but single spaces part the words of a trimmed text.
+/// Whether the words of a trimmed text are separated by single spaces only.
 template <typename Char> bool isSimplified(Text<Char> text)
 {
     bool afterBlank = false;
@@ -213,7 +214,7 @@ Text<Char> withoutBrackets(Text<Char> text, std::basic_string<Char> &scratch)
     return scratch;
 }
 
-/// Split at every \a separator outside quotes, keeping empty parts and the quotes.
+/// Splits at every \a separator outside quotes, keeping empty parts and the quotes.
 template <char separator, char quote, typename Char> Parts<Char> splitOutsideQuotes(Text<Char> text)
 {
     Parts<Char> parts;
@@ -223,7 +224,7 @@ template <char separator, char quote, typename Char> Parts<Char> splitOutsideQuo
     quint64 openQuote = 0; // all bits when a quote is open
     for (const Char *at = start; at != end;) {
         const std::size_t count = CharMask::blockSize(std::size_t(end - at));
-        // Bit i becomes the parity of the quotes up to character i.
+        // Bit i tells whether the number of quotes up to character i is odd.
         quint64 inQuotes = CharMask::maskOf(at, count, CharMask::Is<quote>());
         for (std::size_t shift = 1; shift < CharMask::width; shift *= 2)
             inQuotes ^= inQuotes << shift;

@@ -24,7 +24,7 @@ bool isAscii(const char *bytes, int size)
     return !(bits & Q_UINT64_C(0x8080808080808080));
 }
 
-// A block, or for small files no more than they need.
+// The size of a block, or for a small file only what it needs.
 int roomFor(const QIODevice &device)
 {
     constexpr qint64 smallestRoom = 1024;
@@ -87,7 +87,7 @@ qint64 LineSource::readBytes(char *to, int maximum)
     return bytes;
 }
 
-// Makes room behind the line being looked for and reads on; false at the end.
+// Keeps the unfinished line, makes room behind it and reads on. False at the end.
 bool LineSource::fill()
 {
     const int kept = std::min(size - lineStart, maxLineSize);
@@ -106,7 +106,7 @@ bool LineSource::fill()
     return true;
 }
 
-// Looks at everything behind start once, for all its lines.
+// Finds all line feeds behind start in one pass.
 void LineSource::scan(int start)
 {
     lineFeeds.clear();

@@ -42,7 +42,7 @@ public:
                Decoding decoding = Decoding::WhereNeeded);
     ~LineSource();
 
-    /// Moves on to the next line; false at the end and on a read error.
+    /// Moves on to the next line. False at the end and on a read error.
     bool next();
 
     /// Starts from the first line again.
@@ -77,12 +77,12 @@ private:
     QByteArray transcoded;                 // UTF-8 that the decoder made and that is not read yet
 
     QByteArray buffer;
-    int lineStart = 0; // of the line being looked for
+    int lineStart = 0; // of the line that next() looks for
     int position = 0;  // behind the last line
     int size = 0;
-    std::vector<int> lineFeeds; // where they stand in the buffer
+    std::vector<int> lineFeeds; // their positions in the buffer
     std::size_t nextLineFeed = 0;
-    bool allAscii = true; // all that was ever read
+    bool allAscii = true; // everything read so far
     bool hasCarriageReturns = false;
 
     Text<char> plain;

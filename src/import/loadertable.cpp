@@ -43,7 +43,7 @@ constexpr TraceReader readers[] = {
      countsAsRead, whenWhole},
 };
 
-// Takes every type that has no row above.
+// Reads every type that has no row above.
 constexpr TraceReader plainText = {DatachunkHelper::PcanExplorerTxt, textMode, readPlainText,
                                    nullptr, TraceReader::CountsAsFailed};
 

@@ -17,7 +17,7 @@ struct TraceReader
     /// When the messages of a trace reach the store.
     enum Delivery {
         AsRead,
-        WhenWhole ///< of a trace with an error in it no message does, wherever the error stands
+        WhenWhole ///< at the end: a trace with an error anywhere in it brings none
     };
 
     DatachunkHelper::ImportFileType type;

@@ -11,9 +11,9 @@ public:
     {
     }
 
-    /// Turns the event loop while the number of messages so far is a multiple of
-    /// messagesBetweenTurns: at the first message, and again at each line that comes to nothing
-    /// then. False when the reader has to stop.
+    /// Turns the event loop if the number of messages so far is a multiple of messagesBetweenTurns.
+    /// Called for each line, it turns again at every line that brings no message. False when the
+    /// reader has to stop.
     bool turnEventLoopWhenDue()
     {
         return messageCounter % messagesBetweenTurns != 0 || sink.turnEventLoop();

@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::size_t longestStandardId = 4;
 
-// Milliseconds and their fraction, which is filled up to three digits and neither cut nor scaled.
-// Without a separator the one part is both.
+// Reads milliseconds and their fraction. The fraction is filled up to three digits; a longer one is
+// neither cut nor scaled. Without a separator the number counts as both.
 template <typename Char>
 void converTimestringAndSetToCanMsg(Text<Char> text, CAN::CanRxMessage &message)
 {
@@ -45,7 +45,7 @@ template <typename Char> Parts<Char> tokensOf(Text<Char> line)
     return isComment ? Parts<Char>() : splitAtBlanks(line);
 }
 
-// The line of a 1.x file, without the columns that 1.1 does not have.
+// Reads a line of a 1.x file, from which the columns that 1.1 does not have are removed.
 template <typename Char>
 Outcome importVersion11StringList(const Parts<Char> &tokens, MessageFeed &feed)
 {

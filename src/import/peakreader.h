@@ -5,7 +5,7 @@
 // The readers of PEAK traces, one for each file version. A rejected line ends the import as a line
 // error; the messages before it have been handed on.
 
-/// \a type, or PeakTrc10 in place of a type that is no PEAK trace: neither is read.
+/// Returns \a type if it is a PEAK trace that can be read, otherwise PeakTrc10, which is refused.
 DatachunkHelper::ImportFileType peakTraceType(DatachunkHelper::ImportFileType type);
 
 /// Version 1.0 says nowhere what kind of frame a line is: it is not read.

@@ -24,7 +24,7 @@ template <typename Char> bool allDigits(Text<Char> text)
     return std::all_of(text.begin(), text.end(), [](Char c) { return digitValue(c) < 10; });
 }
 
-// A time as digits around one point or comma. False, and no parts, for anything else.
+// Splits a time that consists of digits around one point or comma. False for anything else.
 template <typename Char> bool splitTime(Text<Char> text, Text<Char> &whole, Text<Char> &fraction)
 {
     const std::size_t point = std::min({text.find(Char('.')), text.find(Char(',')), text.size()});
@@ -73,8 +73,8 @@ template <typename Char> bool readLength(Text<Char> text, CAN::CanRxMessage &mes
     return ok && length <= quint32(CAN::maxDataBytes);
 }
 
-// "12.5 0x123/291 (2): 01 ff ;5;a note". The note goes to the end of the line, as it was
-// exported, and its words say nothing about the frame.
+// "12.5 0x123/291 (2): 01 ff ;5;a note". The note goes up to the end of the line, as it
+// was exported; words in it do not change the frame.
 template <typename Char>
 bool readExportLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
 {
@@ -89,7 +89,7 @@ bool readExportLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
     return KolvarLine::readFrame(tokens, toNumber<quint32>(fields.substr(0, flagsEnd)), message);
 }
 
-// A word between identifier and length. False when it is none of those.
+// Reads a word between identifier and length. False for a word that cannot stand there.
 template <typename Char> bool readFlag(Text<Char> text, CAN::CanRxMessage &message)
 {
     message.remote = message.remote || equals(text, "r");

@@ -20,7 +20,7 @@ struct TraceRequest
 /// WrongLine or NoColumns.
 Outcome readTraceFile(const TraceRequest &request, TraceSink &sink);
 
-/// What the user is told of a failure: "No error." for a trace that was not read, and nothing
+/// The text about a failure for the user: "No error." for a trace that was not read, and empty
 /// where the format has no text of its own.
 QString errorText(const Outcome &result, const TraceRequest &request);
 

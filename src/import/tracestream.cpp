@@ -24,7 +24,7 @@ bool isText(DatachunkHelper::ImportFileType type)
         && type != DatachunkHelper::EmptyTxtFile;
 }
 
-// Takes nothing: tells only whether the trace can be read to its end.
+// Drops every message; reading into it shows whether the trace can be read to its end.
 class CheckingSink : public TraceSink
 {
 public:
@@ -40,7 +40,7 @@ private:
     const TraceStream::GoesOn &goesOn;
 };
 
-// Readers tell a note before its message, so that only those of the next one wait here.
+// Readers report a note before its message, so only the notes of the next message wait here.
 class HandingSink : public CheckingSink
 {
 public:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr quint32 messagesBetweenTurns = 10000;
 
-// Lines that hold no frame add up in a note; a log of nothing else must not fill the memory.
+// Lines without a frame are collected in a note. A log of nothing else must not fill the memory.
 constexpr int maxNoteLength = 16 * 1024 * 1024;
 
 template <typename Char> bool containsIgnoringCase(Text<Char> text, std::string_view word)
@@ -32,7 +32,7 @@ template <typename Char> bool beginsTriggerBlock(Text<Char> line)
 
 template <typename Char> bool endsTriggerBlock(Text<Char> line)
 {
-    // Frames have no "k", and looking for one character is much faster.
+    // Frames hold no "k", and searching for one character is much faster than for words.
     if constexpr (std::is_same_v<Char, char>) {
         if (line.find('k') == line.npos && line.find('K') == line.npos)
             return false;
@@ -59,7 +59,7 @@ void readClassicFrame(const Parts<Char> &tokens, CAN::CanRxMessage &message)
     message.line = toNumber<quint16>(partAt(tokens, 1), 16);
     readId(partAt(tokens, 2), message);
     const int dataStart = readLengthAtOrBehind(tokens, 4, 10, message);
-    // The last token never counts as data. Other trailing fields do, behind the length.
+    // The last token is never data. Other fields behind the payload are read as data.
     const int dataEnd = tokens.size() - 1;
     readBytes(tokens, dataStart, dataEnd - dataStart, 16, message);
 }

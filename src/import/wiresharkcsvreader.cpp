@@ -9,7 +9,7 @@ namespace {
 
 enum Column { NumberColumn = 0, TimeColumn = 1, ProtocolColumn = 4 };
 
-// The line simplified, but for the last field, of which only the words count.
+// Simplifies the line. The last field may stay as it is, because only its words are read.
 template <typename Char> Text<Char> simplifiedRow(Text<Char> line, Scratch<Char> &scratch)
 {
     line = trimmed(line);
@@ -37,7 +37,7 @@ template <typename Char> bool readRow(Text<Char> line, CAN::CanRxMessage &messag
     if (contains(line, "Info"))
         return false;
     Scratch<Char> scratch;
-    // Commas count within quotes too.
+    // Commas within quotes separate fields, too.
     const Parts<Char> fields = splitKeepingEmpty<','>(simplifiedRow(line, scratch));
     message.messageNumber = toNumber<quint32>(*Unquoted<Char>(fields, NumberColumn));
     readTimeStampInParentheses(*Unquoted<Char>(fields, TimeColumn), message);
@@ -64,7 +64,7 @@ Outcome readWiresharkCsv(LineSource &lines, TraceSink &sink, const TraceRequest 
             return Outcome::givenUp();
         CAN::CanRxMessage message = blank;
         const bool isFrame = lines.visit([&message](auto line) { return readRow(line, message); });
-        // A row that is passed over still tells that the capture holds CAN FD.
+        // A row that is passed over still shows that the capture holds CAN FD.
         fdSeen = fdSeen || message.fdFrame;
         if (isFrame && !sink.message(message))
             return Outcome::givenUp();

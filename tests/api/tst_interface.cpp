@@ -7,7 +7,7 @@
 
 /// What applications reach through the meta-object: names, order, arguments, queued calls.
 /// Links the shared library only.
-class Interface : public QObject
+class TestInterface : public QObject
 {
     Q_OBJECT
 private slots:
@@ -37,7 +37,7 @@ QStringList methodsOf(const QMetaObject &meta)
 
 } // namespace
 
-void Interface::methodsStandInTheirOrder()
+void TestInterface::methodsStandInTheirOrder()
 {
     const QStringList ofStore{
         "newDataFile(uint,QString)",
@@ -86,7 +86,7 @@ void Interface::methodsStandInTheirOrder()
     QCOMPARE(methodsOf(SaveFileWorker::staticMetaObject), ofWorker);
 }
 
-void Interface::privateSlotsCanBeInvoked()
+void TestInterface::privateSlotsCanBeInvoked()
 {
     DatachunkHandler store(20000);
     QSignalSpy cleared(&store, &DatachunkHandler::informAboutCleared);
@@ -103,7 +103,7 @@ void Interface::privateSlotsCanBeInvoked()
     QVERIFY(QMetaObject::invokeMethod(&store, "savingFinished", Q_ARG(bool, false)));
 }
 
-void Interface::queuedCallsCarryEveryType()
+void TestInterface::queuedCallsCarryEveryType()
 {
     DatachunkHandler store(20000);
     QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
@@ -126,11 +126,11 @@ void Interface::queuedCallsCarryEveryType()
     QTRY_COMPARE(errors.count(), 1);
 }
 
-void Interface::queuedSignalsCarryFolders()
+void TestInterface::queuedSignalsCarryFolders()
 {
     const DatachunkHandler store(20000);
     QVERIFY(QMetaType::type("QDir") != QMetaType::UnknownType);
 }
 
-QTEST_GUILESS_MAIN(Interface)
+QTEST_GUILESS_MAIN(TestInterface)
 #include "tst_interface.moc"

@@ -5,7 +5,7 @@
 #include <QtTest>
 
 /// The bytes of chunk files, which other programs read too.
-class ChunkFormatTest : public QObject
+class TestChunkFormat : public QObject
 {
     Q_OBJECT
 private slots:
@@ -14,7 +14,7 @@ private slots:
     void recordBytes();
 };
 
-void ChunkFormatTest::headerBytes()
+void TestChunkFormat::headerBytes()
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
@@ -40,7 +40,7 @@ void ChunkFormatTest::headerBytes()
     QCOMPARE(bytes.toHex(), expected);
 }
 
-void ChunkFormatTest::recordBytes_data()
+void TestChunkFormat::recordBytes_data()
 {
     QTest::addColumn<quint32>("version");
     QTest::addColumn<QByteArray>("hex");
@@ -60,7 +60,7 @@ void ChunkFormatTest::recordBytes_data()
     QTest::newRow("103 has the line") << 103u << common + "0102";
 }
 
-void ChunkFormatTest::recordBytes()
+void TestChunkFormat::recordBytes()
 {
     QFETCH(quint32, version);
     QFETCH(QByteArray, hex);
@@ -92,5 +92,5 @@ void ChunkFormatTest::recordBytes()
     QVERIFY(ChunkFormat::readRecord(stream, back, version) && sameInChunk(back, message));
 }
 
-QTEST_APPLESS_MAIN(ChunkFormatTest)
+QTEST_APPLESS_MAIN(TestChunkFormat)
 #include "tst_chunkformat.moc"

@@ -11,7 +11,7 @@
 #include <unistd.h>
 
 /// Where and how the chunks and exports of a store are written.
-class ChunkSavingTest : public QObject
+class TestChunkSaver : public QObject
 {
     Q_OBJECT
 private slots:
@@ -46,7 +46,7 @@ int modeOf(const QString &path)
 
 } // namespace
 
-void ChunkSavingTest::exportsDoNotWaitForAStuckOne()
+void TestChunkSaver::exportsDoNotWaitForAStuckOne()
 {
     QTemporaryDir folder;
     const QString pipe = makePipe(folder.filePath("stuck.txt"));
@@ -72,7 +72,7 @@ void ChunkSavingTest::exportsDoNotWaitForAStuckOne()
     store.reset();
 }
 
-void ChunkSavingTest::exportsWhileBrowsingCarryLiveNotes()
+void TestChunkSaver::exportsWhileBrowsingCarryLiveNotes()
 {
     QTemporaryDir folder;
     BookmarkHandler bookmarks;
@@ -96,7 +96,7 @@ void ChunkSavingTest::exportsWhileBrowsingCarryLiveNotes()
     }
 }
 
-void ChunkSavingTest::chunksArePrivate()
+void TestChunkSaver::chunksArePrivate()
 {
     QTemporaryDir folder;
     const QString trace = folder.filePath("a.log");
@@ -113,7 +113,7 @@ void ChunkSavingTest::chunksArePrivate()
     QCOMPARE(modeOf(partial.value(0).value(0).toString()), 0600);
 }
 
-void ChunkSavingTest::aLinkInPlaceOfTheFolderIsLeftAlone()
+void TestChunkSaver::aLinkInPlaceOfTheFolderIsLeftAlone()
 {
     QTemporaryDir other;
     writeFile(other.filePath("mine"), "x");
@@ -131,7 +131,7 @@ void ChunkSavingTest::aLinkInPlaceOfTheFolderIsLeftAlone()
     QDir().rmdir(path + "-moved");
 }
 
-void ChunkSavingTest::budgetKeepsCountOfWhatOthersDo()
+void TestChunkSaver::budgetKeepsCountOfWhatOthersDo()
 {
     QTemporaryDir folder;
     DiskBudget budget(folder.path());
@@ -162,7 +162,7 @@ void ChunkSavingTest::budgetKeepsCountOfWhatOthersDo()
     QVERIFY(looks < 100);
 }
 
-void ChunkSavingTest::noChunkIsWrittenIntoAPipe()
+void TestChunkSaver::noChunkIsWrittenIntoAPipe()
 {
     QTemporaryDir folder;
     const QString pipe = makePipe(folder.filePath("a.dck"));
@@ -174,5 +174,5 @@ void ChunkSavingTest::noChunkIsWrittenIntoAPipe()
     QVERIFY(errors.first().first().toString().contains(pipe) && QFileInfo::exists(pipe));
 }
 
-QTEST_GUILESS_MAIN(ChunkSavingTest)
+QTEST_GUILESS_MAIN(TestChunkSaver)
 #include "tst_chunksaver.moc"

@@ -12,7 +12,7 @@
 #include <QtTest>
 
 /// Paging chunks in, opening, appending and splitting chunk files.
-class Loading : public QObject
+class TestLoading : public QObject
 {
     Q_OBJECT
 private slots:
@@ -25,7 +25,6 @@ private slots:
     void memoryOfControlGroupsCounts();
     void longReadingTurnsTheEventLoop_data();
     void longReadingTurnsTheEventLoop();
-    void goingLiveFromASlotEndsTheLoad();
     void missingChunkChangesNothing();
     void splitsIntoParts();
 
@@ -35,7 +34,7 @@ private:
     QTemporaryDir folder;
 };
 
-void Loading::versionText()
+void TestLoading::versionText()
 {
     const auto versionOf = [](const QString &text) {
         QByteArray bytes;
@@ -49,7 +48,7 @@ void Loading::versionText()
     QCOMPARE(versionOf("65640"), 65640u); // 104 in 16 bits
 }
 
-void Loading::cutRecordIsKeptAsFarAsItGoes()
+void TestLoading::cutRecordIsKeptAsFarAsItGoes()
 {
     char record[ChunkFormat::maxRecordSize];
     const CAN::CanRxMessage written = makeMessage(0x12345678, "aabb", 0x0102);
@@ -71,7 +70,7 @@ void Loading::cutRecordIsKeptAsFarAsItGoes()
     }
 }
 
-void Loading::recordsLieAcrossBlockBorders()
+void TestLoading::recordsLieAcrossBlockBorders()
 {
     constexpr int blockSize = 256 * 1024;
     constexpr int recordSize = ChunkFormat::maxRecordSize;
@@ -103,7 +102,7 @@ void Loading::recordsLieAcrossBlockBorders()
     }
 }
 
-void Loading::damageIsTold_data()
+void TestLoading::damageIsTold_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<unsigned int>("messages");
@@ -134,7 +133,7 @@ void Loading::damageIsTold_data()
         "The header of the chunk %1 is damaged; messages read: 13.");
 }
 
-void Loading::damageIsTold()
+void TestLoading::damageIsTold()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(unsigned int, messages);
@@ -159,7 +158,7 @@ void Loading::damageIsTold()
     }
 }
 
-void Loading::memoryIsBounded()
+void TestLoading::memoryIsBounded()
 {
     constexpr qint64 memory = 1024 * 1024;
     const QByteArray head = chunkBytes("1.0", 0, 0).chopped(8);
@@ -191,7 +190,7 @@ void Loading::memoryIsBounded()
     QCOMPARE(records.messages.size(), 999);
 }
 
-void Loading::memoryOfControlGroupsCounts()
+void TestLoading::memoryOfControlGroupsCounts()
 {
     const auto limit = [this](const char *groups, const QMap<QString, QByteArray> &limits) {
         const QDir root(path("root"));
@@ -214,7 +213,7 @@ void Loading::memoryOfControlGroupsCounts()
     QCOMPARE(limit(version1, {{"memory/c/memory.limit_in_bytes", "50\n"}}), none);
 }
 
-void Loading::longReadingTurnsTheEventLoop_data()
+void TestLoading::longReadingTurnsTheEventLoop_data()
 {
     QTest::addColumn<QString>("act");
     QTest::newRow("nothing");
@@ -222,7 +221,7 @@ void Loading::longReadingTurnsTheEventLoop_data()
         QTest::newRow(act);
 }
 
-void Loading::longReadingTurnsTheEventLoop()
+void TestLoading::longReadingTurnsTheEventLoop()
 {
     constexpr quint32 count = 250000;
     const QByteArray act = QTest::currentDataTag();
@@ -254,29 +253,7 @@ void Loading::longReadingTurnsTheEventLoop()
     }
 }
 
-void Loading::goingLiveFromASlotEndsTheLoad()
-{
-    writeFile(path("a.dck"), chunkBytes("1.0", 0, 3));
-    for (const bool beforeTheSwitch : {false, true}) {
-        DatachunkHandler store(20000);
-        store.addnewtestmessage();
-        QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
-        int starts = 0;
-        connect(&store, &DatachunkHandler::chunkContainsFdMessage, [&] {
-            if (!beforeTheSwitch)
-                store.goLive();
-        });
-        connect(&store, &DatachunkHandler::informAboutClearStart, [&] {
-            if (beforeTheSwitch && ++starts == 2)
-                store.goLive();
-        });
-        store.loadDataFromFile(path("a.dck"), DatachunkHelper::CurrentMessages);
-        QVERIFY(store.getIsLive() && errors.isEmpty());
-        QCOMPARE(store.getMessageCount(), 1u);
-    }
-}
-
-void Loading::missingChunkChangesNothing()
+void TestLoading::missingChunkChangesNothing()
 {
     DatachunkHandler store(20000);
     QSignalSpy errors(&store, &DatachunkHandler::newErrorMessage);
@@ -288,7 +265,7 @@ void Loading::missingChunkChangesNothing()
                  .arg(store.chunkFolderPath()));
 }
 
-void Loading::splitsIntoParts()
+void TestLoading::splitsIntoParts()
 {
     const CanMessageBookmark mark(1000, QStringLiteral("mark"));
     writeFile(path("many.name.dck"),
@@ -307,5 +284,5 @@ void Loading::splitsIntoParts()
     QCOMPARE(numbersOf(readChunkFile(parts.filePath("many_2.dck")).messages), QVector<quint32>{2});
 }
 
-QTEST_GUILESS_MAIN(Loading)
+QTEST_GUILESS_MAIN(TestLoading)
 #include "tst_loading.moc"

@@ -11,7 +11,7 @@
 #include <utime.h>
 
 /// One save from the worker's side, and what the store makes of it.
-class SavingTest : public QObject
+class TestSaving : public QObject
 {
     Q_OBJECT
 private slots:
@@ -36,7 +36,7 @@ CAN::CanRxMessage withTime(CAN::CanRxMessage message, qint32 seconds, qint32 mic
 
 } // namespace
 
-void SavingTest::workerReports()
+void TestSaving::workerReports()
 {
     const auto reports = [](const QString &name, int type, unsigned end) {
         QTemporaryDir folder;
@@ -73,7 +73,7 @@ void SavingTest::workerReports()
     QCOMPARE(reports("none/a.txt", 0, 3), "ready, error");
 }
 
-void SavingTest::budgetRemovesTheOldestChunk()
+void TestSaving::budgetRemovesTheOldestChunk()
 {
     // Of files from the oldest to the youngest, of which "=" has the age of the one before.
     const auto removed = [](const QStringList &files, int kibibytesEach, unsigned budget) {
@@ -101,7 +101,7 @@ void SavingTest::budgetRemovesTheOldestChunk()
              QStringList("tmpData9.dck"));
 }
 
-void SavingTest::workerGoesByTheCurrentVersion()
+void TestSaving::workerGoesByTheCurrentVersion()
 {
     SaveFileWorker worker;
     for (const quint16 version : {0, 102, 103}) {
@@ -122,7 +122,7 @@ void SavingTest::workerGoesByTheCurrentVersion()
     }
 }
 
-void SavingTest::textsOfMessages()
+void TestSaving::textsOfMessages()
 {
     const auto lineOf = [](const CAN::CanRxMessage &message) {
         const ChunkFormat::Notes notes{{0, QStringLiteral("a;b\n")}};
@@ -147,7 +147,7 @@ void SavingTest::textsOfMessages()
     QCOMPARE(lineOf(negativeLength), "   0.000000 0x000/0    (-3): ;0;a;b\n\n");
 }
 
-void SavingTest::aDiskThatFillsUpIsTold()
+void TestSaving::aDiskThatFillsUpIsTold()
 {
     // A limit on the size of files lets a part of a write succeed, as an almost full disk does.
     QTemporaryDir folder;
@@ -168,7 +168,7 @@ void SavingTest::aDiskThatFillsUpIsTold()
     }
 }
 
-void SavingTest::fullDiskIsToldOncePerContinuousOutput()
+void TestSaving::fullDiskIsToldOncePerContinuousOutput()
 {
     const QString fullDevice = QStringLiteral("/dev/full");
     if (!QFileInfo(fullDevice).isWritable())
@@ -190,5 +190,5 @@ void SavingTest::fullDiskIsToldOncePerContinuousOutput()
     QCOMPARE(errors.count(), 1);
 }
 
-QTEST_GUILESS_MAIN(SavingTest)
+QTEST_GUILESS_MAIN(TestSaving)
 #include "tst_saving.moc"

@@ -1,11 +1,12 @@
 #include "datachunkhelper.h"
 #include "storefixture.h"
 
+#include <QMetaEnum>
 #include <QtTest>
 
 #include <sys/stat.h>
 
-class Detection : public QObject
+class TestDetection : public QObject
 {
     Q_OBJECT
 private slots:
@@ -18,60 +19,30 @@ private:
     QTemporaryDir folder;
 };
 
-void Detection::tellsTheType_data()
+void TestDetection::tellsTheType_data()
 {
     using H = DatachunkHelper;
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<int>("type");
-    const auto row = [](const char *what, const char *name, const QByteArray &content,
-                        H::ImportFileType type) {
-        QTest::newRow(what) << QString(name) << content << int(type);
-    };
-    row("chunk by its ending", "a.dck", "PCAN-Explorer", H::ChunkFile);
-    row("archive by its ending", "azip", "", H::ZipArchive);
-    row("capitals are no known ending", "a.ASC", "Begin Triggerblock", H::Unknown);
-    row("PEAK 1.0", "a.trc", ";$FILEVERSION=1.0\n", H::PeakTrc10);
-    row("PEAK 1.3 without a line end", "a.trc", ";$FILEVERSION=1.3", H::PeakTrc13);
-    row("PEAK 2.1 behind the last =", "a.trc", "=9=FILEVERSION=2.1\n", H::PeakTrc21);
-    row("PEAK 1.5 does not exist", "a.trc", ";$FILEVERSION=1.5\n", H::Unknown);
-    row("266 is not 10", "a.trc", ";$FILEVERSION=266\n", H::Unknown);
-    row("blank behind the version", "a.trc", ";$FILEVERSION=1.1 \n", H::Unknown);
-    row("blank before the version", "a.trc", ";$FILEVERSION= 1.1\n", H::PeakTrc11);
-    row("blank behind the last point", "a.trc", ";$FILEVERSION=11 .\n", H::Unknown);
-    row("CR without a line feed", "a.trc", ";$FILEVERSION=1.1\r", H::Unknown);
-    row("CR before the line end", "a.trc", ";$FILEVERSION=1.1\r\r\n", H::Unknown);
-    row("CR within the version", "a.trc", ";$FILEVERSION=1.\r1\r\n", H::Unknown);
-    row("version in the second line", "a.trc", ";\n;$FILEVERSION=1.1\n", H::Unknown);
-    row("empty trace", "a.trc", "", H::Unknown);
-    row("trace without a version", "a.trc", "1) 2.3 Rx 300 1 00\n", H::Unknown);
-    const QByteArray kolvar = "# timestamp id (dlc): data;flags\n";
-    row("only line feeds", "a.txt", "\n\n\n", H::EmptyTxtFile);
-    row("PCAN-Explorer wins over Kvaser", "a.txt", "Kvaser\nPCAN-Explorer", H::PcanExplorerTxt);
-    row("Kolvar after empty lines", "a.log", "\n\n" + kolvar, H::KolvarTxt);
-    row("Kolvar wins over CoCTT", "a.log", kolvar + "Test CAN", H::KolvarTxt);
-    row("Kolvar header in the second line", "a.log", "x\n" + kolvar, H::Unknown);
-    row("CoCTT wins over Ixxat", "a.csv", "Bus,No\nTest CAN", H::CoCTTLog);
-    row("Ixxat with quotes", "a.csv", "\"Bus\",\"No\"\n", H::IxxatTrace);
-    row("Ixxat without quotes", "a.csv", "Bus,No,Time\n", H::IxxatTrace);
-    row("Ixxat header must come first", "a.csv", "\nBus,No,Time\n", H::Unknown);
-    row("ASC that mentions Kvaser", "a.asc", "Begin Triggerblock Kvaser", H::KvaserTxtLog);
-    row("CanKing received", "a.txt", "0 1 2 1 2 3.5   R \r\n", H::KvaserCanKingLog);
-    row("CanKing sent", "a.txt", "0 1 2 1 2 3.5 T", H::KvaserCanKingLog);
-    row("candump with an interface", "a.log", "can12  123 [1] 00", H::SocketCanDump);
-    row("interface in hexadecimal", "a.log", "can0x1f 123 [1] 00", H::SocketCanDump);
-    row("interface without a number", "a.log", "can 123 [1] 00", H::Unknown);
-    row("vcan0 is no interface", "a.log", "vcan0 123 [1] 00", H::Unknown);
-    row("open parenthesis with can inside", "a.log", "(can0 1", H::Unknown);
-    row("UTF-16 is decoded", "a.asc",
-        QByteArray("\xff\xfe"
-                   "d\0\n\0"
-                   "B\0i\0t\0C\0o\0u\0n\0t\0",
-                   22),
-        H::VectorAsc);
+    // Name, file, content with \\n and \\r, and the type, with tabs in between.
+    const auto types = QMetaEnum::fromType<H::ImportFileType>();
+    const QByteArray cases = readFile(QStringLiteral(TESTDATA "/detection.tsv"));
+    for (const QByteArray &line : cases.chopped(1).split('\n')) {
+        QByteArrayList fields = line.split('\t');
+        QCOMPARE(fields.size(), 4);
+        fields[2].replace("\\n", "\n").replace("\\r", "\r");
+        QTest::newRow(fields[0]) << QString(fields[1]) << fields[2] << types.keyToValue(fields[3]);
+    }
+    QTest::newRow("UTF-16 is decoded") << QStringLiteral("a.asc")
+                                       << QByteArray("\xff\xfe"
+                                                     "d\0\n\0"
+                                                     "B\0i\0t\0C\0o\0u\0n\0t\0",
+                                                     22)
+                                       << int(H::VectorAsc);
 }
 
-void Detection::tellsTheType()
+void TestDetection::tellsTheType()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
@@ -80,7 +51,7 @@ void Detection::tellsTheType()
     QTEST(int(DatachunkHelper().getImportFileType(file)), "type");
 }
 
-void Detection::looksAtTheFirstMiBOnly()
+void TestDetection::looksAtTheFirstMiBOnly()
 {
     const QString file = folder.filePath(QStringLiteral("big.asc"));
     const QByteArray lines = QByteArray("some line\n").repeated(104858);
@@ -90,7 +61,7 @@ void Detection::looksAtTheFirstMiBOnly()
     QCOMPARE(DatachunkHelper().getImportFileType(file), DatachunkHelper::Unknown);
 }
 
-void Detection::fileThatCannotBeReadIsUnknown()
+void TestDetection::fileThatCannotBeReadIsUnknown()
 {
     const QString pipe = folder.filePath(QStringLiteral("pipe.log"));
     QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
@@ -100,5 +71,5 @@ void Detection::fileThatCannotBeReadIsUnknown()
     }
 }
 
-QTEST_APPLESS_MAIN(Detection)
+QTEST_APPLESS_MAIN(TestDetection)
 #include "tst_detection.moc"

@@ -7,7 +7,7 @@
 #include <QtTest>
 
 /// What an import does to the store, and what happens when others use the store meanwhile.
-class Dispatch : public QObject
+class TestDispatch : public QObject
 {
     Q_OBJECT
 private slots:
@@ -25,14 +25,14 @@ private:
     QTemporaryDir folder;
 };
 
-QString Dispatch::candump(int lines)
+QString TestDispatch::candump(int lines)
 {
     const QString file = folder.filePath(QStringLiteral("a.log"));
     writeFile(file, candumpLines(0, lines));
     return file;
 }
 
-void Dispatch::signalsOfAFailedImport_data()
+void TestDispatch::signalsOfAFailedImport_data()
 {
     using H = DatachunkHelper;
     QTest::addColumn<QString>("file");
@@ -58,7 +58,7 @@ void Dispatch::signalsOfAFailedImport_data()
     row("missing file", "missing", H::SocketCanDump, "imported ");
 }
 
-void Dispatch::signalsOfAFailedImport()
+void TestDispatch::signalsOfAFailedImport()
 {
     using H = DatachunkHandler;
     QFETCH(QString, file);
@@ -83,7 +83,7 @@ void Dispatch::signalsOfAFailedImport()
     QCOMPARE(store.getMessageCount(), 1u);
 }
 
-void Dispatch::errorAtTheEndLeavesNoChunk()
+void TestDispatch::errorAtTheEndLeavesNoChunk()
 {
     const QString file = folder.filePath(QStringLiteral("described.txt"));
     const QByteArray good = QByteArray("1.0 1 123 Rx d 1 11\n").repeated(2500);
@@ -110,7 +110,7 @@ void Dispatch::errorAtTheEndLeavesNoChunk()
     QCOMPARE(store.getMessageCount(), shown + 3);
 }
 
-void Dispatch::partsOfALongNameAreSaved()
+void TestDispatch::partsOfALongNameAreSaved()
 {
     const QString name = QStringLiteral("\u00fc").repeated(121) + QStringLiteral("100%1.5");
     const QString file = folder.filePath(name + QStringLiteral(".log"));
@@ -126,7 +126,7 @@ void Dispatch::partsOfALongNameAreSaved()
     }
 }
 
-void Dispatch::importWithoutAWritableChunkFolder()
+void TestDispatch::importWithoutAWritableChunkFolder()
 {
     const QByteArray before = qgetenv("XDG_DATA_HOME");
     const QString blocked = folder.filePath(QStringLiteral("blocked"));
@@ -148,7 +148,7 @@ void Dispatch::importWithoutAWritableChunkFolder()
     QCOMPARE(readFile(blocked), QByteArray("a file"));
 }
 
-void Dispatch::liveTrafficGoesOnDuringAnImport()
+void TestDispatch::liveTrafficGoesOnDuringAnImport()
 {
     DatachunkHandler store(5600);
     QSignalSpy saved(&store, &DatachunkHandler::newDataFile);
@@ -173,7 +173,7 @@ void Dispatch::liveTrafficGoesOnDuringAnImport()
     QVERIFY(store.getMessageNote(1501).endsWith(QStringLiteral("live")));
 }
 
-void Dispatch::importOnAThreadWithoutTheStoresEventLoop()
+void TestDispatch::importOnAThreadWithoutTheStoresEventLoop()
 {
     DatachunkHandler store(6000);
     const QString file = candump(2500);
@@ -185,5 +185,5 @@ void Dispatch::importOnAThreadWithoutTheStoresEventLoop()
     QVERIFY(!store.getIsLive());
 }
 
-QTEST_GUILESS_MAIN(Dispatch)
+QTEST_GUILESS_MAIN(TestDispatch)
 #include "tst_dispatch.moc"

@@ -14,7 +14,7 @@ using Store = DatachunkHandler;
 using Type = DatachunkHelper::ImportFileType;
 
 /// What the importer classes do beside reading, which the trace fixtures show.
-class Importers : public QObject
+class TestImporters : public QObject
 {
     Q_OBJECT
 private slots:
@@ -48,7 +48,7 @@ const QString columnError =
 
 } // namespace
 
-QString Importers::write(const QByteArray &content, const QString &name)
+QString TestImporters::write(const QByteArray &content, const QString &name)
 {
     QFile file(folder.filePath(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
@@ -57,8 +57,8 @@ QString Importers::write(const QByteArray &content, const QString &name)
 }
 
 template <typename Class, typename... Types>
-void Importers::use(const QByteArray &good, const QByteArray &broken, QString error,
-                    bool (*load)(Store &, const QString &), Types... type)
+void TestImporters::use(const QByteArray &good, const QByteArray &broken, QString error,
+                        bool (*load)(Store &, const QString &), Types... type)
 {
     const QString goodTrace = write(good);
     const QString brokenTrace = write(broken, QStringLiteral("100%2 %1 broken"));
@@ -108,7 +108,7 @@ void Importers::use(const QByteArray &good, const QByteArray &broken, QString er
     QVERIFY(load(store, goodTrace));
 }
 
-void Importers::peak()
+void TestImporters::peak()
 {
     constexpr auto v11 = Type::PeakTrc11;
     constexpr auto v20 = Type::PeakTrc20;
@@ -120,19 +120,19 @@ void Importers::peak()
         [](Store &s, const QString &f) { return s.loadPeakTraceFile(f, v20); }, v20);
 }
 
-void Importers::ixxat()
+void TestImporters::ixxat()
 {
     use<IxxatFileImporter>("Time,ID,Data,,,\n1,123,11,,,,\n", "Time,Node ID,Data\n\n", columnError,
                            [](Store &s, const QString &f) { return s.loadIxxatFile(f); });
 }
 
-void Importers::coctt()
+void TestImporters::coctt()
 {
     use<CoCTTImporter>("Test CAN : 1 123 Rx SD 1 11\n", "Test Info : a\nTest CAN : 1 123\n",
                        lineError, [](Store &s, const QString &f) { return s.loadCoCTTFile(f); });
 }
 
-void Importers::describedLayout()
+void TestImporters::describedLayout()
 {
     const auto load = [](Store &s, const QString &f) {
         return s.loadGenericFile(f, QStringLiteral("t n i ? ? l d"));
@@ -140,7 +140,7 @@ void Importers::describedLayout()
     use<GenericFileImporter>("1.5 1 123 Rx d 1 11\n", "#\n1.5 1 123\n", lineError, load);
 }
 
-void Importers::peakReadsOnlyItsVersions()
+void TestImporters::peakReadsOnlyItsVersions()
 {
     const QString trace = write("(1.5) can0 123#11\n1) 1.5 Rx 0123 1 11\n");
     PeakTraceImporter importer;
@@ -154,7 +154,7 @@ void Importers::peakReadsOnlyItsVersions()
     }
 }
 
-void Importers::peakStopsWhenASlotDeletesIt()
+void TestImporters::peakStopsWhenASlotDeletesIt()
 {
     const QString trace = write("1) 1.5 Rx 0001 0\n2) 2.5 Rx 0002 0\nwords\n");
     auto importer = std::make_unique<PeakTraceImporter>();
@@ -168,7 +168,7 @@ void Importers::peakStopsWhenASlotDeletesIt()
     QCOMPARE(received, 1);
 }
 
-void Importers::notesJoinThoseOfTheCaller()
+void TestImporters::notesJoinThoseOfTheCaller()
 {
     const QString trace = write("Test Info : a\nTest CAN : 1 1 Rx SD 0\nTest Error : b\n");
     Messages messages;
@@ -177,7 +177,7 @@ void Importers::notesJoinThoseOfTheCaller()
     QCOMPARE(notes, Notes({{0, "mine | Test Info : a"}, {1, "Test Error : b"}, {7, "other"}}));
 }
 
-void Importers::genericLayoutCanBeChanged()
+void TestImporters::genericLayoutCanBeChanged()
 {
     GenericFileImporter importer;
     QCOMPARE(importer.formatDescription, QStringLiteral("t n i ? ? l d"));
@@ -189,5 +189,5 @@ void Importers::genericLayoutCanBeChanged()
     QCOMPARE(messages[0].microseconds, 5);
 }
 
-QTEST_GUILESS_MAIN(Importers)
+QTEST_GUILESS_MAIN(TestImporters)
 #include "tst_importers.moc"

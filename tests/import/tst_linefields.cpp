@@ -5,7 +5,7 @@
 #include <random>
 
 /// The quick conversions against QString's own.
-class LineFieldsTest : public QObject
+class TestLineFields : public QObject
 {
     Q_OBJECT
 private slots:
@@ -57,7 +57,7 @@ QStringList strings(const LineFields::Parts<char> &parts)
 
 } // namespace
 
-void LineFieldsTest::numbersFollowQt()
+void TestLineFields::numbersFollowQt()
 {
     std::mt19937 random(1);
     for (int i = 0; i < 50000; ++i) {
@@ -71,7 +71,7 @@ void LineFieldsTest::numbersFollowQt()
     }
 }
 
-void LineFieldsTest::splitsAsQStringDoes()
+void TestLineFields::splitsAsQStringDoes()
 {
     std::mt19937 random(2);
     for (int i = 0; i < 20000; ++i) {
@@ -99,5 +99,5 @@ void LineFieldsTest::splitsAsQStringDoes()
     }
 }
 
-QTEST_GUILESS_MAIN(LineFieldsTest)
+QTEST_GUILESS_MAIN(TestLineFields)
 #include "tst_linefields.moc"

@@ -8,7 +8,7 @@
 #include <random>
 
 /// The lines against those of a QTextStream on a device in text mode.
-class LineSourceTest : public QObject
+class TestLineSource : public QObject
 {
     Q_OBJECT
 private slots:
@@ -70,7 +70,7 @@ QByteArray withByteOrderMark(const QString &text, const char *codec)
 
 } // namespace
 
-void LineSourceTest::givesTheLinesOfATextStream_data()
+void TestLineSource::givesTheLinesOfATextStream_data()
 {
     constexpr int severalBlocks = 900000;
     QTest::addColumn<QByteArray>("bytes");
@@ -102,7 +102,7 @@ void LineSourceTest::givesTheLinesOfATextStream_data()
         QTest::newRow(name) << withByteOrderMark(text, name);
 }
 
-void LineSourceTest::givesTheLinesOfATextStream()
+void TestLineSource::givesTheLinesOfATextStream()
 {
     QFETCH(QByteArray, bytes);
     const QStringList expected = linesOfTextStream(bytes);
@@ -110,14 +110,14 @@ void LineSourceTest::givesTheLinesOfATextStream()
         QCOMPARE(linesOf(bytes, decoding), expected);
 }
 
-void LineSourceTest::keepsOneMiBOfALine()
+void TestLineSource::keepsOneMiBOfALine()
 {
     constexpr int mebibyte = 1024 * 1024;
     const QStringList lines = linesOf("a\n" + QByteArray(3 * mebibyte + 5, 'b') + "\nc");
     QCOMPARE(lines, QStringList({"a", QString(mebibyte, QLatin1Char('b')), "c"}));
 }
 
-void LineSourceTest::beginsAgain()
+void TestLineSource::beginsAgain()
 {
     const QString text = QStringLiteral("one \u20AC\ntwo\n");
     for (const char *name : {"UTF-8", "UTF-16LE"}) {
@@ -132,11 +132,11 @@ void LineSourceTest::beginsAgain()
     }
 }
 
-void LineSourceTest::carriageReturnsCanBeKept()
+void TestLineSource::carriageReturnsCanBeKept()
 {
     constexpr auto kept = LineSource::CarriageReturns::Kept;
     QCOMPARE(linesOf("a\rb\r\n", LineSource::Decoding::WhereNeeded, kept), QStringList("a\rb\r"));
 }
 
-QTEST_GUILESS_MAIN(LineSourceTest)
+QTEST_GUILESS_MAIN(TestLineSource)
 #include "tst_linesource.moc"

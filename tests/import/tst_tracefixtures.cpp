@@ -9,7 +9,7 @@
 #include <QtTest>
 
 /// Imports every trace below data/traces and compares what comes out with what is expected.
-class TraceFixtures : public QObject
+class TestTraceFixtures : public QObject
 {
     Q_OBJECT
 private slots:
@@ -20,7 +20,7 @@ private slots:
     void everyLoaderReadsItsOwnType();
 };
 
-void TraceFixtures::import_data()
+void TestTraceFixtures::import_data()
 {
     QTest::addColumn<int>("index");
     int index = 0;
@@ -28,7 +28,7 @@ void TraceFixtures::import_data()
         QTest::newRow(qPrintable(fixture.name)) << index++;
 }
 
-void TraceFixtures::import()
+void TestTraceFixtures::import()
 {
     QFETCH(int, index);
     const TraceFixture fixture = traceFixtures().at(index);
@@ -41,12 +41,12 @@ void TraceFixtures::import()
     QCOMPARE(fixture.isDetected ? found : folder, folder);
 }
 
-void TraceFixtures::aStreamGivesTheSame_data()
+void TestTraceFixtures::aStreamGivesTheSame_data()
 {
     import_data();
 }
 
-void TraceFixtures::aStreamGivesTheSame()
+void TestTraceFixtures::aStreamGivesTheSame()
 {
     QFETCH(int, index);
     const TraceFixture fixture = traceFixtures().at(index);
@@ -70,7 +70,7 @@ void TraceFixtures::aStreamGivesTheSame()
     QCOMPARE(messages + notes, expected.filter(notAboutFd));
 }
 
-void TraceFixtures::everyLoaderReadsItsOwnType()
+void TestTraceFixtures::everyLoaderReadsItsOwnType()
 {
     using H = DatachunkHandler;
     using Types = DatachunkHelper;
@@ -105,5 +105,5 @@ void TraceFixtures::everyLoaderReadsItsOwnType()
     QCOMPARE(read.size(), loaders.size());
 }
 
-QTEST_GUILESS_MAIN(TraceFixtures)
+QTEST_GUILESS_MAIN(TestTraceFixtures)
 #include "tst_tracefixtures.moc"

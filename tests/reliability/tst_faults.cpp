@@ -14,11 +14,11 @@ using Faults::Fault;
 
 /// Every call of the system fails in every operation, once and from then on: the starts of threads
 /// with the argument "threads", all others without. The process has to end as usual then.
-class FaultsTest : public QObject
+class TestFaults : public QObject
 {
     Q_OBJECT
 public:
-    explicit FaultsTest(bool threads) : threads(threads) { }
+    explicit TestFaults(bool threads) : threads(threads) { }
 
 private slots:
     void everyFaultIsSurvived_data();
@@ -122,7 +122,7 @@ void judge(Scene &scene, const Operation &operation, const Fault &fault, bool me
 } // namespace
 
 // Runs an operation once; whether it met the fault.
-bool FaultsTest::survives(Scene &scene, const Operation &operation, const Fault &fault)
+bool TestFaults::survives(Scene &scene, const Operation &operation, const Fault &fault)
 {
     // A store may start its threads when it begins, and a pool keeps threads of the case before.
     if (threads) {
@@ -149,7 +149,7 @@ bool FaultsTest::survives(Scene &scene, const Operation &operation, const Fault 
     return met;
 }
 
-void FaultsTest::everyFaultIsSurvived_data()
+void TestFaults::everyFaultIsSurvived_data()
 {
     QTest::addColumn<int>("operation");
     QTest::addColumn<int>("call");
@@ -161,7 +161,7 @@ void FaultsTest::everyFaultIsSurvived_data()
     }
 }
 
-void FaultsTest::everyFaultIsSurvived()
+void TestFaults::everyFaultIsSurvived()
 {
     QFETCH(int, operation);
     QFETCH(int, call);
@@ -197,14 +197,14 @@ void FaultsTest::everyFaultIsSurvived()
     }
 }
 
-void FaultsTest::everyCallWasMet()
+void TestFaults::everyCallWasMet()
 {
     QCOMPARE(callsMet.size(), callRows(threads).size());
     qInfo("%d cases, the slowest took %lld ms", cases, slowest);
     QVERIFY(slowest < 5000 || !isFullSweep());
 }
 
-void FaultsTest::storeMayBeDeletedByAJobOfItsOwnThread()
+void TestFaults::storeMayBeDeletedByAJobOfItsOwnThread()
 {
     Faults::arm({Faults::Thread, EAGAIN, 1, true});
     const QPointer<DatachunkHandler> store(new DatachunkHandler(20000));
@@ -217,7 +217,7 @@ void FaultsTest::storeMayBeDeletedByAJobOfItsOwnThread()
     QVERIFY(Faults::disarm());
 }
 
-void FaultsTest::lackOfMemoryForATraceIsToldOnce()
+void TestFaults::lackOfMemoryForATraceIsToldOnce()
 {
     QTemporaryDir folder;
     const QString trace = folder.filePath(QStringLiteral("a.trc"));
@@ -231,7 +231,7 @@ void FaultsTest::lackOfMemoryForATraceIsToldOnce()
     QVERIFY(!Faults::allocationsFail || errors.first().first().toString().contains(trace));
 }
 
-void FaultsTest::aDiskThatDoesNotAnswerHoldsUpNobody()
+void TestFaults::aDiskThatDoesNotAnswerHoldsUpNobody()
 {
     constexpr quint32 size = 1000;
     const QString where =
@@ -279,7 +279,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
     const bool threads = argc > 1 && QByteArray(argv[1]) == "threads";
-    FaultsTest test(threads);
+    TestFaults test(threads);
     return QTest::qExec(&test, argc - threads, argv + threads);
 }
 

@@ -9,7 +9,7 @@
 
 /// Every bit of a chunk and of an archive flipped in turn, and every cut of them. What the store
 /// has to make of the result is what the targets of the fuzzer check.
-class Flips : public QObject
+class TestFlips : public QObject
 {
     Q_OBJECT
 private slots:
@@ -52,7 +52,7 @@ QSet<quint32> mergedNumbers(const QByteArray &archive)
 
 } // namespace
 
-void Flips::anyDamageDoesNoMore_data()
+void TestFlips::anyDamageDoesNoMore_data()
 {
     QTest::addColumn<QByteArray>("whole");
     const QByteArray chunk =
@@ -65,7 +65,7 @@ void Flips::anyDamageDoesNoMore_data()
     QTest::newRow("archiveunpack") << archive;
 }
 
-void Flips::anyDamageDoesNoMore()
+void TestFlips::anyDamageDoesNoMore()
 {
     // A text that claims to be long gets room for its first MiB of characters before it is read,
     // and Qt rounds that up.
@@ -83,7 +83,7 @@ void Flips::anyDamageDoesNoMore()
         QVERIFY2(memoryToRun(target, flipped(whole, bit)) <= limit, QByteArray::number(bit));
 }
 
-void Flips::damageToAnEntryLeavesTheOthersWhole()
+void TestFlips::damageToAnEntryLeavesTheOthersWhole()
 {
     const QByteArray whole = sampleArchive();
     const int second = whole.indexOf("PK\x03\x04", 4);
@@ -99,5 +99,5 @@ void Flips::damageToAnEntryLeavesTheOthersWhole()
         QVERIFY2(mergedNumbers(whole.left(size)).isEmpty(), QByteArray::number(size));
 }
 
-QTEST_GUILESS_MAIN(Flips)
+QTEST_GUILESS_MAIN(TestFlips)
 #include "tst_flips.moc"

@@ -11,7 +11,7 @@
 #include <functional>
 
 /// Slots and events that use, or delete, a store which is in the middle of something.
-class Hazards : public QObject
+class TestHazards : public QObject
 {
     Q_OBJECT
 private slots:
@@ -210,7 +210,7 @@ QByteArray endStore(const QPointer<H> &store)
 
 } // namespace
 
-void Hazards::initTestCase()
+void TestHazards::initTestCase()
 {
     QLoggingCategory::setFilterRules("*.debug=false");
     countObjects();
@@ -233,14 +233,14 @@ void Hazards::initTestCase()
     QVERIFY(QFile::link("/dev/full", "good_splitted/good_0.dck"));
 }
 
-void Hazards::slotMayDoAnything_data()
+void TestHazards::slotMayDoAnything_data()
 {
     QTest::addColumn<int>("operation");
     for (int operation = 0; operation < operations().size(); ++operation)
         QTest::newRow(operations().at(operation).name) << operation;
 }
 
-void Hazards::slotMayDoAnything()
+void TestHazards::slotMayDoAnything()
 {
     QFETCH(int, operation);
     const Step &step = operations().at(operation);
@@ -263,14 +263,14 @@ void Hazards::slotMayDoAnything()
     QCOMPARE(leftBehind(before), QString());
 }
 
-void Hazards::eventOfAnImportMayDoAnything_data()
+void TestHazards::eventOfAnImportMayDoAnything_data()
 {
     QTest::addColumn<int>("format");
     for (int format = 0; format < generatedFormats().size(); ++format)
         QTest::newRow(generatedFormats().at(format).name) << format;
 }
 
-void Hazards::eventOfAnImportMayDoAnything()
+void TestHazards::eventOfAnImportMayDoAnything()
 {
     QFETCH(int, format);
     constexpr int turns = 50;
@@ -305,7 +305,7 @@ void Hazards::eventOfAnImportMayDoAnything()
     }
 }
 
-void Hazards::packingTakesWholeFilesOnly()
+void TestHazards::packingTakesWholeFilesOnly()
 {
     H store(200000);
     QSet<int> sizes;
@@ -333,5 +333,5 @@ void Hazards::packingTakesWholeFilesOnly()
     }
 }
 
-QTEST_GUILESS_MAIN(Hazards)
+QTEST_GUILESS_MAIN(TestHazards)
 #include "tst_hazards.moc"

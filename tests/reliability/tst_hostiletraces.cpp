@@ -17,7 +17,7 @@
 using Type = DatachunkHelper::ImportFileType;
 
 /// Files that are no ordinary traces, or do not stay what they are while they are read.
-class HostileTraces : public QObject
+class TestHostileTraces : public QObject
 {
     Q_OBJECT
 private slots:
@@ -56,7 +56,7 @@ private:
 
 } // namespace
 
-void HostileTraces::hugeLineTakesLittleMemory_data()
+void TestHostileTraces::hugeLineTakesLittleMemory_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<qint64>("size");
@@ -66,7 +66,7 @@ void HostileTraces::hugeLineTakesLittleMemory_data()
     QTest::newRow("beyond 31 bits") << int(DatachunkHelper::SocketCanDump) << 2100 * mebibyte;
 }
 
-void HostileTraces::hugeLineTakesLittleMemory()
+void TestHostileTraces::hugeLineTakesLittleMemory()
 {
     constexpr qint64 memory = 24 * mebibyte;
     QFETCH(int, type);
@@ -82,7 +82,7 @@ void HostileTraces::hugeLineTakesLittleMemory()
     QVERIFY(sink.messages.size() <= 2);
 }
 
-void HostileTraces::onlyRegularFilesAreRead()
+void TestHostileTraces::onlyRegularFilesAreRead()
 {
     const QString pipe = path(QStringLiteral("pipe"));
     QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
@@ -106,7 +106,7 @@ void HostileTraces::onlyRegularFilesAreRead()
     }
 }
 
-void HostileTraces::traceCutWhileItIsReadEndsThere()
+void TestHostileTraces::traceCutWhileItIsReadEndsThere()
 {
     const QString file = path(QStringLiteral("cut.log"));
     const QByteArray line = "(1.5) can0 123#1122\n";
@@ -118,7 +118,7 @@ void HostileTraces::traceCutWhileItIsReadEndsThere()
     QCOMPARE(sink.messages.size(), 50000);
 }
 
-void HostileTraces::archiveCutWhileItIsReadEndsThere()
+void TestHostileTraces::archiveCutWhileItIsReadEndsThere()
 {
     const QString zip = path(QStringLiteral("cut.zip"));
     const QByteArray chunk = chunkBytes(QStringLiteral("1.0"), 0, 20000);
@@ -138,5 +138,5 @@ void HostileTraces::archiveCutWhileItIsReadEndsThere()
     }
 }
 
-QTEST_GUILESS_MAIN(HostileTraces)
+QTEST_GUILESS_MAIN(TestHostileTraces)
 #include "tst_hostiletraces.moc"

@@ -131,7 +131,7 @@ bool isWholeArchive(const QString &fileName, const QString &chunkFolder)
 } // namespace
 
 /// Processes that share a data location and end as they please.
-class Kills : public QObject
+class TestKills : public QObject
 {
     Q_OBJECT
 private slots:
@@ -148,7 +148,7 @@ private:
     std::unique_ptr<QTemporaryDir> folder;
 };
 
-void Kills::init()
+void TestKills::init()
 {
     folder = std::make_unique<QTemporaryDir>();
     qputenv("XDG_DATA_HOME", QFile::encodeName(path("data")));
@@ -156,14 +156,14 @@ void Kills::init()
     writeFile(path("trace.log"), candumpLines(0, traceSize));
 }
 
-void Kills::clearLocation()
+void TestKills::clearLocation()
 {
     QDir(path("data")).removeRecursively();
     QDir().mkpath(path("data/tst_kills/datachunks"));
 }
 
 // What is left of a process is named after its chunk folder.
-QMap<QString, QByteArray> Kills::filesWithout(const QString &chunkFolder) const
+QMap<QString, QByteArray> TestKills::filesWithout(const QString &chunkFolder) const
 {
     QMap<QString, QByteArray> files = filesBelow(path("data"));
     for (const QString &name : files.keys()) {
@@ -173,7 +173,7 @@ QMap<QString, QByteArray> Kills::filesWithout(const QString &chunkFolder) const
     return files;
 }
 
-void Kills::announcedChunksSurvive()
+void TestKills::announcedChunksSurvive()
 {
     const int kills = int(numberFrom("KILLS", 30));
     const auto seed = quint32(numberFrom("KILLS_SEED", 1));
@@ -210,7 +210,7 @@ void Kills::announcedChunksSurvive()
     QVERIFY(sum["chunk"] > kills && sum["partial"] > 0 && sum["archive"] > 0);
 }
 
-void Kills::instancesShareNothing_data()
+void TestKills::instancesShareNothing_data()
 {
     QTest::addColumn<bool>("together");
     QTest::addColumn<bool>("firstEndsFirst");
@@ -219,7 +219,7 @@ void Kills::instancesShareNothing_data()
     QTest::newRow("both start at once") << true << true;
 }
 
-void Kills::instancesShareNothing()
+void TestKills::instancesShareNothing()
 {
     QFETCH(bool, together);
     QFETCH(bool, firstEndsFirst);
@@ -252,7 +252,7 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     if (argc == 4 && QByteArray(argv[1]) == "record")
         return record(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
-    Kills test;
+    TestKills test;
     return QTest::qExec(&test, argc, argv);
 }
 

@@ -8,7 +8,7 @@
 ///
 /// DATACHUNK_SEED gives the seed of the last row, DATACHUNK_COMMANDS the number of commands and
 /// DATACHUNK_MESSAGES the length of the recording.
-class Model : public QObject
+class TestModel : public QObject
 {
     Q_OBJECT
 private slots:
@@ -33,7 +33,7 @@ QByteArray drive(StoreDriver::Weights weights, quint32 seed, int readers, int co
 
 } // namespace
 
-void Model::initTestCase()
+void TestModel::initTestCase()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     countObjects();
@@ -41,7 +41,7 @@ void Model::initTestCase()
     drive(StoreDriver::Everything, 1, 1, 300, 100000);
 }
 
-void Model::storeIsWhatItsModelIs_data()
+void TestModel::storeIsWhatItsModelIs_data()
 {
     QTest::addColumn<quint32>("seed");
     for (quint32 seed = 1; seed <= 40; ++seed)
@@ -50,7 +50,7 @@ void Model::storeIsWhatItsModelIs_data()
     QTest::newRow("any seed") << quint32(any);
 }
 
-void Model::storeIsWhatItsModelIs()
+void TestModel::storeIsWhatItsModelIs()
 {
     QFETCH(quint32, seed);
     const ProcessState before = processState();
@@ -60,7 +60,7 @@ void Model::storeIsWhatItsModelIs()
     QCOMPARE(leftBehind(before), QString());
 }
 
-void Model::storesEndAtAnyPoint()
+void TestModel::storesEndAtAnyPoint()
 {
     const ProcessState before = processState();
     for (quint32 seed = 0; seed < 1000; ++seed) {
@@ -70,7 +70,7 @@ void Model::storesEndAtAnyPoint()
     QCOMPARE(leftBehind(before), QString());
 }
 
-void Model::everyRotatedMessageIsInOneChunk()
+void TestModel::everyRotatedMessageIsInOneChunk()
 {
     const auto seed = quint32(numberFrom("DATACHUNK_SEED", 1));
     const quint64 messages = numberFrom("DATACHUNK_MESSAGES", 6000000);
@@ -80,5 +80,5 @@ void Model::everyRotatedMessageIsInOneChunk()
     QCOMPARE(leftBehind(before), QString());
 }
 
-QTEST_GUILESS_MAIN(Model)
+QTEST_GUILESS_MAIN(TestModel)
 #include "tst_model.moc"

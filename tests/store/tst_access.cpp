@@ -6,7 +6,7 @@
 #include <QtTest>
 
 /// Reading single messages, stepping through lines, notes and bookmarks.
-class Access : public QObject
+class TestAccess : public QObject
 {
     Q_OBJECT
 private slots:
@@ -30,7 +30,7 @@ void appendOnLines(DatachunkHandler &store, const QVector<quint16> &lines)
 
 } // namespace
 
-void Access::listSharesItsBlocksWithoutMixingThemUp()
+void TestAccess::listSharesItsBlocksWithoutMixingThemUp()
 {
     MessageList list;
     for (quint32 i = 0; i < 1500; ++i)
@@ -52,7 +52,7 @@ void Access::listSharesItsBlocksWithoutMixingThemUp()
     QCOMPARE(list.at(0).messageNumber, 7u);
 }
 
-void Access::numberIsFoundInAnyOrder()
+void TestAccess::numberIsFoundInAnyOrder()
 {
     const auto indexOf = [](quint32 wanted, const QVector<quint32> &numbers) {
         MessageList list;
@@ -68,7 +68,7 @@ void Access::numberIsFoundInAnyOrder()
     QCOMPARE(indexOf(3, {8, 3, 3}), 1);
 }
 
-void Access::indexOutsideGivesADefaultRecord()
+void TestAccess::indexOutsideGivesADefaultRecord()
 {
     DatachunkHandler store(20000);
     appendOnLines(store, {7});
@@ -83,7 +83,7 @@ void Access::indexOutsideGivesADefaultRecord()
     QCOMPARE(out.id, 1u);
 }
 
-void Access::missingLineGivesTheFarEnd()
+void TestAccess::missingLineGivesTheFarEnd()
 {
     DatachunkHandler store(20000);
     QCOMPARE(store.firstMessageOfLine(1).id, 0u);
@@ -101,7 +101,7 @@ void Access::missingLineGivesTheFarEnd()
     QVERIFY(!store.getMessageOfLine(out, 5, position));
 }
 
-void Access::stepsThroughOneLine()
+void TestAccess::stepsThroughOneLine()
 {
     DatachunkHandler store(20000);
     appendOnLines(store, {1, 2, 1, 2, 1});
@@ -122,7 +122,7 @@ void Access::stepsThroughOneLine()
     QCOMPARE(store.getMessagesOfLine(2, 2).size(), 1);
 }
 
-void Access::newLineIsTold()
+void TestAccess::newLineIsTold()
 {
     DatachunkHandler store(20000);
     QSignalSpy lines(&store, &DatachunkHandler::newLine);
@@ -136,7 +136,7 @@ void Access::newLineIsTold()
     QCOMPARE(store.getLines(), (QSet<unsigned char>{7, 255}));
 }
 
-void Access::bookmarksEndWithTheirHandler()
+void TestAccess::bookmarksEndWithTheirHandler()
 {
     DatachunkHandler store(20000);
     QVERIFY(!store.bookmarkAt(5).isValid());
@@ -150,7 +150,7 @@ void Access::bookmarksEndWithTheirHandler()
     QVERIFY(!store.bookmarkAt(5).isValid());
 }
 
-void Access::bookmarkStreamStopsAtForeignForms()
+void TestAccess::bookmarkStreamStopsAtForeignForms()
 {
     const CanMessageBookmark before(9, QStringLiteral("before"));
     const QByteArray rest = QByteArray::fromHex("00000005 00000002 0058");
@@ -164,5 +164,5 @@ void Access::bookmarkStreamStopsAtForeignForms()
     QCOMPARE(bytesLeft("0000b00a 02"), 10); // a newer form
 }
 
-QTEST_GUILESS_MAIN(Access)
+QTEST_GUILESS_MAIN(TestAccess)
 #include "tst_access.moc"

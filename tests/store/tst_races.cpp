@@ -13,7 +13,7 @@
 
 /// What a second thread may do meanwhile. The outcomes are checked anywhere, the accesses by
 /// ThreadSanitizer.
-class Races : public QObject
+class TestRaces : public QObject
 {
     Q_OBJECT
 private slots:
@@ -22,7 +22,7 @@ private slots:
     void threadsRotateBesideEverythingElse();
 };
 
-void Races::exportWhileBookmarksChange()
+void TestRaces::exportWhileBookmarksChange()
 {
     QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("marked.dck"));
@@ -44,7 +44,7 @@ void Races::exportWhileBookmarksChange()
     QCOMPARE(readChunkFile(file).bookmarks.keys(), QList<unsigned>{0});
 }
 
-void Races::mergeWhileAThreadStepsThroughALine()
+void TestRaces::mergeWhileAThreadStepsThroughALine()
 {
     QTemporaryDir folder;
     const QString archive = folder.filePath(QStringLiteral("a.zip"));
@@ -69,7 +69,7 @@ void Races::mergeWhileAThreadStepsThroughALine()
     QVERIFY(merged && found[0] && found[1]);
 }
 
-void Races::threadsRotateBesideEverythingElse()
+void TestRaces::threadsRotateBesideEverythingElse()
 {
     constexpr int rotations = 40;
     QTemporaryDir folder;
@@ -118,5 +118,5 @@ void Races::threadsRotateBesideEverythingElse()
     QVERIFY(store.getIsLive());
 }
 
-QTEST_GUILESS_MAIN(Races)
+QTEST_GUILESS_MAIN(TestRaces)
 #include "tst_races.moc"

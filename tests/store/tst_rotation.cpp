@@ -8,7 +8,7 @@
 #include <thread>
 
 /// Live messages, their way into chunk files and what a clearing or an end does to it.
-class Rotation : public QObject
+class TestRotation : public QObject
 {
     Q_OBJECT
 private slots:
@@ -28,7 +28,7 @@ void append(DatachunkHandler &store, int count)
 
 } // namespace
 
-void Rotation::viewShowsTheRotatedBufferUntilThePoolGetsToIt()
+void TestRotation::viewShowsTheRotatedBufferUntilThePoolGetsToIt()
 {
     const auto release = std::make_shared<QSemaphore>();
     QThreadPool &pool = *QThreadPool::globalInstance();
@@ -52,7 +52,7 @@ void Rotation::viewShowsTheRotatedBufferUntilThePoolGetsToIt()
     QCOMPARE(store.messageAt(0).messageNumber, 10u);
 }
 
-void Rotation::severalFeedersGetNumbersInOrder()
+void TestRotation::severalFeedersGetNumbersInOrder()
 {
     constexpr int feeders = 3;
     constexpr int messages = 333333;
@@ -81,7 +81,7 @@ void Rotation::severalFeedersGetNumbersInOrder()
     QCOMPARE(store.getMessageCount(), total - expected);
 }
 
-void Rotation::continuousModeDropsTheOldest()
+void TestRotation::continuousModeDropsTheOldest()
 {
     DatachunkHandler store(5010);
     store.setContinuesMode(true);
@@ -100,7 +100,7 @@ void Rotation::continuousModeDropsTheOldest()
     QVERIFY(QDir(store.chunkFolderPath()).isEmpty());
 }
 
-void Rotation::clearingKeepsOtherFiles()
+void TestRotation::clearingKeepsOtherFiles()
 {
     DatachunkHandler store(20000);
     writeFile(store.chunkFolderPath() + QStringLiteral("/mine.dck"), "x");
@@ -111,5 +111,5 @@ void Rotation::clearingKeepsOtherFiles()
     QVERIFY(store.getLines().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(Rotation)
+QTEST_GUILESS_MAIN(TestRotation)
 #include "tst_rotation.moc"

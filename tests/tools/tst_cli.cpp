@@ -31,91 +31,37 @@ private slots:
     void debugLinesOnlyWhenAskedFor();
 };
 
+namespace {
+
+// Arguments, a tab and how the error begins.
+void readCases(const QString &name)
+{
+    QTest::addColumn<QByteArray>("text");
+    const QByteArray cases = readFile(QStringLiteral(TESTDATA "/program/") + name);
+    for (const QByteArray &line : cases.chopped(1).split('\n'))
+        QTest::newRow(line.left(line.indexOf('\t'))) << line.mid(line.indexOf('\t') + 1);
+}
+
+} // namespace
+
 void TestCli::wrongUse_data()
 {
-    QTest::addColumn<QByteArray>("reason");
-    // Each row is named by the arguments.
-    const auto row = [](const char *arguments, const QByteArray &reason) {
-        QTest::newRow(arguments) << reason;
-    };
-    row("", "a command is missing");
-    row("explode a.log", "there is no command \"explode\"");
-    row("info a.log --nonsense", "Unknown option 'nonsense'.");
-    row("info", "the name of a file is missing");
-    row("dump a.log b.log", "\"b.log\" is one argument too many");
-    row("info a.log --type Nonsense", "there is no type \"Nonsense\"");
-    row("info a.log --type VectorAsc --format x", "--format is for the type GenericFormat");
-    row("info a.log --type GenericFormat", "the type GenericFormat needs --format");
-    row("dump a.log --line 256", "--line takes a number from 0 to 255");
-    row("dump a.log --id 100000000", "--id takes a number from 0 to ffffffff");
-    row("export a.log --range 0:1", "--to is missing");
-    row("export a.log --to r --range 5:4", "--range takes two positions in order");
-    row("export a.log --to r --select 1,,2", "--select takes positions");
-    row("export a.log --to r --range 0:1 --select 0", "--range and --select exclude");
-    row("split a.dck", "--messages is missing");
-    row("record", "--into is missing");
-    row("record --into r --plugin virtualcan", "--plugin needs --interface");
-    row("record --into r --bitrate 500000", "--fd, --bitrate and --data-bitrate need --plugin");
-    row("record --into r --limit 5000", "--limit takes a number from 5001");
+    readCases(QStringLiteral("wrong_use.tsv"));
 }
 
 void TestCli::wrongUse()
 {
-    QFETCH(QByteArray, reason);
+    QFETCH(QByteArray, text);
     const ProgramResult result = run(QTest::currentDataTag());
     QCOMPARE(result.status, 2);
-    QVERIFY2(result.errors.startsWith("datachunk: " + reason), result.errors);
+    QVERIFY2(result.errors.startsWith("datachunk: " + text), result.errors);
     QVERIFY(result.output.isEmpty());
     QCOMPARE(namesIn("."), QStringList());
 }
 
 void TestCli::failures_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    // Each row is named by the arguments.
-    const auto row = [](const char *arguments, const QByteArray &text) {
-        QTest::newRow(arguments) << text;
-    };
-    const QByteArray isBroken = ": File seems to be empty or broken, nothing imported.";
-    const QByteArray isNewer = ": This import file was created with a newer version of this tool";
-    const QByteArray hasNoFolder = ": The folder could not be created.";
-    const QByteArray isInput = ": This is the file ";
-    const QByteArray hasNoPlace = ": The archive cannot be written there.";
-    row("info gone.log", "gone.log: The file at gone.log does not exists.");
-    row("dump folder", "folder: This is a folder, and a file is needed.");
-    row("info pipe", "pipe: This is a named pipe, and a file is needed.");
-    row("info odd.txt", "odd.txt: The type of the file is unknown.");
-    row("dump empty.txt", "empty.txt: The file is empty.");
-    row("info empty.dck", "empty.dck" + isBroken);
-    row("info a.log --type WiresharkCsv", "a.log" + isBroken);
-    row("info broken.zip", "broken.zip" + isBroken);
-    row("merge broken.zip --to x.dck", "broken.zip" + isBroken);
-    row("unpack broken.zip --into x", "broken.zip" + isBroken);
-    row("dump newer.dck", "newer.dck" + isNewer);
-    row("merge newer.zip --to x.dck", "newer.zip: newer.dck" + isNewer);
-    row("import empty.dck --into x", "empty.dck: The file is a chunk file already.");
-    row("import newer.zip --into x", "newer.zip: The file is an archive; unpack or merge it.");
-    row("record --into a.log", "a.log" + hasNoFolder);
-    row("record --into none --reserve 4294967295",
-        "none: No more than the reserve of 4294967295 MiB is left on the disk");
-    row("record --into none <&-", "standard input: The stream is closed");
-    row("record --into none --plugin nonsense --interface can0",
-        "can0: There is no CAN bus plug-in \"nonsense\".");
-    row("split a.log --messages 1", "a.log: The file is no chunk file.");
-    row("export kinds.dck --range 5:9 --to x.txt", "kinds.dck: Nothing to export.");
-    row("export kinds.dck --to x/out.txt", "x/out.txt: ");
-    row("pack kinds.dck broken.zip --to x.zip", "broken.zip: The file is no chunk file.");
-    row("pack kinds.dck folder --to x.zip",
-        "folder/kinds.dck: The archive would have two files of that name.");
-    row("pack none --to x.zip", "none: The folder holds no chunk files.");
-    row("pack kinds.dck --to x/y.zip", "x/y.zip" + hasNoPlace);
-    row("pack kinds.dck --to none", "none" + hasNoPlace);
-    row("pack kinds.dck --to kinds.dck", "kinds.dck" + isInput);
-    row("pack kinds.dck --to hard.zip", "hard.zip" + isInput);
-    row("pack kinds.dck --to soft.zip", "soft.zip" + isInput);
-    row("pack folder --to folder/kinds.dck", "folder/kinds.dck" + isInput);
-    row("pack kinds.dck --to a.log", "a.log: The file is no archive");
-    row("dump a.log >>a.log", "a.log: Standard output goes into this file");
+    readCases(QStringLiteral("failures.tsv"));
 }
 
 void TestCli::failures()

@@ -56,8 +56,8 @@ CanBusSource::~CanBusSource()
     if (!device)
         return;
     device->disconnect(this);
-    // Some plug-ins end the program when a device is deleted whose connection failed, as its thread
-    // still runs. The device then stays until the program has ended.
+    // Some plug-ins crash the program when a device whose connection failed is deleted while its
+    // thread still runs. Such a device is kept until the program ends.
     if (connecting && device->state() == QCanBusDevice::UnconnectedState) {
         static std::vector<QCanBusDevice *> kept;
         kept.push_back(device.release());
@@ -107,7 +107,7 @@ void CanBusSource::takeFrames()
 
 void CanBusSource::takeError(QCanBusDevice::CanBusError code)
 {
-    // A frame that was not sent is no concern of a recording.
+    // Errors of sending do not concern a recording.
     if (code != QCanBusDevice::NoError && code != QCanBusDevice::WriteError)
         end(device->errorString());
 }
@@ -118,13 +118,13 @@ void CanBusSource::takeState(QCanBusDevice::CanBusDeviceState state)
         end(Cli::tr("The CAN interface was disconnected."));
 }
 
-// Only the first reason is told: what follows is its consequence.
+// Only the first error is reported; later ones follow from it.
 void CanBusSource::end(const QString &text)
 {
     if (!error.isEmpty())
         return;
     error = text.isEmpty() ? Cli::tr("The CAN interface failed.") : text;
-    // What fails while it starts is the outcome of start().
+    // A failure during the start is what start() returns.
     if (running)
         emit ended();
 }

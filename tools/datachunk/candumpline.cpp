@@ -13,7 +13,7 @@ constexpr quint32 errorFlag = 0x20000000;
 constexpr std::size_t extendedIdDigits = 8;
 constexpr std::string_view blanks = " \t\r\n";
 
-// Takes the words of a line one after the other; empty at its end.
+// Gives the words of a line one after the other, and empty ones at its end.
 class Words
 {
 public:

@@ -28,7 +28,7 @@ QString CandumpSource::name() const
 
 bool CandumpSource::start()
 {
-    // Tells at once of a stream that is closed or a folder; both would be waited for for ever.
+    // Finds a closed stream or a folder at once; waiting for either would never end.
     if (read(STDIN_FILENO, nullptr, 0) < 0) {
         error = systemErrorText(errno);
         if (errno == EBADF)
@@ -45,7 +45,7 @@ bool CandumpSource::setPaused(bool paused)
     return true;
 }
 
-// One block a turn of the event loop, so that signals and finished chunks are seen between.
+// Reads one block per turn of the event loop, so that signals and finished chunks are noticed.
 void CandumpSource::readBlock()
 {
     std::array<char, blockSize> block;
@@ -82,7 +82,7 @@ void CandumpSource::keepRest(std::string_view rest)
 {
     skippingLine = skippingLine || unfinishedLine.size() + rest.size() > longestLine;
     if (skippingLine)
-        unfinishedLine = "?"; // no frame, but a line
+        unfinishedLine = "?"; // counts as a line that is no frame
     else
         unfinishedLine += rest;
 }

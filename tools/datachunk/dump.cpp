@@ -71,7 +71,7 @@ QByteArray jsonLine(const CAN::CanRxMessage &message, const QString &note)
 // The text form of a message, without its line end.
 QString textLine(const CAN::CanRxMessage &message, const QString &note)
 {
-    // The worker of the text takes its notes when it is made, and few messages have one.
+    // A worker takes its notes when it is created, so a message with a note needs one of its own.
     static SaveFileWorker withoutNote;
     if (note.isEmpty())
         return withoutNote.getOldStyleTxtOutput(message).chopped(1);
@@ -80,13 +80,13 @@ QString textLine(const CAN::CanRxMessage &message, const QString &note)
     return withNote.getOldStyleTxtOutput(message).chopped(1);
 }
 
-// Prints the selected ones of the messages that it is given.
+// Prints those of the messages that are selected.
 class Printer
 {
 public:
     Printer(const Selection &selection, bool asJson) : selection(selection), asJson(asJson) { }
 
-    // False when nothing more is to be printed.
+    // Returns false when nothing more is to be printed.
     bool print(const TraceItem &item)
     {
         if (printed >= selection.count)

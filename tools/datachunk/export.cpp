@@ -49,7 +49,7 @@ bool goesToOutput(const Export &wanted)
 }
 
 // Chunks of an archive may come from several traces, each numbered from 0. Notes and bookmarks
-// belong to numbers, so that these have to differ in one file.
+// belong to message numbers, so every number may occur only once in a file.
 class UniqueNumbers
 {
 public:
@@ -128,7 +128,7 @@ bool writeTrace(TraceReading &reading, const QString &fileName, const Export &wa
     const bool closed = writer.close();
     if (written && closed && count == frame.count)
         return true;
-    // What is wrong with standard output is told with everything else that goes there.
+    // An error of standard output is reported at the end of the program.
     if (!goesToOutput(wanted))
         printError(wanted.target, Cli::tr("The file could not be written completely."));
     return false;

@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
-// What is asked of the files that the user names, before anything is done. Each prints the reason
-// when its answer is false.
+// Checks of the files that the user names, made before anything is done. Each prints the reason
+// when it returns false.
 
 /// Whether that is a regular file that can be opened: others may block for ever or never end.
 bool checkReadable(const QString &fileName);
@@ -11,7 +11,7 @@ bool checkReadable(const QString &fileName);
 /// The same for a chunk file.
 bool checkChunkFile(const QString &fileName);
 
-/// Whether nothing of that name is there, be it a link that leads nowhere.
+/// Whether nothing has that name, not even a link that leads nowhere.
 bool checkFree(const QString &fileName);
 
 /// Whether \a target is none of the \a inputs, by whatever names and links.

@@ -22,7 +22,7 @@ QString generalHelp()
         .arg(commandList());
 }
 
-// The parser knows no commands; its first line would put the options before them.
+// The parser knows no commands: its own usage line would put the options in front of them.
 QString commandHelp(const Command &command, const QCommandLineParser &parser)
 {
     return Cli::tr("Usage: datachunk %1 [options] %2\n")
@@ -70,7 +70,8 @@ int runCommand(const Command &command, const QStringList &arguments)
 
 int main(int argc, char *argv[])
 {
-    // A reader that goes away, as "head" does, shows as a failed write and leaves time to clean up.
+    // Without the signal, a reader that goes away, as "head" does, is a failed write, and the
+    // program can clean up.
     std::signal(SIGPIPE, SIG_IGN);
     guardStandardStreams();
     installMessageHandler();

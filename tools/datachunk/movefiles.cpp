@@ -37,7 +37,7 @@ int moveFile(const QString &from, const QString &to)
         == 0)
         return 0;
     const int error = errno;
-    // Not every file system can rename without replacing, and some know no second name either.
+    // Not every file system can rename without replacing, and some have no hard links either.
     const int linkError = isSupported(error) ? error : linkAndRemove(source, target);
     if (isSupported(linkError) || linkError == 0)
         return linkError;

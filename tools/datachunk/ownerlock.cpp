@@ -13,8 +13,8 @@
 
 namespace {
 
-// Between the opening and the locking somebody may have removed what was opened: the lock is then
-// on something that nobody else will ever find.
+// Somebody may remove the file between the opening and the locking. The lock would then be on a
+// file that nobody else can find.
 bool isStillThere(int descriptor, const QByteArray &path)
 {
     struct stat opened = {};

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Tells other runs of the program that somebody works with a folder. It is gone as soon as its
-/// owner is, however that ended.
+/// Shows other runs of the program that a folder is in use. The lock ends with its owner, however
+/// that one ended.
 class OwnerLock
 {
 public:

@@ -24,7 +24,7 @@ bool addChunk(const QString &fileName, Entries &entries)
     if (!checkChunkFile(fileName))
         return false;
     const QString name = QFileInfo(fileName).fileName();
-    // Whoever reads archives takes it for a path and passes it over.
+    // Readers of archives take a backslash for a separator and pass the entry over.
     if (name.contains(QLatin1Char('\\'))) {
         printError(fileName, Cli::tr("A name with a backslash cannot be packed."));
         return false;
@@ -88,7 +88,7 @@ bool checkTarget(const QString &name, const Entries &entries)
     return false;
 }
 
-// Links cost no room, wherever the chunks lie.
+// Collects the chunks as links, which take no room on the disk.
 bool linkInto(const QDir &folder, const Entries &entries)
 {
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
@@ -101,7 +101,7 @@ bool linkInto(const QDir &folder, const Entries &entries)
     return true;
 }
 
-// Returns when the archive is written, or not, with a text printed.
+// Returns when the archive is written, or has failed with a text printed.
 bool packInto(DatachunkHandler &store, const QString &archive, const QString &subject)
 {
     bool failed = false;
@@ -124,13 +124,13 @@ bool packInto(DatachunkHandler &store, const QString &archive, const QString &su
     QCoreApplication::sendPostedEvents(&store);
     if (interrupted(subject) || failed)
         return false;
-    // The library does not tell of an archive that it cannot begin.
+    // The library does not report an archive that it cannot create.
     if (!isArchive(archive))
         printError(subject, Cli::tr("The archive cannot be written there."));
     return isArchive(archive);
 }
 
-// A link to an archive stays, and what it leads to is replaced.
+// If the name is a link, the file that it leads to is replaced.
 QString realPath(const QString &zipName)
 {
     const QFileInfo target(zipName);
@@ -147,7 +147,7 @@ int replaceFile(const QString &archive, const QString &target)
 
 bool putInPlace(const QString &archive, const QString &zipName, const Entries &entries)
 {
-    // The file may have become another one while the archive was made.
+    // Another file may have taken the name while the archive was made.
     if (!checkTarget(zipName, entries))
         return false;
     const QString target = realPath(zipName);
@@ -158,7 +158,7 @@ bool putInPlace(const QString &archive, const QString &zipName, const Entries &e
     return error == 0;
 }
 
-// The archive grows in a work folder, so that nothing that is there is ever opened for writing.
+// The archive is written in a work folder, so that no existing file is opened for writing.
 bool pack(const Entries &entries, const QString &zipName)
 {
     if (!checkTarget(zipName, entries))

@@ -50,7 +50,7 @@ bool readBusOptions(const QCommandLineParser &parser, CanBusOptions &bus)
     return false;
 }
 
-// So that several chunks of the longest messages fit into a small budget.
+// Several chunks must fit into a small budget, even with the longest messages.
 quint64 defaultLimit(qint64 budget)
 {
     constexpr qint64 mostRecordBytes = 89;
@@ -88,7 +88,7 @@ bool readOptions(const QCommandLineParser &parser, Options &options)
     return readBusOptions(parser, options.bus) && readLimits(parser, options);
 }
 
-// Enough for the rest of the system to go on working, and no more than a tenth of a small disk.
+// Leaves enough for the rest of the system, but at most a tenth of a small disk.
 qint64 defaultReserve(const QString &folder)
 {
     constexpr qint64 most = 1024 * bytesPerMebibyte;
@@ -118,7 +118,7 @@ bool checkInput(const FrameSource &source, const Recorder::Totals &totals)
     return totals.taken > 0 || source.unreadableCount() == 0;
 }
 
-// True when all that came is in the folder, or was deleted for the budget.
+// True when every message that came is in the folder or was deleted for the budget.
 bool record(const Options &options, RecordingFolder &folder)
 {
     const std::unique_ptr<FrameSource> source = makeSource(options);
@@ -168,7 +168,8 @@ QList<QCommandLineOption> recordOptions()
          QStringLiteral("N")},
         {QStringLiteral("limit"),
          Cli::tr("Message limit of the store, 105000 by default or less for a small budget. A "
-                 "chunk file holds 5000 messages less."),
+                 "chunk file holds %1 messages less.")
+             .arg(rotationMargin),
          QStringLiteral("N")}};
 }
 

@@ -12,17 +12,17 @@
 
 namespace {
 
-// Rotated chunks that may wait for the disk; what they hold stays in memory so long.
+// The most rotated chunks that may wait for the disk, and stay in memory meanwhile.
 constexpr std::size_t mostChunksBehind = 4;
 
-// The most that a chunk file has in front of its records when there are no notes, and what a record
-// has beside its data.
+// The most bytes in front of the records of a chunk file without notes, and the bytes of a record
+// besides its data.
 constexpr qint64 headerBytes = 256;
 constexpr qint64 recordBytes = 25;
 
 constexpr quint64 messagesBetweenChecks = 1024;
 
-// What may come between two checks and until the source has stopped: a block of text at the most.
+// The most that may arrive between two checks, and before the source stops: one block of text.
 constexpr qint64 bytesUntilEnd = 512LL * 1024;
 
 } // namespace
@@ -119,7 +119,7 @@ bool Recorder::deleteOldest()
     return folder.removeOldest();
 }
 
-// Lets the disk finish a chunk. False when none is under way, or it failed.
+// Waits until a chunk is written. False when none is under way or writing it failed.
 bool Recorder::waitForChunk()
 {
     constexpr unsigned long microsecondsBetweenLooks = 1000;
@@ -170,12 +170,12 @@ void Recorder::fail(const QString &subject, const QString &text)
 
 void Recorder::storeFailed(QString text)
 {
-    // The user knows a file by the place that it was meant for.
+    // The text names the place that the file was meant for, which the user knows.
     text.replace(store->chunkFolderPath(), folder.path());
     fail(folder.path(), text.replace(folder.workPath(), folder.path()));
 }
 
-// A recording with a gap is not worth going on with.
+// A recording must not go on with a gap in it.
 void Recorder::stopFailed()
 {
     failed = true;
@@ -216,7 +216,7 @@ void Recorder::finish()
         fail(folder.path(), Cli::tr("Not every chunk file was written."));
     waitingBytes = 0;
     total.stored = quint64(saveLastMessages());
-    // Where something went wrong a chunk may be cut short.
+    // After a failure a chunk may be cut short.
     total.stored +=
         failed ? quint64(folder.countRecords()) : quint64(folder.chunkCount()) * messagesPerChunk;
     total.dropped = total.taken - total.stored;

@@ -70,7 +70,7 @@ QString RecordingFolder::unfinishedLastChunk() const
 qint64 RecordingFolder::addLastChunk()
 {
     const qint64 count = cutToWholeRecords(unfinishedLastChunk());
-    // As the store makes the other chunks.
+    // The same permissions as those of the other chunks.
     QFile::setPermissions(unfinishedLastChunk(), QFile::ReadOwner | QFile::WriteOwner);
     if (count <= 0 || !take(unfinishedLastChunk(), folder.absoluteFilePath(ChunkNames::last())))
         return 0;

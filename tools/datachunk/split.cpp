@@ -15,7 +15,7 @@
 
 namespace {
 
-// As many as the library can number when it splits a file.
+// The most parts that the library can number when it splits a file.
 constexpr quint64 mostParts = 256;
 
 using Result = TraceReading::Result;
@@ -92,7 +92,7 @@ bool moveParts(const QStringList &files, const QDir &folder)
     return makeFolder(folder) && moveFiles(files, names);
 }
 
-// The folder that is to hold the parts is only made when all of them are there.
+// The folder for the parts is created only when all of them are written.
 bool split(TraceReading &reading, const QString &fileName, quint64 messagesPerFile)
 {
     const QFileInfo file(fileName);
@@ -122,7 +122,7 @@ bool split(TraceReading &reading, const QString &fileName, quint64 messagesPerFi
 
 QList<QCommandLineOption> splitOptions()
 {
-    return {{QStringLiteral("messages"), Cli::tr("Messages per part."), QStringLiteral("N")}};
+    return {{QStringLiteral("messages"), Cli::tr("Messages per chunk file."), QStringLiteral("N")}};
 }
 
 int runSplit(const QCommandLineParser &parser, const QStringList &files)

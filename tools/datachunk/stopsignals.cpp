@@ -16,13 +16,13 @@ volatile std::sig_atomic_t writeEnd = -1;
 
 void onSignal(int signal, siginfo_t *info, void *)
 {
-    // A write of our own beyond the limit on file sizes fails as on a full disk, and is told so.
+    // A write beyond the limit on file sizes then fails as on a full disk and is reported.
     if (signal == SIGXFSZ && info->si_pid == getpid())
         return;
     const int savedError = errno;
     signalReceived = 1;
     const char byte = 0;
-    // A full pipe wakes the event loop all the same.
+    // A full pipe does not matter: it wakes the event loop anyway.
     if (write(writeEnd, &byte, 1) < 0)
         errno = savedError;
 }
@@ -58,7 +58,7 @@ void StopSignals::handle(int signal)
 {
     struct sigaction before = {};
     sigaction(signal, nullptr, &before);
-    // "nohup" has a program survive its terminal.
+    // Ignored signals stay ignored, so that a program started with "nohup" survives its terminal.
     if (signal == SIGHUP && before.sa_handler == SIG_IGN)
         return;
     struct sigaction action = {};
@@ -72,7 +72,7 @@ StopSignals::~StopSignals()
 {
     for (const Handled &entry : handled)
         sigaction(entry.signal, &entry.before, nullptr);
-    // The notifier may not outlive its descriptor.
+    // The notifier must go before its descriptor is closed.
     qDeleteAll(findChildren<QSocketNotifier *>());
     if (pipeEnds[0] >= 0) {
         close(pipeEnds[0]);

@@ -54,7 +54,7 @@ void guardStandardStreams()
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) >= 0)
             continue;
-        // The lowest free number is taken, which is this one.
+        // The system gives the lowest free number, which is that of the closed stream.
         if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
             _exit(Failed);
     }
@@ -73,7 +73,7 @@ QString systemErrorText(int error)
 
 void printError(const QString &subject, const QString &text)
 {
-    // Clears a progress line that may stand there.
+    // Clears the progress line, if there is one.
     const char *start = isatty(STDERR_FILENO) ? "\r\033[K" : "";
     std::fprintf(stderr, "%sdatachunk: %s: %s\n", start, visible(subject).toLocal8Bit().constData(),
                  visibleLines(text).constData());

@@ -14,11 +14,11 @@ struct Cli
 
 enum ExitStatus { Succeeded = 0, Failed = 1, WrongUsage = 2 };
 
-/// Has a standard stream that is closed fail when it is used. Comes before any file is opened,
-/// which would otherwise get its number and take what is meant for the stream.
+/// Makes a closed standard stream fail when it is used. Must be called before any file is opened: a
+/// file would get the number of the stream and receive what is meant for it.
 void guardStandardStreams();
 
-/// Has what Qt and its plug-ins tell printed in the same way as everything else.
+/// Prints messages of Qt and its plug-ins in the same way as all other texts.
 void installMessageHandler();
 
 /// The system's text for \a error, an errno, in the language of its user. Any thread.

@@ -5,13 +5,13 @@
 
 namespace {
 
-// So many records fit into the buffer of the file: it never gets full between two looks at what
-// became of them.
+// This many records fit into the buffer of the file, so that it is never written out between two
+// checks for errors.
 constexpr quint64 recordsBetweenFlushes = 128;
 
 } // namespace
 
-// Told to write no messages, the worker begins a text with its header line and stops there.
+// A worker that is given no messages writes just the header line of a text.
 TraceWriter::TraceWriter(const QString &fileName, const TraceFrame &frame, bool toOutput)
     : fileName(fileName), asChunk(isChunkName(fileName)), toOutput(toOutput),
       ends({frame.first, frame.last}), worker(fileName, &ends, DatachunkHelper::CurrentMessages, 0,

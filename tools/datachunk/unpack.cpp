@@ -16,7 +16,7 @@ struct Unpacked
     bool damaged = false; // something of the archive is missing, which was printed
 };
 
-// Nothing when a signal came meanwhile.
+// Returns nothing when a signal came meanwhile.
 Unpacked unpackArchive(DatachunkHandler &store, const QString &zipName)
 {
     Unpacked unpacked;

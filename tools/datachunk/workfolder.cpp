@@ -55,8 +55,8 @@ WorkFolder::~WorkFolder()
         removeTree(path);
 }
 
-// False when no folder can be created. Without a path it was taken for one that its owner left
-// behind, by a run that saw it before it was locked.
+// False when no folder can be created. The path is empty if another run has removed the folder
+// before it was locked, taking it for one that was left behind.
 bool WorkFolder::create(const QString &nameTemplate)
 {
     QByteArray name = QFile::encodeName(nameTemplate);
@@ -67,7 +67,7 @@ bool WorkFolder::create(const QString &nameTemplate)
     const QString created = QFile::decodeName(name);
     lock = std::make_unique<OwnerLock>();
     const OwnerLock::State state = lock->lockFolder(created);
-    // Where folders cannot be locked, no other run can find out that this one is left behind.
+    // Where folders cannot be locked, no other run can tell whether this one is left behind.
     if (state == OwnerLock::Held || (state == OwnerLock::Impossible && isOurFolder(created)))
         path = created;
     return true;
