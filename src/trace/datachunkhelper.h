@@ -23,6 +23,7 @@ public:
     Q_DECLARE_FLAGS(ExportOptions, ExportOption)
     Q_FLAG(ExportOptions)
 
+    /// The numbers are part of the interface: a new type goes behind the last one.
     enum ImportFileType {
         ZipArchive,
         ChunkFile,
