@@ -112,7 +112,7 @@ std::vector<FuzzTarget> readerTargets()
     const auto types = QMetaEnum::fromType<Type>();
     for (int i = 0; i < types.keyCount(); ++i) {
         const auto type = Type(types.value(i));
-        if (traceReaderFor(type).type == type && type != DatachunkHelper::PeakTrc10)
+        if (isTraceText(type) && type != DatachunkHelper::PeakTrc10)
             targets.push_back({QString::fromLatin1(types.key(i)).toLower(),
                                [type](const QByteArray &bytes) { compareRoads(type, bytes); }});
     }

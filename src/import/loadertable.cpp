@@ -49,6 +49,11 @@ constexpr TraceReader plainText = {DatachunkHelper::PcanExplorerTxt, textMode, r
 
 } // namespace
 
+bool isTraceText(DatachunkHelper::ImportFileType type)
+{
+    return traceReaderFor(type).type == type;
+}
+
 const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type)
 {
     for (const TraceReader &reader : readers) {

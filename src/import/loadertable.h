@@ -28,5 +28,8 @@ struct TraceReader
     Delivery delivery = AsRead;
 };
 
-/// The reader of a type: its own, or the one of plain texts.
+/// Whether files of this type are texts that a reader takes: those with a row, and plain texts.
+bool isTraceText(DatachunkHelper::ImportFileType type);
+
+/// The reader of a type: its own, or for every other type the one of plain texts.
 const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type);

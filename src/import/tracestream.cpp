@@ -18,12 +18,6 @@ QString storeText(const char *text)
     return QCoreApplication::translate("DatachunkHandler", text);
 }
 
-bool isText(DatachunkHelper::ImportFileType type)
-{
-    return quint32(type) <= DatachunkHelper::GenericFormat && type != DatachunkHelper::Unassigned
-        && type != DatachunkHelper::EmptyTxtFile;
-}
-
 // Drops every message; reading into it shows whether the trace can be read to its end.
 class CheckingSink : public TraceSink
 {
@@ -108,7 +102,7 @@ TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn
 {
     const TraceRequest request{fileName, type, formatDescription};
     const TraceReader &reader = traceReaderFor(type);
-    if (!isText(type) || reader.verdict == TraceReader::CountsAsFailed) {
+    if (!isTraceText(type) || reader.verdict == TraceReader::CountsAsFailed) {
         errors.append(storeText("Unknown import error"));
         return Failed;
     }

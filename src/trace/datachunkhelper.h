@@ -25,6 +25,7 @@ public:
     Q_FLAG(ExportOptions)
 
     /// The kinds of files that can be loaded or imported; docs/text-formats.md describes the texts.
+    /// The numbers are part of the interface: a new type goes behind the last one.
     enum ImportFileType {
         ZipArchive, ///< of chunk files
         ChunkFile,

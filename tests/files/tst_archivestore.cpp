@@ -36,6 +36,7 @@ private slots:
     void archiveThatCannotBeBegunIsPassedOver();
     void completionsDecideAboutPacking_data();
     void completionsDecideAboutPacking();
+    void aFailedExportTakesTheWishAlong();
     void rotationsDoNotSwallowTheArchive();
     void laterWishesWinOverAMerge_data();
     void laterWishesWinOverAMerge();
@@ -105,6 +106,22 @@ void TestArchiveStore::completionsDecideAboutPacking()
     store->importMessages(path("none.zip"), DatachunkHelper::ZipArchive);
     QTRY_COMPARE(loaded.count(), 1);
     QCOMPARE(QFileInfo::exists(path("trace.zip")), packed);
+}
+
+void TestArchiveStore::aFailedExportTakesTheWishAlong()
+{
+    QSignalSpy errors(store.get(), &DatachunkHandler::newErrorMessage);
+    store->addnewtestmessage();
+    writeFile(path("file"), "no folder");
+    store->setZipAfterSaving(true);
+    for (const char *name : {"file/a.dck", "b.dck"}) {
+        store->exportMessages(path(name));
+        store->waitForSaves(); // the first report takes the wish
+    }
+    QTRY_COMPARE(errors.count(), 1);
+    QVERIFY(QFileInfo::exists(path("b.dck")));
+    store->loadZipFile(QString()); // behind an archive that is being packed
+    QVERIFY(!QFileInfo::exists(path("trace.zip")));
 }
 
 void TestArchiveStore::rotationsDoNotSwallowTheArchive()

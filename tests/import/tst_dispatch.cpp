@@ -53,7 +53,7 @@ void TestDispatch::signalsOfAFailedImport_data()
         "start, cleared 0, start, cleared 1, live 1, File seems to be empty or br, imported ");
     row("chunk of a newer version", newer, H::ChunkFile,
         "start, This import file was created, start, cleared 1, live 1, imported ");
-    for (const int type : {int(H::Unassigned), int(H::EmptyTxtFile), int(H::Unknown), 22, 31})
+    for (const int type : {int(H::Unassigned), int(H::EmptyTxtFile), int(H::Unknown), 200})
         row(QStringLiteral("refused type %1").arg(type), trace, type, "imported ");
     row("missing file", "missing", H::SocketCanDump, "imported ");
 }
