@@ -22,10 +22,15 @@ constexpr char importSignature[] = "void DatachunkHandler::importMessages(QStrin
 constexpr int importBeginLine = 1835;
 constexpr int importEndLine = 1872;
 
+// What nobody knows is read as plain text, but for what nobody found out about.
+bool canBeLoaded(DatachunkHelper::ImportFileType type)
+{
+    return quint32(type) <= DatachunkHelper::GenericFormat || isTraceText(type);
+}
+
 bool canBeImported(DatachunkHelper::ImportFileType type)
 {
-    return type != DatachunkHelper::Unassigned && type != DatachunkHelper::EmptyTxtFile
-        && quint32(type) <= DatachunkHelper::GenericFormat;
+    return type == DatachunkHelper::ChunkFile || isTraceText(type);
 }
 
 } // namespace
@@ -40,7 +45,7 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
         return false;
     d->fileToLoad = fileName;
     RegularFile file(fileName);
-    if (quint32(type) > DatachunkHelper::GenericFormat || !file.openForReading())
+    if (!canBeLoaded(type) || !file.openForReading())
         return false;
     file.close();
     const bool save = savedType == DatachunkHelper::CurrentMessages;
