@@ -25,66 +25,26 @@ bool isAscii(const char *bytes, int size)
 }
 
 // The size of a block, or for a small file only what it needs.
-int roomFor(const QIODevice &device)
+int roomFor(const TextBytes &bytes)
 {
     constexpr qint64 smallestRoom = 1024;
-    return int(qBound(smallestRoom, device.bytesAvailable() + 1, qint64(blockSize)));
+    return int(qBound(smallestRoom, bytes.bytesAvailable() + 1, qint64(blockSize)));
 }
 
 } // namespace
 
 LineSource::LineSource(QIODevice &device, CarriageReturns carriageReturns, Decoding decoding)
-    : device(device), carriageReturns(carriageReturns), decoding(decoding)
+    : bytes(device), carriageReturns(carriageReturns), decoding(decoding)
 {
-    detectEncoding();
 }
 
 LineSource::~LineSource() = default;
 
-void LineSource::detectEncoding()
-{
-    const QByteArray mark = device.peek(4);
-    codec = QTextCodec::codecForUtfText(mark, QTextCodec::codecForLocale());
-    decoder.reset();
-    transcoded.clear();
-    halfCharacter.clear();
-    if (mark.startsWith("\xEF\xBB\xBF")) {
-        device.skip(3);
-    } else if (codec->name().startsWith("UTF-16") || codec->name().startsWith("UTF-32")) {
-        decoder.reset(codec->makeDecoder());
-        codec = QTextCodec::codecForName("UTF-8");
-    }
-}
-
 void LineSource::rewind()
 {
-    device.seek(0);
+    bytes.rewind();
     lineStart = position = size = 0;
     scan(0);
-    detectEncoding();
-}
-
-qint64 LineSource::readBytes(char *to, int maximum)
-{
-    if (!decoder)
-        return device.read(to, maximum);
-    while (transcoded.isEmpty()) {
-        const QByteArray block = device.read(blockSize);
-        if (block.isEmpty())
-            return 0;
-        QString text = halfCharacter + decoder->toUnicode(block);
-        halfCharacter.clear();
-        // A character beyond 16 bits may be cut by the end of the block.
-        if (!text.isEmpty() && text.at(text.size() - 1).isHighSurrogate()) {
-            halfCharacter = text.right(1);
-            text.chop(1);
-        }
-        transcoded = text.toUtf8();
-    }
-    const int bytes = std::min(maximum, transcoded.size());
-    std::memcpy(to, transcoded.constData(), std::size_t(bytes));
-    transcoded.remove(0, bytes);
-    return bytes;
 }
 
 // Keeps the unfinished line, makes room behind it and reads on. False at the end.
@@ -94,14 +54,14 @@ bool LineSource::fill()
     std::memmove(buffer.data(), buffer.constData() + lineStart, std::size_t(kept));
     lineStart = 0;
     size = kept;
-    const int room = roomFor(device);
+    const int room = roomFor(bytes);
     if (buffer.size() < size + room)
         buffer.resize(size + room);
-    const qint64 bytes = readBytes(buffer.data() + size, room);
-    if (bytes <= 0)
+    const qint64 got = bytes.read(buffer.data() + size, room);
+    if (got <= 0)
         return false;
     const int start = size;
-    size += int(bytes);
+    size += int(got);
     scan(start);
     return true;
 }
@@ -111,12 +71,12 @@ void LineSource::scan(int start)
 {
     lineFeeds.clear();
     nextLineFeed = 0;
-    const char *const bytes = buffer.constData() + start;
+    const char *const read = buffer.constData() + start;
     const auto count = std::size_t(size - start);
-    CharMask::forEach(Text<char>(bytes, count), CharMask::Is<'\n'>(),
+    CharMask::forEach(Text<char>(read, count), CharMask::Is<'\n'>(),
                       [&](std::size_t at) { lineFeeds.push_back(start + int(at)); });
-    allAscii = allAscii && isAscii(bytes, int(count));
-    hasCarriageReturns = hasCarriageReturns || std::memchr(bytes, '\r', count) != nullptr;
+    allAscii = allAscii && isAscii(read, int(count));
+    hasCarriageReturns = hasCarriageReturns || std::memchr(read, '\r', count) != nullptr;
 }
 
 bool LineSource::next()
@@ -162,10 +122,10 @@ void LineSource::setLine(Text<char> line)
     // The line is decoded as it would be in the whole text: its line feed ends a sequence that is
     // cut short, and a byte order mark counts as one at the start of the file only.
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    QByteArray bytes(line.data(), int(line.size()));
+    QByteArray whole(line.data(), int(line.size()));
     if (hasLineFeed)
-        bytes += '\n';
-    decoded = codec->toUnicode(bytes.constData(), bytes.size(), &state);
+        whole += '\n';
+    decoded = bytes.codec().toUnicode(whole.constData(), whole.size(), &state);
     if (hasLineFeed)
         decoded.chop(1);
 }

@@ -1,16 +1,13 @@
 #pragma once
 
 #include "charmask.h"
+#include "textbytes.h"
 
 #include <QByteArray>
 #include <QIODevice>
 #include <QString>
 
-#include <memory>
 #include <vector>
-
-class QTextCodec;
-class QTextDecoder;
 
 inline QString toQString(Text<char> text)
 {
@@ -63,18 +60,12 @@ public:
 private:
     bool fill();
     void scan(int start);
-    void detectEncoding();
-    qint64 readBytes(char *to, int maximum);
     void setLine(Text<char> line);
     Text<char> withoutCarriageReturns(Text<char> line);
 
-    QIODevice &device;
+    TextBytes bytes;
     const CarriageReturns carriageReturns;
     const Decoding decoding;
-    QTextCodec *codec = nullptr;
-    std::unique_ptr<QTextDecoder> decoder; // for encodings in which ASCII is not one byte
-    QString halfCharacter;                 // the half that a block of the decoder ended with
-    QByteArray transcoded;                 // UTF-8 that the decoder made and that is not read yet
 
     QByteArray buffer;
     int lineStart = 0; // of the line that next() looks for
