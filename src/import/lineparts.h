@@ -133,12 +133,13 @@ template <typename Char> Parts<Char> splitAtBlanks(Text<Char> line)
 template <char separator, typename Char, typename Use>
 Q_ALWAYS_INLINE void forEachPart(Text<Char> text, Use use)
 {
-    std::size_t start = 0;
+    const Char *start = text.data();
     CharMask::forEach(text, CharMask::Is<separator>(), [&](std::size_t position) {
-        use(text.substr(start, position - start));
-        start = position + 1;
+        const Char *const end = text.data() + position;
+        use(Text<Char>(start, std::size_t(end - start)));
+        start = end + 1;
     });
-    use(text.substr(start));
+    use(Text<Char>(start, std::size_t(text.data() + text.size() - start)));
 }
 
 /// Splits at every \a separator, keeping empty parts.
