@@ -70,7 +70,7 @@ template <typename Char> bool readLine(Text<Char> line, CAN::CanRxMessage &messa
 
 Outcome readSocketCanDump(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     return readNumberedLines(lines, [&feed](auto line) {
         if (!feed.turnEventLoopWhenDue())
             return Outcome::givenUp();

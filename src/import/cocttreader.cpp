@@ -111,6 +111,6 @@ template <typename Char> Outcome readEntry(Text<Char> line, MessageFeed &feed)
 
 Outcome readCoCTTLog(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     return readNumberedLines(lines, [&feed](auto line) { return readEntry(line, feed); });
 }

@@ -123,7 +123,7 @@ Outcome importCANMsgLine(const Parts<Char> &fields, const Layout &layout, Messag
 Outcome readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request)
 {
     const Layout layout = layoutFor(request.formatDescription);
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     return readNumberedLines(lines, [&](auto line) {
         const auto fields = splitAtBlanks(line);
         if (fields.isEmpty() || fields[0].front() == commentPrefix)

@@ -152,7 +152,7 @@ template <typename Char> Outcome readLine(Text<Char> line, Columns &columns, Mes
 Outcome readIxxatTrace(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     Columns columns;
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     const Outcome result =
         readNumberedLines(lines, [&](auto line) { return readLine(line, columns, feed); });
     // An unusable header fails with the line below it. That may be the empty line behind the last

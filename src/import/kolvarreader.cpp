@@ -39,7 +39,7 @@ LineKind readLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
 Outcome readKolvarTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const CAN::CanRxMessage blank;
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     while (lines.next()) {
         if (!sink.turnEventLoop())
             return Outcome::givenUp();

@@ -61,7 +61,7 @@ Outcome readKvaserCanKing(LineSource &lines, TraceSink &sink, const TraceRequest
 {
     const CAN::CanRxMessage blank;
     const int base = numberBase(lines);
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     while (lines.next()) {
         CAN::CanRxMessage message = blank;
         if (!lines.visit([&](auto line) { return readLine(line, base, message); }))

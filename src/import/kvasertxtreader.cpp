@@ -31,7 +31,11 @@ template <typename Char> bool readHeaderLine(Text<Char> line, NumberBases &bases
 void readHeader(LineSource &lines, NumberBases &bases)
 {
     const auto readLine = [&bases](auto line) { return readHeaderLine(line, bases); };
-    while (lines.next() && lines.visit(readLine)) { }
+    bool goesOn = true;
+    while (goesOn && lines.next()) {
+        goesOn = lines.visit(readLine);
+        lines.leaveOut(ImportReport::Header);
+    }
 }
 
 // "12.5 1 123 Rx 2 11 22 1": time, channel, identifier, flags, length, payload, counter.
@@ -57,10 +61,12 @@ Outcome readKvaserTxt(LineSource &lines, TraceSink &sink, const TraceRequest &)
     const CAN::CanRxMessage blank;
     NumberBases bases;
     readHeader(lines, bases);
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     while (lines.next()) {
-        if (lines.visit([](auto line) { return contains(line, "ErrorFrame"); }))
+        if (lines.visit([](auto line) { return contains(line, "ErrorFrame"); })) {
+            lines.leaveOut(ImportReport::UnkeptFrameKind);
             continue;
+        }
         if (!feed.turnEventLoopWhenDue())
             return Outcome::givenUp();
         CAN::CanRxMessage message = blank;

@@ -1,5 +1,7 @@
 #include "linesource.h"
 
+#include "lineparts.h"
+
 #include <QTextCodec>
 
 #include <algorithm>
@@ -9,6 +11,7 @@ namespace {
 
 constexpr int blockSize = 256 * 1024;
 constexpr int maxLineSize = 1024 * 1024;
+constexpr std::size_t mostCharacters = ImportReport::mostCharacters;
 
 bool isAscii(const char *bytes, int size)
 {
@@ -43,6 +46,8 @@ LineSource::~LineSource() = default;
 void LineSource::rewind()
 {
     bytes.rewind();
+    account = {};
+    isKept = true;
     lineStart = position = size = 0;
     scan(0);
 }
@@ -80,6 +85,41 @@ void LineSource::scan(int start)
 }
 
 bool LineSource::next()
+{
+    if (!isKept)
+        settle();
+    isKept = !moveOn();
+    if (isKept)
+        return false;
+    ++account.lines;
+    return true;
+}
+
+const ImportReport &LineSource::finishReport()
+{
+    if (!isKept)
+        settle();
+    isKept = true;
+    return account;
+}
+
+// Puts a line without a frame to the others of its reason.
+void LineSource::settle()
+{
+    if (reason == ImportReport::WrongShape) {
+        if (plain.size() == maxLineSize)
+            reason = ImportReport::CutAtLimit;
+        else if (visit([](auto line) { return LineFields::trimmed(line).empty(); }))
+            reason = ImportReport::Empty;
+    }
+    ImportReport::Lines &lines = account.leftOut[reason];
+    if (lines.count == 0)
+        lines.text = visit([](auto line) { return toQString(line.substr(0, mostCharacters)); });
+    lines.add(account.lines);
+    reason = ImportReport::WrongShape;
+}
+
+bool LineSource::moveOn()
 {
     lineStart = position;
     while (nextLineFeed == lineFeeds.size()) {

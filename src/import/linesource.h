@@ -1,6 +1,7 @@
 #pragma once
 
 #include "charmask.h"
+#include "importreport.h"
 #include "textbytes.h"
 
 #include <QByteArray>
@@ -42,8 +43,28 @@ public:
     /// Moves on to the next line. False at the end and on a read error.
     bool next();
 
-    /// Starts from the first line again.
+    /// Starts from the first line again, with a report of nothing.
     void rewind();
+
+    // The account of the lines. One that brings no frame is empty, or of the wrong shape unless
+    // something else is said of it before next().
+
+    /// The number of the current line, counted from 1; 0 before the first.
+    quint64 number() const { return account.lines; }
+    /// The current line brings a frame.
+    void keep()
+    {
+        isKept = true;
+        ++account.frames;
+    }
+    /// Why the current line brings no frame.
+    void leaveOut(ImportReport::Reason why) { reason = why; }
+    /// Something of the frame in the current line is not as it is written.
+    void change(ImportReport::Change what) { account.changed[what].add(number()); }
+    /// Counts the current line as well, as next() would. Nothing more may be read.
+    const ImportReport &finishReport();
+    /// What is known of the lines before the current one.
+    ImportReport &report() { return account; }
 
     /// Whether the current line has a line feed; without one it is the last line.
     bool endsWithLineFeed() const { return hasLineFeed; }
@@ -58,6 +79,8 @@ public:
     }
 
 private:
+    bool moveOn();
+    void settle();
     bool fill();
     void scan(int start);
     void setLine(Text<char> line);
@@ -81,4 +104,8 @@ private:
     QByteArray scratch;
     QString decoded;
     bool isDecoded = false;
+
+    ImportReport account;
+    ImportReport::Reason reason = ImportReport::WrongShape;
+    bool isKept = true;
 };

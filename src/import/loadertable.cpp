@@ -24,28 +24,30 @@ constexpr char peak[] = "PeakTraceImporter";
 
 constexpr TraceReader readers[] = {
     {DatachunkHelper::KolvarTxt, textMode, readKolvarTxt},
-    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, peak},
-    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, peak},
-    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, peak},
-    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, peak},
-    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, peak},
-    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, peak},
+    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, nullptr, peak},
+    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, nullptr, peak},
+    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, nullptr, peak},
+    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, nullptr, peak},
+    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, nullptr, peak},
+    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, nullptr, peak},
     {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump},
     {DatachunkHelper::KvaserTxtLog, textMode, readKvaserTxt},
     {DatachunkHelper::KvaserCanKingLog, textMode, readKvaserCanKing},
     {DatachunkHelper::VectorAsc, textMode, readVectorAsc},
     {DatachunkHelper::VectorAscWithoutBitcount, textMode, readVectorAscWithoutBitcount},
-    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, "CoCTTImporter", countsAsRead, whenWhole},
-    {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, "IxxatFileImporter", countsAsRead,
+    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, nullptr, "CoCTTImporter", countsAsRead,
      whenWhole},
+    {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, nullptr, "IxxatFileImporter",
+     countsAsRead, whenWhole},
     {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv},
-    {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, "GenericFileImporter",
+    {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, nullptr, "GenericFileImporter",
      countsAsRead, whenWhole},
 };
 
 // Reads every type that has no row above.
-constexpr TraceReader plainText = {DatachunkHelper::PcanExplorerTxt, textMode, readPlainText,
-                                   nullptr, TraceReader::CountsAsFailed};
+constexpr TraceReader plainText = {
+    DatachunkHelper::PcanExplorerTxt, textMode, readPlainText, nullptr, nullptr,
+    TraceReader::CountsAsFailed};
 
 } // namespace
 
@@ -61,4 +63,16 @@ const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type)
             return reader;
     }
     return plainText;
+}
+
+TraceReader traceReaderFor(const TraceRequest &request)
+{
+    TraceReader reader = traceReaderFor(request.type);
+    if (request.mode != DatachunkHelper::Tolerant || !reader.readTolerantly)
+        return reader;
+    reader.read = reader.readTolerantly;
+    reader.carriageReturns = textMode;
+    reader.verdict = countsAsRead;
+    reader.delivery = TraceReader::AsRead;
+    return reader;
 }

@@ -23,6 +23,7 @@ struct TraceReader
     DatachunkHelper::ImportFileType type;
     LineSource::CarriageReturns carriageReturns;
     Read read;
+    Read readTolerantly = nullptr;  ///< null where the strict road is the only one
     const char *importer = nullptr; ///< the class in whose context error texts are translated
     Verdict verdict = CountsAsRead;
     Delivery delivery = AsRead;
@@ -30,6 +31,10 @@ struct TraceReader
 
 /// Whether files of this type are texts that a reader takes: those with a row, and plain texts.
 bool isTraceText(DatachunkHelper::ImportFileType type);
+
+/// What a type in a mode is read by, and what comes of it. A trace that is read tolerantly always
+/// counts as read, and its messages arrive as they are read.
+TraceReader traceReaderFor(const TraceRequest &request);
 
 /// The reader of a type: its own, or for every other type the one of plain texts.
 const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type);

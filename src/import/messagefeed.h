@@ -6,8 +6,8 @@
 class MessageFeed
 {
 public:
-    explicit MessageFeed(TraceSink &sink, quint32 messagesBetweenTurns = 1000)
-        : sink(sink), messagesBetweenTurns(messagesBetweenTurns)
+    MessageFeed(LineSource &lines, TraceSink &sink, quint32 messagesBetweenTurns = 1000)
+        : lines(lines), sink(sink), messagesBetweenTurns(messagesBetweenTurns)
     {
     }
 
@@ -23,6 +23,7 @@ public:
     Outcome addMessageToMessageList(CAN::CanRxMessage &message)
     {
         message.messageNumber = messageCounter++;
+        lines.keep();
         return sink.message(message) ? Outcome::done() : Outcome::givenUp();
     }
 
@@ -30,14 +31,25 @@ public:
     Outcome addMessageWithNote(CAN::CanRxMessage &message, const QString &note)
     {
         if (!note.isEmpty())
-            sink.note(messageCounter, note);
+            addNote(note);
         return addMessageToMessageList(message);
     }
 
     /// Adds to the note on the message that comes next.
-    void appendNote(const QString &text) { sink.appendNote(messageCounter, text); }
+    void appendNote(const QString &text)
+    {
+        sink.appendNote(messageCounter, text);
+        ++lines.report().notes;
+    }
 
 private:
+    void addNote(const QString &text)
+    {
+        sink.note(messageCounter, text);
+        ++lines.report().notes;
+    }
+
+    LineSource &lines;
     TraceSink &sink;
     const quint32 messagesBetweenTurns;
     quint32 messageCounter = 0;

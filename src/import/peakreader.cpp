@@ -88,7 +88,7 @@ template <typename Char> void removeExtraColumns(Parts<Char> &tokens, ExtraColum
 
 Outcome importFileVersion1x(LineSource &lines, TraceSink &sink, ExtraColumns columns)
 {
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     return readNumberedLines(lines, [&feed, columns](auto line) {
         auto tokens = tokensOf(line);
         if (tokens.isEmpty())
@@ -196,7 +196,7 @@ Outcome importFileVersion2x(LineSource &lines, TraceSink &sink, RowMark mark)
         return Outcome::noColumns();
     const bool needsMinus = mark == RowMark::MinusWhereReserved && columns.reserved != noColumn;
     lines.rewind();
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     return readNumberedLines(lines, [&](auto line) {
         const auto tokens = tokensOf(line);
         if (tokens.isEmpty() || (needsMinus && line.find('-') == line.npos))

@@ -179,7 +179,7 @@ bool readLine(Text<Char> line, Origin origin, CAN::CanRxMessage &message, QStrin
 Outcome readPlainText(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     const Origin origin = findOrigin(lines);
-    MessageFeed feed(sink);
+    MessageFeed feed(lines, sink);
     while (lines.next()) {
         if (!sink.turnEventLoop())
             return Outcome::givenUp();

@@ -5,14 +5,34 @@
 
 #include <QCoreApplication>
 
+namespace {
+
+// What is behind the end of a trace is counted, but not read.
+Outcome leaveOutRest(LineSource &lines, TraceSink &sink)
+{
+    constexpr quint64 linesBetweenTurns = 100000;
+    while (lines.next()) {
+        lines.leaveOut(ImportReport::BehindEnd);
+        if (lines.number() % linesBetweenTurns == 0 && !sink.turnEventLoop())
+            return Outcome::givenUp();
+    }
+    return Outcome::done();
+}
+
+} // namespace
+
 Outcome readTraceFile(const TraceRequest &request, TraceSink &sink)
 {
-    const TraceReader &reader = traceReaderFor(request.type);
+    const TraceReader reader = traceReaderFor(request);
     RegularFile file(request.fileName);
     if (!file.openForReading())
         return Outcome::notOpened();
     LineSource lines(file, reader.carriageReturns);
     Outcome result = reader.read(lines, sink, request);
+    if (result.isDone())
+        result = leaveOutRest(lines, sink);
+    if (result.kind != Outcome::GivenUp)
+        sink.report(lines.finishReport());
     result.text = file.readErrorText();
     return result;
 }

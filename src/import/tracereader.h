@@ -13,6 +13,7 @@ struct TraceRequest
     QString fileName; ///< as the caller gave it; for texts only, the file is open already
     DatachunkHelper::ImportFileType type = DatachunkHelper::Unknown;
     QString formatDescription; ///< the layout of GenericFormat
+    DatachunkHelper::ImportMode mode = DatachunkHelper::Strict;
 };
 
 /// Opens the file and runs the reader of its type. Done, with a text when the rest of the file is

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canrxmessage.h"
+#include "importreport.h"
 
 #include <QString>
 
@@ -21,6 +22,9 @@ public:
 
     /// Tells whether the trace holds CAN FD frames; only some formats say so.
     virtual void fdFrames(bool seen) = 0;
+
+    /// What became of the lines, once all are read.
+    virtual void report(const ImportReport &) { }
 
     /// Lets a waiting application handle its events. False when the reader has to stop.
     virtual bool turnEventLoop() = 0;

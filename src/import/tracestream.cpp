@@ -38,8 +38,9 @@ private:
 class HandingSink : public CheckingSink
 {
 public:
-    HandingSink(const TraceStream::Take &take, const TraceStream::GoesOn &goesOn)
-        : CheckingSink(goesOn), take(take)
+    HandingSink(const TraceStream::Take &take, const TraceStream::GoesOn &goesOn,
+                ImportReport &lastReport)
+        : CheckingSink(goesOn), take(take), lastReport(lastReport)
     {
     }
 
@@ -53,10 +54,13 @@ public:
     void note(quint32 number, const QString &text) override { notes.insert(number, text); }
     void appendNote(quint32 number, const QString &text) override { joinNote(notes, number, text); }
 
+    void report(const ImportReport &report) override { lastReport = report; }
+
     bool hasMessages() const { return any; }
 
 private:
     const TraceStream::Take &take;
+    ImportReport &lastReport;
     QMap<unsigned int, QString> notes;
     TraceItem item;
     bool any = false;
@@ -81,6 +85,7 @@ TraceStream::TraceStream(QString fileName, DatachunkHelper::ImportFileType type,
 TraceStream::Result TraceStream::read(const Take &take, const GoesOn &goesOn)
 {
     errors.clear();
+    lastReport = {};
     Result result = Failed;
     if (!withinMemory([&] { result = readWithinMemory(take, goesOn); })) {
         errors = QStringList(FileErrors::outOfMemory(fileName));
@@ -100,8 +105,8 @@ TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn
 
 TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn)
 {
-    const TraceRequest request{fileName, type, formatDescription};
-    const TraceReader &reader = traceReaderFor(type);
+    const TraceRequest request{fileName, type, formatDescription, mode};
+    const TraceReader reader = traceReaderFor(request);
     if (!isTraceText(type) || reader.verdict == TraceReader::CountsAsFailed) {
         errors.append(storeText("Unknown import error"));
         return Failed;
@@ -111,7 +116,7 @@ TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn
         CheckingSink check(goesOn);
         read = readTraceFile(request, check);
     }
-    HandingSink sink(take, goesOn);
+    HandingSink sink(take, goesOn, lastReport);
     if (read.isDone())
         read = readTraceFile(request, sink);
     if (read.kind == Outcome::GivenUp)

@@ -4,6 +4,7 @@
 #include "canrxmessage.h"
 #include "datachunkglobal.h"
 #include "datachunkhelper.h"
+#include "importreport.h"
 
 #include <QString>
 #include <QStringList>
@@ -51,6 +52,12 @@ public:
     /// for which such files are read twice. Messages of texts are numbered from 0.
     Result read(const Take &take, const GoesOn &goesOn);
 
+    /// How a text is read; strictly at first.
+    void setMode(DatachunkHelper::ImportMode newMode) { mode = newMode; }
+
+    /// What became of the lines of the text that was read last; nothing for chunks and archives.
+    const ImportReport &report() const { return lastReport; }
+
     /// What the last read has to tell the user: why it failed, or what it could not read. Empty for
     /// a trace that is complete.
     QStringList errorTexts() const { return errors; }
@@ -62,5 +69,7 @@ private:
     QString fileName;
     DatachunkHelper::ImportFileType type;
     QString formatDescription;
+    DatachunkHelper::ImportMode mode = DatachunkHelper::Strict;
+    ImportReport lastReport;
     QStringList errors;
 };

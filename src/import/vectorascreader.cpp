@@ -103,6 +103,7 @@ template <typename Char> void noteSkippedLine(Text<Char> line, QString &note)
 bool skipToTriggerBlock(LineSource &lines)
 {
     while (lines.next()) {
+        lines.leaveOut(ImportReport::Header);
         if (lines.visit([](auto line) { return beginsTriggerBlock(line); }))
             return true;
     }
@@ -113,7 +114,7 @@ bool skipToTriggerBlock(LineSource &lines)
 
 Outcome readVectorAsc(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    MessageFeed feed(sink, messagesBetweenTurns);
+    MessageFeed feed(lines, sink, messagesBetweenTurns);
     CAN::CanRxMessage message;
     QString pendingNote;
     while (lines.next()) {
@@ -134,7 +135,7 @@ Outcome readVectorAsc(LineSource &lines, TraceSink &sink, const TraceRequest &)
 
 Outcome readVectorAscWithoutBitcount(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    MessageFeed feed(sink, messagesBetweenTurns);
+    MessageFeed feed(lines, sink, messagesBetweenTurns);
     CAN::CanRxMessage message;
     const bool hasBlock = skipToTriggerBlock(lines);
     while (hasBlock && lines.next()

@@ -66,7 +66,10 @@ Outcome readWiresharkCsv(LineSource &lines, TraceSink &sink, const TraceRequest 
         const bool isFrame = lines.visit([&message](auto line) { return readRow(line, message); });
         // A row that is passed over still shows that the capture holds CAN FD.
         fdSeen = fdSeen || message.fdFrame;
-        if (isFrame && !sink.message(message))
+        if (!isFrame)
+            continue;
+        lines.keep();
+        if (!sink.message(message))
             return Outcome::givenUp();
     }
     if (fdSeen)

@@ -42,6 +42,13 @@ public:
     void tellLastError() { teller.tellLast(&DatachunkHandler::newErrorMessage, lastError); }
     void tellNothingImported();
 
+    // How texts are read, and what became of the last one.
+
+    void setImportMode(DatachunkHelper::ImportMode mode) { modeOfImports = mode; }
+    DatachunkHelper::ImportMode importMode() const { return modeOfImports; }
+    void setImportReport(const ImportReport &report) { lastReport = report; }
+    ImportReport importReport() const { return lastReport; }
+
     const Teller teller;
     Trace &trace;
 
@@ -50,4 +57,6 @@ private:
     std::atomic<bool> importing{false};
     std::atomic<bool> importCancelled{false};
     QString lastError;
+    DatachunkHelper::ImportMode modeOfImports = DatachunkHelper::Strict;
+    ImportReport lastReport;
 };

@@ -4,6 +4,7 @@
 #include "canrxmessage.h"
 #include "datachunkglobal.h"
 #include "datachunkhelper.h"
+#include "importreport.h"
 
 #include <QDir>
 #include <QList>
@@ -232,6 +233,14 @@ public:
     /// nothing. \a clearFileName has no effect.
     bool loadFile(QString fileName, bool clearFileName, DatachunkHelper::ImportFileType type,
                   DatachunkHelper::SavedMessageType savedType, QString formatDescription);
+
+    /// How imports and the readers of single formats read texts; strictly at first.
+    void setImportMode(DatachunkHelper::ImportMode mode);
+    DatachunkHelper::ImportMode importMode() const;
+
+    /// What became of the lines of the text that was read last, up to where its reading ended; of
+    /// one that was cancelled nothing is known. Chunk files and archives have no report.
+    ImportReport importReport() const;
 
     // The readers of single formats. They add messages to the browsing list without showing it
     // and return false when the file cannot be opened or read; informAboutLastError tells why. Of

@@ -49,7 +49,7 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
         return false;
     file.close();
     const bool save = savedType == DatachunkHelper::CurrentMessages;
-    return d->loadFile({fileName, type, formatDescription}, save);
+    return d->loadFile({fileName, type, formatDescription, d->browsing.importMode()}, save);
 }
 
 bool DatachunkHandlerPrivate::loadFile(const TraceRequest &request, bool save)
@@ -70,7 +70,7 @@ bool DatachunkHandlerPrivate::loadFile(const TraceRequest &request, bool save)
     const bool read = readTrace(run, browsing, partialChunks, request);
     if (!caller.tell(&DatachunkHandler::showLoadingDialog, false) || !run.goesOn())
         return run.cancelled();
-    if (!read || traceReaderFor(request.type).verdict == TraceReader::CountsAsFailed)
+    if (!read || traceReaderFor(request).verdict == TraceReader::CountsAsFailed)
         return run.failed();
     return run.finish(save ? &partialChunks : nullptr);
 }
@@ -166,60 +166,78 @@ bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)
 
 bool DatachunkHandler::loadSocketCanDump(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::SocketCanDump, {}});
+    return d->readAlone({fileName, DatachunkHelper::SocketCanDump, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadVectorAscLog(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::VectorAsc, {}});
+    return d->readAlone({fileName, DatachunkHelper::VectorAsc, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadVectorAscLogWithoutBitcount(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::VectorAscWithoutBitcount, {}});
+    return d->readAlone(
+        {fileName, DatachunkHelper::VectorAscWithoutBitcount, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadKvaserCanKingLog(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::KvaserCanKingLog, {}});
+    return d->readAlone(
+        {fileName, DatachunkHelper::KvaserCanKingLog, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadKvaserTxtLog(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::KvaserTxtLog, {}});
+    return d->readAlone({fileName, DatachunkHelper::KvaserTxtLog, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadKolvarTxtFile(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::KolvarTxt, {}});
+    return d->readAlone({fileName, DatachunkHelper::KolvarTxt, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::importMessagesFromTxt(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::PcanExplorerTxt, {}});
+    return d->readAlone({fileName, DatachunkHelper::PcanExplorerTxt, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadWiresharkCSV(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::WiresharkCsv, {}});
+    return d->readAlone({fileName, DatachunkHelper::WiresharkCsv, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadPeakTraceFile(QString fileName, DatachunkHelper::ImportFileType type)
 {
-    return d->readAlone({fileName, peakTraceType(type), {}});
+    return d->readAlone({fileName, peakTraceType(type), {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadIxxatFile(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::IxxatTrace, {}});
+    return d->readAlone({fileName, DatachunkHelper::IxxatTrace, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadCoCTTFile(QString fileName)
 {
-    return d->readAlone({fileName, DatachunkHelper::CoCTTLog, {}});
+    return d->readAlone({fileName, DatachunkHelper::CoCTTLog, {}, d->browsing.importMode()});
 }
 
 bool DatachunkHandler::loadGenericFile(QString fileName, QString formatDescription)
 {
-    return d->readAlone({fileName, DatachunkHelper::GenericFormat, formatDescription});
+    return d->readAlone(
+        {fileName, DatachunkHelper::GenericFormat, formatDescription, d->browsing.importMode()});
+}
+
+void DatachunkHandler::setImportMode(DatachunkHelper::ImportMode mode)
+{
+    d->browsing.setImportMode(mode);
+}
+
+DatachunkHelper::ImportMode DatachunkHandler::importMode() const
+{
+    return d->browsing.importMode();
+}
+
+ImportReport DatachunkHandler::importReport() const
+{
+    return d->browsing.importReport();
 }

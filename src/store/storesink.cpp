@@ -27,7 +27,7 @@ private:
 } // namespace
 
 StoreSink::StoreSink(const ImportRun &run, Browsing &browsing, PartialChunks &chunks)
-    : run(run), trace(browsing.trace), teller(browsing.teller), chunks(chunks)
+    : run(run), trace(browsing.trace), browsing(browsing), chunks(chunks)
 {
 }
 
@@ -55,7 +55,12 @@ void StoreSink::appendNote(quint32 number, const QString &text)
 
 void StoreSink::fdFrames(bool seen)
 {
-    teller.tellLast(&DatachunkHandler::chunkContainsFdMessage, seen);
+    browsing.teller.tellLast(&DatachunkHandler::chunkContainsFdMessage, seen);
+}
+
+void StoreSink::report(const ImportReport &report)
+{
+    browsing.setImportReport(report);
 }
 
 bool StoreSink::turnEventLoop()
@@ -114,7 +119,7 @@ namespace {
 Outcome readInto(const ImportRun &run, Browsing &browsing, PartialChunks &chunks,
                  const TraceRequest &request)
 {
-    if (traceReaderFor(request.type).delivery == TraceReader::AsRead) {
+    if (traceReaderFor(request).delivery == TraceReader::AsRead) {
         StoreSink sink(run, browsing, chunks);
         return readTraceFile(request, sink);
     }

@@ -15,6 +15,7 @@ public:
     void note(quint32 number, const QString &text) override;
     void appendNote(quint32 number, const QString &text) override;
     void fdFrames(bool seen) override;
+    void report(const ImportReport &report) override;
     bool turnEventLoop() override;
 
 protected:
@@ -22,7 +23,7 @@ protected:
     Trace &trace;
 
 private:
-    const Teller teller;
+    Browsing &browsing;
     PartialChunks &chunks;
 };
 

@@ -24,6 +24,11 @@ public:
     Q_DECLARE_FLAGS(ExportOptions, ExportOption)
     Q_FLAG(ExportOptions)
 
+    /// How texts are read. Strict readers go by the letter of what other programs of this kind do;
+    /// tolerant ones take a line for a frame only if it has the shape of one, and keep all it says.
+    enum ImportMode { Strict, Tolerant };
+    Q_ENUM(ImportMode)
+
     /// The kinds of files that can be loaded or imported; docs/text-formats.md describes the texts.
     /// The numbers are part of the interface: a new type goes behind the last one.
     enum ImportFileType {

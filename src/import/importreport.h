@@ -1,0 +1,72 @@
+#pragma once
+
+#include "datachunkglobal.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QVector>
+
+#include <array>
+
+/// What became of the lines of a trace that was read as text. A plain value; lines are counted from
+/// 1. Every physical line is a frame or left out for one reason, so that the frames and the lines
+/// left out add up to the lines, in every format that tells one frame a line.
+struct DATACHUNK_EXPORT ImportReport
+{
+    /// Why a line is no frame.
+    enum Reason {
+        Empty,
+        Header,
+        Comment, ///< also lines that become notes
+        Statistics,
+        TooFewFields,
+        WrongShape,
+        UnparsableNumber,
+        UnkeptFrameKind, ///< a frame of a kind that a record cannot hold
+        BehindEnd,       ///< behind the mark that ends the trace
+        CutAtLimit       ///< longer than the first MiB, of which no frame came
+    };
+    static constexpr int reasonCount = CutAtLimit + 1;
+
+    /// What of a frame is not as it is written.
+    enum Change { ChangedPayload, ChangedLength, ChangedIdentifier, ChangedTime };
+    static constexpr int changeCount = ChangedTime + 1;
+
+    /// Lines of one kind.
+    struct Lines
+    {
+        quint64 count = 0;
+        QVector<quint64> first; ///< the numbers of the first of them, up to mostNumbers
+        QString text;           ///< the first of them, its first mostCharacters
+
+        void add(quint64 number);
+    };
+    static constexpr int mostNumbers = 20;
+    static constexpr int mostCharacters = 200;
+
+    /// A channel as it is written, and the bus line that it became.
+    struct Channel
+    {
+        QString name;
+        quint16 line = 0;
+    };
+
+    quint64 lines = 0;
+    quint64 frames = 0;
+    quint64 notes = 0;
+    std::array<Lines, reasonCount> leftOut;
+    std::array<Lines, changeCount> changed;
+    Lines unlikely;   ///< became a frame, but do not look like one
+    QDateTime start;  ///< when the trace was begun; not valid where the file does not tell
+    QString timeBase; ///< what times are counted from, as the file says it; mostly empty
+    QVector<Channel> channels;
+
+    quint64 linesLeftOut() const;
+    /// Whether anything of the trace was skipped or changed but for empty lines, headers, comments
+    /// and statistics.
+    bool hasLoss() const;
+
+    /// "no frame: wrong shape" and so on, for the user.
+    static QString reasonText(Reason reason);
+    static QString changeText(Change change);
+};
