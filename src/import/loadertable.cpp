@@ -76,3 +76,15 @@ TraceReader traceReaderFor(const TraceRequest &request)
     reader.delivery = TraceReader::AsRead;
     return reader;
 }
+
+std::vector<DatachunkHelper::ImportFileType> tolerantTypes()
+{
+    std::vector<DatachunkHelper::ImportFileType> types;
+    TraceReader::Read last = nullptr; // those that share a reader stand together
+    for (const TraceReader &reader : readers) {
+        if (reader.readTolerantly && reader.readTolerantly != last)
+            types.push_back(reader.type);
+        last = reader.readTolerantly;
+    }
+    return types;
+}

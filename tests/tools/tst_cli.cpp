@@ -28,6 +28,7 @@ private slots:
     void aLongTraceIsReadToItsEnd();
     void readingStopsWhereNothingMoreIsWanted();
     void controlCharactersAreShown();
+    void lossIsTold();
     void debugLinesOnlyWhenAskedFor();
 };
 
@@ -243,10 +244,31 @@ void TestCli::controlCharactersAreShown()
     QVERIFY(errorsOf("info " + escape).startsWith("datachunk: \\x1b[2J: "));
 }
 
+void TestCli::lossIsTold()
+{
+    writeFile("a.log", candumpLines(0, 2) + "(1.0) can0 123#11223\nno frame\n");
+    const ProgramResult told = run("info a.log");
+    QCOMPARE(told.status, 0);
+    QVERIFY(told.output.contains("messages:       2\n"));
+    QCOMPARE(told.errors.split('\n').size(), 4);
+    QVERIFY(told.errors.contains("4 lines, 2 frames, 0 notes; not all of it could be kept:"));
+    QVERIFY(told.errors.contains("(line 4)"));
+    QCOMPARE(run("info a.log --fail-on-loss").status, 1);
+    QCOMPARE(run("import a.log --into x --fail-on-loss").status, 1);
+    const QJsonObject report =
+        QJsonDocument::fromJson(run("dump a.log --report json").errors).object();
+    QCOMPARE(report.value("lines").toInt(), 4);
+    QVERIFY(outputOf("info --strict a.log").contains("messages:       3\n"));
+    QVERIFY(outputOf("detect --explain a.log").startsWith("SocketCanDump a.log\n    50% Line 1 "));
+    writeFile("a.blf", "LOGG...");
+    QVERIFY(outputOf("detect --explain a.blf").contains("Export it as an ASC text"));
+}
+
 void TestCli::debugLinesOnlyWhenAskedFor()
 {
     writeFile("a.log", candumpLines(0, 1));
-    QCOMPARE(run("info a.log").errors, "");
+    QCOMPARE(run("info a.log").errors,
+             "datachunk: a.log: 1 lines, 1 frames, 0 notes; nothing was lost.\n");
     QVERIFY(run("import a.log --into x --verbose").errors.contains("DatachunkHandler::import"));
 }
 
