@@ -30,7 +30,7 @@ constexpr TraceReader readers[] = {
     {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, nullptr, peak},
     {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, nullptr, peak},
     {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, nullptr, peak},
-    {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump},
+    {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump, readSocketCanDumpTolerantly},
     {DatachunkHelper::KvaserTxtLog, textMode, readKvaserTxt},
     {DatachunkHelper::KvaserCanKingLog, textMode, readKvaserCanKing},
     {DatachunkHelper::VectorAsc, textMode, readVectorAsc},

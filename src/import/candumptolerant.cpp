@@ -1,0 +1,354 @@
+#include "candumpreader.h"
+
+#include "canframe.h"
+#include "writtenframe.h"
+#include "writtentimes.h"
+#include "writtenwords.h"
+
+using namespace WrittenFields;
+using LineFields::equals;
+using LineFields::isBlank;
+using LineFields::trimmed;
+
+namespace {
+
+constexpr quint32 errorFlag = 0x20000000;
+constexpr std::size_t maxIdDigits = 8;
+constexpr std::size_t standardIdDigits = 3;
+constexpr quint32 maxClassicLength = 8;
+
+// With a "#" in front it may also be what a shell was told as root.
+template <typename Char> bool isComment(Text<Char> line)
+{
+    const Char first = line.front();
+    return first == '#' || first == ';' || first == '$' || first == '%'
+        || equals(line.substr(0, 2), "//");
+}
+
+template <typename Char> bool removeBrackets(Text<Char> &text, char open, char close)
+{
+    if (text.size() < 2 || text.front() != Char(open) || text.back() != Char(close))
+        return false;
+    text = text.substr(1, text.size() - 2);
+    return true;
+}
+
+// "123", "00000123", "0x123" or "<0x123>".
+template <typename Char> bool readId(Text<Char> text, WrittenFrame &frame)
+{
+    removeBrackets(text, '<', '>');
+    if (equals(text.substr(0, 2), "0x") || equals(text.substr(0, 2), "0X"))
+        text.remove_prefix(2);
+    if (text.empty())
+        return false;
+    quint32 id = 0;
+    if (text.size() > maxIdDigits || !readNumber(text, 16, id) || id >= 2 * errorFlag)
+        return frame.fail(ImportReport::UnparsableNumber);
+    if (id & errorFlag) {
+        setErrorFrame(frame.message);
+        // The other bits tell the class of the error, for which a record has no room.
+        frame.isChanged[ImportReport::ChangedIdentifier] = id != errorFlag;
+        return true;
+    }
+    frame.message.id = id;
+    frame.message.extended = text.size() > standardIdDigits || id > maxStandardId;
+    return true;
+}
+
+// "T" or "TX" and their counterparts.
+template <typename Char> bool readDirection(Text<Char> word, CAN::CanRxMessage &message)
+{
+    if (word.empty() || word.size() > 2 || (word.size() == 2 && (word[1] | 0x20) != 'x'))
+        return false;
+    const bool isTransmitted = word[0] == 'T' || word[0] == 't';
+    if (!isTransmitted && word[0] != 'R' && word[0] != 'r')
+        return false;
+    message.transmitted = isTransmitted;
+    return true;
+}
+
+// Classic CAN lets a length code above 8 stand for 8 bytes.
+bool setLengthOfCode(unsigned code, WrittenFrame &frame)
+{
+    if (code > 15)
+        return frame.fail(ImportReport::UnparsableNumber);
+    frame.message.length = qint8(std::min(code, maxClassicLength));
+    frame.isChanged[ImportReport::ChangedLength] = code > maxClassicLength;
+    return true;
+}
+
+// "_E" behind a frame of 8 bytes.
+template <typename Char> bool readLengthCode(Text<Char> text, WrittenFrame &frame)
+{
+    return text.empty()
+        || (text.size() == 2 && text.front() == '_'
+            && quint32(frame.message.length) == maxClassicLength
+            && setLengthOfCode(digitValue(text[1]), frame));
+}
+
+// "R", "R8" or "R8_E", without the "R".
+template <typename Char> bool readRemote(Text<Char> text, WrittenFrame &frame)
+{
+    frame.message.remote = true;
+    if (text.empty())
+        return true;
+    const unsigned length = digitValue(text.front());
+    if (length > maxClassicLength)
+        return frame.fail(ImportReport::UnparsableNumber);
+    frame.message.length = qint8(length);
+    return readLengthCode(text.substr(1), frame);
+}
+
+// "1122" or "11.22".
+template <typename Char> bool readJoinedBytes(Text<Char> text, WrittenFrame &frame)
+{
+    CAN::CanRxMessage &message = frame.message;
+    while (!text.empty() && text.front() != '_') {
+        if (text.front() == '.' && message.length > 0) {
+            text.remove_prefix(1);
+            continue;
+        }
+        if (message.length == CAN::maxDataBytes)
+            return false;
+        if (text.size() < 2 || !readByte(text.substr(0, 2), 16, message.data[message.length])) {
+            // The header fields of CAN XL are separated by colons.
+            return frame.fail(text.find(Char(':')) != text.npos ? ImportReport::UnkeptFrameKind
+                                                                : ImportReport::UnparsableNumber);
+        }
+        ++message.length;
+        text.remove_prefix(2);
+    }
+    return readLengthCode(text, frame);
+}
+
+// What stands behind the first "#".
+template <typename Char> bool readJoinedPayload(Text<Char> text, WrittenFrame &frame)
+{
+    if (!text.empty() && (text.front() == 'R' || text.front() == 'r'))
+        return readRemote(text.substr(1), frame);
+    if (text.empty() || text.front() != '#')
+        return readJoinedBytes(text, frame);
+    const unsigned flags = text.size() > 1 ? digitValue(text[1]) : 255;
+    if (flags > 15)
+        return frame.fail(ImportReport::UnparsableNumber);
+    frame.message.fdFrame = true;
+    frame.message.flagC = (flags & 1) != 0;
+    frame.message.flagB = (flags & 2) != 0;
+    return readJoinedBytes(text.substr(2), frame);
+}
+
+// "[8]", for CAN FD "[08]", or "{E}" with the code that was on the bus.
+template <typename Char> bool readLength(Text<Char> text, WrittenFrame &frame)
+{
+    if (removeBrackets(text, '{', '}'))
+        return text.size() == 1 && setLengthOfCode(digitValue(text.front()), frame);
+    quint32 length = 0;
+    if (!removeBrackets(text, '[', ']') || text.size() > 2 || !readNumber(text, 10, length)
+        || length > quint32(CAN::maxDataBytes))
+        return frame.fail(ImportReport::UnparsableNumber);
+    frame.message.length = qint8(length);
+    frame.message.fdFrame = text.size() == 2;
+    return true;
+}
+
+// Hexadecimal, or binary with all digits.
+template <typename Char> bool readShownByte(Text<Char> text, quint8 &byte)
+{
+    constexpr std::size_t bits = 8;
+    quint32 value = 0;
+    if (text.size() != bits || !readNumber(text, 2, value))
+        return readByte(text, 16, byte);
+    byte = quint8(value);
+    return true;
+}
+
+// "11 22", or "22`11" with the last byte first. Leaves in \a text what follows.
+template <typename Char> bool readShownBytes(Text<Char> &text, WrittenFrame &frame)
+{
+    CAN::CanRxMessage &message = frame.message;
+    bool isSwapped = false;
+    for (int i = 0; i < message.length; ++i) {
+        std::size_t start = 0;
+        if (i > 0 && !text.empty() && text.front() == '`') {
+            isSwapped = true;
+            start = 1;
+        }
+        while (start < text.size() && isBlank(text[start]))
+            ++start;
+        std::size_t end = start;
+        while (end < text.size() && !isBlank(text[end]) && text[end] != '`')
+            ++end;
+        if (start == end)
+            return frame.fail(ImportReport::TooFewFields);
+        if (!readShownByte(text.substr(start, end - start), message.data[i]))
+            return frame.fail(ImportReport::UnparsableNumber);
+        text.remove_prefix(end);
+    }
+    if (isSwapped)
+        std::reverse(message.data, message.data + message.length);
+    return true;
+}
+
+// Keeps what stands behind a frame, unless it is one more frame.
+template <typename Char> bool readRemark(Text<Char> text, WrittenFrame &frame)
+{
+    if (text.empty())
+        return true;
+    frame.note = toQString(text);
+    return text.front() != '(';
+}
+
+// The payload as text and the word for an error frame say nothing more than the frame.
+template <typename Char> bool readShownRemark(Text<Char> text, WrittenFrame &frame)
+{
+    if (text.empty() || text.front() == '\'' || text.front() == '`' || equals(text, "ERRORFRAME"))
+        return true;
+    quint8 byte = 0;
+    return !readByte(Words<Char>(text).next(), 16, byte) && readRemark(text, frame);
+}
+
+class CandumpGrammar
+{
+public:
+    explicit CandumpGrammar(LineSource &lines) : channels(lines) { }
+
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
+    {
+        const Text<Char> text = trimmed(line);
+        const bool isFrame = !text.empty() && readLine(text, frame);
+        // Details of an error are shown on indented lines below its frame.
+        if (!isFrame && isAfterError && !text.empty() && line.front() == '\t')
+            return frame.fail(ImportReport::Comment);
+        isAfterError = isFrame && frame.message.id == CAN::errorFrameId;
+        return isFrame;
+    }
+
+private:
+    // The words in front of the one that tells the layout.
+    template <typename Char> struct Front
+    {
+        std::array<Text<Char>, 5> words;
+        std::size_t count = 0;
+        bool hasTime = false;
+    };
+
+    template <typename Char> bool readLine(Text<Char> text, WrittenFrame &frame)
+    {
+        if (isComment(text))
+            return frame.fail(ImportReport::Comment);
+        Front<Char> front;
+        front.hasTime = text.front() == '(';
+        if (front.hasTime && !readTime(text, frame))
+            return false;
+        Words<Char> words(text);
+        Text<Char> word = words.next();
+        for (; !word.empty() && front.count < front.words.size(); word = words.next()) {
+            if (word.front() == '[' || word.front() == '{')
+                break;
+            const std::size_t separator = word.find(Char('#'));
+            if (separator != word.npos)
+                return readJoinedFrame(front, word, separator, words, frame);
+            front.words[front.count++] = word;
+        }
+        if (!word.empty() && (word.front() == '[' || word.front() == '{'))
+            return readShownFrame(front, word, words.rest(), frame);
+        return frame.fail(reasonWithoutFrame(front));
+    }
+
+    // "(12.5)", "( 2020-12-19 12:04:45.485261)"; leaves in \a text what follows.
+    template <typename Char> static bool readTime(Text<Char> &text, WrittenFrame &frame)
+    {
+        const std::size_t end = text.find(Char(')'));
+        if (end == text.npos)
+            return false;
+        const Text<Char> time = trimmed(text.substr(1, end - 1));
+        text.remove_prefix(end + 1);
+        qint64 microseconds = 0;
+        bool &isCut = frame.isChanged[ImportReport::ChangedTime];
+        const bool isTime =
+            readSeconds(time, microseconds, isCut) || readDateAndClock(time, microseconds, isCut);
+        return (isTime && trySetTime(frame.message, microseconds))
+            || frame.fail(ImportReport::UnparsableNumber);
+    }
+
+    // "can0 123#1122 T". Time or interface may be missing, but not both.
+    template <typename Char>
+    bool readJoinedFrame(const Front<Char> &front, Text<Char> word, std::size_t separator,
+                         Words<Char> behind, WrittenFrame &frame)
+    {
+        if (front.count > 1 || (front.count == 0 && !front.hasTime)
+            || !readId(word.substr(0, separator), frame)
+            || !readJoinedPayload(word.substr(separator + 1), frame))
+            return false;
+        Text<Char> remark = behind.rest();
+        if (readDirection(behind.next(), frame.message))
+            remark = behind.rest();
+        if (!readRemark(remark, frame))
+            return false;
+        if (front.count > 0)
+            frame.message.line = channels.lineOf(front.words[0]);
+        return true;
+    }
+
+    // "can0  TX B E  123  [08]  11 22 ...": all in front of the identifier may be missing.
+    template <typename Char>
+    bool readShownFrame(const Front<Char> &front, Text<Char> length, Text<Char> data,
+                        WrittenFrame &frame)
+    {
+        if (front.count == 0 || !readFlags(front, frame.message)
+            || !readId(front.words[front.count - 1], frame) || !readLength(length, frame))
+            return false;
+        Words<Char> words(data);
+        if (equals(words.next(), "remote")) {
+            frame.message.remote = true;
+            words.next();
+            data = words.rest();
+        } else if (!readShownBytes(data, frame)) {
+            return false;
+        }
+        if (!readShownRemark(trimmed(data), frame))
+            return false;
+        if (front.count > 1)
+            frame.message.line = channels.lineOf(front.words[0]);
+        return true;
+    }
+
+    // Direction, bit rate switch and error state between interface and identifier.
+    template <typename Char>
+    static bool readFlags(const Front<Char> &front, CAN::CanRxMessage &message)
+    {
+        for (std::size_t i = 1; i + 1 < front.count; ++i) {
+            const Text<Char> word = front.words[i];
+            if (i == 1 ? !readDirection(word, message) : word.size() != 1)
+                return false;
+            message.flagC = message.flagC || (i > 1 && word[0] == 'B');
+            message.flagB = message.flagB || (i > 1 && word[0] == 'E');
+        }
+        return true;
+    }
+
+    template <typename Char>
+    static ImportReport::Reason reasonWithoutFrame(const Front<Char> &front)
+    {
+        if (front.count == 0)
+            return ImportReport::TooFewFields;
+        if (equals(front.words[front.count - 1], "ERROR"))
+            return ImportReport::UnkeptFrameKind;
+        if (equals(front.words[0], "DROPCOUNT:"))
+            return ImportReport::Statistics;
+        if (equals(front.words[0], "interface") && equals(front.words[1], "="))
+            return ImportReport::Header;
+        return front.hasTime ? ImportReport::TooFewFields : ImportReport::WrongShape;
+    }
+
+    Channels channels;
+    bool isAfterError = false;
+};
+
+} // namespace
+
+Outcome readSocketCanDumpTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    CandumpGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
+}
