@@ -24,12 +24,12 @@ constexpr char peak[] = "PeakTraceImporter";
 
 constexpr TraceReader readers[] = {
     {DatachunkHelper::KolvarTxt, textMode, readKolvarTxt},
-    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, nullptr, peak},
-    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, nullptr, peak},
-    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, nullptr, peak},
-    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, nullptr, peak},
-    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, nullptr, peak},
-    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, nullptr, peak},
+    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, readPeakTolerantly, peak},
     {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump, readSocketCanDumpTolerantly},
     {DatachunkHelper::KvaserTxtLog, textMode, readKvaserTxt},
     {DatachunkHelper::KvaserCanKingLog, textMode, readKvaserCanKing},
