@@ -112,7 +112,13 @@ private:
     const LineSource &lines;
 };
 
-TraceRecognition tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
+struct Candidate
+{
+    TraceRecognition found;
+    quint64 frames = 0;
+};
+
+Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
 {
     const TraceRequest request{{}, type, {}, DatachunkHelper::Tolerant};
     const TraceReader reader = traceReaderFor(request);
@@ -122,9 +128,9 @@ TraceRecognition tryType(DatachunkHelper::ImportFileType type, QByteArray &sampl
     FirstFrameSink sink(lines);
     reader.read(lines, sink, request);
     const ImportReport &report = lines.finishReport();
-    TraceRecognition found;
     if (report.frames == 0)
-        return found;
+        return {};
+    TraceRecognition found;
     const quint64 others = report.leftOut[ImportReport::Empty].count
         + report.leftOut[ImportReport::Header].count + report.leftOut[ImportReport::Comment].count
         + report.leftOut[ImportReport::Statistics].count;
@@ -138,20 +144,20 @@ TraceRecognition tryType(DatachunkHelper::ImportFileType type, QByteArray &sampl
                             .arg(nameOf(type))
                             .arg(report.frames)
                             .arg(report.lines);
-    return found;
+    return {found, report.frames};
 }
 
 TraceRecognition byContent(QByteArray &sample, DatachunkHelper::ImportFileType strict)
 {
-    TraceRecognition best;
+    Candidate best;
     if (isTraceText(strict))
         best = tryType(strict, sample);
     for (const DatachunkHelper::ImportFileType type : tolerantTypes()) {
-        const TraceRecognition found = tryType(type, sample);
-        if (found.percent > best.percent)
-            best = found;
+        Candidate candidate = tryType(type, sample);
+        if (candidate.frames > best.frames)
+            best = std::move(candidate);
     }
-    return best;
+    return best.found;
 }
 
 TraceRecognition recognised(DatachunkHelper::ImportFileType type, const char *explanation)
@@ -184,9 +190,9 @@ TraceRecognition TraceRecognition::of(const QString &fileName)
     const DatachunkHelper::ImportFileType strict = DatachunkHelper().getImportFileType(fileName);
     QByteArray sample = sampleOf(file);
     if (strict == DatachunkHelper::ZipArchive || sample.startsWith("PK\x03\x04"))
-        return recognised(DatachunkHelper::ZipArchive,
-                          QT_TRANSLATE_NOOP("TraceRecognition",
-                                            "The file begins or is named as a ZIP archive."));
+        return recognised(
+            DatachunkHelper::ZipArchive,
+            QT_TRANSLATE_NOOP("TraceRecognition", "The file begins or is named as a ZIP archive."));
     if (sample.isEmpty())
         return refused(text("The file is empty."));
     for (const ForeignFile &foreign : foreignFiles) {

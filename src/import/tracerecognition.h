@@ -10,7 +10,7 @@
 ///
 /// Where DatachunkHelper goes by words in the text, this tries the tolerant readers on the
 /// beginning of the file and on samples of the rest, 300 kB at the most, and takes the one that
-/// finds the largest share of frames. So a word in a comment decides nothing.
+/// finds most frames. So a word in a comment decides nothing.
 struct DATACHUNK_EXPORT TraceRecognition
 {
     /// Looks at a file, and changes nothing. Any thread.

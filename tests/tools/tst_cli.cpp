@@ -220,11 +220,11 @@ void TestCli::readingStopsWhereNothingMoreIsWanted()
 {
     writeFile("broken.trc", ";$FILEVERSION=1.1\n 1) 1.0 Rx 0123 1 11\n 2) 2.0 Rx\n");
     QCOMPARE(outputOf("dump broken.trc --count 1").count('\n'), 1);
-    const ProgramResult whole = run("dump broken.trc");
+    const ProgramResult whole = run("dump broken.trc --strict");
     QCOMPARE(whole.status, 1);
     QVERIFY2(whole.errors.contains("line 3 of file broken.trc"), whole.errors);
-    QVERIFY(errorsOf("info broken.trc").contains("line 3"));
-    QVERIFY(errorsOf("export broken.trc --to x.txt").contains("line 3"));
+    QVERIFY(errorsOf("info broken.trc --strict").contains("line 3"));
+    QVERIFY(errorsOf("export broken.trc --strict --to x.txt").contains("line 3"));
 }
 
 // Whoever made the file could otherwise steer the terminal.
