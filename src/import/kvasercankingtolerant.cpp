@@ -79,7 +79,10 @@ private:
         Columns columns;
         if (!findColumns(parts, columns))
             return false;
-        guess.seeId(parts[1], equals(parts[flagsStart].substr(0, 1), "X"));
+        const bool isExtended =
+            std::any_of(parts.begin() + flagsStart, parts.begin() + columns.length,
+                        [](Text<Char> flags) { return flags.find(Char('X')) != flags.npos; });
+        guess.seeId(parts[1], isExtended);
         for (int i = 0; i < columns.bytes; ++i)
             guess.seeByte(parts[columns.length + 1 + i]);
         return guess.isSure();

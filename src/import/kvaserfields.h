@@ -131,12 +131,16 @@ template <typename Char> bool readId(Text<Char> text, unsigned base, WrittenFram
     return true;
 }
 
+/// Seconds, which are negative in front of a trigger that times are counted from.
 template <typename Char> bool readTime(Text<Char> text, WrittenFrame &frame)
 {
+    const bool isNegative = !text.empty() && text[0] == '-';
+    if (isNegative)
+        text.remove_prefix(1);
     qint64 microseconds = 0;
     return (WrittenFields::readSeconds(text, microseconds,
                                        frame.isChanged[ImportReport::ChangedTime])
-            && WrittenFields::trySetTime(frame.message, microseconds))
+            && WrittenFields::trySetTime(frame.message, isNegative ? -microseconds : microseconds))
         || frame.fail(ImportReport::UnparsableNumber);
 }
 

@@ -66,7 +66,7 @@ public:
     explicit KvaserTxtGrammar(LineSource &lines) : lines(lines), channels(lines)
     {
         lookAhead(lines, [this](auto line) { return seeBases(line); });
-        dataBase = dataBase != 0 ? dataBase : dataGuess.base(16);
+        dataBase = dataBase != 0 ? dataBase : dataGuess.base(idGuess.base(16));
         idBase = idBase != 0 ? idBase : idGuess.base(dataBase);
     }
 
@@ -141,8 +141,10 @@ private:
         CAN::CanRxMessage &message = frame.message;
         message.extended = columns.isExtended;
         for (int i = idColumn + 1; i < columns.length; ++i) {
-            if (!readDirection(columns.parts[i], message)
-                && !readFlags(columns.parts[i], "P", message))
+            // A lonely "R" is the flag of a remote frame.
+            const bool isDirection =
+                columns.parts[i].size() > 1 && readDirection(columns.parts[i], message);
+            if (!isDirection && !readFlags(columns.parts[i], "P", message))
                 return false;
         }
         quint32 length = 0;
