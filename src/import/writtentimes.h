@@ -8,13 +8,17 @@
 
 namespace WrittenFields {
 
-/// Sets the time of a record, which has room for 31 bits of seconds; false for a later one.
+/// Sets the time of a record, which has room for 31 bits of seconds and their sign; false for one
+/// that is further away. Microseconds count forward from the second, also before 0.
 inline bool trySetTime(CAN::CanRxMessage &message, qint64 microseconds)
 {
     constexpr qint64 million = 1000000;
-    if (microseconds / million > std::numeric_limits<qint32>::max())
+    constexpr qint64 limit = qint64(std::numeric_limits<qint32>::max()) * million;
+    if (microseconds >= limit + million || microseconds < -limit)
         return false;
-    setTime(message, microseconds);
+    const qint64 fraction = (microseconds % million + million) % million;
+    message.seconds = qint32((microseconds - fraction) / million);
+    message.microseconds = qint32(fraction);
     return true;
 }
 
