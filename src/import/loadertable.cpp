@@ -39,7 +39,7 @@ constexpr TraceReader readers[] = {
      whenWhole},
     {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, nullptr, "IxxatFileImporter",
      countsAsRead, whenWhole},
-    {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv},
+    {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv, readWiresharkTolerantly},
     {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, nullptr, "GenericFileImporter",
      countsAsRead, whenWhole},
 };
