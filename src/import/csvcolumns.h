@@ -16,6 +16,13 @@ template <typename Char> bool equalsIgnoringCase(Text<Char> text, std::string_vi
         && std::equal(text.begin(), text.end(), lowerCase.begin(), isSame);
 }
 
+/// Whether a cell says yes: "1", "true" or "set".
+template <typename Char> bool isTrue(Text<Char> cell)
+{
+    return LineFields::equals(cell, "1") || equalsIgnoringCase(cell, "true")
+        || equalsIgnoringCase(cell, "set");
+}
+
 /// Without blanks around it, and without the quotes around that.
 template <typename Char> Text<Char> unquoted(Text<Char> cell)
 {
@@ -83,7 +90,8 @@ public:
     }
 
     int &operator[](int column) { return positions[std::size_t(column)]; }
-    bool has(int column) const { return positions[std::size_t(column)] >= 0; }
+    int at(int column) const { return positions[std::size_t(column)]; }
+    bool has(int column) const { return at(column) >= 0; }
 
     /// The cell of a column without its quotes; empty where there is none.
     template <typename Char> Text<Char> cell(const LineFields::Parts<Char> &cells, int column) const

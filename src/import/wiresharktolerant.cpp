@@ -99,12 +99,6 @@ struct Found
     bool isError = false;
 };
 
-template <typename Char> bool isSet(Text<Char> flag)
-{
-    return equals(flag, "1") || CsvColumns::equalsIgnoringCase(flag, "true")
-        || CsvColumns::equalsIgnoringCase(flag, "set");
-}
-
 // "0x166" or "358"; a number with other digits than decimal ones is hexadecimal.
 template <typename Char> bool readAnyBase(Text<Char> text, quint32 &number)
 {
@@ -297,7 +291,9 @@ private:
     {
         const Text<Char> protocol = positions.cell(cells, Protocol);
         CAN::CanRxMessage &message = found.message;
-        const auto flag = [&](Column column) { return isSet(positions.cell(cells, column)); };
+        const auto flag = [&](Column column) {
+            return CsvColumns::isTrue(positions.cell(cells, column));
+        };
         if (CsvColumns::equalsIgnoringCase(protocol, "canxl"))
             reason = ImportReport::UnkeptFrameKind;
         else if (message.id > WrittenFields::maxExtendedId && !found.isError)
