@@ -1,8 +1,10 @@
 #include "loadertable.h"
 
+#include "busmasterreader.h"
 #include "candumpreader.h"
 #include "cocttreader.h"
 #include "genericreader.h"
+#include "gvretreader.h"
 #include "ixxatreader.h"
 #include "kolvarreader.h"
 #include "kvasercankingreader.h"
@@ -40,7 +42,9 @@ constexpr TraceReader readers[] = {
      whenWhole},
     {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, nullptr, "IxxatFileImporter",
      countsAsRead, whenWhole},
-    {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv},
+    {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv, readWiresharkTolerantly},
+    {DatachunkHelper::BusmasterLog, textMode, readBusmasterLog, readBusmasterLog},
+    {DatachunkHelper::GvretCsv, textMode, readGvretCsv, readGvretCsv},
     {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, nullptr, "GenericFileImporter",
      countsAsRead, whenWhole},
 };
