@@ -51,7 +51,7 @@ constexpr TraceReader readers[] = {
 
 // Reads every type that has no row above.
 constexpr TraceReader plainText = {
-    DatachunkHelper::PcanExplorerTxt, textMode, readPlainText, nullptr, nullptr,
+    DatachunkHelper::PcanExplorerTxt, textMode, readPlainText, readPlainText, nullptr,
     TraceReader::CountsAsFailed};
 
 } // namespace
