@@ -20,7 +20,8 @@ template <typename Char> unsigned digitValue(Char c)
 }
 
 /// A number of nothing but digits, with up to 32 bits.
-template <typename Char> bool readNumber(Text<Char> text, unsigned base, quint32 &number)
+template <typename Char>
+Q_ALWAYS_INLINE bool readNumber(Text<Char> text, unsigned base, quint32 &number)
 {
     constexpr std::size_t digitsWithoutOverflow = 15;
     while (text.size() > digitsWithoutOverflow && text.front() == '0')
