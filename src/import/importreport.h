@@ -8,6 +8,14 @@
 
 #include <array>
 
+/// How far an import has come.
+struct ImportProgress
+{
+    qint64 bytesRead = 0;
+    qint64 bytes = 0; ///< of the file; 0 when nothing is imported
+    quint64 messages = 0;
+};
+
 /// What became of the lines of a trace that was read as text. A plain value; lines are counted from
 /// 1. Every physical line is a frame or left out for one reason, so that the frames and the lines
 /// left out add up to the lines, in every format that tells one frame a line.

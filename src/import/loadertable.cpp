@@ -1,8 +1,10 @@
 #include "loadertable.h"
 
+#include "busmasterreader.h"
 #include "candumpreader.h"
 #include "cocttreader.h"
 #include "genericreader.h"
+#include "gvretreader.h"
 #include "ixxatreader.h"
 #include "kolvarreader.h"
 #include "kvasercankingreader.h"
@@ -24,22 +26,25 @@ constexpr char peak[] = "PeakTraceImporter";
 
 constexpr TraceReader readers[] = {
     {DatachunkHelper::KolvarTxt, textMode, readKolvarTxt},
-    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, nullptr, peak},
-    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, nullptr, peak},
-    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, nullptr, peak},
-    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, nullptr, peak},
-    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, nullptr, peak},
-    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, nullptr, peak},
+    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, readPeakTolerantly, peak},
     {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump, readSocketCanDumpTolerantly},
     {DatachunkHelper::KvaserTxtLog, textMode, readKvaserTxt, readKvaserTxtTolerantly},
     {DatachunkHelper::KvaserCanKingLog, textMode, readKvaserCanKing, readKvaserCanKingTolerantly},
-    {DatachunkHelper::VectorAsc, textMode, readVectorAsc},
-    {DatachunkHelper::VectorAscWithoutBitcount, textMode, readVectorAscWithoutBitcount},
+    {DatachunkHelper::VectorAsc, textMode, readVectorAsc, readVectorAscTolerantly},
+    {DatachunkHelper::VectorAscWithoutBitcount, textMode, readVectorAscWithoutBitcount,
+     readVectorAscTolerantly},
     {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, nullptr, "CoCTTImporter", countsAsRead,
      whenWhole},
     {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, nullptr, "IxxatFileImporter",
      countsAsRead, whenWhole},
-    {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv},
+    {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv, readWiresharkTolerantly},
+    {DatachunkHelper::BusmasterLog, textMode, readBusmasterLog, readBusmasterLog},
+    {DatachunkHelper::GvretCsv, textMode, readGvretCsv, readGvretCsv},
     {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, nullptr, "GenericFileImporter",
      countsAsRead, whenWhole},
 };
@@ -75,4 +80,16 @@ TraceReader traceReaderFor(const TraceRequest &request)
     reader.verdict = countsAsRead;
     reader.delivery = TraceReader::AsRead;
     return reader;
+}
+
+std::vector<DatachunkHelper::ImportFileType> tolerantTypes()
+{
+    std::vector<DatachunkHelper::ImportFileType> types;
+    TraceReader::Read last = nullptr; // those that share a reader stand together
+    for (const TraceReader &reader : readers) {
+        if (reader.readTolerantly && reader.readTolerantly != last)
+            types.push_back(reader.type);
+        last = reader.readTolerantly;
+    }
+    return types;
 }

@@ -2,6 +2,8 @@
 
 #include "tracereader.h"
 
+#include <vector>
+
 /// The reader of one trace format: a plain function from lines to messages. It neither opens the
 /// file nor keeps anything between calls.
 struct TraceReader
@@ -35,6 +37,9 @@ bool isTraceText(DatachunkHelper::ImportFileType type);
 /// What a type in a mode is read by, and what comes of it. A trace that is read tolerantly always
 /// counts as read, and its messages arrive as they are read.
 TraceReader traceReaderFor(const TraceRequest &request);
+
+/// One type for each tolerant reader.
+std::vector<DatachunkHelper::ImportFileType> tolerantTypes();
 
 /// The reader of a type: its own, or for every other type the one of plain texts.
 const TraceReader &traceReaderFor(DatachunkHelper::ImportFileType type);

@@ -25,3 +25,7 @@ Outcome importFileVersion20(LineSource &lines, TraceSink &sink, const TraceReque
 
 /// As 2.0; where there is a reserved column, a line without any "-" is passed over.
 Outcome importFileVersion21(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+
+/// Reads every version by what the header names, 1.0 included, and a trace without a header by its
+/// first row. Warnings and events become notes, a start time goes into the report.
+Outcome readPeakTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &request);

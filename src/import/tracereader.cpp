@@ -27,6 +27,7 @@ Outcome readTraceFile(const TraceRequest &request, TraceSink &sink)
     RegularFile file(request.fileName);
     if (!file.openForReading())
         return Outcome::notOpened();
+    sink.begin(file);
     LineSource lines(file, reader.carriageReturns);
     Outcome result = reader.read(lines, sink, request);
     if (result.isDone())

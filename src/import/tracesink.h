@@ -3,6 +3,7 @@
 #include "canrxmessage.h"
 #include "importreport.h"
 
+#include <QIODevice>
 #include <QString>
 
 /// Takes what a reader finds in a trace, in the order of the file.
@@ -22,6 +23,9 @@ public:
 
     /// Tells whether the trace holds CAN FD frames; only some formats say so.
     virtual void fdFrames(bool seen) = 0;
+
+    /// Reading \a file begins. It lives until the end of the reading, which its position tells.
+    virtual void begin(const QIODevice &) { }
 
     /// What became of the lines, once all are read.
     virtual void report(const ImportReport &) { }

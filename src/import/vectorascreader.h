@@ -12,3 +12,7 @@ Outcome readVectorAsc(LineSource &lines, TraceSink &sink, const TraceRequest &re
 /// empty. Always tells whether there were CAN FD frames.
 Outcome readVectorAscWithoutBitcount(LineSource &lines, TraceSink &sink,
                                      const TraceRequest &request);
+
+/// Reads every frame of a Vector ASC log, in and outside of trigger blocks: classic and CAN FD,
+/// remote and error frames, with and without bit counts. Tells of CAN FD frames as above.
+Outcome readVectorAscTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &request);

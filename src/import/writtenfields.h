@@ -19,6 +19,21 @@ template <typename Char> unsigned digitValue(Char c)
     return LineFields::digitValue(c);
 }
 
+/// Whether \a text is \a word, which is in small letters, in letters of any size.
+template <typename Char> bool isWord(Text<Char> text, std::string_view word)
+{
+    const auto same = [](Char c, char letter) {
+        return c == Char(letter) || (c >= 'A' && c <= 'Z' && c + 'a' - 'A' == letter);
+    };
+    return text.size() == word.size() && std::equal(text.begin(), text.end(), word.begin(), same);
+}
+
+/// Whether \a text begins with \a word, as above.
+template <typename Char> bool beginsWithWord(Text<Char> text, std::string_view word)
+{
+    return isWord(text.substr(0, word.size()), word);
+}
+
 /// A number of nothing but digits, with up to 32 bits.
 template <typename Char>
 Q_ALWAYS_INLINE bool readNumber(Text<Char> text, unsigned base, quint32 &number)
@@ -68,7 +83,8 @@ template <typename Char> bool readByte(Text<Char> text, unsigned base, quint8 &b
     return true;
 }
 
-/// "12.345678" or "12", in microseconds; \a isCut is set when more digits are not 0.
+/// "12.345678" or "12", in microseconds. Further digits are rounded, and \a isCut is set when they
+/// are not all 0.
 template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds, bool &isCut)
 {
     constexpr qint64 million = 1000000;
@@ -91,7 +107,10 @@ template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds,
         if (digit > 9)
             return false;
         fraction += weight * digit;
-        cut = cut || (weight == 0 && digit != 0);
+        if (weight == 0) {
+            fraction += i == point + 7 && digit >= 5;
+            cut = cut || digit != 0;
+        }
     }
     microseconds = seconds * million + fraction;
     isCut = isCut || cut;

@@ -44,6 +44,7 @@ bool Browsing::beginImport()
     if (importing.exchange(true))
         return false;
     importCancelled = false;
+    progressOfImport = {};
     return true;
 }
 

@@ -42,6 +42,9 @@ public:
     void tellLastError() { teller.tellLast(&DatachunkHandler::newErrorMessage, lastError); }
     void tellNothingImported();
 
+    void setProgress(const ImportProgress &progress) { progressOfImport = progress; }
+    ImportProgress progress() const { return importing ? progressOfImport : ImportProgress(); }
+
     // How texts are read, and what became of the last one.
 
     void setImportMode(DatachunkHelper::ImportMode mode) { modeOfImports = mode; }
@@ -58,5 +61,6 @@ private:
     std::atomic<bool> importCancelled{false};
     QString lastError;
     DatachunkHelper::ImportMode modeOfImports = DatachunkHelper::Strict;
+    ImportProgress progressOfImport;
     ImportReport lastReport;
 };

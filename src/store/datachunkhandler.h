@@ -238,6 +238,14 @@ public:
     void setImportMode(DatachunkHelper::ImportMode mode);
     DatachunkHelper::ImportMode importMode() const;
 
+    /// How far the import of a text has come that runs now; zeros when none does.
+    ImportProgress importProgress() const;
+
+    /// Gives up the import or load that runs now, from an event that it lets through: it ends as
+    /// one that failed, and the live messages are shown again. Chunks of the import that are
+    /// written by then stay in the chunk folder. Does nothing when none runs.
+    void cancelImport();
+
     /// What became of the lines of the text that was read last, up to where its reading ended; of
     /// one that was cancelled nothing is known. Chunk files and archives have no report.
     ImportReport importReport() const;

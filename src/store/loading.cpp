@@ -237,6 +237,17 @@ DatachunkHelper::ImportMode DatachunkHandler::importMode() const
     return d->browsing.importMode();
 }
 
+ImportProgress DatachunkHandler::importProgress() const
+{
+    return d->browsing.progress();
+}
+
+void DatachunkHandler::cancelImport()
+{
+    if (d->browsing.isImporting())
+        d->browsing.goLive();
+}
+
 ImportReport DatachunkHandler::importReport() const
 {
     return d->browsing.importReport();

@@ -40,6 +40,7 @@ bool StoreSink::message(const CAN::CanRxMessage &message)
         chunks.saveFullBuffer();
     }
     trace.addPaged(message);
+    ++messages;
     return true;
 }
 
@@ -65,6 +66,7 @@ void StoreSink::report(const ImportReport &report)
 
 bool StoreSink::turnEventLoop()
 {
+    browsing.setProgress({source->pos(), source->size(), messages});
     return run.turn();
 }
 

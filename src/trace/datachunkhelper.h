@@ -53,7 +53,9 @@ public:
         IxxatTrace,
         WiresharkCsv,
         GenericFormat, ///< chosen by the caller, never found
-        Unknown        ///< nothing that is known
+        Unknown,       ///< nothing that is known
+        BusmasterLog,  ///< chosen by the caller, as the next
+        GvretCsv       ///< the comma separated frames of GVRET and SavvyCAN
     };
     Q_ENUM(ImportFileType)
 

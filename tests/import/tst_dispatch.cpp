@@ -18,6 +18,7 @@ private slots:
     void importWithoutAWritableChunkFolder();
     void liveTrafficGoesOnDuringAnImport();
     void importOnAThreadWithoutTheStoresEventLoop();
+    void anImportTellsItsProgressAndCanBeCancelled();
 
 private:
     QString candump(int lines);
@@ -183,6 +184,27 @@ void TestDispatch::importOnAThreadWithoutTheStoresEventLoop()
     QVERIFY(thread->wait(20000));
     QCOMPARE(store.getMessageCount(), 500u);
     QVERIFY(!store.getIsLive());
+}
+
+void TestDispatch::anImportTellsItsProgressAndCanBeCancelled()
+{
+    constexpr int lineCount = 20000;
+    const QString file = candump(lineCount);
+    DatachunkHandler store(100000);
+    store.addnewtestmessage();
+    ImportProgress progress;
+    const AtTurn cancelling(10, [&] {
+        progress = store.importProgress();
+        store.cancelImport();
+    });
+    const QSignalSpy imported(&store, &DatachunkHandler::messagesImported);
+    store.importMessages(file, DatachunkHelper::SocketCanDump);
+    QCOMPARE(imported.value(0).value(0).toString(), QString());
+    QVERIFY(store.getIsLive() && store.getMessageCount() == 1);
+    QCOMPARE(progress.bytes, QFileInfo(file).size());
+    QVERIFY(progress.bytesRead > 0 && progress.bytesRead <= progress.bytes);
+    QVERIFY(progress.messages > 0 && progress.messages < lineCount);
+    QCOMPARE(store.importProgress().bytes, 0);
 }
 
 QTEST_GUILESS_MAIN(TestDispatch)

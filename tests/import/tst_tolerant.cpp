@@ -14,7 +14,9 @@ constexpr quint32 errorFrame = 0xFFFF00EF;
 const QMap<QString, DatachunkHelper::ImportFileType> &typesByFolder()
 {
     static const QMap<QString, DatachunkHelper::ImportFileType> types{
+        {"busmaster", DatachunkHelper::BusmasterLog},
         {"candump", DatachunkHelper::SocketCanDump},
+        {"gvret", DatachunkHelper::GvretCsv},
         {"ixxat", DatachunkHelper::IxxatTrace},
         {"kvaser-canking", DatachunkHelper::KvaserCanKingLog},
         {"kvaser-txt", DatachunkHelper::KvaserTxtLog},

@@ -28,6 +28,7 @@ private slots:
     void aLongTraceIsReadToItsEnd();
     void readingStopsWhereNothingMoreIsWanted();
     void controlCharactersAreShown();
+    void lossIsTold();
     void debugLinesOnlyWhenAskedFor();
 };
 
@@ -219,11 +220,11 @@ void TestCli::readingStopsWhereNothingMoreIsWanted()
 {
     writeFile("broken.trc", ";$FILEVERSION=1.1\n 1) 1.0 Rx 0123 1 11\n 2) 2.0 Rx\n");
     QCOMPARE(outputOf("dump broken.trc --count 1").count('\n'), 1);
-    const ProgramResult whole = run("dump broken.trc");
+    const ProgramResult whole = run("dump broken.trc --strict");
     QCOMPARE(whole.status, 1);
     QVERIFY2(whole.errors.contains("line 3 of file broken.trc"), whole.errors);
-    QVERIFY(errorsOf("info broken.trc").contains("line 3"));
-    QVERIFY(errorsOf("export broken.trc --to x.txt").contains("line 3"));
+    QVERIFY(errorsOf("info broken.trc --strict").contains("line 3"));
+    QVERIFY(errorsOf("export broken.trc --strict --to x.txt").contains("line 3"));
 }
 
 // Whoever made the file could otherwise steer the terminal.
@@ -243,10 +244,31 @@ void TestCli::controlCharactersAreShown()
     QVERIFY(errorsOf("info " + escape).startsWith("datachunk: \\x1b[2J: "));
 }
 
+void TestCli::lossIsTold()
+{
+    writeFile("a.log", candumpLines(0, 2) + "(1.0) can0 123#11223\nno frame\n");
+    const ProgramResult told = run("info a.log");
+    QCOMPARE(told.status, 0);
+    QVERIFY(told.output.contains("messages:       2\n"));
+    QCOMPARE(told.errors.split('\n').size(), 4);
+    QVERIFY(told.errors.contains("4 lines, 2 frames, 0 notes; not all of it could be kept:"));
+    QVERIFY(told.errors.contains("(line 4)"));
+    QCOMPARE(run("info a.log --fail-on-loss").status, 1);
+    QCOMPARE(run("import a.log --into x --fail-on-loss").status, 1);
+    const QJsonObject report =
+        QJsonDocument::fromJson(run("dump a.log --report json").errors).object();
+    QCOMPARE(report.value("lines").toInt(), 4);
+    QVERIFY(outputOf("info --strict a.log").contains("messages:       3\n"));
+    QVERIFY(outputOf("detect --explain a.log").startsWith("SocketCanDump a.log\n    50% Line 1 "));
+    writeFile("a.blf", "LOGG...");
+    QVERIFY(outputOf("detect --explain a.blf").contains("Export it as an ASC text"));
+}
+
 void TestCli::debugLinesOnlyWhenAskedFor()
 {
     writeFile("a.log", candumpLines(0, 1));
-    QCOMPARE(run("info a.log").errors, "");
+    QCOMPARE(run("info a.log").errors,
+             "datachunk: a.log: 1 lines, 1 frames, 0 notes; nothing was lost.\n");
     QVERIFY(run("import a.log --into x --verbose").errors.contains("DatachunkHandler::import"));
 }
 

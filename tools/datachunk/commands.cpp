@@ -6,14 +6,9 @@
 
 namespace {
 
-QList<QCommandLineOption> noOptions()
-{
-    return {};
-}
-
 constexpr Command commands[] = {
     {"detect", "FILE...", QT_TRANSLATE_NOOP("Cli", "Tell the type of each file."), 1, INT_MAX,
-     noOptions, runDetect},
+     detectOptions, runDetect},
     {"info", "FILE", QT_TRANSLATE_NOOP("Cli", "Tell what a trace holds."), 1, 1, traceOptions,
      runInfo},
     {"dump", "FILE", QT_TRANSLATE_NOOP("Cli", "Print the messages of a trace, one a line."), 1, 1,

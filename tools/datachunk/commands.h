@@ -23,6 +23,7 @@ const Command *findCommand(const QString &name);
 QString commandList();
 
 QList<QCommandLineOption> traceOptions();
+QList<QCommandLineOption> detectOptions();
 QList<QCommandLineOption> dumpOptions();
 QList<QCommandLineOption> exportOptions();
 QList<QCommandLineOption> importOptions();

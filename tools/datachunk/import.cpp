@@ -1,5 +1,6 @@
 #include "chunknames.h"
 #include "commands.h"
+#include "lossreport.h"
 #include "movefiles.h"
 #include "options.h"
 #include "rotation.h"
@@ -75,6 +76,7 @@ Parts importParts(DatachunkHandler &store, const TraceFile &trace, quint32 messa
     QObject::connect(&store, &DatachunkHandler::messagesImported, &store,
                      [&](const QString &name) { parts.imported = !name.isEmpty(); });
     StopSignals::whenStopped(&store, [&store] { store.goLive(); });
+    store.setImportMode(trace.mode);
     store.importMessages(trace.name, trace.type, trace.formatDescription);
     store.disconnect();
     if (parts.imported)
@@ -93,10 +95,12 @@ bool importTrace(const TraceFile &trace, const QDir &folder, const QString &base
     const Parts parts = importParts(*store, trace, messagesPerPart);
     if (interrupted(trace.name))
         return false;
+    const ImportReport report = store->importReport();
+    printReport(trace, report);
     if (!parts.imported && !parts.errorPrinted)
         printError(trace.name, Cli::tr("The file could not be imported."));
     return parts.imported && moveFiles(parts.files, partNames(folder, base, parts.files.size()))
-        && !parts.errorPrinted;
+        && !parts.errorPrinted && !failsOnLoss(trace, report);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "commands.h"
 #include "filechecks.h"
 #include "terminal.h"
+#include "tracerecognition.h"
 
 #include <QMetaEnum>
 
@@ -31,7 +32,15 @@ QList<QCommandLineOption> traceOptions()
          QStringLiteral("NAME")},
         {QStringLiteral("format"),
          Cli::tr("Read a text of the layout described (type GenericFormat)."),
-         QStringLiteral("DESCRIPTION")}};
+         QStringLiteral("DESCRIPTION")},
+        {QStringLiteral("strict"),
+         Cli::tr("Read texts by the letter, as other programs of this kind do, instead of taking "
+                 "only what has the shape of a frame.")},
+        {QStringLiteral("report"),
+         Cli::tr("Tell what became of the lines in this form: text or json."),
+         QStringLiteral("FORM")},
+        {QStringLiteral("fail-on-loss"),
+         Cli::tr("Fail when a line was left out or something of a frame was changed.")}};
 }
 
 QString typeName(DatachunkHelper::ImportFileType type)
@@ -41,6 +50,16 @@ QString typeName(DatachunkHelper::ImportFileType type)
 
 bool readTraceOptions(const QCommandLineParser &parser, TraceFile &trace)
 {
+    const QString form = parser.value(QStringLiteral("report"));
+    trace.reportsAsJson = form == QLatin1String("json");
+    trace.failsOnLoss = parser.isSet(QStringLiteral("fail-on-loss"));
+    if (parser.isSet(QStringLiteral("strict")))
+        trace.mode = DatachunkHelper::Strict;
+    if (parser.isSet(QStringLiteral("report")) && !trace.reportsAsJson
+        && form != QLatin1String("text")) {
+        usageError(Cli::tr("--report takes text or json, not \"%1\"").arg(form));
+        return false;
+    }
     const QString name = parser.value(QStringLiteral("type"));
     const bool described = parser.isSet(QStringLiteral("format"));
     trace.formatDescription = parser.value(QStringLiteral("format"));
@@ -70,10 +89,16 @@ bool checkTrace(TraceFile &trace)
 {
     if (!checkReadable(trace.name))
         return false;
-    if (trace.detectsType)
+    QString explanation = Cli::tr("The type of the file is unknown.");
+    if (trace.detectsType && trace.mode == DatachunkHelper::Strict) {
         trace.type = DatachunkHelper().getImportFileType(trace.name);
+    } else if (trace.detectsType) {
+        const TraceRecognition found = TraceRecognition::of(trace.name);
+        trace.type = found.type;
+        explanation = found.explanation;
+    }
     if (trace.type == DatachunkHelper::Unknown)
-        printError(trace.name, Cli::tr("The type of the file is unknown."));
+        printError(trace.name, explanation);
     else if (trace.type == DatachunkHelper::EmptyTxtFile)
         printError(trace.name, Cli::tr("The file is empty."));
     else if (trace.type == DatachunkHelper::Unassigned)

@@ -11,6 +11,9 @@ struct TraceFile
     DatachunkHelper::ImportFileType type = DatachunkHelper::Unknown;
     bool detectsType = false; ///< the user told none
     QString formatDescription;
+    DatachunkHelper::ImportMode mode = DatachunkHelper::Tolerant;
+    bool reportsAsJson = false;
+    bool failsOnLoss = false;
 };
 
 /// Takes over the type and the layout that the options tell. False, with the usage error printed,

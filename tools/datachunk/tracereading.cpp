@@ -1,11 +1,13 @@
 #include "tracereading.h"
 
+#include "lossreport.h"
 #include "stopsignals.h"
 #include "terminal.h"
 
 TraceReading::Result TraceReading::forEachMessage(const TraceStream::Take &visit)
 {
     TraceStream stream(trace.name, trace.type, trace.formatDescription);
+    stream.setMode(trace.mode);
     const TraceStream::Result result = stream.read(visit, [] {
         QCoreApplication::processEvents();
         return !StopSignals::received();
@@ -18,5 +20,10 @@ TraceReading::Result TraceReading::forEachMessage(const TraceStream::Take &visit
     }
     if (interrupted(trace.name) || result == TraceStream::Failed)
         return Failed;
+    if (!reported)
+        printReport(trace, stream.report());
+    reported = true;
+    if (failsOnLoss(trace, stream.report()))
+        return Damaged;
     return errors.isEmpty() ? Complete : Damaged;
 }

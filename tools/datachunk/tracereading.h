@@ -22,11 +22,13 @@ public:
 
     DatachunkHelper::ImportFileType type() const { return trace.type; }
 
-    /// Reads the trace from its beginning until \a visit returns false, which is no failure. A
-    /// signal counts as one. May be called again, and prints nothing twice.
+    /// Reads the trace from its beginning, and tells what became of its lines, or until \a visit
+    /// returns false, which is no failure. A signal counts as one. May be called again, and prints
+    /// nothing twice.
     Result forEachMessage(const TraceStream::Take &visit);
 
 private:
     TraceFile trace;
     QSet<QString> printed;
+    bool reported = false;
 };

@@ -1,0 +1,209 @@
+#include "tracerecognition.h"
+
+#include "chunkformat.h"
+#include "chunknames.h"
+#include "loadertable.h"
+#include "regularfile.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QMetaEnum>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 headSize = 192LL * 1024;
+constexpr qint64 sampleSize = 32LL * 1024;
+constexpr int sampleCount = 3;
+
+QString text(const char *source)
+{
+    return QCoreApplication::translate("TraceRecognition", source);
+}
+
+QString nameOf(DatachunkHelper::ImportFileType type)
+{
+    const auto types = QMetaEnum::fromType<DatachunkHelper::ImportFileType>();
+    return QLatin1String(types.valueToKey(type));
+}
+
+// Files that are no traces of ours, by their first bytes, and what their user can do.
+struct ForeignFile
+{
+    const char *start;
+    int size;
+    const char *advice;
+};
+
+constexpr ForeignFile foreignFiles[] = {
+    {"LOGG", 4,
+     QT_TRANSLATE_NOOP("TraceRecognition",
+                       "This is a binary log (BLF). Export it as an ASC text and import that.")},
+    {"MDF     ", 8,
+     QT_TRANSLATE_NOOP("TraceRecognition",
+                       "This is a measurement file (MDF). Export its frames as an ASC text and "
+                       "import that.")},
+    {"\xD4\xC3\xB2\xA1", 4,
+     QT_TRANSLATE_NOOP("TraceRecognition",
+                       "This is a packet capture (pcap). Export it as CSV text and import that.")},
+    {"\x0A\x0D\x0D\x0A", 4,
+     QT_TRANSLATE_NOOP(
+         "TraceRecognition",
+         "This is a packet capture (pcapng). Export it as CSV text and import that.")},
+    {"\x1F\x8B", 2,
+     QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (gzip). Unpack it first.")},
+    {"\xFD"
+     "7zXZ",
+     5, QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (xz). Unpack it first.")},
+    {"BZh", 3,
+     QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (bzip2). Unpack it first.")},
+    {"\x28\xB5\x2F\xFD", 4,
+     QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (zstd). Unpack it first.")},
+};
+
+// The beginning, and whole lines from further on.
+QByteArray sampleOf(RegularFile &file)
+{
+    QByteArray sample = file.read(headSize);
+    const bool isWide = sample.startsWith("\xFF\xFE") || sample.startsWith("\xFE\xFF");
+    if (file.size() <= sample.size() || isWide)
+        return sample;
+    sample.truncate(sample.lastIndexOf('\n') + 1);
+    for (int i = 1; i <= sampleCount; ++i) {
+        file.seek(headSize + (file.size() - headSize - sampleSize) * i / sampleCount);
+        QByteArray block = file.read(sampleSize);
+        block.truncate(block.lastIndexOf('\n') + 1);
+        sample += block.mid(block.indexOf('\n') + 1);
+    }
+    return sample;
+}
+
+bool isBinary(const QByteArray &sample)
+{
+    return sample.contains('\0') && !sample.startsWith("\xFF\xFE")
+        && !sample.startsWith("\xFE\xFF");
+}
+
+// Takes nothing but the first line that brings a message.
+class FirstFrameSink : public TraceSink
+{
+public:
+    explicit FirstFrameSink(const LineSource &lines) : lines(lines) { }
+
+    bool message(const CAN::CanRxMessage &) override
+    {
+        if (line == 0) {
+            line = lines.number();
+            text = lines.visit(
+                [](auto line) { return toQString(line.substr(0, ImportReport::mostCharacters)); });
+        }
+        return true;
+    }
+    void note(quint32, const QString &) override { }
+    void appendNote(quint32, const QString &) override { }
+    void fdFrames(bool) override { }
+    bool turnEventLoop() override { return true; }
+
+    quint64 line = 0;
+    QString text;
+
+private:
+    const LineSource &lines;
+};
+
+struct Candidate
+{
+    TraceRecognition found;
+    quint64 frames = 0;
+};
+
+Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
+{
+    const TraceRequest request{{}, type, {}, DatachunkHelper::Tolerant};
+    const TraceReader reader = traceReaderFor(request);
+    QBuffer buffer(&sample);
+    buffer.open(QIODevice::ReadOnly);
+    LineSource lines(buffer, reader.carriageReturns);
+    FirstFrameSink sink(lines);
+    reader.read(lines, sink, request);
+    const ImportReport &report = lines.finishReport();
+    if (report.frames == 0)
+        return {};
+    TraceRecognition found;
+    const quint64 others = report.leftOut[ImportReport::Empty].count
+        + report.leftOut[ImportReport::Header].count + report.leftOut[ImportReport::Comment].count
+        + report.leftOut[ImportReport::Statistics].count;
+    found.type = type;
+    found.percent = int(qMin<quint64>(100, (report.frames + others) * 100 / report.lines));
+    found.line = sink.line;
+    found.lineText = sink.text;
+    found.explanation = text("Line %1 is a frame of the type %2, and %3 of the %4 lines looked at "
+                             "are frames.")
+                            .arg(found.line)
+                            .arg(nameOf(type))
+                            .arg(report.frames)
+                            .arg(report.lines);
+    return {found, report.frames};
+}
+
+TraceRecognition byContent(QByteArray &sample, DatachunkHelper::ImportFileType strict)
+{
+    Candidate best;
+    if (isTraceText(strict))
+        best = tryType(strict, sample);
+    for (const DatachunkHelper::ImportFileType type : tolerantTypes()) {
+        Candidate candidate = tryType(type, sample);
+        if (candidate.frames > best.frames)
+            best = std::move(candidate);
+    }
+    return best.found;
+}
+
+TraceRecognition recognised(DatachunkHelper::ImportFileType type, const char *explanation)
+{
+    TraceRecognition found;
+    found.type = type;
+    found.percent = 100;
+    found.explanation = text(explanation);
+    return found;
+}
+
+TraceRecognition refused(const QString &explanation)
+{
+    TraceRecognition found;
+    found.explanation = explanation;
+    return found;
+}
+
+} // namespace
+
+TraceRecognition TraceRecognition::of(const QString &fileName)
+{
+    RegularFile file(fileName);
+    if (!file.openForReading())
+        return refused(text("The file cannot be opened: %1").arg(file.errorString()));
+    if (isChunkName(fileName))
+        return recognised(DatachunkHelper::ChunkFile,
+                          QT_TRANSLATE_NOOP("TraceRecognition",
+                                            "The name of the file ends as that of a chunk file."));
+    const DatachunkHelper::ImportFileType strict = DatachunkHelper().getImportFileType(fileName);
+    QByteArray sample = sampleOf(file);
+    if (strict == DatachunkHelper::ZipArchive || sample.startsWith("PK\x03\x04"))
+        return recognised(
+            DatachunkHelper::ZipArchive,
+            QT_TRANSLATE_NOOP("TraceRecognition", "The file begins or is named as a ZIP archive."));
+    if (sample.isEmpty())
+        return refused(text("The file is empty."));
+    for (const ForeignFile &foreign : foreignFiles) {
+        if (sample.startsWith(QByteArray::fromRawData(foreign.start, foreign.size)))
+            return refused(text(foreign.advice));
+    }
+    if (isBinary(sample))
+        return refused(text("The file is no text, and of no kind that is known."));
+    const TraceRecognition found = byContent(sample, strict);
+    if (found.type != DatachunkHelper::Unknown)
+        return found;
+    return refused(text("None of the lines looked at is a frame of a known format. A text of "
+                        "fields between blanks can be read by describing its layout."));
+}

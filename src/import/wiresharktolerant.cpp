@@ -1,0 +1,386 @@
+#include "canframe.h"
+#include "csvcolumns.h"
+#include "lineparts.h"
+#include "wiresharkcsvreader.h"
+#include "writtendates.h"
+#include "writtenfields.h"
+
+using namespace LineFields;
+
+namespace {
+
+enum Column {
+    Number,
+    Time,
+    Protocol,
+    Info,
+    Id,
+    Length,
+    Data,
+    Extended,
+    Remote,
+    Error,
+    FdFrame,
+    BitRateSwitch,
+    ErrorState,
+    Channel,
+    PacketType,
+    columnCount
+};
+
+// Titles of the packet list and names of fields, as they are exported.
+constexpr CsvColumns::Name names[] = {
+    {"no.", Number},
+    {"no", Number},
+    {"frame.number", Number},
+    {"_ws.col.no.", Number},
+    {"time", Time},
+    {"frame.time", Time},
+    {"frame.time_relative", Time},
+    {"frame.time_epoch", Time},
+    {"_ws.col.time", Time},
+    {"protocol", Protocol},
+    {"_ws.col.protocol", Protocol},
+    {"info", Info},
+    {"_ws.col.info", Info},
+    {"can.id", Id},
+    {"id", Id},
+    {"can id", Id},
+    {"identifier", Id},
+    {"can.len", Length},
+    {"canfd.len", Length},
+    {"dlc", Length},
+    {"frame-length", Length},
+    {"data.data", Data},
+    {"data", Data},
+    {"can.data", Data},
+    {"payload", Data},
+    {"can.flags.xtd", Extended},
+    {"extended flag", Extended},
+    {"can.flags.rtr", Remote},
+    {"remote transmission request flag", Remote},
+    {"can.flags.err", Error},
+    {"error message flag", Error},
+    {"canfd.flags.fdf", FdFrame},
+    {"canfd.flags.brs", BitRateSwitch},
+    {"bit rate setting", BitRateSwitch},
+    {"canfd.flags.esi", ErrorState},
+    {"error state indicator", ErrorState},
+    {"can.bus_id", Channel},
+    {"frame.interface_name", Channel},
+    {"frame.interface_id", Channel},
+    {"interface", Channel},
+    {"interface name", Channel},
+    {"sll.pkttype", PacketType},
+    {"packet type", PacketType},
+};
+
+using Positions = CsvColumns::Positions<columnCount>;
+
+// The packet list as it is exported when nobody has changed it.
+Positions packetList()
+{
+    Positions positions;
+    positions[Number] = 0;
+    positions[Time] = 1;
+    positions[Protocol] = 4;
+    positions[Info] = 6;
+    return positions;
+}
+
+// What a row says of its frame so far.
+struct Found
+{
+    CAN::CanRxMessage message;
+    int bytes = 0;
+    bool hasId = false;
+    bool hasLength = false;
+    bool hasData = false; // also where it is empty
+    bool isError = false;
+};
+
+// "0x166" or "358"; a number with other digits than decimal ones is hexadecimal.
+template <typename Char> bool readAnyBase(Text<Char> text, quint32 &number)
+{
+    const bool hasPrefix = text.size() > 1 && text[1] == 'x';
+    return (!hasPrefix && WrittenFields::readNumber(text, 10, number))
+        || WrittenFields::readHex(text, number);
+}
+
+template <typename Char> void addByte(Text<Char> text, Found &found)
+{
+    if (found.bytes < CAN::maxDataBytes)
+        WrittenFields::readByte(text, 16, found.message.data[found.bytes]);
+    ++found.bytes;
+}
+
+template <typename Char> bool isByte(Text<Char> text)
+{
+    quint8 byte = 0;
+    return text.size() == 2 && WrittenFields::readByte(text, 16, byte);
+}
+
+// Payload up to the first word that is no byte of two digits.
+template <typename Char> void readWords(const Parts<Char> &words, int first, Found &found)
+{
+    for (int i = first; i < words.size() && isByte(words[i]); ++i)
+        addByte(words[i], found);
+    found.hasData = found.hasData || found.bytes > 0;
+}
+
+// "ID: 358 (0x166), Length: 4", where "Ext." may stand before "ID:", and payload behind it.
+template <typename Char> void readIdInfo(const Parts<Char> &words, int idWord, Found &found)
+{
+    enum Word { Decimal = 1, LengthName = 3, Length = 4, Payload = 5 };
+    quint32 length = 0;
+    found.hasId = WrittenFields::readNumber(partAt(words, idWord + Decimal), 10, found.message.id);
+    found.message.extended = idWord > 0;
+    Text<Char> number = partAt(words, idWord + Length);
+    if (!number.empty() && number.back() == ',')
+        number.remove_suffix(1);
+    if (!equals(partAt(words, idWord + LengthName), "Length:")
+        || !WrittenFields::readNumber(number, 10, length) || length > CAN::maxDataBytes)
+        return;
+    found.hasLength = true;
+    found.message.length = qint8(length);
+    readWords(words, idWord + Payload, found);
+}
+
+// "STD: 0x00000123   11 22 33"; the number has eight digits for standard identifiers too.
+template <typename Char> void readKindInfo(const Parts<Char> &words, Found &found)
+{
+    constexpr int payload = 2;
+    found.isError = equals(words[0], "ERR:");
+    found.message.extended = equals(words[0], "XTD:");
+    if (!found.isError && !found.message.extended && !equals(words[0], "STD:"))
+        return;
+    found.hasId = WrittenFields::readHex(partAt(words, 1), found.message.id);
+    found.hasData = true;
+    readWords(words, payload, found);
+}
+
+template <typename Char> void readInfo(Text<Char> info, Found &found)
+{
+    const Parts<Char> words = splitAtBlanks(info);
+    if (words.isEmpty())
+        return;
+    found.message.remote = contains(info, "Remote Transmission Request");
+    if (equals(words[0], "ID:"))
+        readIdInfo(words, 0, found);
+    else if (equals(words[0], "Ext.") && equals(partAt(words, 1), "ID:"))
+        readIdInfo(words, 1, found);
+    else
+        readKindInfo(words, found);
+}
+
+// "01020304", "01:02:03:04" or "01 02 03 04".
+template <typename Char> bool readData(Text<Char> text, Found &found)
+{
+    found.bytes = 0;
+    while (!text.empty()) {
+        const Text<Char> byte = text.substr(0, 2);
+        if (!isByte(byte))
+            return false;
+        addByte(byte, found);
+        text.remove_prefix(2);
+        if (!text.empty() && (text[0] == ':' || text[0] == ' '))
+            text.remove_prefix(1);
+    }
+    found.hasData = true;
+    return true;
+}
+
+// Reads the date before a time of day, if there is one.
+template <typename Char> Text<Char> clockBehindDate(const Parts<Char> &words, qint64 &date)
+{
+    enum Word { Month, Day, Year, ClockBehindYear };
+    constexpr std::size_t isoDateSize = 10;
+    const Text<Char> first = partAt(words, 0);
+    if (WrittenFields::readIsoDate(first.substr(0, isoDateSize), date))
+        return first.size() == isoDateSize ? partAt(words, 1) : first.substr(isoDateSize + 1);
+    const bool isNamed = WrittenFields::readNamedDate(partAt(words, Month), partAt(words, Day),
+                                                      partAt(words, Year), date);
+    return isNamed ? partAt(words, ClockBehindYear) : first;
+}
+
+// Seconds, a time of day, or a date with a time; "Jul  8, 2020 01:41:02.5 CEST" as well.
+template <typename Char> bool readTime(Text<Char> text, qint64 &microseconds, bool &isCut)
+{
+    std::basic_string<Char> scratch;
+    text = withoutBrackets<'(', ')'>(text, scratch);
+    if (WrittenFields::readSeconds(text, microseconds, isCut))
+        return true;
+    if (!text.empty() && text.back() == 'Z')
+        text.remove_suffix(1);
+    const Parts<Char> words = splitAtBlanks(text);
+    qint64 date = 0;
+    qint64 clock = 0;
+    if (!WrittenFields::readClock(clockBehindDate(words, date), clock, isCut))
+        return false;
+    microseconds = date + clock;
+    return true;
+}
+
+/// Reads the rows of one export.
+class PacketRows
+{
+public:
+    PacketRows(LineSource &lines, TraceSink &sink)
+        : lines(lines), sink(sink), channels(lines), positions(packetList())
+    {
+    }
+
+    bool hasFdFrames() const { return fdSeen; }
+
+    template <typename Char> Outcome readLine(Text<Char> line)
+    {
+        if (!sink.turnEventLoop())
+            return Outcome::givenUp();
+        if (separator == 0)
+            separator = CsvColumns::separatorOf(line);
+        const Parts<Char> cells = CsvColumns::cellsOf(line, separator);
+        Found found;
+        if (!readFields(cells, found)) {
+            readTitles(cells);
+            return Outcome::done();
+        }
+        return keepFrame(cells, found);
+    }
+
+private:
+    // False for a row that names no frame.
+    template <typename Char> bool readFields(const Parts<Char> &cells, Found &found)
+    {
+        readInfo(positions.cell(cells, Info), found);
+        if (const auto id = positions.cell(cells, Id); !id.empty())
+            found.hasId = readAnyBase(id, found.message.id);
+        return found.hasId || found.isError;
+    }
+
+    // A row of titles may come again, where exports are joined.
+    template <typename Char> void readTitles(const Parts<Char> &cells)
+    {
+        const Positions named(cells, names);
+        if (!named.has(Info) && !named.has(Id))
+            return;
+        positions = named;
+        lines.leaveOut(ImportReport::Header);
+    }
+
+    template <typename Char> Outcome keepFrame(const Parts<Char> &cells, Found &found)
+    {
+        ImportReport::Reason reason = ImportReport::WrongShape;
+        if (!readFlags(cells, found, reason) || !readPayload(cells, found, reason)
+            || !readStamp(cells, found, reason)) {
+            lines.leaveOut(reason);
+            return Outcome::done();
+        }
+        if (const auto channel = positions.cell(cells, Channel); !channel.empty())
+            found.message.line = channels.lineOf(channel);
+        quint32 number = 0;
+        const bool isNumbered =
+            WrittenFields::readNumber(positions.cell(cells, Number), 10, number);
+        found.message.messageNumber = isNumbered ? number : quint32(lines.report().frames);
+        fdSeen = fdSeen || found.message.fdFrame;
+        lines.keep();
+        return sink.message(found.message) ? Outcome::done() : Outcome::givenUp();
+    }
+
+    template <typename Char>
+    bool readFlags(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    {
+        const Text<Char> protocol = positions.cell(cells, Protocol);
+        CAN::CanRxMessage &message = found.message;
+        const auto flag = [&](Column column) {
+            return CsvColumns::isTrue(positions.cell(cells, column));
+        };
+        if (CsvColumns::equalsIgnoringCase(protocol, "canxl"))
+            reason = ImportReport::UnkeptFrameKind;
+        else if (message.id > WrittenFields::maxExtendedId && !found.isError)
+            reason = ImportReport::UnparsableNumber;
+        if (reason != ImportReport::WrongShape)
+            return false;
+        found.isError = found.isError || flag(Error);
+        message.fdFrame = CsvColumns::equalsIgnoringCase(protocol, "canfd") || flag(FdFrame);
+        message.flagC = flag(BitRateSwitch);
+        message.flagB = flag(ErrorState);
+        message.remote = message.remote || flag(Remote);
+        message.extended =
+            message.extended || flag(Extended) || message.id > WrittenFields::maxStandardId;
+        const Text<Char> packetType = positions.cell(cells, PacketType);
+        message.transmitted = equals(packetType, "4") || contains(packetType, "Sent by us");
+        return true;
+    }
+
+    template <typename Char>
+    bool readPayload(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    {
+        if (found.isError) {
+            WrittenFields::setErrorFrame(found.message);
+            found.message.length = 0;
+            return true;
+        }
+        quint32 length = 0;
+        const Text<Char> lengthCell = positions.cell(cells, Length);
+        const Text<Char> dataCell = positions.cell(cells, Data);
+        reason = ImportReport::UnparsableNumber;
+        if (!lengthCell.empty()) {
+            if (!WrittenFields::readNumber(lengthCell, 10, length) || length > CAN::maxDataBytes)
+                return false;
+            found.hasLength = true;
+            found.message.length = qint8(length);
+        }
+        if (!dataCell.empty() && !readData(dataCell, found))
+            return false;
+        reason = ImportReport::TooFewFields;
+        return settleLength(found);
+    }
+
+    // The payload of a frame may not be in the export at all; then its length is all there is.
+    bool settleLength(Found &found)
+    {
+        CAN::CanRxMessage &message = found.message;
+        if (!found.hasLength) {
+            message.length = qint8(std::min(found.bytes, CAN::maxDataBytes));
+            return (found.hasData || message.remote) && found.bytes <= CAN::maxDataBytes;
+        }
+        if (message.remote || found.bytes == message.length)
+            return true;
+        if (found.bytes == 0 || found.bytes > message.length)
+            lines.change(ImportReport::ChangedPayload);
+        return found.bytes == 0 || found.bytes > message.length;
+    }
+
+    template <typename Char>
+    bool readStamp(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    {
+        const Text<Char> cell = positions.cell(cells, Time);
+        qint64 microseconds = 0;
+        bool isCut = false;
+        reason = ImportReport::UnparsableNumber;
+        if (!cell.empty() && !readTime(cell, microseconds, isCut))
+            return false;
+        WrittenFields::setTime(found.message, microseconds);
+        if (isCut)
+            lines.change(ImportReport::ChangedTime);
+        return true;
+    }
+
+    LineSource &lines;
+    TraceSink &sink;
+    WrittenFields::Channels channels;
+    Positions positions;
+    char separator = 0;
+    bool fdSeen = false;
+};
+
+} // namespace
+
+Outcome readWiresharkTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    PacketRows rows(lines, sink);
+    Outcome result = readNumberedLines(lines, [&rows](auto line) { return rows.readLine(line); });
+    if (result.isDone() && rows.hasFdFrames())
+        sink.fdFrames(true);
+    return result;
+}
