@@ -3,11 +3,11 @@
 #include "canframe.h"
 #include "writtenframe.h"
 #include "writtentimes.h"
-#include "writtenwords.h"
 
 using namespace WrittenFields;
 using LineFields::equals;
 using LineFields::isBlank;
+using LineFields::Parts;
 using LineFields::trimmed;
 
 namespace {
@@ -22,7 +22,7 @@ template <typename Char> bool isComment(Text<Char> line)
 {
     const Char first = line.front();
     return first == '#' || first == ';' || first == '$' || first == '%'
-        || equals(line.substr(0, 2), "//");
+        || (first == '/' && equals(line.substr(0, 2), "//"));
 }
 
 template <typename Char> bool removeBrackets(Text<Char> &text, char open, char close)
@@ -203,8 +203,10 @@ template <typename Char> bool readShownRemark(Text<Char> text, WrittenFrame &fra
 {
     if (text.empty() || text.front() == '\'' || text.front() == '`' || equals(text, "ERRORFRAME"))
         return true;
+    const auto wordEnd = std::find_if(text.begin(), text.end(), isBlank<Char>);
     quint8 byte = 0;
-    return !readByte(Words<Char>(text).next(), 16, byte) && readRemark(text, frame);
+    return !readByte(text.substr(0, std::size_t(wordEnd - text.begin())), 16, byte)
+        && readRemark(text, frame);
 }
 
 class CandumpGrammar
@@ -224,35 +226,40 @@ public:
     }
 
 private:
-    // The words in front of the one that tells the layout.
-    template <typename Char> struct Front
+    // The words of a line behind its time. The layout shows in the word with the payload, or with
+    // its length, and in how many stand before it.
+    template <typename Char> struct Line
     {
-        std::array<Text<Char>, 5> words;
-        std::size_t count = 0;
-        bool hasTime = false;
+        // From word \a index to the end.
+        Text<Char> from(int index) const
+        {
+            const Text<Char> word = LineFields::partAt(words, index);
+            return word.empty() ? word : text.substr(std::size_t(word.data() - text.data()));
+        }
+
+        Text<Char> text;
+        bool hasTime;
+        Parts<Char> words;
     };
 
     template <typename Char> bool readLine(Text<Char> text, WrittenFrame &frame)
     {
         if (isComment(text))
             return frame.fail(ImportReport::Comment);
-        Front<Char> front;
-        front.hasTime = text.front() == '(';
-        if (front.hasTime && !readTime(text, frame))
+        const bool hasTime = text.front() == '(';
+        if (hasTime && !readTime(text, frame))
             return false;
-        Words<Char> words(text);
-        Text<Char> word = words.next();
-        for (; !word.empty() && front.count < front.words.size(); word = words.next()) {
+        const Line<Char> line{text, hasTime, LineFields::splitAtBlanks(text)};
+        constexpr int mostBefore = 5;
+        for (int i = 0; i < std::min(int(line.words.size()), mostBefore + 1); ++i) {
+            const Text<Char> word = line.words[i];
             if (word.front() == '[' || word.front() == '{')
-                break;
-            const std::size_t separator = word.find(Char('#'));
-            if (separator != word.npos)
-                return readJoinedFrame(front, word, separator, words, frame);
-            front.words[front.count++] = word;
+                return readShownFrame(line, i, frame);
+            const auto separator = std::find(word.begin(), word.end(), Char('#'));
+            if (separator != word.end())
+                return readJoinedFrame(line, i, std::size_t(separator - word.begin()), frame);
         }
-        if (!word.empty() && (word.front() == '[' || word.front() == '{'))
-            return readShownFrame(front, word, words.rest(), frame);
-        return frame.fail(reasonWithoutFrame(front));
+        return frame.fail(reasonWithoutFrame(line));
     }
 
     // "(12.5)", "( 2020-12-19 12:04:45.485261)"; leaves in \a text what follows.
@@ -273,52 +280,63 @@ private:
 
     // "can0 123#1122 T". Time or interface may be missing, but not both.
     template <typename Char>
-    bool readJoinedFrame(const Front<Char> &front, Text<Char> word, std::size_t separator,
-                         Words<Char> behind, WrittenFrame &frame)
+    bool readJoinedFrame(const Line<Char> &line, int at, std::size_t separator, WrittenFrame &frame)
     {
-        if (front.count > 1 || (front.count == 0 && !front.hasTime)
-            || !readId(word.substr(0, separator), frame)
+        const Text<Char> word = line.words[at];
+        if (at > 1 || (at == 0 && !line.hasTime) || !readId(word.substr(0, separator), frame)
             || !readJoinedPayload(word.substr(separator + 1), frame))
             return false;
-        Text<Char> remark = behind.rest();
-        if (readDirection(behind.next(), frame.message))
-            remark = behind.rest();
-        if (!readRemark(remark, frame))
+        const bool hasDirection =
+            readDirection(LineFields::partAt(line.words, at + 1), frame.message);
+        if (!readRemark(line.from(at + (hasDirection ? 2 : 1)), frame))
             return false;
-        if (front.count > 0)
-            frame.message.line = channels.lineOf(front.words[0]);
+        if (at > 0)
+            frame.message.line = channels.lineOf(line.words[0]);
         return true;
     }
 
     // "can0  TX B E  123  [08]  11 22 ...": all in front of the identifier may be missing.
     template <typename Char>
-    bool readShownFrame(const Front<Char> &front, Text<Char> length, Text<Char> data,
-                        WrittenFrame &frame)
+    bool readShownFrame(const Line<Char> &line, int at, WrittenFrame &frame)
     {
-        if (front.count == 0 || !readFlags(front, frame.message)
-            || !readId(front.words[front.count - 1], frame) || !readLength(length, frame))
+        if (at == 0 || !readFlags(line, at - 1, frame.message) || !readId(line.words[at - 1], frame)
+            || !readLength(line.words[at], frame))
             return false;
-        Words<Char> words(data);
-        if (equals(words.next(), "remote")) {
+        Text<Char> rest = line.from(at + 1);
+        if (equals(LineFields::partAt(line.words, at + 1), "remote")) {
             frame.message.remote = true;
-            words.next();
-            data = words.rest();
-        } else if (!readShownBytes(data, frame)) {
+            rest = line.from(at + 3); // behind "remote request"
+        } else if (readByteWords(line, at + 1, frame.message)) {
+            rest = line.from(at + 1 + frame.message.length);
+        } else if (!readShownBytes(rest, frame)) {
             return false;
         }
-        if (!readShownRemark(trimmed(data), frame))
+        if (!readShownRemark(trimmed(rest), frame))
             return false;
-        if (front.count > 1)
-            frame.message.line = channels.lineOf(front.words[0]);
+        if (at > 1)
+            frame.message.line = channels.lineOf(line.words[0]);
+        return true;
+    }
+
+    // What nearly all payloads are: words of two digits.
+    template <typename Char>
+    static bool readByteWords(const Line<Char> &line, int first, CAN::CanRxMessage &message)
+    {
+        if (line.words.size() - first < message.length)
+            return false;
+        for (int i = 0; i < message.length; ++i) {
+            if (!readByte(line.words[first + i], 16, message.data[i]))
+                return false;
+        }
         return true;
     }
 
     // Direction, bit rate switch and error state between interface and identifier.
     template <typename Char>
-    static bool readFlags(const Front<Char> &front, CAN::CanRxMessage &message)
+    static bool readFlags(const Line<Char> &line, int idAt, CAN::CanRxMessage &message)
     {
-        for (std::size_t i = 1; i + 1 < front.count; ++i) {
-            const Text<Char> word = front.words[i];
+        for (int i = 1; i < idAt; ++i) {
+            const Text<Char> word = line.words[i];
             if (i == 1 ? !readDirection(word, message) : word.size() != 1)
                 return false;
             message.flagC = message.flagC || (i > 1 && word[0] == 'B');
@@ -327,18 +345,17 @@ private:
         return true;
     }
 
-    template <typename Char>
-    static ImportReport::Reason reasonWithoutFrame(const Front<Char> &front)
+    template <typename Char> static ImportReport::Reason reasonWithoutFrame(const Line<Char> &line)
     {
-        if (front.count == 0)
+        if (line.words.isEmpty())
             return ImportReport::TooFewFields;
-        if (equals(front.words[front.count - 1], "ERROR"))
+        if (equals(line.words.last(), "ERROR"))
             return ImportReport::UnkeptFrameKind;
-        if (equals(front.words[0], "DROPCOUNT:"))
+        if (equals(line.words[0], "DROPCOUNT:"))
             return ImportReport::Statistics;
-        if (equals(front.words[0], "interface") && equals(front.words[1], "="))
+        if (equals(line.words[0], "interface") && equals(LineFields::partAt(line.words, 1), "="))
             return ImportReport::Header;
-        return front.hasTime ? ImportReport::TooFewFields : ImportReport::WrongShape;
+        return line.hasTime ? ImportReport::TooFewFields : ImportReport::WrongShape;
     }
 
     Channels channels;

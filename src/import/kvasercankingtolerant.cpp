@@ -39,9 +39,11 @@ template <typename Char> bool findColumns(const Parts<Char> &parts, Columns &col
     return columns.bytes >= 0 && isTime && isDigit(parts[0]);
 }
 
+// The words stand in place of flags, length and payload.
 template <typename Char> bool isErrorFrame(const Parts<Char> &parts)
 {
-    return std::any_of(parts.begin(), parts.end(),
+    const int end = std::min(int(parts.size()), flagsStart + 2);
+    return std::any_of(parts.begin(), parts.begin() + end,
                        [](Text<Char> part) { return equals(part, "ErrorFrame"); });
 }
 

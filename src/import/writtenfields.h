@@ -1,7 +1,7 @@
 #pragma once
 
 #include "canframe.h"
-#include "linesource.h"
+#include "linenumbers.h"
 
 #include <array>
 #include <limits>
@@ -13,16 +13,10 @@ namespace WrittenFields {
 constexpr quint32 maxStandardId = 0x7FF;
 constexpr quint32 maxExtendedId = 0x1FFFFFFF;
 
-/// The value of a digit, or 255.
-template <typename Char> constexpr unsigned digitValue(Char c)
+/// The value of a digit, or LineFields::noDigit.
+template <typename Char> unsigned digitValue(Char c)
 {
-    if (c >= '0' && c <= '9')
-        return unsigned(c - '0');
-    if (c >= 'a' && c <= 'f')
-        return unsigned(c - 'a') + 10;
-    if (c >= 'A' && c <= 'F')
-        return unsigned(c - 'A') + 10;
-    return 255;
+    return LineFields::digitValue(c);
 }
 
 /// Whether \a text is \a word, which is in small letters, in letters of any size.
@@ -41,18 +35,22 @@ template <typename Char> bool beginsWithWord(Text<Char> text, std::string_view w
 }
 
 /// A number of nothing but digits, with up to 32 bits.
-template <typename Char> bool readNumber(Text<Char> text, unsigned base, quint32 &number)
+template <typename Char>
+Q_ALWAYS_INLINE bool readNumber(Text<Char> text, unsigned base, quint32 &number)
 {
+    constexpr std::size_t digitsWithoutOverflow = 15;
+    while (text.size() > digitsWithoutOverflow && text.front() == '0')
+        text.remove_prefix(1);
+    if (text.empty() || text.size() > digitsWithoutOverflow)
+        return false;
     quint64 value = 0;
     for (const Char c : text) {
         const unsigned digit = digitValue(c);
         if (digit >= base)
             return false;
         value = value * base + digit;
-        if (value > std::numeric_limits<quint32>::max())
-            return false;
     }
-    if (text.empty())
+    if (value > std::numeric_limits<quint32>::max())
         return false;
     number = quint32(value);
     return true;
@@ -69,6 +67,14 @@ template <typename Char> bool readHex(Text<Char> text, quint32 &number)
 /// A byte of one or two digits, or up to three decimal ones.
 template <typename Char> bool readByte(Text<Char> text, unsigned base, quint8 &byte)
 {
+    if (base == 16 && text.size() == 2) {
+        const unsigned high = digitValue(text[0]);
+        const unsigned low = digitValue(text[1]);
+        if ((high | low) >= LineFields::noDigit)
+            return false;
+        byte = quint8(high << 4 | low);
+        return true;
+    }
     quint32 value = 0;
     const std::size_t mostDigits = base == 16 ? 2 : 3;
     if (text.size() > mostDigits || !readNumber(text, base, value) || value > 0xFF)
@@ -86,6 +92,13 @@ template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds,
     quint32 seconds = 0;
     if (!readNumber(text.substr(0, point), 10, seconds))
         return false;
+    // Six digits are what most programs write.
+    quint32 sixDigits = 0;
+    if (point != text.npos && text.size() - point == 7
+        && readNumber(text.substr(point + 1), 10, sixDigits)) {
+        microseconds = seconds * million + sixDigits;
+        return true;
+    }
     qint64 fraction = 0;
     qint64 weight = million / 10;
     bool cut = false;
