@@ -64,7 +64,7 @@ std::pair<Outcome, Record> readBy(LineSource::Decoding decoding, const QByteArra
     QByteArray bytes = trace;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
-    const TraceReader &reader = traceReaderFor(request.type);
+    const TraceReader reader = traceReaderFor(request);
     LineSource lines(buffer, reader.carriageReturns, decoding);
     Record record;
     const Outcome result = reader.read(lines, record, request);
@@ -82,12 +82,15 @@ void compareRoads(Type type, const QByteArray &bytes)
         request.formatDescription = QString::fromUtf8(bytes.left(end));
         trace = end < 0 ? QByteArray() : bytes.mid(end + 1);
     }
-    const auto inPlace = readBy(LineSource::Decoding::WhereNeeded, trace, request);
-    const auto decoded = readBy(LineSource::Decoding::Always, trace, request);
-    require(inPlace.first.kind == decoded.first.kind
-                && inPlace.first.number == decoded.first.number,
-            "both roads end alike");
-    require(inPlace.second == decoded.second, "both roads give the same");
+    for (const auto mode : {DatachunkHelper::Strict, DatachunkHelper::Tolerant}) {
+        request.mode = mode;
+        const auto inPlace = readBy(LineSource::Decoding::WhereNeeded, trace, request);
+        const auto decoded = readBy(LineSource::Decoding::Always, trace, request);
+        require(inPlace.first.kind == decoded.first.kind
+                    && inPlace.first.number == decoded.first.number,
+                "both roads end alike");
+        require(inPlace.second == decoded.second, "both roads give the same");
+    }
 }
 
 // The first byte picks the ending of the file's name.
