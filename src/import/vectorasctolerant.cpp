@@ -4,8 +4,6 @@
 #include "vectorascreader.h"
 #include "writtenfields.h"
 
-#include <optional>
-
 using namespace LineFields;
 using namespace WrittenFields;
 
@@ -14,9 +12,6 @@ namespace {
 constexpr quint32 messagesBetweenTurns = 10000;
 
 using Reason = ImportReport::Reason;
-
-/// Why a line is no frame; nothing when it is one.
-using LeftOut = std::optional<Reason>;
 
 constexpr quint32 maxClassicBytes = 8;
 

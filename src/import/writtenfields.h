@@ -5,10 +5,14 @@
 
 #include <array>
 #include <limits>
+#include <optional>
 
 /// Fields as tolerant readers take them: a field is what it says or none at all. Every function
 /// returns false, and changes nothing, for a text that is no such field.
 namespace WrittenFields {
+
+/// Why a line is no frame; nothing when it is one.
+using LeftOut = std::optional<ImportReport::Reason>;
 
 constexpr quint32 maxStandardId = 0x7FF;
 constexpr quint32 maxExtendedId = 0x1FFFFFFF;
@@ -32,6 +36,16 @@ template <typename Char> bool isWord(Text<Char> text, std::string_view word)
 template <typename Char> bool beginsWithWord(Text<Char> text, std::string_view word)
 {
     return isWord(text.substr(0, word.size()), word);
+}
+
+/// Whether \a text holds \a word anywhere, as above.
+template <typename Char> bool hasWord(Text<Char> text, std::string_view word)
+{
+    for (; text.size() >= word.size(); text.remove_prefix(1)) {
+        if (beginsWithWord(text, word))
+            return true;
+    }
+    return false;
 }
 
 /// A number of nothing but digits, with up to 32 bits.
