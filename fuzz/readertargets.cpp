@@ -28,6 +28,8 @@ public:
         return true;
     }
 
+    std::size_t messageCount() const { return messages.size(); }
+
     bool operator==(const Record &other) const
     {
         return turns == other.turns && texts == other.texts
@@ -68,6 +70,10 @@ std::pair<Outcome, Record> readBy(LineSource::Decoding decoding, const QByteArra
     LineSource lines(buffer, reader.carriageReturns, decoding);
     Record record;
     const Outcome result = reader.read(lines, record, request);
+    const ImportReport &report = lines.finishReport();
+    require(report.frames == record.messageCount()
+                && report.frames + report.linesLeftOut() == report.lines,
+            "every line is a frame or left out");
     return {result, record};
 }
 
