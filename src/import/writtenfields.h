@@ -97,36 +97,43 @@ template <typename Char> bool readByte(Text<Char> text, unsigned base, quint8 &b
     return true;
 }
 
+/// The number of the decimal digits that \a text begins with, at most \a most, which are removed
+/// from it. The result is how many they are.
+template <typename Char> std::size_t takeDigits(Text<Char> &text, std::size_t most, quint64 &number)
+{
+    const std::size_t end = std::min(text.size(), most);
+    std::size_t digits = 0;
+    for (unsigned digit = 0; digits < end && (digit = digitValue(text[digits])) < 10; ++digits)
+        number = number * 10 + digit;
+    text.remove_prefix(digits);
+    return digits;
+}
+
 /// "12.345678" or "12", in microseconds. Further digits are rounded, and \a isCut is set when they
 /// are not all 0.
 template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds, bool &isCut)
 {
-    constexpr qint64 million = 1000000;
-    const std::size_t point = text.find(Char('.'));
-    quint32 seconds = 0;
-    if (!readNumber(text.substr(0, point), 10, seconds))
+    constexpr std::size_t digitsWithoutOverflow = 15;
+    constexpr std::array<qint64, 7> weights{1000000, 100000, 10000, 1000, 100, 10, 1};
+    quint64 seconds = 0;
+    quint64 fraction = 0;
+    if (takeDigits(text, digitsWithoutOverflow, seconds) == 0
+        || seconds > std::numeric_limits<quint32>::max())
         return false;
-    // Six digits are what most programs write.
-    quint32 sixDigits = 0;
-    if (point != text.npos && text.size() - point == 7
-        && readNumber(text.substr(point + 1), 10, sixDigits)) {
-        microseconds = seconds * million + sixDigits;
-        return true;
+    std::size_t digits = 0;
+    if (!text.empty() && text.front() == '.') {
+        text.remove_prefix(1);
+        digits = takeDigits(text, weights.size() - 1, fraction);
     }
-    qint64 fraction = 0;
-    qint64 weight = million / 10;
+    const bool isRoundedUp = digits == weights.size() - 1 && !text.empty() && text.front() >= '5';
     bool cut = false;
-    for (std::size_t i = point; i != text.npos && ++i < text.size(); weight /= 10) {
-        const unsigned digit = digitValue(text[i]);
-        if (digit > 9)
+    for (const Char c : text) {
+        if (digits != weights.size() - 1 || digitValue(c) > 9)
             return false;
-        fraction += weight * digit;
-        if (weight == 0) {
-            fraction += i == point + 7 && digit >= 5;
-            cut = cut || digit != 0;
-        }
+        cut = cut || c != '0';
     }
-    microseconds = seconds * million + fraction;
+    microseconds =
+        qint64(seconds) * weights[0] + qint64(fraction) * weights[digits] + qint64(isRoundedUp);
     isCut = isCut || cut;
     return true;
 }
