@@ -1,11 +1,13 @@
 #pragma once
 
 #include "canframe.h"
-#include "linesource.h"
+#include "linenumbers.h"
 
 #include <array>
 #include <limits>
 #include <optional>
+#include <string>
+#include <vector>
 
 /// Fields as tolerant readers take them: a field is what it says or none at all. Every function
 /// returns false, and changes nothing, for a text that is no such field.
@@ -17,17 +19,7 @@ using LeftOut = std::optional<ImportReport::Reason>;
 constexpr quint32 maxStandardId = 0x7FF;
 constexpr quint32 maxExtendedId = 0x1FFFFFFF;
 
-/// The value of a digit, or 255.
-template <typename Char> constexpr unsigned digitValue(Char c)
-{
-    if (c >= '0' && c <= '9')
-        return unsigned(c - '0');
-    if (c >= 'a' && c <= 'f')
-        return unsigned(c - 'a') + 10;
-    if (c >= 'A' && c <= 'F')
-        return unsigned(c - 'A') + 10;
-    return 255;
-}
+using LineFields::digitValue;
 
 /// Whether \a text is \a word, which is in small letters, in letters of any size.
 template <typename Char> bool isWord(Text<Char> text, std::string_view word)
@@ -55,18 +47,22 @@ template <typename Char> bool hasWord(Text<Char> text, std::string_view word)
 }
 
 /// A number of nothing but digits, with up to 32 bits.
-template <typename Char> bool readNumber(Text<Char> text, unsigned base, quint32 &number)
+template <typename Char>
+Q_ALWAYS_INLINE bool readNumber(Text<Char> text, unsigned base, quint32 &number)
 {
+    constexpr std::size_t digitsWithoutOverflow = 15;
+    while (text.size() > digitsWithoutOverflow && text.front() == '0')
+        text.remove_prefix(1);
+    if (text.empty() || text.size() > digitsWithoutOverflow)
+        return false;
     quint64 value = 0;
     for (const Char c : text) {
         const unsigned digit = digitValue(c);
         if (digit >= base)
             return false;
         value = value * base + digit;
-        if (value > std::numeric_limits<quint32>::max())
-            return false;
     }
-    if (text.empty())
+    if (value > std::numeric_limits<quint32>::max())
         return false;
     number = quint32(value);
     return true;
@@ -81,8 +77,16 @@ template <typename Char> bool readHex(Text<Char> text, quint32 &number)
 }
 
 /// A byte of one or two digits, or up to three decimal ones.
-template <typename Char> bool readByte(Text<Char> text, unsigned base, quint8 &byte)
+template <typename Char> Q_ALWAYS_INLINE bool readByte(Text<Char> text, unsigned base, quint8 &byte)
 {
+    if (base == 16 && text.size() == 2) {
+        const unsigned high = digitValue(text[0]);
+        const unsigned low = digitValue(text[1]);
+        if ((high | low) >= LineFields::noDigit)
+            return false;
+        byte = quint8(high << 4 | low);
+        return true;
+    }
     quint32 value = 0;
     const std::size_t mostDigits = base == 16 ? 2 : 3;
     if (text.size() > mostDigits || !readNumber(text, base, value) || value > 0xFF)
@@ -100,6 +104,13 @@ template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds,
     quint32 seconds = 0;
     if (!readNumber(text.substr(0, point), 10, seconds))
         return false;
+    // Six digits are what most programs write.
+    quint32 sixDigits = 0;
+    if (point != text.npos && text.size() - point == 7
+        && readNumber(text.substr(point + 1), 10, sixDigits)) {
+        microseconds = seconds * million + sixDigits;
+        return true;
+    }
     qint64 fraction = 0;
     qint64 weight = million / 10;
     bool cut = false;
@@ -157,22 +168,28 @@ public:
 private:
     template <typename Char> void find(Text<Char> name)
     {
-        lastName.assign(name.begin(), name.end());
-        const QString text = toQString(name);
-        for (const ImportReport::Channel &channel : qAsConst(lines.report().channels)) {
-            if (channel.name == text) {
-                last = channel.line;
-                return;
-            }
-        }
+        const auto isSame = [name](const auto &known) {
+            return std::equal(name.begin(), name.end(), known.first.begin(), known.first.end());
+        };
+        auto known = std::find_if(lineOfName.begin(), lineOfName.end(), isSame);
+        if (known == lineOfName.end())
+            known = lineOfName.insert(known, {{name.begin(), name.end()}, newLine(name)});
+        lastName = known->first;
+        last = known->second;
+    }
+
+    template <typename Char> quint16 newLine(Text<Char> name)
+    {
         quint32 number = 0;
-        last = readNumber(name, 10, number) && number <= std::numeric_limits<quint16>::max()
-            ? quint16(number)
-            : nextNamed++;
-        lines.report().channels.append({text, last});
+        const bool isLine =
+            readNumber(name, 10, number) && number <= std::numeric_limits<quint16>::max();
+        const quint16 line = isLine ? quint16(number) : nextNamed++;
+        lines.report().channels.append({toQString(name), line});
+        return line;
     }
 
     LineSource &lines;
+    std::vector<std::pair<std::u16string, quint16>> lineOfName;
     std::u16string lastName;
     quint16 last = 0;
     quint16 nextNamed = 0;
