@@ -95,37 +95,61 @@ template <typename Char> Q_ALWAYS_INLINE bool readByte(Text<Char> text, unsigned
     return true;
 }
 
-/// "12.345678" or "12", in microseconds. Further digits are rounded, and \a isCut is set when they
-/// are not all 0.
+constexpr quint32 maxSeconds = std::numeric_limits<qint32>::max();
+
+/// The digits behind the point of a time in seconds, rounded to microseconds.
+class Fraction
+{
+public:
+    void add(unsigned digit)
+    {
+        if (weight > 0) {
+            value += weight * qint32(digit);
+            weight /= 10;
+            return;
+        }
+        value += !isRounded && digit >= 5;
+        isRounded = true;
+        isCut = isCut || digit != 0;
+    }
+    /// A million when the digits are rounded up to the next second.
+    qint32 microseconds() const { return value; }
+    /// Whether digits behind the sixth are not all 0.
+    bool wasCut() const { return isCut; }
+
+private:
+    qint32 value = 0;
+    qint32 weight = 100000;
+    bool isRounded = false;
+    bool isCut = false;
+};
+
+/// "12.345678" or "12", in microseconds; \a isCut is set when further digits are not all 0.
 template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds, bool &isCut)
 {
     constexpr qint64 million = 1000000;
-    const std::size_t point = text.find(Char('.'));
+    std::size_t point = 0;
+    while (point < text.size() && digitValue(text[point]) <= 9)
+        ++point;
     quint32 seconds = 0;
-    if (!readNumber(text.substr(0, point), 10, seconds))
+    if ((point < text.size() && text[point] != '.')
+        || !readNumber(text.substr(0, point), 10, seconds) || seconds > maxSeconds)
         return false;
     // Six digits are what most programs write.
     quint32 sixDigits = 0;
-    if (point != text.npos && text.size() - point == 7
-        && readNumber(text.substr(point + 1), 10, sixDigits)) {
+    if (text.size() - point == 7 && readNumber(text.substr(point + 1), 10, sixDigits)) {
         microseconds = seconds * million + sixDigits;
         return true;
     }
-    qint64 fraction = 0;
-    qint64 weight = million / 10;
-    bool cut = false;
-    for (std::size_t i = point; i != text.npos && ++i < text.size(); weight /= 10) {
+    Fraction fraction;
+    for (std::size_t i = point + 1; i < text.size(); ++i) {
         const unsigned digit = digitValue(text[i]);
         if (digit > 9)
             return false;
-        fraction += weight * digit;
-        if (weight == 0) {
-            fraction += i == point + 7 && digit >= 5;
-            cut = cut || digit != 0;
-        }
+        fraction.add(digit);
     }
-    microseconds = seconds * million + fraction;
-    isCut = isCut || cut;
+    microseconds = seconds * million + fraction.microseconds();
+    isCut = isCut || fraction.wasCut();
     return true;
 }
 
