@@ -87,44 +87,53 @@ template <typename Char> LeftOut readPreamble(Text<Char> line, Trace &trace)
     return isNamed || beginsWithWord(line, "ascii trace") ? Reason::Header : Reason::WrongShape;
 }
 
-// "sss.fff" or "sss.mmm.uuu.n", with points or commas, in microseconds.
-template <typename Char> bool readGroupedSeconds(Text<Char> text, qint64 &microseconds, bool &isCut)
+// ".fff" or ".mmm.uuu.n", with points or commas.
+template <typename Char> bool readFraction(Text<Char> text, Fraction &fraction)
 {
-    constexpr std::size_t mostDigits = 32;
-    constexpr std::size_t digitsOfGroup = 3;
-    Char digits[mostDigits];
-    std::size_t size = 0;
-    std::size_t groups = 0;
-    std::size_t digitsInGroup = 0;
+    constexpr int digitsOfGroup = 3;
+    int digits = digitsOfGroup;
     for (const Char c : text) {
-        const bool isPoint = c == '.' || c == ',';
-        if (size == mostDigits || (isPoint && groups > 0 && digitsInGroup != digitsOfGroup))
+        const unsigned digit = digitValue(c);
+        if (digit <= 9) {
+            fraction.add(digit);
+            ++digits;
+        } else if ((c == '.' || c == ',') && digits == digitsOfGroup) {
+            digits = 0;
+        } else {
             return false;
-        ++digitsInGroup;
-        if (isPoint)
-            digitsInGroup = 0;
-        if (!isPoint || groups++ == 0)
-            digits[size++] = isPoint ? Char('.') : c;
+        }
     }
-    return readSeconds(Text<Char>(digits, size), microseconds, isCut);
+    return true;
 }
 
 // "hh:mm:ss.fff" or seconds alone.
 template <typename Char> bool readTime(Text<Char> text, qint64 &microseconds, bool &isCut)
 {
-    constexpr qint64 second = 1000000;
-    qint64 minutes = 0;
+    constexpr qint64 million = 1000000;
+    constexpr int mostDigits = 10;
+    constexpr int mostColons = 2;
+    qint64 seconds = 0;
+    qint64 part = 0;
+    int digits = 0;
     int colons = 0;
-    for (std::size_t colon; (colon = text.find(Char(':'))) != text.npos; ++colons) {
-        quint32 number = 0;
-        if (colons == 2 || !readNumber(text.substr(0, colon), 10, number))
-            return false;
-        minutes = minutes * 60 + number;
-        text.remove_prefix(colon + 1);
+    for (; !text.empty(); text.remove_prefix(1)) {
+        const unsigned digit = digitValue(text[0]);
+        if (digit <= 9 && digits++ < mostDigits) {
+            part = part * 10 + digit;
+        } else if (text[0] == ':' && digits > 0 && colons++ < mostColons) {
+            seconds = (seconds + part) * 60;
+            part = digits = 0;
+        } else {
+            break;
+        }
     }
-    if (!readGroupedSeconds(text, microseconds, isCut))
+    seconds += part;
+    Fraction fraction;
+    const bool isTooLong = digits > mostDigits;
+    if (digits == 0 || isTooLong || seconds > maxSeconds || !readFraction(text, fraction))
         return false;
-    microseconds += minutes * 60 * second;
+    microseconds = seconds * million + fraction.microseconds();
+    isCut = isCut || fraction.wasCut();
     return true;
 }
 
@@ -182,16 +191,20 @@ template <typename Char>
 LeftOut readBytes(Text<Char> text, unsigned base, CAN::CanRxMessage &message)
 {
     constexpr std::size_t digitsOfByte = 2;
-    const bool isJoined = base == 16 && text.size() > digitsOfByte && text.find(' ') == text.npos
-        && text.size() % digitsOfByte == 0;
+    const bool isJoined = base == 16 && text.size() > digitsOfByte && text[digitsOfByte] != ' '
+        && text.size() % digitsOfByte == 0 && text.find(' ') == text.npos;
     int count = 0;
     while (!text.empty()) {
-        const std::size_t end = isJoined ? digitsOfByte : std::min(text.find(' '), text.size());
+        std::size_t end = isJoined ? digitsOfByte : 0;
+        while (end < text.size() && !isJoined && !isBlank(text[end]))
+            ++end;
         if (count == CAN::maxDataBytes)
             return Reason::WrongShape;
         if (!readByte(text.substr(0, end), base, message.data[count++]))
             return Reason::UnparsableNumber;
-        text = trimmed(text.substr(end));
+        text.remove_prefix(end);
+        while (!text.empty() && isBlank(text[0]))
+            text.remove_prefix(1);
     }
     message.length = qint8(count);
     return {};

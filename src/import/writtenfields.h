@@ -6,6 +6,8 @@
 #include <array>
 #include <limits>
 #include <optional>
+#include <string>
+#include <vector>
 
 /// Fields as tolerant readers take them: a field is what it says or none at all. Every function
 /// returns false, and changes nothing, for a text that is no such field.
@@ -17,11 +19,7 @@ using LeftOut = std::optional<ImportReport::Reason>;
 constexpr quint32 maxStandardId = 0x7FF;
 constexpr quint32 maxExtendedId = 0x1FFFFFFF;
 
-/// The value of a digit, or LineFields::noDigit.
-template <typename Char> unsigned digitValue(Char c)
-{
-    return LineFields::digitValue(c);
-}
+using LineFields::digitValue;
 
 /// Whether \a text is \a word, which is in small letters, in letters of any size.
 template <typename Char> bool isWord(Text<Char> text, std::string_view word)
@@ -79,7 +77,7 @@ template <typename Char> bool readHex(Text<Char> text, quint32 &number)
 }
 
 /// A byte of one or two digits, or up to three decimal ones.
-template <typename Char> bool readByte(Text<Char> text, unsigned base, quint8 &byte)
+template <typename Char> Q_ALWAYS_INLINE bool readByte(Text<Char> text, unsigned base, quint8 &byte)
 {
     if (base == 16 && text.size() == 2) {
         const unsigned high = digitValue(text[0]);
@@ -96,6 +94,35 @@ template <typename Char> bool readByte(Text<Char> text, unsigned base, quint8 &b
     byte = quint8(value);
     return true;
 }
+
+constexpr quint32 maxSeconds = std::numeric_limits<qint32>::max();
+
+/// The digits behind the point of a time in seconds, rounded to microseconds.
+class Fraction
+{
+public:
+    void add(unsigned digit)
+    {
+        if (weight > 0) {
+            value += weight * qint32(digit);
+            weight /= 10;
+            return;
+        }
+        value += !isRounded && digit >= 5;
+        isRounded = true;
+        isCut = isCut || digit != 0;
+    }
+    /// A million when the digits are rounded up to the next second.
+    qint32 microseconds() const { return value; }
+    /// Whether digits behind the sixth are not all 0.
+    bool wasCut() const { return isCut; }
+
+private:
+    qint32 value = 0;
+    qint32 weight = 100000;
+    bool isRounded = false;
+    bool isCut = false;
+};
 
 /// The number of the decimal digits that \a text begins with, at most \a most, which are removed
 /// from it. The result is how many they are.
@@ -117,8 +144,7 @@ template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds,
     constexpr std::array<qint64, 7> weights{1000000, 100000, 10000, 1000, 100, 10, 1};
     quint64 seconds = 0;
     quint64 fraction = 0;
-    if (takeDigits(text, digitsWithoutOverflow, seconds) == 0
-        || seconds > std::numeric_limits<quint32>::max())
+    if (takeDigits(text, digitsWithoutOverflow, seconds) == 0 || seconds > maxSeconds)
         return false;
     std::size_t digits = 0;
     if (!text.empty() && text.front() == '.') {
@@ -177,22 +203,28 @@ public:
 private:
     template <typename Char> void find(Text<Char> name)
     {
-        lastName.assign(name.begin(), name.end());
-        const QString text = toQString(name);
-        for (const ImportReport::Channel &channel : qAsConst(lines.report().channels)) {
-            if (channel.name == text) {
-                last = channel.line;
-                return;
-            }
-        }
+        const auto isSame = [name](const auto &known) {
+            return std::equal(name.begin(), name.end(), known.first.begin(), known.first.end());
+        };
+        auto known = std::find_if(lineOfName.begin(), lineOfName.end(), isSame);
+        if (known == lineOfName.end())
+            known = lineOfName.insert(known, {{name.begin(), name.end()}, newLine(name)});
+        lastName = known->first;
+        last = known->second;
+    }
+
+    template <typename Char> quint16 newLine(Text<Char> name)
+    {
         quint32 number = 0;
-        last = readNumber(name, 10, number) && number <= std::numeric_limits<quint16>::max()
-            ? quint16(number)
-            : nextNamed++;
-        lines.report().channels.append({text, last});
+        const bool isLine =
+            readNumber(name, 10, number) && number <= std::numeric_limits<quint16>::max();
+        const quint16 line = isLine ? quint16(number) : nextNamed++;
+        lines.report().channels.append({toQString(name), line});
+        return line;
     }
 
     LineSource &lines;
+    std::vector<std::pair<std::u16string, quint16>> lineOfName;
     std::u16string lastName;
     quint16 last = 0;
     quint16 nextNamed = 0;
