@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canframe.h"
+#include "linenumbers.h"
 #include "linesource.h"
 
 #include <array>
@@ -13,17 +14,8 @@ namespace WrittenFields {
 constexpr quint32 maxStandardId = 0x7FF;
 constexpr quint32 maxExtendedId = 0x1FFFFFFF;
 
-/// The value of a digit, or 255.
-template <typename Char> constexpr unsigned digitValue(Char c)
-{
-    if (c >= '0' && c <= '9')
-        return unsigned(c - '0');
-    if (c >= 'a' && c <= 'f')
-        return unsigned(c - 'a') + 10;
-    if (c >= 'A' && c <= 'F')
-        return unsigned(c - 'A') + 10;
-    return 255;
-}
+using LineFields::digitValue;
+using LineFields::noDigit;
 
 /// A number of nothing but digits, with up to 32 bits.
 template <typename Char> bool readNumber(Text<Char> text, unsigned base, quint32 &number)
@@ -51,9 +43,24 @@ template <typename Char> bool readHex(Text<Char> text, quint32 &number)
     return readNumber(text, 16, number);
 }
 
+/// A byte of two hexadecimal digits.
+template <typename Char> bool readHexPair(Text<Char> text, quint8 &byte)
+{
+    if (text.size() != 2)
+        return false;
+    const unsigned high = digitValue(text[0]);
+    const unsigned low = digitValue(text[1]);
+    if ((high | low) >= noDigit)
+        return false;
+    byte = quint8(high << 4 | low);
+    return true;
+}
+
 /// A byte of one or two digits, or up to three decimal ones.
 template <typename Char> bool readByte(Text<Char> text, unsigned base, quint8 &byte)
 {
+    if (base == 16 && readHexPair(text, byte))
+        return true;
     quint32 value = 0;
     const std::size_t mostDigits = base == 16 ? 2 : 3;
     if (text.size() > mostDigits || !readNumber(text, base, value) || value > 0xFF)
