@@ -276,10 +276,10 @@ private:
         const int end = words.size() - (layout.size - layout.data - 1);
         int count = 0;
         int word = layout.data;
-        for (; word < end && words[word].size() == 2 && count < CAN::maxDataBytes;
-             ++word, ++count) {
-            if (!WrittenFields::readByte(words[word], 16, message.data[count]))
-                break;
+        const int last = std::min(end, layout.data + CAN::maxDataBytes);
+        while (word < last && WrittenFields::readHexPair(words[word], message.data[count])) {
+            ++word;
+            ++count;
         }
         if (!settleLength(count, message))
             return false;

@@ -107,24 +107,23 @@ template <typename Char> bool readAnyBase(Text<Char> text, quint32 &number)
         || WrittenFields::readHex(text, number);
 }
 
-template <typename Char> void addByte(Text<Char> text, Found &found)
-{
-    if (found.bytes < CAN::maxDataBytes)
-        WrittenFields::readByte(text, 16, found.message.data[found.bytes]);
-    ++found.bytes;
-}
-
-template <typename Char> bool isByte(Text<Char> text)
+// Counts bytes for which there is no room, too.
+template <typename Char> bool addByte(Text<Char> text, Found &found)
 {
     quint8 byte = 0;
-    return text.size() == 2 && WrittenFields::readByte(text, 16, byte);
+    if (!WrittenFields::readHexPair(text, byte))
+        return false;
+    if (found.bytes < CAN::maxDataBytes)
+        found.message.data[found.bytes] = byte;
+    ++found.bytes;
+    return true;
 }
 
 // Payload up to the first word that is no byte of two digits.
 template <typename Char> void readWords(const Parts<Char> &words, int first, Found &found)
 {
-    for (int i = first; i < words.size() && isByte(words[i]); ++i)
-        addByte(words[i], found);
+    while (first < words.size() && addByte(words[first], found))
+        ++first;
     found.hasData = found.hasData || found.bytes > 0;
 }
 
@@ -178,10 +177,8 @@ template <typename Char> bool readData(Text<Char> text, Found &found)
 {
     found.bytes = 0;
     while (!text.empty()) {
-        const Text<Char> byte = text.substr(0, 2);
-        if (!isByte(byte))
+        if (!addByte(text.substr(0, 2), found))
             return false;
-        addByte(byte, found);
         text.remove_prefix(2);
         if (!text.empty() && (text[0] == ':' || text[0] == ' '))
             text.remove_prefix(1);
