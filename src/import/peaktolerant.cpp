@@ -277,7 +277,8 @@ private:
         int count = 0;
         int word = layout.data;
         const int last = std::min(end, layout.data + CAN::maxDataBytes);
-        while (word < last && WrittenFields::readHexPair(words[word], message.data[count])) {
+        while (word < last && words[word].size() == 2
+               && WrittenFields::readByte(words[word], 16, message.data[count])) {
             ++word;
             ++count;
         }
