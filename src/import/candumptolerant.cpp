@@ -1,8 +1,8 @@
 #include "candumpreader.h"
 
 #include "canframe.h"
+#include "writtendates.h"
 #include "writtenframe.h"
-#include "writtentimes.h"
 
 using namespace WrittenFields;
 using LineFields::equals;

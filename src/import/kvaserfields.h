@@ -2,8 +2,8 @@
 
 #include "canframe.h"
 #include "lineparts.h"
+#include "writtendates.h"
 #include "writtenframe.h"
-#include "writtentimes.h"
 
 /// What the texts of Kvaser's programs share. None of them says in a frame's line whether numbers
 /// are hexadecimal.

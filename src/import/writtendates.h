@@ -53,6 +53,20 @@ template <typename Char> bool readIsoDate(Text<Char> text, qint64 &microseconds)
         && readNumber(text.substr(8), 10, day) && readDay(year, month, day, microseconds);
 }
 
+/// "2020-12-19 12:04:45.485261", also with a "T" between.
+template <typename Char> bool readDateAndClock(Text<Char> text, qint64 &microseconds, bool &isCut)
+{
+    constexpr std::size_t dateSize = 10;
+    qint64 day = 0;
+    qint64 sinceMidnight = 0;
+    if (text.size() <= dateSize || (text[dateSize] != 'T' && !LineFields::isBlank(text[dateSize]))
+        || !readIsoDate(text.substr(0, dateSize), day)
+        || !readClock(LineFields::trimmed(text.substr(dateSize + 1)), sinceMidnight, isCut))
+        return false;
+    microseconds = day + sinceMidnight;
+    return true;
+}
+
 /// "Jul", "8,", "2020".
 template <typename Char>
 bool readNamedDate(Text<Char> monthName, Text<Char> day, Text<Char> year, qint64 &microseconds)

@@ -76,17 +76,24 @@ template <typename Char> bool readHex(Text<Char> text, quint32 &number)
     return readNumber(text, 16, number);
 }
 
+/// A byte of exactly two hexadecimal digits.
+template <typename Char> bool readHexPair(Text<Char> text, quint8 &byte)
+{
+    if (text.size() != 2)
+        return false;
+    const unsigned high = digitValue(text[0]);
+    const unsigned low = digitValue(text[1]);
+    if ((high | low) >= LineFields::noDigit)
+        return false;
+    byte = quint8(high << 4 | low);
+    return true;
+}
+
 /// A byte of one or two digits, or up to three decimal ones.
 template <typename Char> Q_ALWAYS_INLINE bool readByte(Text<Char> text, unsigned base, quint8 &byte)
 {
-    if (base == 16 && text.size() == 2) {
-        const unsigned high = digitValue(text[0]);
-        const unsigned low = digitValue(text[1]);
-        if ((high | low) >= LineFields::noDigit)
-            return false;
-        byte = quint8(high << 4 | low);
-        return true;
-    }
+    if (base == 16 && text.size() == 2)
+        return readHexPair(text, byte);
     quint32 value = 0;
     const std::size_t mostDigits = base == 16 ? 2 : 3;
     if (text.size() > mostDigits || !readNumber(text, base, value) || value > 0xFF)
@@ -169,6 +176,20 @@ inline void setTime(CAN::CanRxMessage &message, qint64 microseconds)
     constexpr qint64 million = 1000000;
     message.seconds = qint32(microseconds / million);
     message.microseconds = qint32(microseconds % million);
+}
+
+/// Sets the time of a record, which has room for 31 bits of seconds and their sign; false for one
+/// that is further away. Microseconds count forward from the second, also before 0.
+inline bool trySetTime(CAN::CanRxMessage &message, qint64 microseconds)
+{
+    constexpr qint64 million = 1000000;
+    constexpr qint64 limit = qint64(std::numeric_limits<qint32>::max()) * million;
+    if (microseconds >= limit + million || microseconds < -limit)
+        return false;
+    const qint64 fraction = (microseconds % million + million) % million;
+    message.seconds = qint32((microseconds - fraction) / million);
+    message.microseconds = qint32(fraction);
+    return true;
 }
 
 /// Payload bytes for a data length code of 0 to 15; those above 8 are CAN FD's.
