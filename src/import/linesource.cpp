@@ -47,7 +47,7 @@ void LineSource::rewind()
 {
     bytes.rewind();
     account = {};
-    isKept = true;
+    current.isKept = true;
     lineStart = position = size = 0;
     scan(0);
 }
@@ -86,10 +86,10 @@ void LineSource::scan(int start)
 
 bool LineSource::next()
 {
-    if (!isKept)
+    if (!current.isKept)
         settle();
-    isKept = !moveOn();
-    if (isKept)
+    current.isKept = !moveOn();
+    if (current.isKept)
         return false;
     ++account.lines;
     return true;
@@ -97,26 +97,26 @@ bool LineSource::next()
 
 const ImportReport &LineSource::finishReport()
 {
-    if (!isKept)
+    if (!current.isKept)
         settle();
-    isKept = true;
+    current.isKept = true;
     return account;
 }
 
 // Puts a line without a frame to the others of its reason.
 void LineSource::settle()
 {
-    if (reason == ImportReport::WrongShape) {
-        if (plain.size() == maxLineSize)
-            reason = ImportReport::CutAtLimit;
+    if (current.reason == ImportReport::WrongShape) {
+        if (current.plain.size() == maxLineSize)
+            current.reason = ImportReport::CutAtLimit;
         else if (visit([](auto line) { return LineFields::trimmed(line).empty(); }))
-            reason = ImportReport::Empty;
+            current.reason = ImportReport::Empty;
     }
-    ImportReport::Lines &lines = account.leftOut[reason];
+    ImportReport::Lines &lines = account.leftOut[current.reason];
     if (lines.count == 0)
         lines.text = visit([](auto line) { return toQString(line.substr(0, mostCharacters)); });
     lines.add(account.lines);
-    reason = ImportReport::WrongShape;
+    current.reason = ImportReport::WrongShape;
 }
 
 bool LineSource::moveOn()
@@ -128,13 +128,13 @@ bool LineSource::moveOn()
         position = size;
         if (size == 0)
             return false;
-        hasLineFeed = false;
+        current.hasLineFeed = false;
         setLine({buffer.constData(), std::size_t(size)});
         return true;
     }
     const int end = lineFeeds[nextLineFeed++];
     position = end + 1;
-    hasLineFeed = true;
+    current.hasLineFeed = true;
     setLine({buffer.constData() + lineStart, std::size_t(std::min(end - lineStart, maxLineSize))});
     return true;
 }
@@ -145,27 +145,27 @@ Text<char> LineSource::withoutCarriageReturns(Text<char> line)
         line.remove_suffix(1);
     if (!CharMask::anyOf(line, CharMask::Is<'\r'>()))
         return line;
-    scratch.resize(int(line.size()));
-    const auto end = std::remove_copy(line.begin(), line.end(), scratch.begin(), '\r');
-    return {scratch.constData(), std::size_t(end - scratch.begin())};
+    current.scratch.resize(int(line.size()));
+    const auto end = std::remove_copy(line.begin(), line.end(), current.scratch.begin(), '\r');
+    return {current.scratch.constData(), std::size_t(end - current.scratch.begin())};
 }
 
 void LineSource::setLine(Text<char> line)
 {
     if (hasCarriageReturns && carriageReturns == CarriageReturns::Dropped)
         line = withoutCarriageReturns(line);
-    plain = line;
-    isDecoded =
+    current.plain = line;
+    current.isDecoded =
         decoding == Decoding::Always || (!allAscii && !isAscii(line.data(), int(line.size())));
-    if (!isDecoded)
+    if (!current.isDecoded)
         return;
-    // The line is decoded as it would be in the whole text: its line feed ends a sequence that is
-    // cut short, and a byte order mark counts as one at the start of the file only.
+    // The line is decoded as it would be in the whole text: its line feed ends a sequence
+    // that is cut short, and a byte order mark counts as one at the start of the file only.
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     QByteArray whole(line.data(), int(line.size()));
-    if (hasLineFeed)
+    if (current.hasLineFeed)
         whole += '\n';
-    decoded = bytes.codec().toUnicode(whole.constData(), whole.size(), &state);
-    if (hasLineFeed)
-        decoded.chop(1);
+    current.decoded = bytes.codec().toUnicode(whole.constData(), whole.size(), &state);
+    if (current.hasLineFeed)
+        current.decoded.chop(1);
 }

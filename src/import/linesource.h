@@ -54,11 +54,11 @@ public:
     /// The current line brings a frame.
     void keep()
     {
-        isKept = true;
+        current.isKept = true;
         ++account.frames;
     }
     /// Why the current line brings no frame.
-    void leaveOut(ImportReport::Reason why) { reason = why; }
+    void leaveOut(ImportReport::Reason why) { current.reason = why; }
     /// Something of the frame in the current line is not as it is written.
     void change(ImportReport::Change what) { account.changed[what].add(number()); }
     /// Counts the current line as well, as next() would. Nothing more may be read.
@@ -67,15 +67,16 @@ public:
     ImportReport &report() { return account; }
 
     /// Whether the current line has a line feed; without one it is the last line.
-    bool endsWithLineFeed() const { return hasLineFeed; }
+    bool endsWithLineFeed() const { return current.hasLineFeed; }
 
     /// Calls \a read with the current line, without its line feed, as Text<char> or
     /// Text<char16_t>, and returns what it returns. The text is valid until next().
     template <typename Read> auto visit(Read &&read) const
     {
-        return isDecoded ? read(Text<char16_t>(reinterpret_cast<const char16_t *>(decoded.utf16()),
-                                               std::size_t(decoded.size())))
-                         : read(plain);
+        if (!current.isDecoded)
+            return read(current.plain);
+        const auto *characters = reinterpret_cast<const char16_t *>(current.decoded.utf16());
+        return read(Text<char16_t>(characters, std::size_t(current.decoded.size())));
     }
 
 private:
@@ -99,13 +100,16 @@ private:
     bool allAscii = true; // everything read so far
     bool hasCarriageReturns = false;
 
-    Text<char> plain;
-    bool hasLineFeed = false;
-    QByteArray scratch;
-    QString decoded;
-    bool isDecoded = false;
-
+    struct Line
+    {
+        Text<char> plain;
+        QString decoded;
+        QByteArray scratch;
+        bool hasLineFeed = false;
+        bool isDecoded = false;
+        bool isKept = true;
+        ImportReport::Reason reason = ImportReport::WrongShape; // where it is not kept
+    };
+    Line current;
     ImportReport account;
-    ImportReport::Reason reason = ImportReport::WrongShape;
-    bool isKept = true;
 };
