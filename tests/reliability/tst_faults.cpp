@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <thread>
 
 using Faults::Call;
 using Faults::Fault;
@@ -27,6 +28,7 @@ private slots:
     void storeMayBeDeletedByAJobOfItsOwnThread();
     void lackOfMemoryForATraceIsToldOnce();
     void aDiskThatDoesNotAnswerHoldsUpNobody();
+    void clearingTakesTheOldTraceAndNoMore();
 
 private:
     bool survives(Scene &scene, const Operation &operation, const Fault &fault);
@@ -250,7 +252,11 @@ void TestFaults::aDiskThatDoesNotAnswerHoldsUpNobody()
         appendTo(chunk * size + 1);
         store->waitForSaves(); // and nothing waits any more
     }
+    store->setMaximumWaitingMessages(1);
+    appendTo(5 * size + 1);
+    store->waitForSaves(); // the newest is written whatever its size
     QCOMPARE(store->givenUpMessageCount(), quint64(0));
+    store->setMaximumWaitingMessages(2 * size);
     store->clearAllMessages();
     number = 0;
     Faults::arm({Faults::Write, Faults::held, 1, true});
@@ -273,6 +279,40 @@ void TestFaults::aDiskThatDoesNotAnswerHoldsUpNobody()
     QVERIFY(Faults::disarm());
     QCOMPARE(chunks.count(), 0);
     QTRY_VERIFY(QDir(where).isEmpty());
+}
+
+void TestFaults::clearingTakesTheOldTraceAndNoMore()
+{
+    constexpr quint32 size = 1000;
+    DatachunkHandler store(5000 + size);
+    const auto append = [&store] {
+        for (quint32 number = 0; number <= size; ++number)
+            store.appendCanMessage(makeMessage(number, 1));
+    };
+    Faults::watchBelow(QFile::encodeName(store.chunkFolderPath()).toStdString());
+    // A file of the old trace that is made only after the others are gone.
+    Faults::arm({Faults::Open, Faults::held, 1, false});
+    append();
+    QTRY_VERIFY(Faults::isMet());
+    store.clearAllMessages();
+    Faults::disarm();
+    QVERIFY(store.waitForSaves());
+    QVERIFY(QDir(store.chunkFolderPath()).isEmpty());
+    // A chunk of the new trace that is due while the old ones are being removed.
+    append();
+    QVERIFY(store.waitForSaves());
+    Faults::arm({Faults::Unlink, Faults::held, 1, false});
+    std::thread feeder([&] {
+        while (!Faults::isMet())
+            std::this_thread::yield();
+        append();
+        store.waitForSaves(200);
+        Faults::disarm();
+    });
+    store.clearAllMessages();
+    feeder.join();
+    QVERIFY(store.waitForSaves());
+    QVERIFY(holds(store.chunkFolderPath() + "/tmpData0.dck", 0, size - 1));
 }
 
 int main(int argc, char *argv[])

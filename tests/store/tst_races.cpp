@@ -1,4 +1,5 @@
 #include "archives.h"
+#include "backgroundthread.h"
 #include "bookmarkhandler.h"
 #include "datachunkhandler.h"
 #include "messages.h"
@@ -20,6 +21,7 @@ private slots:
     void exportWhileBookmarksChange();
     void mergeWhileAThreadStepsThroughALine();
     void threadsRotateBesideEverythingElse();
+    void wakingDuringTheWorkIsNotLost();
 };
 
 void TestRaces::exportWhileBookmarksChange()
@@ -116,6 +118,23 @@ void TestRaces::threadsRotateBesideEverythingElse()
     threads[3].join();
     QVERIFY(store.waitForSaves());
     QVERIFY(store.getIsLive());
+}
+
+void TestRaces::wakingDuringTheWorkIsNotLost()
+{
+    QSemaphore begun;
+    QSemaphore mayEnd;
+    BackgroundThread thread([&] {
+        begun.release();
+        mayEnd.acquire();
+    });
+    for (int wake = 0; wake < 3; ++wake) {
+        QVERIFY(thread.wake() && begun.tryAcquire(1, 10000));
+        QVERIFY(thread.wake());
+        mayEnd.release();
+        QVERIFY(begun.tryAcquire(1, 10000));
+        mayEnd.release();
+    }
 }
 
 QTEST_GUILESS_MAIN(TestRaces)
