@@ -109,8 +109,14 @@ void LineSource::settle()
     if (current.reason == ImportReport::WrongShape) {
         if (current.plain.size() == maxLineSize)
             current.reason = ImportReport::CutAtLimit;
-        else if (visit([](auto line) { return LineFields::trimmed(line).empty(); }))
-            current.reason = ImportReport::Empty;
+        else
+            visit([this](auto line) {
+                const auto text = LineFields::trimmed(line);
+                if (text.empty())
+                    current.reason = ImportReport::Empty;
+                else if (text.front() == '#')
+                    current.reason = ImportReport::Comment;
+            });
     }
     ImportReport::Lines &lines = account.leftOut[current.reason];
     if (lines.count == 0)

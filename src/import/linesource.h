@@ -46,8 +46,8 @@ public:
     /// Starts from the first line again, with a report of nothing.
     void rewind();
 
-    // The account of the lines. One that brings no frame is empty, or of the wrong shape unless
-    // something else is said of it before next().
+    // The account of the lines. One that brings no frame is empty, a comment behind "#", or of the
+    // wrong shape unless something else is said of it before next().
 
     /// The number of the current line, counted from 1; 0 before the first.
     quint64 number() const { return account.lines; }
