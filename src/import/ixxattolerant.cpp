@@ -228,7 +228,8 @@ LeftOut readPayload(Text<Char> field, Text<Char> length, Trace &trace, CAN::CanR
     const quint32 written = writtenLength(length).value_or(bytes);
     const bool isCode = written < lengthOfCode.size() && lengthOfCode[written] == bytes;
     // Classic frames carry eight bytes for every code above.
-    if (written != bytes && !isCode && !(written < lengthOfCode.size() && bytes == maxClassicBytes))
+    const bool isClassicCode = written > maxClassicBytes && written < lengthOfCode.size();
+    if (written != bytes && !isCode && !(isClassicCode && bytes == maxClassicBytes))
         trace.lines.change(ImportReport::ChangedLength);
     return {};
 }

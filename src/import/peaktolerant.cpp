@@ -12,22 +12,29 @@ using namespace PeakRow;
 
 namespace {
 
-// Milliseconds with any number of digits behind a point or a comma, in microseconds.
+// Milliseconds with any number of digits behind a point or a comma, in rounded microseconds.
 template <typename Char> bool readMilliseconds(Text<Char> text, qint64 &microseconds, bool &isCut)
 {
-    constexpr qint64 thousand = 1000;
-    Scratch<Char> withPoint;
-    const std::size_t comma = text.find(Char(','));
-    if (comma != text.npos) {
-        withPoint.append(text.data(), int(text.size()));
-        withPoint[int(comma)] = Char('.');
-        text = textOf(withPoint);
-    }
-    qint64 nanoseconds = 0;
-    if (!WrittenFields::readSeconds(text, nanoseconds, isCut))
+    constexpr std::size_t digitsWithoutOverflow = 15;
+    constexpr quint64 thousand = 1000;
+    quint64 milliseconds = 0;
+    WrittenFields::Fraction fraction; // of a millisecond, in nanoseconds
+    if (WrittenFields::takeDigits(text, digitsWithoutOverflow, milliseconds) == 0
+        || milliseconds / thousand > WrittenFields::maxSeconds)
         return false;
-    microseconds = nanoseconds / thousand;
-    isCut = isCut || nanoseconds % thousand != 0;
+    if (!text.empty() && (text.front() == '.' || text.front() == ','))
+        text.remove_prefix(1);
+    else if (!text.empty())
+        return false;
+    for (const Char c : text) {
+        if (digitValue(c) > 9)
+            return false;
+        fraction.add(digitValue(c));
+    }
+    // The fraction itself is rounded to nanoseconds, and half of a microsecond counts as one.
+    const quint64 nanoseconds = quint64(fraction.microseconds());
+    microseconds = qint64(milliseconds * thousand + (nanoseconds + thousand / 2) / thousand);
+    isCut = isCut || fraction.wasCut() || nanoseconds % thousand != 0;
     return true;
 }
 

@@ -272,6 +272,8 @@ LeftOut readFdData(const Parts<Char> &parts, int at, Log &log, CAN::CanRxMessage
         message.remote = true;
     if (!message.remote)
         return readBytes(parts, at, int(length), log.base, message);
+    if (code > maxClassicBytes)
+        log.lines.change(ImportReport::ChangedLength);
     message.length = qint8(std::min(code, maxClassicBytes));
     return {};
 }

@@ -36,7 +36,7 @@ public:
         ChunkFile,
         KolvarTxt,
         Unassigned, ///< never found, and no import takes it
-        PeakTrc10,  ///< found, but no reader takes it
+        PeakTrc10,  ///< found, but read tolerantly only
         PeakTrc11,
         PeakTrc12,
         PeakTrc13,
@@ -54,7 +54,7 @@ public:
         WiresharkCsv,
         GenericFormat, ///< chosen by the caller, never found
         Unknown,       ///< nothing that is known
-        BusmasterLog,  ///< chosen by the caller, as the next
+        BusmasterLog,  ///< found by TraceRecognition only, as the next
         GvretCsv       ///< the comma separated frames of GVRET and SavvyCAN
     };
     Q_ENUM(ImportFileType)
