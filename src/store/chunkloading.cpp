@@ -25,14 +25,19 @@ struct Load
     QString damage;
 };
 
-void read(const ImportRun &run, const Trace &trace, const QString &fileName,
+void read(const ImportRun &run, Browsing &browsing, const QString &fileName,
           BookmarkMap bookmarkMap, Load &load)
 {
     RegularFile file(fileName);
     load.opened = file.openForReading();
     if (!load.opened)
         return;
-    ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), [&run] { return run.turn(); }};
+    const auto turn = [&] {
+        if (run.storeExists())
+            browsing.setProgress({file.pos(), file.size(), quint64(load.records.messages.size())});
+        return run.turn();
+    };
+    ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), turn};
     load.messagesAtMost = ArchiveLimits::messagesIn(file.size());
     load.result = ChunkReading::readFront(file, bookmarkMap, bounds, load.front);
     // A message takes no less room in memory than in a file.
@@ -41,7 +46,7 @@ void read(const ImportRun &run, const Trace &trace, const QString &fileName,
     if (load.result != Outcome::Done)
         return;
     // Live messages go on arriving, so the lock is not held while the disk is read.
-    load.records.messages = trace.paged();
+    load.records.messages = browsing.trace.paged();
     const int shownBefore = load.records.messages.size();
     bounds.memory -= load.front.memory;
     ChunkFormat::RecordReader reader(file, load.front.preamble.version);
@@ -92,8 +97,7 @@ bool ChunkLoading::readFile(Browsing &browsing, const QString &fileName, Bookmar
     Load load;
     {
         const ImportRun run(browsing);
-        const bool enough =
-            withinMemory([&] { read(run, browsing.trace, fileName, bookmarkMap, load); });
+        const bool enough = withinMemory([&] { read(run, browsing, fileName, bookmarkMap, load); });
         if (!run.goesOn())
             return false;
         if (!enough) {

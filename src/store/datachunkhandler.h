@@ -238,7 +238,7 @@ public:
     void setImportMode(DatachunkHelper::ImportMode mode);
     DatachunkHelper::ImportMode importMode() const;
 
-    /// How far the import of a text has come that runs now; zeros when none does.
+    /// How far the import, load or splitting has come that runs now; zeros when none does.
     ImportProgress importProgress() const;
 
     /// Gives up the import or load that runs now, from an event that it lets through: it ends as

@@ -144,7 +144,10 @@ bool Splitting::splitRecords(PartWriter &parts)
         if (parts.messages() == 0 && !(output.finish() && run.goesOn()))
             return false;
         good = parts.add(message);
-        if (parts.messages() % ChunkReading::recordsBetweenTurns == 0 && !run.turn())
+        if (parts.messages() % ChunkReading::recordsBetweenTurns != 0)
+            continue;
+        browsing.setProgress({file.pos(), file.size(), parts.messages()});
+        if (!run.turn())
             return false;
     }
     good = parts.flush() && good && file.readErrorText().isEmpty();
