@@ -234,9 +234,13 @@ public:
     bool loadFile(QString fileName, bool clearFileName, DatachunkHelper::ImportFileType type,
                   DatachunkHelper::SavedMessageType savedType, QString formatDescription);
 
+    using ImportMode = DatachunkHelper::ImportMode;
+    static constexpr ImportMode Strict = DatachunkHelper::Strict;
+    static constexpr ImportMode Tolerant = DatachunkHelper::Tolerant;
+
     /// How imports and the readers of single formats read texts; strictly at first.
-    void setImportMode(DatachunkHelper::ImportMode mode);
-    DatachunkHelper::ImportMode importMode() const;
+    void setImportMode(ImportMode mode);
+    ImportMode importMode() const;
 
     /// How far the import, load or splitting has come that runs now; zeros when none does.
     ImportProgress importProgress() const;

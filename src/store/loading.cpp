@@ -227,12 +227,12 @@ bool DatachunkHandler::loadGenericFile(QString fileName, QString formatDescripti
         {fileName, DatachunkHelper::GenericFormat, formatDescription, d->browsing.importMode()});
 }
 
-void DatachunkHandler::setImportMode(DatachunkHelper::ImportMode mode)
+void DatachunkHandler::setImportMode(ImportMode mode)
 {
     d->browsing.setImportMode(mode);
 }
 
-DatachunkHelper::ImportMode DatachunkHandler::importMode() const
+DatachunkHandler::ImportMode DatachunkHandler::importMode() const
 {
     return d->browsing.importMode();
 }
