@@ -61,12 +61,15 @@ void StoreSink::fdFrames(bool seen)
 
 void StoreSink::report(const ImportReport &report)
 {
-    browsing.setImportReport(report);
+    // What was told last may have been a slot's reason to delete the store.
+    if (run.storeExists())
+        browsing.setImportReport(report);
 }
 
 bool StoreSink::turnEventLoop()
 {
-    browsing.setProgress({source->pos(), source->size(), messages});
+    if (run.storeExists())
+        browsing.setProgress({source->pos(), source->size(), messages});
     return run.turn();
 }
 
