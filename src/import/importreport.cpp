@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -10,6 +9,11 @@ namespace {
 QString text(const char *source)
 {
     return QCoreApplication::translate("ImportReport", source);
+}
+
+quint64 addCount(quint64 sum, const ImportReport::Lines &lines)
+{
+    return sum + lines.count;
 }
 
 } // namespace
@@ -22,16 +26,20 @@ void ImportReport::Lines::add(quint64 number)
 
 quint64 ImportReport::linesLeftOut() const
 {
-    return std::accumulate(leftOut.begin(), leftOut.end(), quint64(0),
-                           [](quint64 sum, const Lines &lines) { return sum + lines.count; });
+    return std::accumulate(leftOut.begin(), leftOut.end(), quint64(0), addCount);
+}
+
+quint64 ImportReport::linesLost() const
+{
+    quint64 lost = 0;
+    for (int i = 0; i < reasonCount; ++i)
+        lost += isLoss(Reason(i)) ? leftOut[std::size_t(i)].count : 0;
+    return lost;
 }
 
 bool ImportReport::hasLoss() const
 {
-    const auto any = [](const Lines &lines) { return lines.count > 0; };
-    // What stands before these in the list is no part of the frames.
-    return std::any_of(leftOut.begin() + TooFewFields, leftOut.end(), any)
-        || std::any_of(changed.begin(), changed.end(), any) || unlikely.count > 0;
+    return linesLost() + std::accumulate(changed.begin(), changed.end(), quint64(0), addCount) > 0;
 }
 
 QString ImportReport::reasonText(Reason reason)

@@ -64,14 +64,16 @@ struct DATACHUNK_EXPORT ImportReport
     quint64 notes = 0;
     std::array<Lines, reasonCount> leftOut;
     std::array<Lines, changeCount> changed;
-    Lines unlikely;   ///< became a frame, but do not look like one
     QDateTime start;  ///< when the trace was begun; not valid where the file does not tell
     QString timeBase; ///< what times are counted from, as the file says it; mostly empty
     QVector<Channel> channels;
 
     quint64 linesLeftOut() const;
-    /// Whether anything of the trace was skipped or changed but for empty lines, headers, comments
-    /// and statistics.
+    /// Those of them that were expected to be frames, which empty lines, headers, comments and
+    /// statistics are not.
+    quint64 linesLost() const;
+    static bool isLoss(Reason reason) { return reason >= TooFewFields; }
+    /// Whether any line was lost or anything of a frame was changed.
     bool hasLoss() const;
 
     /// "no frame: wrong shape" and so on, for the user.

@@ -62,12 +62,17 @@ constexpr ForeignFile foreignFiles[] = {
      QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (zstd). Unpack it first.")},
 };
 
+// In such an encoding a byte that looks like a line feed may be half of a character.
+bool isWide(const QByteArray &sample)
+{
+    return sample.startsWith("\xFF\xFE") || sample.startsWith("\xFE\xFF");
+}
+
 // The beginning, and whole lines from further on.
 QByteArray sampleOf(RegularFile &file)
 {
     QByteArray sample = file.read(headSize);
-    const bool isWide = sample.startsWith("\xFF\xFE") || sample.startsWith("\xFE\xFF");
-    if (file.size() <= sample.size() || isWide)
+    if (file.size() <= sample.size() || isWide(sample))
         return sample;
     sample.truncate(sample.lastIndexOf('\n') + 1);
     for (int i = 1; i <= sampleCount; ++i) {
@@ -81,8 +86,7 @@ QByteArray sampleOf(RegularFile &file)
 
 bool isBinary(const QByteArray &sample)
 {
-    return sample.contains('\0') && !sample.startsWith("\xFF\xFE")
-        && !sample.startsWith("\xFE\xFF");
+    return sample.contains('\0') && !isWide(sample);
 }
 
 // Takes nothing but the first line that brings a message.
@@ -131,11 +135,8 @@ Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
     if (report.frames == 0)
         return {};
     TraceRecognition found;
-    const quint64 others = report.leftOut[ImportReport::Empty].count
-        + report.leftOut[ImportReport::Header].count + report.leftOut[ImportReport::Comment].count
-        + report.leftOut[ImportReport::Statistics].count;
     found.type = type;
-    found.percent = int(qMin<quint64>(100, (report.frames + others) * 100 / report.lines));
+    found.percent = int((report.lines - report.linesLost()) * 100 / report.lines);
     found.line = sink.line;
     found.lineText = sink.text;
     found.explanation = text("Line %1 is a frame of the type %2, and %3 of the %4 lines looked at "

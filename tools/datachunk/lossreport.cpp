@@ -91,10 +91,12 @@ void printReport(const TraceFile &trace, const ImportReport &report)
                        .arg(report.notes)
                        .arg(report.hasLoss() ? Cli::tr("; not all of it could be kept:")
                                              : Cli::tr("; nothing was lost."));
-    // What is no frame to anybody is no loss.
-    for (int i = ImportReport::TooFewFields; i < ImportReport::reasonCount; ++i)
-        addRow(Cli::tr("left out, %1").arg(ImportReport::reasonText(ImportReport::Reason(i))),
-               report.leftOut[std::size_t(i)], text);
+    for (int i = 0; i < ImportReport::reasonCount; ++i) {
+        const auto reason = ImportReport::Reason(i);
+        if (ImportReport::isLoss(reason))
+            addRow(Cli::tr("left out, %1").arg(ImportReport::reasonText(reason)),
+                   report.leftOut[std::size_t(i)], text);
+    }
     for (int i = 0; i < ImportReport::changeCount; ++i)
         addRow(ImportReport::changeText(ImportReport::Change(i)), report.changed[std::size_t(i)],
                text);
