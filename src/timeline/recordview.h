@@ -55,15 +55,17 @@ class RecordView
 public:
     /// \a hasLine as the version of the chunk has it.
     RecordView(const char *record, bool hasLine)
-        : bytes(record), tail(record + 1 + length()), hasLine(hasLine)
+        : record(record), tail(record + 1 + length()), hasLine(hasLine)
     {
     }
+
+    const char *bytes() const { return record; }
 
     /// Bytes of a record with a payload of \a length bytes.
     static constexpr int size(int length, bool hasLine) { return (hasLine ? 25 : 23) + length; }
 
-    int length() const { return *bytes; } ///< of the payload in bytes, 0 to 64
-    const quint8 *data() const { return reinterpret_cast<const quint8 *>(bytes + 1); }
+    int length() const { return *record; } ///< of the payload in bytes, 0 to 64
+    const quint8 *data() const { return reinterpret_cast<const quint8 *>(record + 1); }
     quint32 id() const { return qFromBigEndian<quint32>(tail + IdAt); }
     quint8 line() const { return hasLine ? quint8(tail[LineAt + 1]) : 0; } ///< its key
     quint8 kind() const
@@ -96,7 +98,7 @@ private:
         LineAt = 22
     };
 
-    const char *bytes;
+    const char *record;
     const char *tail;
     bool hasLine;
 };
