@@ -75,6 +75,7 @@ public:
             | (tail[FdFrameAt] ? FrameKey::FdFrame : 0) | (tail[FlagCAt] ? FrameKey::FlagC : 0)
             | (tail[FlagBAt] ? FrameKey::FlagB : 0));
     }
+    bool isRemote() const { return tail[RemoteAt] != 0; }
     FrameKey key() const { return {id(), line(), kind()}; }
     quint32 number() const { return qFromBigEndian<quint32>(tail + NumberAt); }
     qint64 time() const ///< in microseconds
@@ -121,6 +122,7 @@ public:
             | (message.flagB ? FrameKey::FlagB : 0)
             | (message.transmitted ? FrameKey::Transmitted : 0));
     }
+    bool isRemote() const { return message.remote; }
     FrameKey key() const { return {id(), line(), kind()}; }
     quint32 number() const { return message.messageNumber; }
     qint64 time() const { return microsecondsOf(message.seconds, message.microseconds); }

@@ -1,0 +1,80 @@
+#include "framefilter.h"
+
+FrameFilter::FrameFilter(const FilterNode &tree) : entry(addSteps(tree, taken, refused, false)) { }
+
+// Adds the steps of the node from the last one to the first, so that those to go on with are known.
+// Returns the first one.
+int FrameFilter::addSteps(const FilterNode &node, int ifTrue, int ifFalse, bool isNegated)
+{
+    if (node.isNegated) {
+        std::swap(ifTrue, ifFalse);
+        isNegated = !isNegated;
+    }
+    if (node.kind == FilterNode::Test) {
+        const int step = addStep(node.test);
+        steps.back().ifTrue = ifTrue;
+        steps.back().ifFalse = ifFalse;
+        steps.back().isNegated = isNegated;
+        return step;
+    }
+    const bool isAll = node.kind == FilterNode::All;
+    int next = isAll ? ifTrue : ifFalse;
+    for (auto child = node.children.rbegin(); child != node.children.rend(); ++child)
+        next = isAll ? addSteps(*child, next, ifFalse, isNegated)
+                     : addSteps(*child, ifTrue, next, isNegated);
+    return next;
+}
+
+int FrameFilter::addStep(const FrameTest &test)
+{
+    Step step;
+    step.field = test.field;
+    step.byte = test.byte;
+    step.mask = test.mask;
+    step.index = quint32(test.field == FrameTest::Data       ? patterns.size()
+                             : test.field == FrameTest::Note ? texts.size()
+                                                             : ranges.size());
+    step.count = quint32(test.ranges.size());
+    if (test.field == FrameTest::Data)
+        patterns.push_back(test.pattern);
+    if (test.field == FrameTest::Note)
+        texts.push_back(test.text);
+    ranges.insert(ranges.end(), test.ranges.begin(), test.ranges.end());
+    if (!test.ranges.empty()) {
+        const Range &first = test.ranges.front();
+        const Range &last = test.ranges.back();
+        // All but a gap is one range as well, for numbers go on with the lowest behind the highest.
+        const bool isAllButGap =
+            step.count == 2 && first.low == Range::lowest && last.high == Range::highest;
+        step.isSpan = step.count == 1 || isAllButGap;
+        step.low = quint64(last.low);
+        step.span = quint64(first.high) - quint64(last.low);
+    }
+    steps.push_back(step);
+    return int(steps.size()) - 1;
+}
+
+bool FrameFilter::isInRanges(const Step &step, qint64 number) const
+{
+    const auto begin = ranges.begin() + step.index;
+    const auto above =
+        std::upper_bound(begin, begin + step.count, number,
+                         [](qint64 value, const Range &range) { return value < range.low; });
+    return above != begin && number <= std::prev(above)->high;
+}
+
+bool FrameFilter::takesNote(const Step &step, quint32 number, const Context &context) const
+{
+    QStringView note = context.note;
+    if (context.notes) {
+        const auto found = context.notes->constFind(number);
+        note = found == context.notes->constEnd() ? QStringView() : QStringView(*found);
+    }
+    return !note.isEmpty() && note.contains(texts[step.index], Qt::CaseInsensitive);
+}
+
+bool FrameFilter::needs(FrameTest::Field field) const
+{
+    return std::any_of(steps.begin(), steps.end(),
+                       [field](const Step &step) { return step.field == field; });
+}
