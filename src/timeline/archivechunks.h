@@ -34,7 +34,8 @@ private:
     std::vector<ChunkArchive::Chunk> all;
     QString error;
     Mutex mutex; // the reader reads one entry at a time
-    std::list<std::pair<std::size_t, std::shared_ptr<const ChunkHandle>>> unpacked GUARDED_BY(mutex);
+    std::list<std::pair<std::size_t, std::shared_ptr<const ChunkHandle>>>
+        unpacked GUARDED_BY(mutex);
 };
 
 /// One of them.

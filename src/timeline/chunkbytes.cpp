@@ -72,7 +72,8 @@ qint64 ChunkHandle::readSome(char *to, qint64 offset, qint64 size) const
     qint64 done = 0;
     while (done < size) {
         const int got = uninterrupted([&] {
-            return int(pread64(descriptor, to + done, std::size_t(size - done), off64_t(offset + done)));
+            return int(
+                pread64(descriptor, to + done, std::size_t(size - done), off64_t(offset + done)));
         });
         if (got <= 0)
             break;

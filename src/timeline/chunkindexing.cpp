@@ -13,8 +13,9 @@ class Indexing
 public:
     Indexing(QIODevice &device, const ChunkReading::Bounds &bounds,
              const std::function<bool()> &dropsCut, IndexedChunk &chunk)
-        : device(device), bounds(bounds), dropsCut(dropsCut), chunk(chunk), version(chunk.front.preamble.version),
-          indexer(version, chunk.front.size), buffer(blockSize, Qt::Uninitialized)
+        : device(device), bounds(bounds), dropsCut(dropsCut), chunk(chunk),
+          version(chunk.front.preamble.version), indexer(version, chunk.front.size),
+          buffer(blockSize, Qt::Uninitialized)
     {
     }
 
@@ -70,8 +71,7 @@ void Indexing::end()
     if (size > 0) {
         const int length = buffer.at(0);
         isCut = length >= 0 && length <= CAN::maxDataBytes;
-        chunk.end.cause =
-            isCut ? ChunkFormat::RecordsEnd::Cut : ChunkFormat::RecordsEnd::BadLength;
+        chunk.end.cause = isCut ? ChunkFormat::RecordsEnd::Cut : ChunkFormat::RecordsEnd::BadLength;
         chunk.end.length = isCut ? 0 : length;
     }
     isCut = isCut && !(dropsCut && dropsCut());
@@ -106,8 +106,8 @@ IndexedChunk indexChunk(QIODevice &device, const ChunkReading::Bounds &bounds,
                         const std::function<bool()> &dropsCut)
 {
     IndexedChunk chunk;
-    chunk.result = ChunkReading::readFront(device, ChunkFormat::BookmarkMap::Read, bounds,
-                                           chunk.front);
+    chunk.result =
+        ChunkReading::readFront(device, ChunkFormat::BookmarkMap::Read, bounds, chunk.front);
     if (chunk.result == Outcome::Done)
         chunk.result = Indexing(device, bounds, dropsCut, chunk).read();
     return chunk;

@@ -10,7 +10,7 @@ struct IndexedChunk
 {
     Outcome::Kind result = Outcome::NotOpened; ///< Done, NewerVersion, TooLarge or GivenUp
     ChunkIndex index;                          ///< where it is done
-    ChunkReading::Front front; ///< with the notes and bookmarks
+    ChunkReading::Front front;                 ///< with the notes and bookmarks
     ChunkFormat::RecordsEnd end;
 };
 

@@ -27,8 +27,8 @@ private:
     struct Chunk
     {
         ChunkListing::Place place;
-        QString path; ///< of a file; empty in an archive
-        FileIdentity identity; ///< of the file, be it an archive
+        QString path;                           ///< of a file; empty in an archive
+        FileIdentity identity;                  ///< of the file, be it an archive
         std::shared_ptr<ArchiveChunks> archive; ///< where this stands for all of it
         std::shared_ptr<const ChunkBytes> bytes;
         SharedSegment segment; ///< null as long as it is not read, and where that failed

@@ -86,8 +86,7 @@ void FilterRun::takeOver(std::vector<Part> &before)
             isWhole = false;
             ++old;
         }
-        if (old == before.end() || old->begin != part.begin
-            || old->done > part.segment->count())
+        if (old == before.end() || old->begin != part.begin || old->done > part.segment->count())
             continue;
         const SharedSegment segment = part.segment;
         part = std::move(*old++);

@@ -8,8 +8,8 @@
 #include <atomic>
 #include <vector>
 
-/// One search of a timeline: for each segment how many messages are found, by steps where they had to
-/// be looked at. Any thread.
+/// One search of a timeline: for each segment how many messages are found, by steps where they had
+/// to be looked at. Any thread.
 class FilterRun
 {
 public:

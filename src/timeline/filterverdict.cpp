@@ -92,9 +92,10 @@ FrameFilter::Verdict FrameFilter::judgeRange(const Step &step, const Range &poss
     return Verdict::Refuses;
 }
 
-FrameFilter::Count FrameFilter::count(const ChunkIndex &index) const
+FrameFilter::Count FrameFilter::count(const ChunkIndex &index, bool isChunk) const
 {
-    const ChunkFacts facts = ChunkFacts::of(index);
+    ChunkFacts facts = ChunkFacts::of(index);
+    facts.isChunk = isChunk;
     const Verdict ofAll = judge(facts);
     if (ofAll != Verdict::Depends)
         return {ofAll == Verdict::Takes ? index.count : 0, true};

@@ -72,8 +72,9 @@ public:
     /// What holds for all of them, whatever their keys.
     Verdict judge(const ChunkFacts &facts) const { return judgeAll(nullptr, facts); }
 
-    /// How many messages of a chunk are taken, without a look at them.
-    Count count(const ChunkIndex &index) const;
+    /// How many messages are taken, without a look at them: of a chunk, or of a list that has such
+    /// an index and knows directions, too.
+    Count count(const ChunkIndex &index, bool isChunk = true) const;
 
 private:
     // Behind the last step; the others count down to 0.

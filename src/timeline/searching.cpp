@@ -59,8 +59,8 @@ std::optional<quint64> Searching::previous(quint64 position) const
     i += i < segments.size() && segments[i].begin < position ? 1 : 0;
     while (i-- > 0) {
         const auto end = quint32(std::min(position, segments[i].end()) - segments[i].begin);
-        const auto found = mayHaveAny(*segments[i].segment) ? lastIn(segments[i], end)
-                                                            : std::optional<quint64>();
+        const auto found =
+            mayHaveAny(*segments[i].segment) ? lastIn(segments[i], end) : std::optional<quint64>();
         if (found || !goesOn())
             return found;
     }
@@ -102,8 +102,7 @@ std::optional<quint64> Searching::changed(quint64 begin, quint64 end, bool wants
             return !(found && wantsFirst) && goesOn();
         };
         const auto last = quint32(std::min(end, placed.end()) - placed.begin);
-        placed.segment->scan(
-            {filter, notesFor(filter, *placed.segment), &changes, 0, last}, take);
+        placed.segment->scan({filter, notesFor(filter, *placed.segment), &changes, 0, last}, take);
     }
     return goesOn() || wantsFirst ? found : std::optional<quint64>();
 }

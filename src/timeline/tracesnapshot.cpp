@@ -8,16 +8,17 @@ constexpr quint32 perStep = ChunkIndex::recordsPerStep;
 quint32 offsetOfTime(const TraceSegment &segment, qint64 time)
 {
     const ChunkIndex &index = segment.index();
-    const auto step = quint32(
-        std::lower_bound(index.steps.begin(), index.steps.end(), time,
-                         [](const ChunkIndex::Step &s, qint64 t) { return s.maxTime < t; })
-        - index.steps.begin());
+    const auto step =
+        quint32(std::lower_bound(index.steps.begin(), index.steps.end(), time,
+                                 [](const ChunkIndex::Step &s, qint64 t) { return s.maxTime < t; })
+                - index.steps.begin());
     TraceSegment::Messages messages;
     if (step == index.stepCount() || !segment.decode(step, messages))
         return std::min(step * perStep, index.count);
-    const auto found = std::find_if(
-        messages.begin(), messages.end(),
-        [time](const CAN::CanRxMessage &message) { return MessageView(message).time() >= time; });
+    const auto found =
+        std::find_if(messages.begin(), messages.end(), [time](const CAN::CanRxMessage &message) {
+            return MessageView(message).time() >= time;
+        });
     return step * perStep + quint32(found - messages.begin());
 }
 
@@ -25,8 +26,7 @@ quint32 offsetOfTime(const TraceSegment &segment, qint64 time)
 
 void TraceSnapshot::append(SharedSegment segment, quint64 gap)
 {
-    const qint64 before =
-        all.empty() ? std::numeric_limits<qint64>::min() : all.back().maxTime();
+    const qint64 before = all.empty() ? std::numeric_limits<qint64>::min() : all.back().maxTime();
     all.push_back({count() + gap, std::move(segment), before});
 }
 
@@ -48,8 +48,8 @@ TraceSnapshot::Place TraceSnapshot::at(quint64 position) const
 
 quint64 TraceSnapshot::positionOfTime(qint64 time) const
 {
-    const auto placed = std::lower_bound(
-        all.begin(), all.end(), time,
-        [](const Placed &candidate, qint64 t) { return candidate.maxTime() < t; });
+    const auto placed =
+        std::lower_bound(all.begin(), all.end(), time,
+                         [](const Placed &candidate, qint64 t) { return candidate.maxTime() < t; });
     return placed == all.end() ? count() : placed->begin + offsetOfTime(*placed->segment, time);
 }

@@ -44,15 +44,6 @@ public:
     /// there is none.
     quint64 positionOfTime(qint64 time) const;
 
-    /// How many messages are in front of \a position: of \a line, or with none of all lines; and how
-    /// many of them are error frames. Exact at the ends of steps, in between in proportion.
-    struct Counts
-    {
-        double messages = 0;
-        double errors = 0;
-    };
-    Counts countsBefore(quint64 position, std::optional<quint8> line) const;
-
 private:
     std::vector<Placed> all;
     quint32 ownEpoch = 0;

@@ -25,8 +25,8 @@ struct TraceRow
         Behind ///< no message is known there
     };
     State state = Behind;
-    CAN::CanRxMessage message; ///< where it is known
-    QString note;              ///< mostly empty
+    CAN::CanRxMessage message;   ///< where it is known
+    QString note;                ///< mostly empty
     CanMessageBookmark bookmark; ///< mostly not valid
 };
 
@@ -102,7 +102,8 @@ public:
     /// ends with a step of 4096 messages, in between in proportion.
     TraceRate rate(qint64 from, qint64 to, int intervals) const;
 
-    /// What \a expression takes, found in the background from the messages around \a focus outwards.
+    /// What \a expression takes, found in the background from the messages around \a focus
+    /// outwards.
     TraceFilter filter(const TraceExpression &expression, quint64 focus = 0) const;
     /// The first of them at or behind \a position, or the last one in front of it. Waits for the
     /// disk as long as \a keepGoing returns true, which may be asked from other threads as well.
