@@ -108,6 +108,12 @@ quint32 flagsOf(const ChunkIndex &index)
         | (index.timesRise ? timesRiseFlag : 0) | (index.hasAllKeys ? allKeysFlag : 0);
 }
 
+void putFront(Writer &out, quint32 payloadBytes)
+{
+    out.putBytes(mark, markSize);
+    out.put(payloadBytes);
+}
+
 void putFixed(Writer &out, const Counts &counts, const DirectoryEntry &entry)
 {
     const FileIdentity &file = entry.file;
@@ -325,12 +331,19 @@ QByteArray encoded(const DirectoryEntry &entry, quint64 key)
     if (name.size() > longestName || counts.payloadBytes() > mostPayloadBytes)
         return {};
     const auto size = quint32(counts.payloadBytes());
-    Writer out(int(frontSize + size + sealSize));
-    out.putBytes(mark, markSize);
-    out.put(size);
+    Writer out(frontSize + int(size) + sealSize);
+    putFront(out, size);
     putFixed(out, counts, entry);
     out.putBytes(name.constData(), name.size());
     putLists(out, index);
+    return out.sealed(key);
+}
+
+QByteArray framed(const QByteArray &payload, quint64 key)
+{
+    Writer out(frontSize + payload.size() + sealSize);
+    putFront(out, quint32(payload.size()));
+    out.putBytes(payload.constData(), payload.size());
     return out.sealed(key);
 }
 

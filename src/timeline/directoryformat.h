@@ -31,6 +31,9 @@ constexpr int headSize = 36;
 /// The bytes of \a entry; none when its name or its index is too long for a directory.
 QByteArray encoded(const DirectoryEntry &entry, quint64 key);
 
+/// An entry with any \a payload, whole as far as its seal can tell.
+QByteArray framed(const QByteArray &payload, quint64 key);
+
 /// The entries in the directory \a bytes that are whole and sound, of equal names the last one.
 /// None when it has no head.
 std::vector<DirectoryEntry> entries(const QByteArray &bytes, quint64 key);
