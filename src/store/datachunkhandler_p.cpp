@@ -1,11 +1,14 @@
 #include "datachunkhandler_p.h"
 
+#include "chunkentries.h"
+
 DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
                                                  unsigned int maxMessageCount)
     : teller(store), trace(maxMessageCount, *this), browsing(teller, trace),
       continuousOutput(teller),
       saveReports(teller, trace, [this] { archives.later([this] { archiving.pack(); }); }),
-      chunkSaver([this](const SaveReport &report) { saveReports.post(report, chunkSaver); }),
+      chunkSaver([this](const SaveReport &report) { saveReports.post(report, chunkSaver); },
+                 addSavedChunk),
       exports(chunkSaver.folder(),
               [this](const SaveReport &report) { saveReports.post(report, chunkSaver); }),
       archives(chunkSaver, exports), partialChunks(trace, chunkSaver), archiving(browsing, archives)

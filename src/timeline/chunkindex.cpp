@@ -46,7 +46,11 @@ bool stepsAreSound(const ChunkIndex &index)
     qint64 before = std::numeric_limits<qint64>::min();
     for (quint32 i = 0; i < index.stepCount(); ++i) {
         const ChunkIndex::Step &step = index.steps[i];
-        const qint64 bytes = index.endOfStep(i) - step.offset;
+        const qint64 end = index.endOfStep(i);
+        // Offsets outside may be too far apart for a number.
+        if (step.offset < index.recordsStart || end < step.offset || end > index.recordsEnd)
+            return false;
+        const qint64 bytes = end - step.offset;
         const qint64 whole = qint64(index.sizeOfStep(i))
             - (index.hasCutRecord && i + 1 == index.stepCount() ? 1 : 0);
         if (bytes < whole * RecordView::size(0, hasLine)
@@ -81,6 +85,14 @@ bool countsAreSound(const ChunkIndex &index)
 }
 
 } // namespace
+
+void ChunkIndex::moveBy(qint64 bytes)
+{
+    recordsStart += bytes;
+    recordsEnd += bytes;
+    for (Step &step : steps)
+        step.offset += bytes;
+}
 
 bool ChunkIndex::isSound(qint64 fileSize) const
 {

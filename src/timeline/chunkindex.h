@@ -69,6 +69,9 @@ struct ChunkIndex
         return step + 1 < stepCount() ? steps[step + 1].offset : recordsEnd;
     }
 
+    /// Has all records lie \a bytes further behind.
+    void moveBy(qint64 bytes);
+
     /// Whether its parts fit together, and into a file of \a fileSize bytes. An index from outside
     /// is of no use otherwise.
     bool isSound(qint64 fileSize) const;
