@@ -54,15 +54,6 @@ int FrameFilter::addStep(const FrameTest &test)
     return int(steps.size()) - 1;
 }
 
-bool FrameFilter::isInRanges(const Step &step, qint64 number) const
-{
-    const auto begin = ranges.begin() + step.index;
-    const auto above =
-        std::upper_bound(begin, begin + step.count, number,
-                         [](qint64 value, const Range &range) { return value < range.low; });
-    return above != begin && number <= std::prev(above)->high;
-}
-
 bool FrameFilter::takesNote(const Step &step, quint32 number, const Context &context) const
 {
     QStringView note = context.note;

@@ -72,6 +72,9 @@ public:
     /// What holds for all of them, whatever their keys.
     Verdict judge(const ChunkFacts &facts) const { return judgeAll(nullptr, facts); }
 
+    /// No identifier outside is taken; a range inside which each may be.
+    const Range &identifiers() const { return possibleIds; }
+
     /// How many messages of a chunk are taken, without a look at them.
     Count count(const ChunkIndex &index) const;
 
@@ -112,9 +115,7 @@ private:
         case FrameTest::Time:
             return takesNumber(step, view.time());
         case FrameTest::Byte:
-            // The payload of a remote frame means nothing.
-            return step.byte < view.length() && takesNumber(step, view.data()[step.byte])
-                && !view.isRemote();
+            return takesByte(step, view);
         case FrameTest::Data:
             return patterns[step.index].isIn(view.data(), view.length()) && !view.isRemote();
         case FrameTest::Note:
@@ -124,12 +125,30 @@ private:
         }
         return false;
     }
+    // Without a jump that depends on the length, which nobody can foresee.
+    template <typename View> bool takesByte(const Step &step, const View &view) const
+    {
+        const bool isThere = step.byte < view.length();
+        const bool isTaken = takesNumber(step, view.data()[isThere ? step.byte : 0]);
+        // The payload of a remote frame means nothing.
+        return (isThere & isTaken) && !view.isRemote();
+    }
     bool takesNumber(const Step &step, qint64 number) const
     {
         const quint64 masked = quint64(number) & step.mask;
         return step.isSpan ? masked - step.low <= step.span : isInRanges(step, qint64(masked));
     }
-    bool isInRanges(const Step &step, qint64 number) const;
+    // Without a jump that depends on the number, which nobody can foresee.
+    bool isInRanges(const Step &step, qint64 number) const
+    {
+        const Range *range = &ranges[step.index];
+        for (quint32 left = step.count; left > 1;) {
+            const quint32 half = left / 2;
+            range += range[half].low <= number ? half : 0;
+            left -= half;
+        }
+        return (range->low <= number) & (number <= range->high);
+    }
     bool takesNote(const Step &step, quint32 number, const Context &context) const;
 
     int addSteps(const FilterNode &node, int ifTrue, int ifFalse, bool isNegated);
@@ -146,6 +165,7 @@ private:
     std::vector<BytePattern> patterns;
     std::vector<QString> texts;
     int entry = taken;
+    Range possibleIds;
 };
 
 /// What the library asks messages by.
