@@ -1,6 +1,34 @@
 #include "framefilter.h"
 
-FrameFilter::FrameFilter(const FilterNode &tree) : entry(addSteps(tree, taken, refused, false)) { }
+namespace {
+
+// The narrowest range around all identifiers that the node may take.
+Range identifiersOf(const FilterNode &node)
+{
+    if (node.isNegated)
+        return {};
+    if (node.kind == FilterNode::Test) {
+        const bool isPlain = node.test.field == FrameTest::Id && node.test.mask == FrameTest::all;
+        return isPlain ? Range{node.test.ranges.front().low, node.test.ranges.back().high}
+                       : Range{};
+    }
+    Range range = identifiersOf(node.children.front());
+    for (const FilterNode &child : node.children) {
+        const Range next = identifiersOf(child);
+        if (node.kind == FilterNode::All)
+            range = {std::max(range.low, next.low), std::min(range.high, next.high)};
+        else
+            range = {std::min(range.low, next.low), std::max(range.high, next.high)};
+    }
+    return range;
+}
+
+} // namespace
+
+FrameFilter::FrameFilter(const FilterNode &tree)
+    : entry(addSteps(tree, taken, refused, false)), possibleIds(identifiersOf(tree))
+{
+}
 
 // Adds the steps of the node from the last one to the first, so that those to go on with are known.
 // Returns the first one.

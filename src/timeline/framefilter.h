@@ -125,13 +125,14 @@ private:
         }
         return false;
     }
-    // Without a jump that depends on the length, which nobody can foresee.
+    // The length decides last, for no processor can foresee it; the first byte can be read of an
+    // empty payload, too.
     template <typename View> bool takesByte(const Step &step, const View &view) const
     {
         const bool isThere = step.byte < view.length();
-        const bool isTaken = takesNumber(step, view.data()[isThere ? step.byte : 0]);
         // The payload of a remote frame means nothing.
-        return (isThere & isTaken) && !view.isRemote();
+        return takesNumber(step, view.data()[step.byte * int(isThere)]) && isThere
+            && !view.isRemote();
     }
     bool takesNumber(const Step &step, qint64 number) const
     {
