@@ -23,6 +23,19 @@ Range identifiersOf(const FilterNode &node)
     return range;
 }
 
+// What of the ranges is below the number that stands for no byte; never empty.
+Ranges rangesOfBytes(Ranges ranges)
+{
+    constexpr qint64 highest = 255;
+    ranges.erase(std::remove_if(ranges.begin(), ranges.end(),
+                                [](const Range &range) { return range.low > highest; }),
+                 ranges.end());
+    if (ranges.empty())
+        return {{-1, -1}};
+    ranges.back().high = std::min(ranges.back().high, highest);
+    return ranges;
+}
+
 } // namespace
 
 FrameFilter::FrameFilter(const FilterNode &tree)
@@ -59,27 +72,35 @@ int FrameFilter::addStep(const FrameTest &test)
     step.field = test.field;
     step.byte = test.byte;
     step.mask = test.mask;
-    step.index = quint32(test.field == FrameTest::Data       ? patterns.size()
-                             : test.field == FrameTest::Note ? texts.size()
-                                                             : ranges.size());
-    step.count = quint32(test.ranges.size());
-    if (test.field == FrameTest::Data)
+    if (test.field == FrameTest::Data) {
+        step.index = quint32(patterns.size());
         patterns.push_back(test.pattern);
-    if (test.field == FrameTest::Note)
+    } else if (test.field == FrameTest::Note) {
+        step.index = quint32(texts.size());
         texts.push_back(test.text);
-    ranges.insert(ranges.end(), test.ranges.begin(), test.ranges.end());
-    if (!test.ranges.empty()) {
-        const Range &first = test.ranges.front();
-        const Range &last = test.ranges.back();
-        // All but a gap is one range as well, for numbers go on with the lowest behind the highest.
-        const bool isAllButGap =
-            step.count == 2 && first.low == Range::lowest && last.high == Range::highest;
-        step.isSpan = step.count == 1 || isAllButGap;
-        step.low = quint64(last.low);
-        step.span = quint64(first.high) - quint64(last.low);
+    } else if (test.field == FrameTest::Byte) {
+        step.mask |= noByte;
+        addRanges(step, rangesOfBytes(test.ranges));
+    } else if (test.field != FrameTest::Changed) {
+        addRanges(step, test.ranges);
     }
     steps.push_back(step);
     return int(steps.size()) - 1;
+}
+
+void FrameFilter::addRanges(Step &step, const Ranges &wanted)
+{
+    step.index = quint32(ranges.size());
+    step.count = quint32(wanted.size());
+    ranges.insert(ranges.end(), wanted.begin(), wanted.end());
+    const Range &first = wanted.front();
+    const Range &last = wanted.back();
+    // All but a gap is one range as well, for numbers go on with the lowest behind the highest.
+    const bool isAllButGap =
+        step.count == 2 && first.low == Range::lowest && last.high == Range::highest;
+    step.isSpan = step.count == 1 || isAllButGap;
+    step.low = quint64(last.low);
+    step.span = quint64(first.high) - quint64(last.low);
 }
 
 bool FrameFilter::takesNote(const Step &step, quint32 number, const Context &context) const

@@ -83,6 +83,8 @@ private:
     static constexpr int taken = -1;
     static constexpr int refused = -2;
 
+    static constexpr int noByte = 256;
+
     struct Step
     {
         FrameTest::Field field = FrameTest::Id;
@@ -125,14 +127,14 @@ private:
         }
         return false;
     }
-    // The length decides last, for no processor can foresee it; the first byte can be read of an
-    // empty payload, too.
+    // A byte that is not there counts as a number that no byte has, for a jump that depends on the
+    // length is one that no processor can foresee. The first byte can be read of an empty payload,
+    // too. The payload of a remote frame means nothing.
     template <typename View> bool takesByte(const Step &step, const View &view) const
     {
-        const bool isThere = step.byte < view.length();
-        // The payload of a remote frame means nothing.
-        return takesNumber(step, view.data()[step.byte * int(isThere)]) && isThere
-            && !view.isRemote();
+        const int isThere = step.byte < view.length();
+        const int byte = view.data()[step.byte * isThere];
+        return takesNumber(step, byte | noByte * (1 - isThere)) && !view.isRemote();
     }
     bool takesNumber(const Step &step, qint64 number) const
     {
@@ -154,6 +156,7 @@ private:
 
     int addSteps(const FilterNode &node, int ifTrue, int ifFalse, bool isNegated);
     int addStep(const FrameTest &test);
+    void addRanges(Step &step, const Ranges &wanted);
     bool needs(FrameTest::Field field) const;
     Verdict judgeAll(const FrameKey *key, const ChunkFacts &facts) const;
     bool isTaken(const FrameKey *key, const ChunkFacts &facts, bool hopes, bool &isOpen) const;

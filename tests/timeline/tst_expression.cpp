@@ -127,6 +127,9 @@ void TestExpression::takesMessages_data()
     row("b0==22", "x");
     row("b1!=a0", "pfe");
     row("b1<a0", "pe");
+    row("b1!=ff", "pxe");
+    row("b1>ff or b1<0", "");
+    row("b1&0!=1", "pxfe");
     row("not b1==a0", "pfret");
     row("b1&f0==a0", "x");
     row("b11&0f==0", "f");
