@@ -25,9 +25,11 @@ struct FrameTest
         Changed
     };
 
+    static constexpr quint64 all = ~Q_UINT64_C(0);
+
     Field field = Id;
-    quint8 byte = 0;               ///< which one, for Byte
-    quint64 mask = ~Q_UINT64_C(0); ///< the bits of the number that count
+    quint8 byte = 0;    ///< which one, for Byte
+    quint64 mask = all; ///< the bits of the number that count
     Ranges ranges;
     BytePattern pattern; ///< for Data
     QString text;        ///< for Note: what it contains; any note will do where it is empty

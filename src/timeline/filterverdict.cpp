@@ -99,10 +99,14 @@ FrameFilter::Count FrameFilter::count(const ChunkIndex &index, bool isChunk) con
     const Verdict ofAll = judge(facts);
     if (ofAll != Verdict::Depends)
         return {ofAll == Verdict::Takes ? index.count : 0, true};
+    // Keys are in the order of their identifiers.
+    auto key = std::partition_point(
+        index.keys.begin(), index.keys.end(),
+        [this](const ChunkIndex::Key &each) { return each.frame.id() < possibleIds.low; });
     Count count{0, index.hasAllKeys};
-    for (const ChunkIndex::Key &key : index.keys) {
-        const Verdict verdict = judge(key.frame, facts);
-        count.surely += verdict == Verdict::Takes ? key.count : 0;
+    for (; key != index.keys.end() && key->frame.id() <= possibleIds.high; ++key) {
+        const Verdict verdict = judge(key->frame, facts);
+        count.surely += verdict == Verdict::Takes ? key->count : 0;
         count.isExact &= verdict != Verdict::Depends;
     }
     return count;

@@ -1,6 +1,47 @@
 #include "framefilter.h"
 
-FrameFilter::FrameFilter(const FilterNode &tree) : entry(addSteps(tree, taken, refused, false)) { }
+namespace {
+
+// The narrowest range around all identifiers that the node may take.
+Range identifiersOf(const FilterNode &node)
+{
+    if (node.isNegated)
+        return {};
+    if (node.kind == FilterNode::Test) {
+        const bool isPlain = node.test.field == FrameTest::Id && node.test.mask == FrameTest::all;
+        return isPlain ? Range{node.test.ranges.front().low, node.test.ranges.back().high}
+                       : Range{};
+    }
+    Range range = identifiersOf(node.children.front());
+    for (const FilterNode &child : node.children) {
+        const Range next = identifiersOf(child);
+        if (node.kind == FilterNode::All)
+            range = {std::max(range.low, next.low), std::min(range.high, next.high)};
+        else
+            range = {std::min(range.low, next.low), std::max(range.high, next.high)};
+    }
+    return range;
+}
+
+// What of the ranges is below the number that stands for no byte; never empty.
+Ranges rangesOfBytes(Ranges ranges)
+{
+    constexpr qint64 highest = 255;
+    ranges.erase(std::remove_if(ranges.begin(), ranges.end(),
+                                [](const Range &range) { return range.low > highest; }),
+                 ranges.end());
+    if (ranges.empty())
+        return {{-1, -1}};
+    ranges.back().high = std::min(ranges.back().high, highest);
+    return ranges;
+}
+
+} // namespace
+
+FrameFilter::FrameFilter(const FilterNode &tree)
+    : entry(addSteps(tree, taken, refused, false)), possibleIds(identifiersOf(tree))
+{
+}
 
 // Adds the steps of the node from the last one to the first, so that those to go on with are known.
 // Returns the first one.
@@ -31,36 +72,35 @@ int FrameFilter::addStep(const FrameTest &test)
     step.field = test.field;
     step.byte = test.byte;
     step.mask = test.mask;
-    step.index = quint32(test.field == FrameTest::Data       ? patterns.size()
-                             : test.field == FrameTest::Note ? texts.size()
-                                                             : ranges.size());
-    step.count = quint32(test.ranges.size());
-    if (test.field == FrameTest::Data)
+    if (test.field == FrameTest::Data) {
+        step.index = quint32(patterns.size());
         patterns.push_back(test.pattern);
-    if (test.field == FrameTest::Note)
+    } else if (test.field == FrameTest::Note) {
+        step.index = quint32(texts.size());
         texts.push_back(test.text);
-    ranges.insert(ranges.end(), test.ranges.begin(), test.ranges.end());
-    if (!test.ranges.empty()) {
-        const Range &first = test.ranges.front();
-        const Range &last = test.ranges.back();
-        // All but a gap is one range as well, for numbers go on with the lowest behind the highest.
-        const bool isAllButGap =
-            step.count == 2 && first.low == Range::lowest && last.high == Range::highest;
-        step.isSpan = step.count == 1 || isAllButGap;
-        step.low = quint64(last.low);
-        step.span = quint64(first.high) - quint64(last.low);
+    } else if (test.field == FrameTest::Byte) {
+        step.mask |= noByte;
+        addRanges(step, rangesOfBytes(test.ranges));
+    } else if (test.field != FrameTest::Changed) {
+        addRanges(step, test.ranges);
     }
     steps.push_back(step);
     return int(steps.size()) - 1;
 }
 
-bool FrameFilter::isInRanges(const Step &step, qint64 number) const
+void FrameFilter::addRanges(Step &step, const Ranges &wanted)
 {
-    const auto begin = ranges.begin() + step.index;
-    const auto above =
-        std::upper_bound(begin, begin + step.count, number,
-                         [](qint64 value, const Range &range) { return value < range.low; });
-    return above != begin && number <= std::prev(above)->high;
+    step.index = quint32(ranges.size());
+    step.count = quint32(wanted.size());
+    ranges.insert(ranges.end(), wanted.begin(), wanted.end());
+    const Range &first = wanted.front();
+    const Range &last = wanted.back();
+    // All but a gap is one range as well, for numbers go on with the lowest behind the highest.
+    const bool isAllButGap =
+        step.count == 2 && first.low == Range::lowest && last.high == Range::highest;
+    step.isSpan = step.count == 1 || isAllButGap;
+    step.low = quint64(last.low);
+    step.span = quint64(first.high) - quint64(last.low);
 }
 
 bool FrameFilter::takesNote(const Step &step, quint32 number, const Context &context) const

@@ -72,6 +72,9 @@ public:
     /// What holds for all of them, whatever their keys.
     Verdict judge(const ChunkFacts &facts) const { return judgeAll(nullptr, facts); }
 
+    /// No identifier outside is taken; a range inside which each may be.
+    const Range &identifiers() const { return possibleIds; }
+
     /// How many messages are taken, without a look at them: of a chunk, or of a list that has such
     /// an index and knows directions, too.
     Count count(const ChunkIndex &index, bool isChunk = true) const;
@@ -80,6 +83,8 @@ private:
     // Behind the last step; the others count down to 0.
     static constexpr int taken = -1;
     static constexpr int refused = -2;
+
+    static constexpr int noByte = 256;
 
     struct Step
     {
@@ -113,9 +118,7 @@ private:
         case FrameTest::Time:
             return takesNumber(step, view.time());
         case FrameTest::Byte:
-            // The payload of a remote frame means nothing.
-            return step.byte < view.length() && takesNumber(step, view.data()[step.byte])
-                && !view.isRemote();
+            return takesByte(step, view);
         case FrameTest::Data:
             return patterns[step.index].isIn(view.data(), view.length()) && !view.isRemote();
         case FrameTest::Note:
@@ -125,16 +128,36 @@ private:
         }
         return false;
     }
+    // A byte that is not there counts as a number that no byte has, for a jump that depends on the
+    // length is one that no processor can foresee. The first byte can be read of an empty payload,
+    // too. The payload of a remote frame means nothing.
+    template <typename View> bool takesByte(const Step &step, const View &view) const
+    {
+        const int isThere = step.byte < view.length();
+        const int byte = view.data()[step.byte * isThere];
+        return takesNumber(step, byte | noByte * (1 - isThere)) && !view.isRemote();
+    }
     bool takesNumber(const Step &step, qint64 number) const
     {
         const quint64 masked = quint64(number) & step.mask;
         return step.isSpan ? masked - step.low <= step.span : isInRanges(step, qint64(masked));
     }
-    bool isInRanges(const Step &step, qint64 number) const;
+    // Without a jump that depends on the number, which nobody can foresee.
+    bool isInRanges(const Step &step, qint64 number) const
+    {
+        const Range *range = &ranges[step.index];
+        for (quint32 left = step.count; left > 1;) {
+            const quint32 half = left / 2;
+            range += range[half].low <= number ? half : 0;
+            left -= half;
+        }
+        return (range->low <= number) & (number <= range->high);
+    }
     bool takesNote(const Step &step, quint32 number, const Context &context) const;
 
     int addSteps(const FilterNode &node, int ifTrue, int ifFalse, bool isNegated);
     int addStep(const FrameTest &test);
+    void addRanges(Step &step, const Ranges &wanted);
     bool needs(FrameTest::Field field) const;
     Verdict judgeAll(const FrameKey *key, const ChunkFacts &facts) const;
     bool isTaken(const FrameKey *key, const ChunkFacts &facts, bool hopes, bool &isOpen) const;
@@ -147,6 +170,7 @@ private:
     std::vector<BytePattern> patterns;
     std::vector<QString> texts;
     int entry = taken;
+    Range possibleIds;
 };
 
 /// What the library asks messages by.
