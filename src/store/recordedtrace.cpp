@@ -1,5 +1,9 @@
 #include "recordedtrace.h"
 
+#include "chunkdirectory.h"
+
+#include <QFileInfo>
+
 #include <utility>
 
 void RecordedTrace::rotated(const MessageList &messages, const SharedSaveJob &job)
@@ -47,6 +51,14 @@ ChunkIndex indexOf(const MessageList &messages)
     return indexer.finish();
 }
 
+SharedSegment segmentOf(const std::shared_ptr<const ChunkBytes> &bytes)
+{
+    IndexedChunk chunk = bytes->index([] { return true; });
+    if (chunk.result != Outcome::Done)
+        return {};
+    return std::make_shared<ChunkSegment>(bytes, std::move(chunk.index));
+}
+
 } // namespace
 
 SharedSnapshot StoreSource::refresh()
@@ -70,8 +82,9 @@ void StoreSource::show(const RecordedTrace::State &state)
         const quint32 gap = firstNumber - quint32(now->count());
         now->append(segment, gap);
     };
+    Directory directory;
     for (std::size_t i = 0; i < parts.size(); ++i) {
-        update(parts[i], state.rotated[i]);
+        update(parts[i], state.rotated[i], directory);
         if (parts[i].segment)
             place(state.rotated[i].firstNumber, parts[i].segment);
     }
@@ -80,7 +93,8 @@ void StoreSource::show(const RecordedTrace::State &state)
     snapshot = now;
 }
 
-void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated)
+void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated,
+                         Directory &directory)
 {
     if (part.isFinal)
         return;
@@ -98,22 +112,16 @@ void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated)
     const auto bytes = std::make_shared<ChunkFileBytes>(rotated.fileName, *identity);
     if (!directory)
         directory = ChunkDirectory::read(QFileInfo(rotated.fileName).path());
-    const auto entry = std::find_if(
-        directory->begin(), directory->end(), [&](const DirectoryEntry &candidate) {
-            return candidate.name == name && describes(candidate, *identity);
-        });
+    const QString name = QFileInfo(rotated.fileName).fileName();
+    const auto entry = std::find_if(directory->begin(), directory->end(),
+                                    [&](const DirectoryEntry &candidate) {
+                                        return candidate.name == name
+                                            && describes(candidate, *identity);
+                                    });
     if (entry != directory->end())
         part.segment = std::make_shared<ChunkSegment>(bytes, entry->index);
     else
-        part.segment = readChunk(bytes);
-}
-
-SharedSegment StoreSource::readChunk(const std::shared_ptr<const ChunkBytes> &bytes)
-{
-    IndexedChunk chunk = bytes->index([] { return true; });
-    if (chunk.result != Outcome::Done)
-        return {};
-    return std::make_shared<ChunkSegment>(bytes, std::move(chunk.index));
+        part.segment = segmentOf(bytes);
 }
 
 // The live list grows at its end; where it begins anew, so does its index.

@@ -61,6 +61,9 @@ public:
     QStringList problems() const override { return {}; }
 
 private:
+    /// That of the chunk folder, once it was needed.
+    using Directory = std::optional<std::vector<DirectoryEntry>>;
+
     /// What is shown of a rotated buffer.
     struct Part
     {
@@ -68,8 +71,8 @@ private:
         bool isFinal = false;
     };
 
-    void update(Part &part, const RecordedTrace::Rotated &rotated) REQUIRES(mutex);
-    void readChunk(Part &part, const QString &fileName) REQUIRES(mutex);
+    void update(Part &part, const RecordedTrace::Rotated &rotated, Directory &directory)
+        REQUIRES(mutex);
     SharedSegment liveSegment(const RecordedTrace::State &state) REQUIRES(mutex);
     void show(const RecordedTrace::State &state) REQUIRES(mutex);
 

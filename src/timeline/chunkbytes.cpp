@@ -5,25 +5,10 @@
 #include "regularfile.h"
 #include "uninterrupted.h"
 
-#include <tuple>
-
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
-
-qint64 nanoseconds(const timespec &time)
-{
-    constexpr qint64 perSecond = 1000000000;
-    return time.tv_sec * perSecond + time.tv_nsec;
-}
-
-FileIdentity identityOf(const struct stat &status)
-{
-    return {status.st_size, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim),
-            status.st_ino};
-}
 
 bool alwaysGoesOn()
 {
@@ -31,36 +16,6 @@ bool alwaysGoesOn()
 }
 
 } // namespace
-
-std::optional<FileIdentity> FileIdentity::of(int handle)
-{
-    struct stat status = {};
-    if (fstat(handle, &status) != 0 || !S_ISREG(status.st_mode))
-        return {};
-    return identityOf(status);
-}
-
-std::optional<FileIdentity> FileIdentity::of(const QString &path)
-{
-    struct stat status = {};
-    if (stat(QFile::encodeName(path).constData(), &status) != 0 || !S_ISREG(status.st_mode))
-        return {};
-    return identityOf(status);
-}
-
-std::optional<FileIdentity> FileIdentity::ofAny(const QString &path)
-{
-    struct stat status = {};
-    if (stat(QFile::encodeName(path).constData(), &status) != 0)
-        return {};
-    return identityOf(status);
-}
-
-bool operator==(const FileIdentity &a, const FileIdentity &b)
-{
-    return std::tie(a.size, a.modified, a.changed, a.inode)
-        == std::tie(b.size, b.modified, b.changed, b.inode);
-}
 
 ChunkHandle::~ChunkHandle()
 {

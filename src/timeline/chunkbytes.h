@@ -1,30 +1,13 @@
 #pragma once
 
 #include "chunkindexing.h"
-#include "ziparchive.h"
+#include "directoryentry.h"
 
 #include <QString>
 
 #include <functional>
 #include <memory>
 #include <optional>
-
-/// Which file it is and in what state. A change to its content shows in it.
-struct FileIdentity
-{
-    qint64 size = 0;
-    qint64 modified = 0; ///< in nanoseconds
-    qint64 changed = 0;  ///< the same for the time that no program can set
-    quint64 inode = 0;
-
-    /// Of a regular file that is open, or at \a path; nothing of anything else.
-    static std::optional<FileIdentity> of(int handle);
-    static std::optional<FileIdentity> of(const QString &path);
-    /// The same for a folder as well.
-    static std::optional<FileIdentity> ofAny(const QString &path);
-};
-
-bool operator==(const FileIdentity &a, const FileIdentity &b);
 
 /// An open file for reading at any place. Any thread.
 class ChunkHandle

@@ -110,6 +110,8 @@ public:
 
     /// The index of what has been added. Nothing may be added any more.
     ChunkIndex finish();
+    /// The same for one that goes on.
+    ChunkIndex soFar() const { return ChunkIndexer(*this).finish(); }
 
 private:
     static constexpr int firstBits = 8;        // of the number of slots

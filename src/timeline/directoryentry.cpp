@@ -14,12 +14,15 @@ qint64 nanoseconds(const timespec &time)
     return time.tv_sec * perSecond + time.tv_nsec;
 }
 
-std::optional<FileIdentity> identityFrom(const struct stat &status)
+FileIdentity identityFrom(const struct stat &status)
 {
-    if (!S_ISREG(status.st_mode))
-        return {};
-    return FileIdentity{status.st_size, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim),
-                        status.st_ino};
+    return {status.st_size, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim),
+            status.st_ino};
+}
+
+bool readStatus(const QString &path, struct stat &status)
+{
+    return stat(QFile::encodeName(path).constData(), &status) == 0;
 }
 
 } // namespace
@@ -27,7 +30,7 @@ std::optional<FileIdentity> identityFrom(const struct stat &status)
 std::optional<FileIdentity> FileIdentity::of(const QString &path)
 {
     struct stat status = {};
-    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+    if (!readStatus(path, status) || !S_ISREG(status.st_mode))
         return {};
     return identityFrom(status);
 }
@@ -35,7 +38,15 @@ std::optional<FileIdentity> FileIdentity::of(const QString &path)
 std::optional<FileIdentity> FileIdentity::of(int handle)
 {
     struct stat status = {};
-    if (fstat(handle, &status) != 0)
+    if (fstat(handle, &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return identityFrom(status);
+}
+
+std::optional<FileIdentity> FileIdentity::ofAny(const QString &path)
+{
+    struct stat status = {};
+    if (!readStatus(path, status))
         return {};
     return identityFrom(status);
 }

@@ -18,6 +18,8 @@ struct FileIdentity
     /// Nothing where that is no regular file, or none that can be asked for.
     static std::optional<FileIdentity> of(const QString &path);
     static std::optional<FileIdentity> of(int handle);
+    /// The same for a folder as well.
+    static std::optional<FileIdentity> ofAny(const QString &path);
 };
 
 bool operator==(const FileIdentity &a, const FileIdentity &b);

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr quint32 perStep = ChunkIndex::recordsPerStep;
-
 // The counts in front of a place in time, for each line and behind them for error frames.
 class RateCounter
 {
@@ -23,7 +21,7 @@ public:
     {
         const auto &segments = snapshot.segments();
         while (next < segments.size() && segments[next].maxTime() < time)
-            add(segments[next++].segment->index(), beforeSegment);
+            add(*segments[next++].segment, beforeSegment);
         std::vector<double> counts = beforeSegment;
         if (next < segments.size())
             addPart(segments[next], time, counts);
@@ -32,38 +30,34 @@ public:
 
 private:
     // All of a segment.
-    void add(const ChunkIndex &index, std::vector<double> &counts) const
+    void add(const TraceSegment &segment, std::vector<double> &counts) const
     {
-        addStepEnd(index, index.stepCount() - 1, 1, counts);
+        addStepEnd(segment, segment.index().stepCount() - 1, 1, counts);
     }
 
     // What is in front of a step, and a part of the step itself.
-    void addStepEnd(const ChunkIndex &index, quint32 step, double part,
+    void addStepEnd(const TraceSegment &segment, quint32 step, double part,
                     std::vector<double> &counts) const
     {
+        const ChunkIndex &index = segment.index();
         for (std::size_t i = 0; i < index.lines.size() + 1; ++i) {
             const bool isError = i == index.lines.size();
             const auto line = isError
                 ? lines.end()
                 : std::lower_bound(lines.begin(), lines.end(), index.lines[i]);
-            const double before = countBefore(index, step, i);
-            const double behind = countBefore(index, step + 1, i);
+            const double before = countBefore(segment, step, i);
+            const double behind = countBefore(segment, step + 1, i);
             counts[std::size_t(line - lines.begin())] += before + part * (behind - before);
         }
     }
 
-    // In front of a step, or for the one behind the last of all messages.
-    static double countBefore(const ChunkIndex &index, quint32 step, std::size_t i)
+    // In front of a step, or of the end of the last one.
+    static double countBefore(const TraceSegment &segment, quint32 step, std::size_t i)
     {
-        if (step < index.stepCount())
-            return index.countsBefore[step * std::size_t(index.countsPerStep()) + i];
-        double sum = 0;
-        for (const ChunkIndex::Key &key : index.keys) {
-            const bool counts =
-                i == index.lines.size() ? key.frame.isError() : key.frame.line() == index.lines[i];
-            sum += counts ? key.count : 0;
-        }
-        return sum;
+        const ChunkIndex &index = segment.index();
+        return step < index.stepCount()
+            ? index.countsBefore[step * std::size_t(index.countsPerStep()) + i]
+            : segment.totals()[i];
     }
 
     void addPart(const TraceSnapshot::Placed &placed, qint64 time,
@@ -78,7 +72,7 @@ private:
             return;
         const double span = double(found->maxTime) - double(found->time);
         const double part = span <= 0 ? 0 : (double(time) - double(found->time)) / span;
-        addStepEnd(index, step, std::clamp(part, 0.0, 1.0), counts);
+        addStepEnd(*placed.segment, step, std::clamp(part, 0.0, 1.0), counts);
     }
 
     const TraceSnapshot &snapshot;

@@ -58,6 +58,25 @@ private:
     std::array<quint16, perStep> positions;
 };
 
+// Where there are too many keys to add up, the last step is taken to be like those before it.
+std::vector<quint32> totalsOf(const ChunkIndex &index)
+{
+    const auto perStep = std::size_t(index.countsPerStep());
+    std::vector<quint32> totals(perStep);
+    for (const ChunkIndex::Key &key : index.keys) {
+        const auto line = std::lower_bound(index.lines.begin(), index.lines.end(), key.frame.line());
+        totals[std::size_t(line - index.lines.begin())] += key.count;
+        totals.back() += key.frame.isError() ? key.count : 0;
+    }
+    if (index.hasAllKeys || index.stepCount() < 2)
+        return totals;
+    const double growth =
+        double(index.count) / double((index.stepCount() - 1) * ChunkIndex::recordsPerStep);
+    for (std::size_t i = 0; i < perStep; ++i)
+        totals[i] = quint32(index.countsBefore[index.countsBefore.size() - perStep + i] * growth);
+    return totals;
+}
+
 quint32 firstStep(const TraceSegment::Scan &scan)
 {
     return scan.begin / perStep;
@@ -70,7 +89,10 @@ quint32 endStep(const TraceSegment::Scan &scan)
 
 } // namespace
 
-TraceSegment::TraceSegment(ChunkIndex index) : ownId(nextId()), ownIndex(std::move(index)) { }
+TraceSegment::TraceSegment(ChunkIndex index)
+    : ownId(nextId()), ownIndex(std::move(index)), ownTotals(totalsOf(ownIndex))
+{
+}
 
 ChunkSegment::ChunkSegment(std::shared_ptr<const ChunkBytes> bytes, ChunkIndex index)
     : TraceSegment(std::move(index)), bytes(std::move(bytes))

@@ -40,6 +40,8 @@ public:
     quint64 id() const { return ownId; }
     const ChunkIndex &index() const { return ownIndex; }
     quint32 count() const { return ownIndex.count; }
+    /// All messages of each line of the index, then error frames.
+    const std::vector<quint32> &totals() const { return ownTotals; }
 
     /// Whether messages lie in a chunk, which does not keep all of them.
     virtual bool isChunk() const = 0;
@@ -52,6 +54,7 @@ public:
 private:
     const quint64 ownId;
     const ChunkIndex ownIndex;
+    const std::vector<quint32> ownTotals;
 };
 
 using SharedSegment = std::shared_ptr<const TraceSegment>;
