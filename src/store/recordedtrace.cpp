@@ -93,16 +93,16 @@ void StoreSource::show(const RecordedTrace::State &state)
     snapshot = now;
 }
 
-void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated,
-                         Directory &directory)
+void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated, Directory &directory)
 {
     if (part.isFinal)
         return;
     const SharedSaveJob job = rotated.job.lock();
     if (job && !job->waitForFinished(QDeadlineTimer(0))) {
         if (!part.segment)
-            part.segment = std::make_shared<ListSegment>(
-                job->messages, indexOf(job->messages), TraceNotes::Marks{job->notes, job->bookmarks});
+            part.segment =
+                std::make_shared<ListSegment>(job->messages, indexOf(job->messages),
+                                              TraceNotes::Marks{job->notes, job->bookmarks});
         return;
     }
     part.isFinal = true;
@@ -113,11 +113,10 @@ void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated,
     if (!directory)
         directory = ChunkDirectory::read(QFileInfo(rotated.fileName).path());
     const QString name = QFileInfo(rotated.fileName).fileName();
-    const auto entry = std::find_if(directory->begin(), directory->end(),
-                                    [&](const DirectoryEntry &candidate) {
-                                        return candidate.name == name
-                                            && describes(candidate, *identity);
-                                    });
+    const auto entry =
+        std::find_if(directory->begin(), directory->end(), [&](const DirectoryEntry &candidate) {
+            return candidate.name == name && describes(candidate, *identity);
+        });
     if (entry != directory->end())
         part.segment = std::make_shared<ChunkSegment>(bytes, entry->index);
     else

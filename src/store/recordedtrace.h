@@ -9,8 +9,8 @@
 #include <vector>
 
 /// Where the messages of the live trace are: which chunks it was rotated into since it was cleared,
-/// and the live list behind them. The store's timelines look at it, also when the store is gone. Any
-/// thread.
+/// and the live list behind them. The store's timelines look at it, also when the store is gone.
+/// Any thread.
 class RecordedTrace
 {
 public:
@@ -19,7 +19,7 @@ public:
     {
         quint32 firstNumber = 0;
         quint32 count = 0;
-        QString fileName;          ///< empty where it is not saved
+        QString fileName;           ///< empty where it is not saved
         std::weak_ptr<SaveJob> job; ///< until it is
     };
     struct State
@@ -43,7 +43,7 @@ public:
 
 private:
     Mutex traceMutex; // taken before the lock of the trace
-    Trace *trace PT_GUARDED_BY(traceMutex);
+    Trace *trace GUARDED_BY(traceMutex);
     Mutex mutex; // taken last
     std::vector<Rotated> all GUARDED_BY(mutex);
     quint32 generation GUARDED_BY(mutex) = 0;
@@ -54,7 +54,8 @@ private:
 class StoreSource : public TraceSource
 {
 public:
-    explicit StoreSource(std::shared_ptr<RecordedTrace> recorded) : recorded(std::move(recorded)) { }
+    explicit StoreSource(std::shared_ptr<RecordedTrace> recorded)
+        : recorded(std::move(recorded)) { }
 
     SharedSnapshot refresh() override EXCLUDES(mutex);
     bool isComplete() const override { return true; }

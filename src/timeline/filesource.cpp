@@ -1,9 +1,11 @@
 #include "filesource.h"
 
 #include "archivelimits.h"
+#include "chunkdirectory.h"
 #include "fileerrors.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFileInfo>
 
 #include <map>
@@ -132,8 +134,25 @@ void FileSource::lookAtFolder(const QString &path)
     if (const auto identity = FileIdentity::ofAny(path))
         looked.insert(path, *identity);
     const QStringList files = ChunkListing::filesIn(path);
-    for (const QString &file : files)
+    for (const QString &file : files) {
         lookAtFile(file);
+        known[file].isOfFolder = true;
+    }
+    const bool isAnyMissing = std::any_of(
+        files.begin(), files.end(), [this](const QString &file) { return !known[file].isRead; });
+    if (isAnyMissing)
+        readDirectory(path);
+}
+
+void FileSource::readDirectory(const QString &folder)
+{
+    for (DirectoryEntry &entry : ChunkDirectory::read(folder)) {
+        const auto chunk = known.find(folder + QLatin1Char('/') + entry.name);
+        if (chunk == known.end() || chunk->isRead || !describes(entry, chunk->identity))
+            continue;
+        chunk->isRead = true;
+        chunk->segment = std::make_shared<ChunkSegment>(chunk->bytes, std::move(entry.index));
+    }
 }
 
 void FileSource::lookAtFile(const QString &path)
@@ -247,12 +266,27 @@ void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, const Inde
     chunk.isRead = true;
     chunk.problem = problemOf(bytes->name(), indexed);
     chunk.segment.reset();
-    if (indexed.result == Outcome::Done)
+    if (indexed.result == Outcome::Done) {
         chunk.segment = std::make_shared<ChunkSegment>(bytes, indexed.index);
+        if (chunk.isOfFolder)
+            keepInDirectory(chunk);
+    }
     if (!missing.empty() && !nextPublication.hasExpired())
         return;
     publish();
     nextPublication.setRemainingTime(millisecondsBetweenPublications);
+}
+
+// A chunk that somebody writes to is not: two writes within one tick of the clock look the same.
+void FileSource::keepInDirectory(const Chunk &chunk)
+{
+    constexpr qint64 nanosecondsOfRest = 2000000000;
+    constexpr qint64 nanosecondsPerMillisecond = 1000000;
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() * nanosecondsPerMillisecond;
+    if (chunk.identity.changed > now - nanosecondsOfRest)
+        return;
+    const QFileInfo file(chunk.path);
+    ChunkDirectory::add(file.path(), {file.fileName(), chunk.identity, chunk.segment->index()});
 }
 
 // Everything in front of the first chunk that is not read.

@@ -33,6 +33,7 @@ private:
         std::shared_ptr<const ChunkBytes> bytes;
         SharedSegment segment; ///< null as long as it is not read, and where that failed
         bool isRead = false;
+        bool isOfFolder = false; ///< whose directory is ours to keep
         bool isGone = false;
         QString problem;
     };
@@ -47,6 +48,7 @@ private:
     bool isUnchanged() REQUIRES(workMutex);
     void look() REQUIRES(workMutex);
     void lookAtFolder(const QString &path) REQUIRES(workMutex);
+    void readDirectory(const QString &folder) REQUIRES(workMutex);
     void lookAtFile(const QString &path) REQUIRES(workMutex);
     void lookAtArchive(const QString &path) REQUIRES(workMutex);
     void add(const QString &name, Chunk chunk) REQUIRES(workMutex);
@@ -55,6 +57,7 @@ private:
     void readMissing() EXCLUDES(workMutex, mutex);
     void take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
         EXCLUDES(workMutex, mutex);
+    static void keepInDirectory(const Chunk &chunk);
     void publish() REQUIRES(workMutex) EXCLUDES(mutex);
 
     const QStringList paths;

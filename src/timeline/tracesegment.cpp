@@ -64,7 +64,8 @@ std::vector<quint32> totalsOf(const ChunkIndex &index)
     const auto perStep = std::size_t(index.countsPerStep());
     std::vector<quint32> totals(perStep);
     for (const ChunkIndex::Key &key : index.keys) {
-        const auto line = std::lower_bound(index.lines.begin(), index.lines.end(), key.frame.line());
+        const auto line =
+            std::lower_bound(index.lines.begin(), index.lines.end(), key.frame.line());
         totals[std::size_t(line - index.lines.begin())] += key.count;
         totals.back() += key.frame.isError() ? key.count : 0;
     }
