@@ -1,6 +1,6 @@
 #include "bookmarkhandler.h"
 #include "chunkdirectory.h"
-#include "chunkentries.h"
+#include "chunkmove.h"
 #include "datachunkhandler.h"
 #include "directoryformat.h"
 #include "messages.h"
