@@ -43,6 +43,7 @@ private slots:
     void aFullDiskLeavesTheOthers();
     void manyWriteAtOnce();
     void aHeldLockIsNotWaitedForLong();
+    void whoeverWaitedAddsToTheNewFile();
     void supersededEntriesGo();
     void rotationAddsWhatReadingFinds();
     void movedChunksTakeTheirEntriesAlong_data();
@@ -368,6 +369,30 @@ void TestDirectory::aHeldLockIsNotWaitedForLong()
     QCOMPARE(names(), QStringList("a"));
     close(holder);
     QVERIFY(ChunkDirectory::add(folder(), smallEntry("b")));
+}
+
+void TestDirectory::whoeverWaitedAddsToTheNewFile()
+{
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("a")));
+    QVERIFY(QFile::copy(directory(), chunk("copy")));
+    const QString path = QFileInfo(directory()).canonicalFilePath();
+    const int holder = open(qPrintable(directory()), O_RDONLY | O_CLOEXEC);
+    QCOMPARE(flock(holder, LOCK_EX), 0);
+    bool isAdded = false;
+    std::thread waiter([&] { isAdded = ChunkDirectory::add(folder(), smallEntry("b")); });
+    const auto handles = [&path] {
+        const QFileInfoList all = QDir("/proc/self/fd").entryInfoList(QDir::Files);
+        return std::count_if(all.begin(), all.end(), [&path](const QFileInfo &handle) {
+            return handle.symLinkTarget() == path;
+        });
+    };
+    while (handles() < 2)
+        std::this_thread::yield();
+    const int result = std::rename(qPrintable(chunk("copy")), qPrintable(directory()));
+    close(holder);
+    waiter.join();
+    QVERIFY(result == 0 && isAdded);
+    QCOMPARE(names(), (QStringList{"a", "b"}));
 }
 
 void TestDirectory::supersededEntriesGo()
