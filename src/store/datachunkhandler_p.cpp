@@ -1,6 +1,6 @@
 #include "datachunkhandler_p.h"
 
-#include "chunkentries.h"
+#include "savedchunk.h"
 
 DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
                                                  unsigned int maxMessageCount)

@@ -68,7 +68,7 @@ QByteArray readWhole(int handle)
 // Waits for others, who take a moment, but not for one who has been stopped with the lock.
 bool lock(int handle)
 {
-    constexpr int attempts = 200;
+    constexpr int attempts = 1000;
     constexpr useconds_t between = 1000;
     for (int i = 0; i < attempts; ++i) {
         if (flock(handle, LOCK_EX | LOCK_NB) == 0)

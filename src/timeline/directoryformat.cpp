@@ -5,6 +5,7 @@
 #include <QSysInfo>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
 
 #include <unistd.h>
@@ -56,8 +57,7 @@ public:
     }
     void putBytes(const void *from, int size)
     {
-        std::memcpy(at, from, std::size_t(size));
-        at += size;
+        at = std::copy_n(static_cast<const char *>(from), size, at);
     }
     /// Ends with the seal of everything in front of it.
     QByteArray sealed(quint64 key);

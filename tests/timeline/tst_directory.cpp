@@ -1,6 +1,6 @@
 #include "bookmarkhandler.h"
 #include "chunkdirectory.h"
-#include "chunkentries.h"
+#include "chunkmove.h"
 #include "datachunkhandler.h"
 #include "directoryformat.h"
 #include "messages.h"
@@ -43,6 +43,7 @@ private slots:
     void aFullDiskLeavesTheOthers();
     void manyWriteAtOnce();
     void aHeldLockIsNotWaitedForLong();
+    void whoeverWaitedAddsToTheNewFile();
     void supersededEntriesGo();
     void rotationAddsWhatReadingFinds();
     void movedChunksTakeTheirEntriesAlong_data();
@@ -273,6 +274,7 @@ void TestDirectory::otherFilesAreNotWritten_data()
     QTest::addColumn<QString>("kind");
     QTest::addColumn<bool>("isReplaced");
     QTest::newRow("a symbolic link is not followed") << "symlink" << false;
+    QTest::newRow("nor one to nothing") << "dangling" << false;
     QTest::newRow("a pipe is not waited for") << "pipe" << false;
     QTest::newRow("a folder stays") << "folder" << false;
     QTest::newRow("a hard link keeps its other name") << "link" << true;
@@ -285,6 +287,7 @@ void TestDirectory::otherFilesAreNotWritten()
     const QByteArray precious = QFile::encodeName(chunk("precious"));
     const QByteArray name = QFile::encodeName(directory());
     const int result = kind == "symlink" ? symlink(precious, name)
+        : kind == "dangling"             ? symlink("created", name)
         : kind == "pipe"                 ? mkfifo(name, 0600)
         : kind == "folder"               ? mkdir(name, 0700)
                                          : link(precious, name);
@@ -293,6 +296,7 @@ void TestDirectory::otherFilesAreNotWritten()
     QTEST(names().contains("a"), "isReplaced");
     QTEST(ChunkDirectory::rewrite(folder(), {smallEntry("a")}), "isReplaced");
     QCOMPARE(readFile(chunk("precious")), "precious");
+    QVERIFY(!QFile::exists(chunk("created")));
     QVERIFY(!ChunkDirectory::add(chunk("none"), smallEntry("a")));
 }
 
@@ -367,6 +371,30 @@ void TestDirectory::aHeldLockIsNotWaitedForLong()
     QVERIFY(ChunkDirectory::add(folder(), smallEntry("b")));
 }
 
+void TestDirectory::whoeverWaitedAddsToTheNewFile()
+{
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("a")));
+    QVERIFY(QFile::copy(directory(), chunk("copy")));
+    const QString path = QFileInfo(directory()).canonicalFilePath();
+    const int holder = open(qPrintable(directory()), O_RDONLY | O_CLOEXEC);
+    QCOMPARE(flock(holder, LOCK_EX), 0);
+    bool isAdded = false;
+    std::thread waiter([&] { isAdded = ChunkDirectory::add(folder(), smallEntry("b")); });
+    const auto handles = [&path] {
+        const QFileInfoList all = QDir("/proc/self/fd").entryInfoList(QDir::Files);
+        return std::count_if(all.begin(), all.end(), [&path](const QFileInfo &handle) {
+            return handle.symLinkTarget() == path;
+        });
+    };
+    while (handles() < 2)
+        std::this_thread::yield();
+    const int result = std::rename(qPrintable(chunk("copy")), qPrintable(directory()));
+    close(holder);
+    waiter.join();
+    QVERIFY(result == 0 && isAdded);
+    QCOMPARE(names(), (QStringList{"a", "b"}));
+}
+
 void TestDirectory::supersededEntriesGo()
 {
     DirectoryEntry large = largeEntry("large");
@@ -414,25 +442,24 @@ void TestDirectory::rotationAddsWhatReadingFinds()
 
 void TestDirectory::movedChunksTakeTheirEntriesAlong_data()
 {
-    QTest::addColumn<QByteArray>("written"); // in front of the move
+    QTest::addColumn<int>("changedBefore"); // in nanoseconds
     QTest::addColumn<bool>("isMoved");
     QTest::addColumn<bool>("isKnown");
-    QTest::newRow("as they are") << QByteArray() << true << true;
-    QTest::newRow("not when they have changed") << QByteArray("x") << true << false;
-    QTest::newRow("not when they stay") << QByteArray() << false << false;
+    QTest::newRow("as they are") << 0 << true << true;
+    QTest::newRow("not when they have changed since") << 1 << true << false;
+    QTest::newRow("not when they stay") << 0 << false << false;
 }
 
 void TestDirectory::movedChunksTakeTheirEntriesAlong()
 {
-    QFETCH(QByteArray, written);
+    QFETCH(int, changedBefore);
     QFETCH(bool, isMoved);
     const QTemporaryDir target;
     const QString to = target.filePath("b");
     writeChunkOf(chunk("a"), 1);
-    const DirectoryEntry entry = entryOfFile(chunk("a"));
+    DirectoryEntry entry = entryOfFile(chunk("a"));
+    entry.file.changed -= changedBefore;
     QVERIFY(ChunkDirectory::add(folder(), entry));
-    if (!written.isEmpty())
-        writeFile(chunk("a"), written);
     QCOMPARE(moveChunk(chunk("a"), to, [&] { return isMoved && QFile::rename(chunk("a"), to); }),
              isMoved);
     const auto known = ChunkDirectory::read(target.path());

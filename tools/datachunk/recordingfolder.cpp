@@ -1,7 +1,7 @@
 #include "recordingfolder.h"
 
 #include "chunkcut.h"
-#include "chunkentries.h"
+#include "chunkmove.h"
 #include "chunknames.h"
 #include "movefiles.h"
 #include "terminal.h"
