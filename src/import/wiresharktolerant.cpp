@@ -342,7 +342,12 @@ private:
         if (!dataCell.empty() && !readData(dataCell, found))
             return false;
         reason = ImportReport::TooFewFields;
-        return settleLength(found);
+        if (!settleLength(found))
+            return false;
+        // An export need not have a column that tells the kind.
+        if (found.message.length > 8 && !found.message.remote)
+            found.message.fdFrame = true;
+        return true;
     }
 
     // The payload of a frame may not be in the export at all; then its length is all there is.
