@@ -127,6 +127,15 @@ template <typename Char> void readWords(const Parts<Char> &words, int first, Fou
     found.hasData = found.hasData || found.bytes > 0;
 }
 
+// A remote frame has its mark right behind the length: "5(Remote".
+template <typename Char> Text<Char> digitsAtFront(Text<Char> text)
+{
+    std::size_t size = 0;
+    while (size < text.size() && digitValue(text[size]) <= 9)
+        ++size;
+    return text.substr(0, size);
+}
+
 // "ID: 358 (0x166), Length: 4", where "Ext." may stand before "ID:", and payload behind it.
 template <typename Char> void readIdInfo(const Parts<Char> &words, int idWord, Found &found)
 {
@@ -134,9 +143,7 @@ template <typename Char> void readIdInfo(const Parts<Char> &words, int idWord, F
     quint32 length = 0;
     found.hasId = WrittenFields::readNumber(partAt(words, idWord + Decimal), 10, found.message.id);
     found.message.extended = idWord > 0;
-    Text<Char> number = partAt(words, idWord + Length);
-    if (!number.empty() && number.back() == ',')
-        number.remove_suffix(1);
+    const Text<Char> number = digitsAtFront(partAt(words, idWord + Length));
     if (!equals(partAt(words, idWord + LengthName), "Length:")
         || !WrittenFields::readNumber(number, 10, length) || length > CAN::maxDataBytes)
         return;
@@ -251,7 +258,14 @@ private:
         readInfo(positions.cell(cells, Info), found);
         if (const auto id = positions.cell(cells, Id); !id.empty())
             found.hasId = readAnyBase(id, found.message.id);
+        // Where the fields of an error frame are exported, its identifier is left empty.
+        found.isError = found.isError || flag(cells, Error);
         return found.hasId || found.isError;
+    }
+
+    template <typename Char> bool flag(const Parts<Char> &cells, Column column) const
+    {
+        return CsvColumns::isTrue(positions.cell(cells, column));
     }
 
     // A row of titles may come again, where exports are joined.
@@ -288,22 +302,20 @@ private:
     {
         const Text<Char> protocol = positions.cell(cells, Protocol);
         CAN::CanRxMessage &message = found.message;
-        const auto flag = [&](Column column) {
-            return CsvColumns::isTrue(positions.cell(cells, column));
-        };
         if (CsvColumns::equalsIgnoringCase(protocol, "canxl"))
             reason = ImportReport::UnkeptFrameKind;
         else if (message.id > WrittenFields::maxExtendedId && !found.isError)
             reason = ImportReport::UnparsableNumber;
         if (reason != ImportReport::WrongShape)
             return false;
-        found.isError = found.isError || flag(Error);
-        message.fdFrame = CsvColumns::equalsIgnoringCase(protocol, "canfd") || flag(FdFrame);
-        message.flagC = flag(BitRateSwitch);
-        message.flagB = flag(ErrorState);
-        message.remote = message.remote || flag(Remote);
+        // Frames of classic CAN have no bit rate switch: the cell is empty, not 0.
+        message.fdFrame = CsvColumns::equalsIgnoringCase(protocol, "canfd") || flag(cells, FdFrame)
+            || !positions.cell(cells, BitRateSwitch).empty();
+        message.flagC = flag(cells, BitRateSwitch);
+        message.flagB = flag(cells, ErrorState);
+        message.remote = message.remote || flag(cells, Remote);
         message.extended =
-            message.extended || flag(Extended) || message.id > WrittenFields::maxStandardId;
+            message.extended || flag(cells, Extended) || message.id > WrittenFields::maxStandardId;
         const Text<Char> packetType = positions.cell(cells, PacketType);
         message.transmitted = equals(packetType, "4") || contains(packetType, "Sent by us");
         return true;
@@ -330,7 +342,12 @@ private:
         if (!dataCell.empty() && !readData(dataCell, found))
             return false;
         reason = ImportReport::TooFewFields;
-        return settleLength(found);
+        if (!settleLength(found))
+            return false;
+        // An export need not have a column that tells the kind.
+        if (found.message.length > 8 && !found.message.remote)
+            found.message.fdFrame = true;
+        return true;
     }
 
     // The payload of a frame may not be in the export at all; then its length is all there is.
