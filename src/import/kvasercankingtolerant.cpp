@@ -108,19 +108,12 @@ private:
             return frame.fail(ImportReport::UnparsableNumber);
         if (!readId(parts[1], base, frame) || !readTimeAndDirection(parts, columns, frame))
             return false;
-        if (message.remote)
-            return readRemote(length, columns.bytes, frame);
-        return setLength(length, columns.bytes, frame)
-            && readBytes(parts, columns.length + 1, columns.bytes, base, frame);
-    }
-
-    // A remote frame carries nothing, so that bytes in its columns are left from another one.
-    static bool readRemote(quint32 length, int bytes, WrittenFrame &frame)
-    {
-        constexpr quint32 maxLength = 8;
-        frame.message.length = qint8(std::min(length, maxLength));
-        frame.isChanged[ImportReport::ChangedLength] = length > maxLength;
-        frame.isChanged[ImportReport::ChangedPayload] = bytes > 0;
+        if (!message.remote)
+            return setLength(length, columns.bytes, frame)
+                && frame.readBytes(parts, columns.length + 1, columns.bytes, base);
+        frame.setClassicLength(length);
+        // A remote frame carries nothing, so that bytes in its columns are left from another one.
+        frame.isChanged[ImportReport::ChangedPayload] = columns.bytes > 0;
         return true;
     }
 
@@ -133,7 +126,7 @@ private:
         columns.time = parts.size() - (columns.hasDirection ? 2 : 1);
         if (columns.time < flagsStart || !isDigit(parts[0]))
             return frame.fail(ImportReport::TooFewFields);
-        WrittenFields::setErrorFrame(frame.message);
+        frame.setErrorFrame();
         return readTimeAndDirection(parts, columns, frame);
     }
 

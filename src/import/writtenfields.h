@@ -5,7 +5,6 @@
 
 #include <array>
 #include <limits>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,11 +12,9 @@
 /// returns false, and changes nothing, for a text that is no such field.
 namespace WrittenFields {
 
-/// Why a line is no frame; nothing when it is one.
-using LeftOut = std::optional<ImportReport::Reason>;
-
 constexpr quint32 maxStandardId = 0x7FF;
 constexpr quint32 maxExtendedId = 0x1FFFFFFF;
+constexpr quint32 maxClassicBytes = 8; // of a frame without CAN FD
 
 using LineFields::digitValue;
 
@@ -169,13 +166,6 @@ template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds,
         qint64(seconds) * weights[0] + qint64(fraction) * weights[digits] + qint64(isRoundedUp);
     isCut = isCut || cut;
     return true;
-}
-
-inline void setTime(CAN::CanRxMessage &message, qint64 microseconds)
-{
-    constexpr qint64 million = 1000000;
-    message.seconds = qint32(microseconds / million);
-    message.microseconds = qint32(microseconds % million);
 }
 
 /// Sets the time of a record, which has room for 31 bits of seconds and their sign; false for one
