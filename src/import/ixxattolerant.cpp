@@ -35,18 +35,15 @@ QDate toDate(const QString &text, bool isAmerican)
 // ".fff" or ".mmm.uuu.n", with points or commas.
 template <typename Char> bool readFraction(Text<Char> text, Fraction &fraction)
 {
-    constexpr int digitsOfGroup = 3;
-    int digits = digitsOfGroup;
-    for (const Char c : text) {
-        const unsigned digit = digitValue(c);
-        if (digit <= 9) {
-            fraction.add(digit);
-            ++digits;
-        } else if ((c == '.' || c == ',') && digits == digitsOfGroup) {
-            digits = 0;
-        } else {
+    constexpr std::size_t digitsOfGroup = 3;
+    std::size_t digits = digitsOfGroup;
+    while (!text.empty()) {
+        if (digits != digitsOfGroup || (text.front() != '.' && text.front() != ','))
             return false;
-        }
+        text.remove_prefix(1);
+        for (digits = 0; digits < text.size() && digitValue(text[digits]) <= 9; ++digits)
+            fraction.add(digitValue(text[digits]));
+        text.remove_prefix(digits);
     }
     return true;
 }
@@ -55,27 +52,19 @@ template <typename Char> bool readFraction(Text<Char> text, Fraction &fraction)
 template <typename Char> bool readTime(Text<Char> text, WrittenFrame &frame)
 {
     constexpr qint64 million = 1000000;
-    constexpr int mostDigits = 10;
-    constexpr int mostColons = 2;
+    constexpr std::size_t mostDigits = 10;
     qint64 seconds = 0;
-    qint64 part = 0;
-    int digits = 0;
-    int colons = 0;
-    for (; !text.empty(); text.remove_prefix(1)) {
-        const unsigned digit = digitValue(text[0]);
-        if (digit <= 9 && digits++ < mostDigits) {
-            part = part * 10 + digit;
-        } else if (text[0] == ':' && digits > 0 && colons++ < mostColons) {
-            seconds = (seconds + part) * 60;
-            part = digits = 0;
-        } else {
-            break;
-        }
+    quint64 part = 0;
+    bool isNumber = takeDigits(text, mostDigits, part) > 0;
+    for (int colons = 0; isNumber && colons < 2 && !text.empty() && text[0] == ':'; ++colons) {
+        text.remove_prefix(1);
+        seconds = (seconds + qint64(part)) * 60;
+        part = 0;
+        isNumber = takeDigits(text, mostDigits, part) > 0;
     }
-    seconds += part;
+    seconds += qint64(part);
     Fraction fraction;
-    const bool isTooLong = digits > mostDigits;
-    if (digits == 0 || isTooLong || seconds > maxSeconds || !readFraction(text, fraction))
+    if (!isNumber || seconds > maxSeconds || !readFraction(text, fraction))
         return frame.fail(Reason::UnparsableNumber);
     frame.isChanged[ImportReport::ChangedTime] = fraction.wasCut();
     return frame.setTime(seconds * million + fraction.microseconds());
@@ -106,8 +95,10 @@ Marks readMarks(const Parts<Char> &fields, const Columns &columns, CAN::CanRxMes
 {
     Marks marks;
     for (const int column : columns.marks) {
+        const Text<Char> text = unquoted(partAt(fields, column));
         const auto readWord = [&](Text<Char> word) { readMark(word, marks, message); };
-        forEachPart<' '>(unquoted(partAt(fields, column)), readWord);
+        if (!text.empty())
+            forEachPart<' '>(text, readWord);
     }
     return marks;
 }
@@ -128,27 +119,32 @@ bool readId(Text<Char> text, unsigned base, const Marks &marks, WrittenFrame &fr
     return frame.setId(id, marks.extended || isWide);
 }
 
+// "1122…"
+template <typename Char> bool readJoinedBytes(Text<Char> text, WrittenFrame &frame)
+{
+    qint8 &length = frame.message.length;
+    for (; !text.empty(); text.remove_prefix(2)) {
+        if (length == CAN::maxDataBytes)
+            return frame.fail(Reason::WrongShape);
+        if (!readHexPair(text.substr(0, 2), frame.message.data[length++]))
+            return frame.fail(Reason::UnparsableNumber);
+    }
+    return true;
+}
+
 // "11 22 …" or "1122…"
 template <typename Char> bool readBytes(Text<Char> text, unsigned base, WrittenFrame &frame)
 {
     constexpr std::size_t digitsOfByte = 2;
     const bool isJoined = base == 16 && text.size() > digitsOfByte && text[digitsOfByte] != ' '
         && text.size() % digitsOfByte == 0 && text.find(' ') == text.npos;
-    int count = 0;
-    while (!text.empty()) {
-        std::size_t end = isJoined ? digitsOfByte : 0;
-        while (end < text.size() && !isJoined && !isBlank(text[end]))
-            ++end;
-        if (count == CAN::maxDataBytes)
-            return frame.fail(Reason::WrongShape);
-        if (!readByte(text.substr(0, end), base, frame.message.data[count++]))
-            return frame.fail(Reason::UnparsableNumber);
-        text.remove_prefix(end);
-        while (!text.empty() && isBlank(text[0]))
-            text.remove_prefix(1);
-    }
+    if (isJoined)
+        return readJoinedBytes(text, frame);
+    const Parts<Char> words = splitAtBlanks(text);
+    const int count = std::min(int(words.size()), CAN::maxDataBytes);
     frame.message.length = qint8(count);
-    return true;
+    return frame.readBytes(words, 0, count, base)
+        && (count == words.size() || frame.fail(Reason::WrongShape));
 }
 
 // The number of bytes, or their code, or nothing where the trace does not tell.

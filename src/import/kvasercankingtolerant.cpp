@@ -23,16 +23,24 @@ struct Columns
     int bytes = 0; // how many follow the length
     int time = 0;
     bool hasDirection = false;
+    bool isTransmitted = false;
+
+    // The direction and the time are told from the end.
+    template <typename Char> void findTime(const Parts<Char> &parts)
+    {
+        hasDirection = readDirection(parts.last(), isTransmitted);
+        time = parts.size() - (hasDirection ? 2 : 1);
+    }
 };
 
 template <typename Char> bool findColumns(const Parts<Char> &parts, Columns &columns)
 {
-    CAN::CanRxMessage ignored;
+    if (parts.isEmpty())
+        return false;
     columns.length = flagsStart;
     while (columns.length < parts.size() && !isDigit(parts[columns.length]))
         ++columns.length;
-    columns.hasDirection = !parts.isEmpty() && readDirection(parts.last(), ignored);
-    columns.time = parts.size() - (columns.hasDirection ? 2 : 1);
+    columns.findTime(parts);
     columns.bytes = columns.time - columns.length - 1;
     const bool isTime = columns.hasDirection
         || (columns.bytes >= 0 && parts[columns.time].find(Char('.')) != Text<Char>::npos);
@@ -122,8 +130,7 @@ private:
     static bool readErrorFrame(const Parts<Char> &parts, WrittenFrame &frame)
     {
         Columns columns;
-        columns.hasDirection = readDirection(parts.last(), frame.message);
-        columns.time = parts.size() - (columns.hasDirection ? 2 : 1);
+        columns.findTime(parts);
         if (columns.time < flagsStart || !isDigit(parts[0]))
             return frame.fail(ImportReport::TooFewFields);
         frame.setErrorFrame();
@@ -134,8 +141,7 @@ private:
     static bool readTimeAndDirection(const Parts<Char> &parts, const Columns &columns,
                                      WrittenFrame &frame)
     {
-        if (columns.hasDirection)
-            readDirection(parts.last(), frame.message);
+        frame.message.transmitted = columns.isTransmitted;
         return readTime(parts[columns.time], frame);
     }
 

@@ -87,13 +87,13 @@ template <typename See> void lookAhead(LineSource &lines, See see)
 }
 
 /// "Tx", "TxRq", "T" and their counterparts.
-template <typename Char> bool readDirection(Text<Char> word, CAN::CanRxMessage &message)
+template <typename Char> bool readDirection(Text<Char> word, bool &isTransmitted)
 {
     using LineFields::equals;
-    const bool isTransmitted = equals(word, "Tx") || equals(word, "TxRq") || equals(word, "T");
-    if (!isTransmitted && !equals(word, "Rx") && !equals(word, "R"))
+    const bool isTx = equals(word, "Tx") || equals(word, "TxRq") || equals(word, "T");
+    if (!isTx && !equals(word, "Rx") && !equals(word, "R"))
         return false;
-    message.transmitted = isTransmitted;
+    isTransmitted = isTx;
     return true;
 }
 

@@ -129,7 +129,7 @@ private:
     template <typename Char>
     static bool readErrorFrame(const Columns<Char> &columns, WrittenFrame &frame)
     {
-        readDirection(columns.parts[idColumn + 1], frame.message);
+        readDirection(columns.parts[idColumn + 1], frame.message.transmitted);
         frame.setErrorFrame();
         return true;
     }
@@ -142,7 +142,7 @@ private:
         for (int i = idColumn + 1; i < columns.length; ++i) {
             // A lonely "R" is the flag of a remote frame.
             const bool isDirection =
-                columns.parts[i].size() > 1 && readDirection(columns.parts[i], message);
+                columns.parts[i].size() > 1 && readDirection(columns.parts[i], message.transmitted);
             if (!isDirection && !readFlags(columns.parts[i], "P", message))
                 return false;
         }

@@ -58,8 +58,9 @@ struct WrittenFrame
     {
         if (parts.size() - first < count)
             return fail(ImportReport::TooFewFields);
-        for (int i = 0; i < count; ++i) {
-            if (!WrittenFields::readByte(parts[first + i], base, message.data[i]))
+        const Text<Char> *part = parts.constData() + first;
+        for (int i = 0; i < count; ++i, ++part) {
+            if (!WrittenFields::readByte(*part, base, message.data[i]))
                 return fail(ImportReport::UnparsableNumber);
         }
         return true;
@@ -72,7 +73,6 @@ template <typename Grammar>
 Outcome readWrittenFrames(LineSource &lines, TraceSink &sink, Grammar &grammar)
 {
     const CAN::CanRxMessage blank;
-    const decltype(WrittenFrame::isChanged) unchanged{};
     WrittenFrame frame;
     MessageFeed feed(lines, sink);
     return readNumberedLines(lines, [&](auto line) {
@@ -80,7 +80,7 @@ Outcome readWrittenFrames(LineSource &lines, TraceSink &sink, Grammar &grammar)
             return Outcome::givenUp();
         frame.message = blank;
         frame.message.messageNumber = feed.nextNumber();
-        frame.isChanged = unchanged;
+        frame.isChanged = {};
         frame.reason = ImportReport::WrongShape;
         const bool isFrame = grammar.read(line, frame);
         if (!frame.note.isEmpty()) {
@@ -91,7 +91,7 @@ Outcome readWrittenFrames(LineSource &lines, TraceSink &sink, Grammar &grammar)
             lines.leaveOut(frame.reason);
             return Outcome::done();
         }
-        for (int i = 0; i < ImportReport::changeCount && frame.isChanged != unchanged; ++i) {
+        for (int i = 0; i < ImportReport::changeCount; ++i) {
             if (frame.isChanged[std::size_t(i)])
                 lines.change(ImportReport::Change(i));
         }
