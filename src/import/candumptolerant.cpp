@@ -194,8 +194,10 @@ template <typename Char> bool readRemark(Text<Char> text, WrittenFrame &frame)
 {
     if (text.empty())
         return true;
+    if (text.front() == '(')
+        return false;
     frame.note = toQString(text);
-    return text.front() != '(';
+    return true;
 }
 
 // The payload as text and the word for an error frame say nothing more than the frame.

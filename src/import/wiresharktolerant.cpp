@@ -1,9 +1,7 @@
-#include "canframe.h"
 #include "csvcolumns.h"
-#include "lineparts.h"
 #include "wiresharkcsvreader.h"
 #include "writtendates.h"
-#include "writtenfields.h"
+#include "writtenframe.h"
 
 using namespace LineFields;
 
@@ -91,7 +89,10 @@ Positions packetList()
 // What a row says of its frame so far.
 struct Found
 {
-    CAN::CanRxMessage message;
+    explicit Found(WrittenFrame &frame) : frame(frame), message(frame.message) { }
+
+    WrittenFrame &frame;
+    CAN::CanRxMessage &message;
     int bytes = 0;
     bool hasId = false;
     bool hasLength = false;
@@ -225,31 +226,29 @@ template <typename Char> bool readTime(Text<Char> text, qint64 &microseconds, bo
     return true;
 }
 
-/// Reads the rows of one export.
-class PacketRows
+class WiresharkGrammar
 {
 public:
-    PacketRows(LineSource &lines, TraceSink &sink)
-        : lines(lines), sink(sink), channels(lines), positions(packetList())
-    {
-    }
+    explicit WiresharkGrammar(LineSource &lines) : channels(lines), positions(packetList()) { }
 
-    bool hasFdFrames() const { return fdSeen; }
-
-    template <typename Char> Outcome readLine(Text<Char> line)
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
-        if (!sink.turnEventLoop())
-            return Outcome::givenUp();
         if (separator == 0)
             separator = CsvColumns::separatorOf(line);
         const Parts<Char> cells = CsvColumns::cellsOf(line, separator);
-        Found found;
-        if (!readFields(cells, found)) {
-            readTitles(cells);
-            return Outcome::done();
-        }
-        return keepFrame(cells, found);
+        Found found(frame);
+        if (!readFields(cells, found))
+            return readTitles(cells) ? frame.fail(ImportReport::Header) : false;
+        if (!readFlags(cells, found) || !readPayload(cells, found) || !readStamp(cells, frame))
+            return false;
+        if (const auto channel = positions.cell(cells, Channel); !channel.empty())
+            frame.message.line = channels.lineOf(channel);
+        WrittenFields::readNumber(positions.cell(cells, Number), 10, frame.message.messageNumber);
+        fdSeen = fdSeen || frame.message.fdFrame;
+        return true;
     }
+
+    bool hasFdFrames() const { return fdSeen; }
 
 private:
     // False for a row that names no frame.
@@ -268,45 +267,24 @@ private:
         return CsvColumns::isTrue(positions.cell(cells, column));
     }
 
-    // A row of titles may come again, where exports are joined.
-    template <typename Char> void readTitles(const Parts<Char> &cells)
+    // A row of titles may come again, where exports are joined. False for any other row.
+    template <typename Char> bool readTitles(const Parts<Char> &cells)
     {
         const Positions named(cells, names);
         if (!named.has(Info) && !named.has(Id))
-            return;
+            return false;
         positions = named;
-        lines.leaveOut(ImportReport::Header);
+        return true;
     }
 
-    template <typename Char> Outcome keepFrame(const Parts<Char> &cells, Found &found)
-    {
-        ImportReport::Reason reason = ImportReport::WrongShape;
-        if (!readFlags(cells, found, reason) || !readPayload(cells, found, reason)
-            || !readStamp(cells, found, reason)) {
-            lines.leaveOut(reason);
-            return Outcome::done();
-        }
-        if (const auto channel = positions.cell(cells, Channel); !channel.empty())
-            found.message.line = channels.lineOf(channel);
-        quint32 number = 0;
-        const bool isNumbered =
-            WrittenFields::readNumber(positions.cell(cells, Number), 10, number);
-        found.message.messageNumber = isNumbered ? number : quint32(lines.report().frames);
-        fdSeen = fdSeen || found.message.fdFrame;
-        lines.keep();
-        return sink.message(found.message) ? Outcome::done() : Outcome::givenUp();
-    }
-
-    template <typename Char>
-    bool readFlags(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    template <typename Char> bool readFlags(const Parts<Char> &cells, Found &found) const
     {
         const Text<Char> protocol = positions.cell(cells, Protocol);
         CAN::CanRxMessage &message = found.message;
         if (CsvColumns::equalsIgnoringCase(protocol, "canxl"))
-            reason = ImportReport::UnkeptFrameKind;
-        else if (message.id > WrittenFields::maxExtendedId && !found.isError)
-            reason = ImportReport::UnparsableNumber;
-        if (reason != ImportReport::WrongShape)
+            return found.frame.fail(ImportReport::UnkeptFrameKind);
+        if (!found.isError
+            && !found.frame.setId(message.id, message.extended || flag(cells, Extended)))
             return false;
         // Frames of classic CAN have no bit rate switch: the cell is empty, not 0.
         message.fdFrame = CsvColumns::equalsIgnoringCase(protocol, "canfd") || flag(cells, FdFrame)
@@ -314,44 +292,41 @@ private:
         message.flagC = flag(cells, BitRateSwitch);
         message.flagB = flag(cells, ErrorState);
         message.remote = message.remote || flag(cells, Remote);
-        message.extended =
-            message.extended || flag(cells, Extended) || message.id > WrittenFields::maxStandardId;
         const Text<Char> packetType = positions.cell(cells, PacketType);
         message.transmitted = equals(packetType, "4") || contains(packetType, "Sent by us");
         return true;
     }
 
-    template <typename Char>
-    bool readPayload(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    template <typename Char> bool readPayload(const Parts<Char> &cells, Found &found) const
     {
+        WrittenFrame &frame = found.frame;
         if (found.isError) {
-            WrittenFields::setErrorFrame(found.message);
-            found.message.length = 0;
+            frame.setErrorFrame();
+            frame.message.length = 0;
             return true;
         }
         quint32 length = 0;
         const Text<Char> lengthCell = positions.cell(cells, Length);
         const Text<Char> dataCell = positions.cell(cells, Data);
-        reason = ImportReport::UnparsableNumber;
         if (!lengthCell.empty()) {
-            if (!WrittenFields::readNumber(lengthCell, 10, length) || length > CAN::maxDataBytes)
+            if (!WrittenFields::readNumber(lengthCell, 10, length))
+                return frame.fail(ImportReport::UnparsableNumber);
+            if (!frame.setLength(length, ImportReport::UnparsableNumber))
                 return false;
             found.hasLength = true;
-            found.message.length = qint8(length);
         }
         if (!dataCell.empty() && !readData(dataCell, found))
-            return false;
-        reason = ImportReport::TooFewFields;
+            return frame.fail(ImportReport::UnparsableNumber);
         if (!settleLength(found))
-            return false;
+            return frame.fail(ImportReport::TooFewFields);
         // An export need not have a column that tells the kind.
-        if (found.message.length > 8 && !found.message.remote)
-            found.message.fdFrame = true;
+        if (quint32(frame.message.length) > WrittenFields::maxClassicBytes && !frame.message.remote)
+            frame.message.fdFrame = true;
         return true;
     }
 
     // The payload of a frame may not be in the export at all; then its length is all there is.
-    bool settleLength(Found &found)
+    static bool settleLength(Found &found)
     {
         CAN::CanRxMessage &message = found.message;
         if (!found.hasLength) {
@@ -360,28 +335,21 @@ private:
         }
         if (message.remote || found.bytes == message.length)
             return true;
-        if (found.bytes == 0 || found.bytes > message.length)
-            lines.change(ImportReport::ChangedPayload);
-        return found.bytes == 0 || found.bytes > message.length;
+        const bool isOther = found.bytes == 0 || found.bytes > message.length;
+        found.frame.isChanged[ImportReport::ChangedPayload] = isOther;
+        return isOther;
     }
 
-    template <typename Char>
-    bool readStamp(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    template <typename Char> bool readStamp(const Parts<Char> &cells, WrittenFrame &frame) const
     {
         const Text<Char> cell = positions.cell(cells, Time);
         qint64 microseconds = 0;
-        bool isCut = false;
-        reason = ImportReport::UnparsableNumber;
-        if (!cell.empty() && !readTime(cell, microseconds, isCut))
-            return false;
-        WrittenFields::setTime(found.message, microseconds);
-        if (isCut)
-            lines.change(ImportReport::ChangedTime);
-        return true;
+        return cell.empty()
+                || readTime(cell, microseconds, frame.isChanged[ImportReport::ChangedTime])
+            ? frame.setTime(microseconds)
+            : frame.fail(ImportReport::UnparsableNumber);
     }
 
-    LineSource &lines;
-    TraceSink &sink;
     WrittenFields::Channels channels;
     Positions positions;
     char separator = 0;
@@ -392,9 +360,9 @@ private:
 
 Outcome readWiresharkTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    PacketRows rows(lines, sink);
-    Outcome result = readNumberedLines(lines, [&rows](auto line) { return rows.readLine(line); });
-    if (result.isDone() && rows.hasFdFrames())
+    WiresharkGrammar grammar(lines);
+    const Outcome result = readWrittenFrames(lines, sink, grammar);
+    if (result.isDone() && grammar.hasFdFrames())
         sink.fdFrames(true);
     return result;
 }
