@@ -1,6 +1,7 @@
 #include "candumpreader.h"
 
 #include "canframe.h"
+#include "escapesequences.h"
 #include "writtendates.h"
 #include "writtenframe.h"
 
@@ -137,14 +138,18 @@ template <typename Char> bool readJoinedPayload(Text<Char> text, WrittenFrame &f
     return readJoinedBytes(text.substr(2), frame);
 }
 
-// "[8]", for CAN FD "[08]", or "{E}" with the code that was on the bus.
+// "[8]" or "[ 8]", for CAN FD "[08]", or "{E}" with the code that was on the bus.
 template <typename Char> bool readLength(Text<Char> text, WrittenFrame &frame)
 {
+    constexpr std::size_t xlDigits = 4;
     if (removeBrackets(text, '{', '}'))
         return text.size() == 1 && setLengthOfCode(digitValue(text.front()), frame);
     quint32 length = 0;
-    if (!removeBrackets(text, '[', ']') || text.size() > 2 || !readNumber(text, 10, length)
-        || length > quint32(CAN::maxDataBytes))
+    if (!removeBrackets(text, '[', ']') || !readNumber(text = trimmed(text), 10, length))
+        return frame.fail(ImportReport::UnparsableNumber);
+    if (text.size() == xlDigits)
+        return frame.fail(ImportReport::UnkeptFrameKind);
+    if (text.size() > 2 || length > quint32(CAN::maxDataBytes))
         return frame.fail(ImportReport::UnparsableNumber);
     frame.message.length = qint8(length);
     frame.message.fdFrame = text.size() == 2;
@@ -216,7 +221,8 @@ public:
 
     template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
-        const Text<Char> text = trimmed(line);
+        LineFields::Scratch<Char> scratch;
+        const Text<Char> text = trimmed(EscapeSequences::withoutThem(line, scratch));
         const bool isFrame = !text.empty() && readLine(text, frame);
         // Details of an error are shown on indented lines below its frame.
         if (!isFrame && isAfterError && !text.empty() && line.front() == '\t')
@@ -235,6 +241,12 @@ private:
         {
             const Text<Char> word = LineFields::partAt(words, index);
             return word.empty() ? word : text.substr(std::size_t(word.data() - text.data()));
+        }
+
+        // Word \a index and the one behind it, and what stands between them.
+        Text<Char> twoWordsFrom(int index) const
+        {
+            return from(index).substr(0, from(index).size() - from(index + 2).size());
         }
 
         Text<Char> text;
@@ -299,15 +311,18 @@ private:
     template <typename Char>
     bool readShownFrame(const Line<Char> &line, int at, WrittenFrame &frame)
     {
+        const bool isPadded = line.words[at].size() == 1; // "[" and "8]"
+        const Text<Char> length = isPadded ? trimmed(line.twoWordsFrom(at)) : line.words[at];
+        const int data = at + (isPadded ? 2 : 1);
         if (at == 0 || !readFlags(line, at - 1, frame.message) || !readId(line.words[at - 1], frame)
-            || !readLength(line.words[at], frame))
+            || !readLength(length, frame))
             return false;
-        Text<Char> rest = line.from(at + 1);
-        if (equals(LineFields::partAt(line.words, at + 1), "remote")) {
+        Text<Char> rest = line.from(data);
+        if (equals(LineFields::partAt(line.words, data), "remote")) {
             frame.message.remote = true;
-            rest = line.from(at + 3); // behind "remote request"
-        } else if (readByteWords(line, at + 1, frame.message)) {
-            rest = line.from(at + 1 + frame.message.length);
+            rest = line.from(data + 2); // behind "remote request"
+        } else if (readByteWords(line, data, frame.message)) {
+            rest = line.from(data + frame.message.length);
         } else if (!readShownBytes(rest, frame)) {
             return false;
         }
@@ -331,10 +346,16 @@ private:
         return true;
     }
 
-    // Direction, bit rate switch and error state between interface and identifier.
+    // Direction, bit rate switch and error state between interface and identifier; or the
+    // interface of the log that is played, in parentheses.
     template <typename Char>
     static bool readFlags(const Line<Char> &line, int idAt, CAN::CanRxMessage &message)
     {
+        Text<Char> played = idAt == 2 ? line.words[1] : Text<Char>();
+        if (removeBrackets(played, '(', ')')) {
+            message.transmitted = true;
+            return true;
+        }
         for (int i = 1; i < idAt; ++i) {
             const Text<Char> word = line.words[i];
             if (i == 1 ? !readDirection(word, message) : word.size() != 1)
