@@ -16,11 +16,14 @@ const QMap<QString, DatachunkHelper::ImportFileType> &typesByFolder()
     static const QMap<QString, DatachunkHelper::ImportFileType> types{
         {"busmaster", DatachunkHelper::BusmasterLog},
         {"candump", DatachunkHelper::SocketCanDump},
+        {"canhacker", DatachunkHelper::CanHackerTrace},
         {"gvret", DatachunkHelper::GvretCsv},
         {"ixxat", DatachunkHelper::IxxatTrace},
         {"kvaser-canking", DatachunkHelper::KvaserCanKingLog},
         {"kvaser-txt", DatachunkHelper::KvaserTxtLog},
         {"peak-trc", DatachunkHelper::PeakTrc21},
+        {"python-can-csv", DatachunkHelper::PythonCanCsv},
+        {"python-can-text", DatachunkHelper::PythonCanText},
         {"vector-asc", DatachunkHelper::VectorAsc},
         {"wireshark", DatachunkHelper::WiresharkCsv}};
     return types;
