@@ -1,6 +1,7 @@
 #include "loadertable.h"
 #include "recordingsink.h"
 #include "storefixture.h"
+#include "tracerecognition.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -126,6 +127,8 @@ private slots:
     void everyFrameIsFound();
     void linesAddUp_data();
     void linesAddUp();
+    void contentTellsTheType_data();
+    void contentTellsTheType();
 };
 
 void TestTolerant::everyFrameIsFound_data()
@@ -186,6 +189,26 @@ void TestTolerant::linesAddUp()
         if (outcome.isDone())
             QCOMPARE(report.lines, quint64(content.count('\n') + !content.endsWith('\n')));
     }
+}
+
+void TestTolerant::contentTellsTheType_data()
+{
+    everyFrameIsFound_data();
+}
+
+void TestTolerant::contentTellsTheType()
+{
+    QFETCH(QString, trace);
+    // The versions of a format share a reader.
+    const auto readerOf = [](DatachunkHelper::ImportFileType type) {
+        return traceReaderFor({{}, type, {}, DatachunkHelper::Tolerant}).read;
+    };
+    const TraceRecognition recognition = TraceRecognition::of(trace);
+    if (readFile(trace + ".faithful").isEmpty())
+        QCOMPARE(recognition.type, DatachunkHelper::Unknown);
+    else
+        QVERIFY2(readerOf(recognition.type) == readerOf(typeOf(trace)),
+                 qPrintable(recognition.explanation));
 }
 
 QTEST_GUILESS_MAIN(TestTolerant)
