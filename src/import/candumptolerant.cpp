@@ -200,7 +200,7 @@ template <typename Char> bool readRemark(Text<Char> text, WrittenFrame &frame)
     if (text.empty())
         return true;
     frame.note = toQString(text);
-    return text.front() != '(';
+    return text.front() != '(' && text.front() != EscapeSequences::escape;
 }
 
 // The payload as text and the word for an error frame say nothing more than the frame.
@@ -221,9 +221,8 @@ public:
 
     template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
-        LineFields::Scratch<Char> scratch;
-        const Text<Char> text = trimmed(EscapeSequences::withoutThem(line, scratch));
-        const bool isFrame = !text.empty() && readLine(text, frame);
+        const Text<Char> text = trimmed(line);
+        const bool isFrame = !text.empty() && (readLine(text, frame) || readColoured(text, frame));
         // Details of an error are shown on indented lines below its frame.
         if (!isFrame && isAfterError && !text.empty() && line.front() == '\t')
             return frame.fail(ImportReport::Comment);
@@ -232,16 +231,23 @@ public:
     }
 
 private:
+    // Looks for colours in lines that are no frames only, which keeps the others fast.
+    template <typename Char> bool readColoured(Text<Char> line, WrittenFrame &frame)
+    {
+        LineFields::Scratch<Char> scratch;
+        const Text<Char> text = trimmed(EscapeSequences::withoutThem(line, scratch));
+        if (text.empty() || text.size() == line.size())
+            return false;
+        frame = {};
+        return readLine(text, frame);
+    }
+
     // The words of a line behind its time. The layout shows in the word with the payload, or with
     // its length, and in how many stand before it.
     template <typename Char> struct Line
     {
         // From word \a index to the end.
-        Text<Char> from(int index) const
-        {
-            const Text<Char> word = LineFields::partAt(words, index);
-            return word.empty() ? word : text.substr(std::size_t(word.data() - text.data()));
-        }
+        Text<Char> from(int index) const { return LineFields::spanFrom(words, index); }
 
         // Word \a index and the one behind it, and what stands between them.
         Text<Char> twoWordsFrom(int index) const
@@ -249,7 +255,6 @@ private:
             return from(index).substr(0, from(index).size() - from(index + 2).size());
         }
 
-        Text<Char> text;
         bool hasTime;
         Parts<Char> words;
     };
@@ -261,7 +266,9 @@ private:
         const bool hasTime = text.front() == '(';
         if (hasTime && !readTime(text, frame))
             return false;
-        const Line<Char> line{text, hasTime, LineFields::splitAtBlanks(text)};
+        const Line<Char> line{hasTime, LineFields::splitAtBlanks(text)};
+        if (!line.words.isEmpty() && line.words[0].front() == EscapeSequences::escape)
+            return false;
         constexpr int mostBefore = 5;
         for (int i = 0; i < std::min(int(line.words.size()), mostBefore + 1); ++i) {
             const Text<Char> word = line.words[i];
