@@ -1,6 +1,7 @@
 #include "loadertable.h"
 #include "recordingsink.h"
 #include "storefixture.h"
+#include "tracerecognition.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -16,11 +17,14 @@ const QMap<QString, DatachunkHelper::ImportFileType> &typesByFolder()
     static const QMap<QString, DatachunkHelper::ImportFileType> types{
         {"busmaster", DatachunkHelper::BusmasterLog},
         {"candump", DatachunkHelper::SocketCanDump},
+        {"canhacker", DatachunkHelper::CanHackerTrace},
         {"gvret", DatachunkHelper::GvretCsv},
         {"ixxat", DatachunkHelper::IxxatTrace},
         {"kvaser-canking", DatachunkHelper::KvaserCanKingLog},
         {"kvaser-txt", DatachunkHelper::KvaserTxtLog},
         {"peak-trc", DatachunkHelper::PeakTrc21},
+        {"python-can-csv", DatachunkHelper::PythonCanCsv},
+        {"python-can-text", DatachunkHelper::PythonCanText},
         {"vector-asc", DatachunkHelper::VectorAsc},
         {"wireshark", DatachunkHelper::WiresharkCsv}};
     return types;
@@ -123,6 +127,8 @@ private slots:
     void everyFrameIsFound();
     void linesAddUp_data();
     void linesAddUp();
+    void contentTellsTheType_data();
+    void contentTellsTheType();
 };
 
 void TestTolerant::everyFrameIsFound_data()
@@ -183,6 +189,26 @@ void TestTolerant::linesAddUp()
         if (outcome.isDone())
             QCOMPARE(report.lines, quint64(content.count('\n') + !content.endsWith('\n')));
     }
+}
+
+void TestTolerant::contentTellsTheType_data()
+{
+    everyFrameIsFound_data();
+}
+
+void TestTolerant::contentTellsTheType()
+{
+    QFETCH(QString, trace);
+    // The versions of a format share a reader.
+    const auto readerOf = [](DatachunkHelper::ImportFileType type) {
+        return traceReaderFor({{}, type, {}, DatachunkHelper::Tolerant}).read;
+    };
+    const TraceRecognition recognition = TraceRecognition::of(trace);
+    if (readFile(trace + ".faithful").isEmpty())
+        QCOMPARE(recognition.type, DatachunkHelper::Unknown);
+    else
+        QVERIFY2(readerOf(recognition.type) == readerOf(typeOf(trace)),
+                 qPrintable(recognition.explanation));
 }
 
 QTEST_GUILESS_MAIN(TestTolerant)
