@@ -143,7 +143,9 @@ Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
     FirstFrameSink sink(lines);
     reader.read(lines, sink, request);
     const ImportReport &report = lines.finishReport();
-    if (report.frames == 0)
+    // Among many lines of anything some look like a frame by chance.
+    constexpr quint64 mostLostForFrame = 8;
+    if (report.frames == 0 || report.linesLost() > report.frames * mostLostForFrame)
         return {};
     TraceRecognition found;
     found.type = type;

@@ -152,8 +152,6 @@ public:
         return isFrame && frame.setTime(microseconds);
     }
 
-    bool hasFdFrames() const { return fdSeen; }
-
 private:
     // A line that does not begin with a time.
     template <typename Char> Reason readOtherLine(const Parts<Char> &parts)
@@ -248,7 +246,7 @@ private:
             return frame.fail(Reason::TooFewFields);
         if (!readFdData(parts, at, frame))
             return false;
-        frame.message.fdFrame = fdSeen = true;
+        frame.message.fdFrame = true;
         frame.message.line = channels.lineOf(parts[2]);
         return true;
     }
@@ -274,7 +272,6 @@ private:
     ImportReport &report;
     Channels channels;
     unsigned base = 16; // of identifiers and payload
-    bool fdSeen = false;
 };
 
 } // namespace
@@ -282,8 +279,5 @@ private:
 Outcome readVectorAscTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     VectorAscGrammar grammar(lines);
-    const Outcome result = readWrittenFrames(lines, sink, grammar);
-    if (result.isDone())
-        sink.fdFrames(grammar.hasFdFrames());
-    return result;
+    return readWrittenFrames(lines, sink, grammar);
 }

@@ -244,11 +244,8 @@ public:
         if (const auto channel = positions.cell(cells, Channel); !channel.empty())
             frame.message.line = channels.lineOf(channel);
         WrittenFields::readNumber(positions.cell(cells, Number), 10, frame.message.messageNumber);
-        fdSeen = fdSeen || frame.message.fdFrame;
         return true;
     }
-
-    bool hasFdFrames() const { return fdSeen; }
 
 private:
     // False for a row that names no frame.
@@ -353,7 +350,6 @@ private:
     WrittenFields::Channels channels;
     Positions positions;
     char separator = 0;
-    bool fdSeen = false;
 };
 
 } // namespace
@@ -361,8 +357,5 @@ private:
 Outcome readWiresharkTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
     WiresharkGrammar grammar(lines);
-    const Outcome result = readWrittenFrames(lines, sink, grammar);
-    if (result.isDone() && grammar.hasFdFrames())
-        sink.fdFrames(true);
-    return result;
+    return readWrittenFrames(lines, sink, grammar);
 }

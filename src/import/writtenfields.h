@@ -234,9 +234,17 @@ private:
         quint32 number = 0;
         const bool isLine =
             readNumber(name, 10, number) && number <= std::numeric_limits<quint16>::max();
-        const quint16 line = isLine ? quint16(number) : nextNamed++;
+        const quint16 line = isLine ? quint16(number) : freeLine();
         lines.report().channels.append({toQString(name), line});
         return line;
+    }
+
+    quint16 freeLine()
+    {
+        const auto isTaken = [this](const auto &known) { return known.second == nextNamed; };
+        while (std::any_of(lineOfName.begin(), lineOfName.end(), isTaken))
+            ++nextNamed;
+        return nextNamed++;
     }
 
     LineSource &lines;

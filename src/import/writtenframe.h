@@ -68,14 +68,15 @@ struct WrittenFrame
 };
 
 /// Reads every line with a grammar, whose read(Text<Char>, WrittenFrame &) tells whether it is a
-/// frame.
+/// frame, and tells at the end whether any was a CAN FD frame.
 template <typename Grammar>
 Outcome readWrittenFrames(LineSource &lines, TraceSink &sink, Grammar &grammar)
 {
     const CAN::CanRxMessage blank;
     WrittenFrame frame;
+    bool hasFdFrame = false;
     MessageFeed feed(lines, sink);
-    return readNumberedLines(lines, [&](auto line) {
+    const Outcome result = readNumberedLines(lines, [&](auto line) {
         if (!feed.turnEventLoopWhenDue())
             return Outcome::givenUp();
         frame.message = blank;
@@ -95,6 +96,10 @@ Outcome readWrittenFrames(LineSource &lines, TraceSink &sink, Grammar &grammar)
             if (frame.isChanged[std::size_t(i)])
                 lines.change(ImportReport::Change(i));
         }
+        hasFdFrame |= frame.message.fdFrame;
         return feed.addNumbered(frame.message);
     });
+    if (result.isDone())
+        sink.fdFrames(hasFdFrame);
+    return result;
 }
