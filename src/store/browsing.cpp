@@ -44,8 +44,17 @@ bool Browsing::beginImport()
     if (importing.exchange(true))
         return false;
     importCancelled = false;
+    importDiscarded = false;
     progressOfImport = {};
     return true;
+}
+
+void Browsing::discardImport()
+{
+    if (!importing)
+        return;
+    importDiscarded = true;
+    goLive();
 }
 
 void Browsing::tellNothingImported()

@@ -34,6 +34,9 @@ public:
     bool beginImport();
     void endImport() { importing = false; }
     bool isImportCancelled() const { return importCancelled; }
+    /// Cancels the import that runs, as goLive() does, and wants nothing of it to stay.
+    void discardImport();
+    bool isImportDiscarded() const { return importDiscarded; }
 
     // What the user is told of an import that failed.
 
@@ -59,6 +62,7 @@ private:
     std::atomic<quint32> wishes{0};
     std::atomic<bool> importing{false};
     std::atomic<bool> importCancelled{false};
+    std::atomic<bool> importDiscarded{false};
     QString lastError;
     DatachunkHelper::ImportMode modeOfImports = DatachunkHelper::Strict;
     ImportProgress progressOfImport;

@@ -246,8 +246,9 @@ public:
     ImportProgress importProgress() const;
 
     /// Gives up the import or load that runs now, from an event that it lets through: it ends as
-    /// one that failed, and the live messages are shown again. Chunks of the import that are
-    /// written by then stay in the chunk folder. Does nothing when none runs.
+    /// one that failed, and the live messages are shown again. Chunks of the import, also those
+    /// that newPartialDataFile has told of, are removed; where it is left by goLive they stay. Does
+    /// nothing when none runs.
     void cancelImport();
 
     /// What became of the lines of the text that was read last, up to where its reading ended; of

@@ -55,7 +55,7 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
 bool DatachunkHandlerPrivate::loadFile(const TraceRequest &request, bool save)
 {
     const Teller caller = teller;
-    const ImportRun run(browsing);
+    const ImportRun run(browsing, &partialChunks);
     browsing.leaveLive();
     if (!run.storeExists())
         return false;
@@ -79,7 +79,7 @@ bool DatachunkHandlerPrivate::readAlone(const TraceRequest &request)
 {
     if (browsing.refuseDuringImport())
         return false;
-    const ImportRun run(browsing);
+    const ImportRun run(browsing, &partialChunks);
     return readTrace(run, browsing, partialChunks, request);
 }
 
@@ -159,7 +159,7 @@ bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
 
 bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)
 {
-    const ImportRun run(d->browsing);
+    const ImportRun run(d->browsing, &d->partialChunks);
     StoreSink(run, d->browsing, d->partialChunks).message(msg);
     return true;
 }
@@ -244,8 +244,7 @@ ImportProgress DatachunkHandler::importProgress() const
 
 void DatachunkHandler::cancelImport()
 {
-    if (d->browsing.isImporting())
-        d->browsing.goLive();
+    d->browsing.discardImport();
 }
 
 ImportReport DatachunkHandler::importReport() const

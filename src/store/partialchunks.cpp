@@ -26,6 +26,7 @@ SharedSaveJob PartialChunks::save(const Notes &notes)
     job->fileName = folder.partialChunkTemplate(partName());
     saver.add(job);
     folder.addFileBeside(job->fileName);
+    ofImport.append({job->fileName, job});
     saver.start();
     return job;
 }
@@ -36,4 +37,20 @@ void PartialChunks::saveFullBuffer()
     if (saver.budget() != 0)
         lastSave = save(trace.notes().of(trace.paged()));
     trace.setPaged({});
+}
+
+void PartialChunks::discardImport()
+{
+    constexpr int moment = 50;
+    const QDeadlineTimer end(moment);
+    for (const Part &part : qAsConst(ofImport)) {
+        if (const SharedSaveJob job = part.job.lock())
+            job->cancelled = true;
+    }
+    for (const Part &part : qAsConst(ofImport)) {
+        if (const SharedSaveJob job = part.job.lock())
+            job->waitForFinished(end);
+        QFile::remove(part.fileName);
+    }
+    ofImport.clear();
 }

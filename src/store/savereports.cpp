@@ -2,6 +2,8 @@
 
 #include "fileerrors.h"
 
+#include <QFile>
+
 #include <utility>
 
 void SaveReports::post(const SaveReport &report, const ChunkSaver &saver)
@@ -38,10 +40,11 @@ void SaveReports::outcome(const SaveReport &report)
         exportEnded(report.packWish, false);
     else if (report.type == DatachunkHelper::FullBuffer)
         chunkSaved(report.chunkIndex, report.timeText);
-    else if (report.type == DatachunkHelper::PartialBuffer)
-        partialChunkSaved(report.fileName, report.importName, report.timeText);
-    else
+    else if (report.type != DatachunkHelper::PartialBuffer)
         exportEnded(report.packWish, true);
+    // An import that was cancelled takes its chunks away, perhaps while this was on its way.
+    else if (QFile::exists(report.fileName))
+        partialChunkSaved(report.fileName, report.importName, report.timeText);
 }
 
 void SaveReports::slowDisk()
