@@ -8,11 +8,11 @@
 
 #include <array>
 
-/// How far an import has come.
+/// How far an import, or the work on an archive, has come.
 struct ImportProgress
 {
-    qint64 bytesRead = 0;
-    qint64 bytes = 0; ///< of the file; 0 when nothing is imported
+    qint64 bytesRead = 0; ///< also those packed
+    qint64 bytes = 0;     ///< of the file, or of all chunks; 0 when nothing is imported
     quint64 messages = 0;
 };
 

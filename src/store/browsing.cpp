@@ -45,8 +45,20 @@ bool Browsing::beginImport()
         return false;
     importCancelled = false;
     importDiscarded = false;
-    progressOfImport = {};
+    setProgress({});
     return true;
+}
+
+void Browsing::setProgress(const ImportProgress &progress)
+{
+    bytesRead = progress.bytesRead;
+    bytesOfFile = progress.bytes;
+    messagesRead = progress.messages;
+}
+
+ImportProgress Browsing::progress() const
+{
+    return importing ? ImportProgress{bytesRead, bytesOfFile, messagesRead} : ImportProgress();
 }
 
 void Browsing::discardImport()

@@ -45,8 +45,9 @@ public:
     void tellLastError() { teller.tellLast(&DatachunkHandler::newErrorMessage, lastError); }
     void tellNothingImported();
 
-    void setProgress(const ImportProgress &progress) { progressOfImport = progress; }
-    ImportProgress progress() const { return importing ? progressOfImport : ImportProgress(); }
+    void setProgress(const ImportProgress &progress);
+    /// Zeros while nothing is imported. Any thread.
+    ImportProgress progress() const;
 
     // How texts are read, and what became of the last one.
 
@@ -65,6 +66,8 @@ private:
     std::atomic<bool> importDiscarded{false};
     QString lastError;
     DatachunkHelper::ImportMode modeOfImports = DatachunkHelper::Strict;
-    ImportProgress progressOfImport;
+    std::atomic<qint64> bytesRead{0};
+    std::atomic<qint64> bytesOfFile{0};
+    std::atomic<quint64> messagesRead{0};
     ImportReport lastReport;
 };

@@ -239,12 +239,21 @@ DatachunkHandler::ImportMode DatachunkHandler::importMode() const
 
 ImportProgress DatachunkHandler::importProgress() const
 {
-    return d->browsing.progress();
+    if (d->browsing.isImporting())
+        return d->browsing.progress();
+    const auto work = d->archives.workUnderWay();
+    return work ? ImportProgress{work->bytesDone(), work->bytes(), work->messages()}
+                : ImportProgress();
 }
 
 void DatachunkHandler::cancelImport()
 {
-    d->browsing.discardImport();
+    if (d->browsing.isImporting()) {
+        d->browsing.discardImport();
+        return;
+    }
+    if (const auto work = d->archives.workUnderWay())
+        work->cancel();
 }
 
 ImportReport DatachunkHandler::importReport() const
