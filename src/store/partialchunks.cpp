@@ -23,6 +23,7 @@ SharedSaveJob PartialChunks::save(const Notes &notes)
     job->endPosition = quint32(job->messages.size());
     job->notes = notes;
     job->importName = nameOfImport;
+    job->importDiscarded = discarded;
     job->fileName = folder.partialChunkTemplate(partName());
     saver.add(job);
     folder.addFileBeside(job->fileName);
@@ -39,8 +40,15 @@ void PartialChunks::saveFullBuffer()
     trace.setPaged({});
 }
 
+void PartialChunks::beginImport()
+{
+    ofImport.clear();
+    discarded = std::make_shared<std::atomic<bool>>(false);
+}
+
 void PartialChunks::discardImport()
 {
+    *discarded = true;
     constexpr int moment = 50;
     const QDeadlineTimer end(moment);
     for (const Part &part : qAsConst(ofImport)) {

@@ -17,7 +17,7 @@ public:
     QString importName() const { return nameOfImport; }
 
     /// The chunks from here on are those of one import.
-    void beginImport() { ofImport.clear(); }
+    void beginImport();
     /// Gives up the saves of its chunks and removes their files. A save that the disk holds up for
     /// longer than a moment removes its file itself when it ends.
     void discardImport();
@@ -44,4 +44,5 @@ private:
     QString nameOfImport;
     std::weak_ptr<SaveJob> lastSave;
     QVector<Part> ofImport;
+    std::shared_ptr<std::atomic<bool>> discarded; // of the import
 };

@@ -2,8 +2,6 @@
 
 #include "fileerrors.h"
 
-#include <QFile>
-
 #include <utility>
 
 void SaveReports::post(const SaveReport &report, const ChunkSaver &saver)
@@ -17,7 +15,9 @@ void SaveReports::post(const SaveReport &report, const ChunkSaver &saver)
 
 void SaveReports::ended(const SaveReport &report)
 {
-    if (report.outcome.kind == Outcome::GivenUp)
+    // A cancelled import takes its chunks away, perhaps while this was on its way.
+    const bool isDiscarded = report.importDiscarded && *report.importDiscarded;
+    if (report.outcome.kind == Outcome::GivenUp || isDiscarded)
         return;
     const Teller caller = teller;
     outcome(report);
@@ -40,11 +40,10 @@ void SaveReports::outcome(const SaveReport &report)
         exportEnded(report.packWish, false);
     else if (report.type == DatachunkHelper::FullBuffer)
         chunkSaved(report.chunkIndex, report.timeText);
-    else if (report.type != DatachunkHelper::PartialBuffer)
-        exportEnded(report.packWish, true);
-    // An import that was cancelled takes its chunks away, perhaps while this was on its way.
-    else if (QFile::exists(report.fileName))
+    else if (report.type == DatachunkHelper::PartialBuffer)
         partialChunkSaved(report.fileName, report.importName, report.timeText);
+    else
+        exportEnded(report.packWish, true);
 }
 
 void SaveReports::slowDisk()

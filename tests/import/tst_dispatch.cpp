@@ -225,7 +225,8 @@ void TestDispatch::aCancelledImportLeavesNoChunk()
     const QString file = candump(20000);
     DatachunkHandler store(6000);
     const QDir chunks(store.chunkFolderPath());
-    writeFile(chunks.absolutePath() + "\\\\a7.dck", "of another import");
+    const QString other = chunks.absolutePath() + "\\\\a7.dck";
+    writeFile(other, "of another import");
     const auto partsOfImport = [&chunks] {
         QDir beside(chunks.path() + "/..");
         return beside.entryList({chunks.dirName() + "*.dck"}, QDir::Files).size() - 1;
@@ -253,6 +254,7 @@ void TestDispatch::aCancelledImportLeavesNoChunk()
     // The next import begins with chunks of its own.
     store.importMessages(file, DatachunkHelper::SocketCanDump);
     QVERIFY(!store.getIsLive() && partsOfImport() >= 20);
+    QVERIFY(QFile::remove(other));
 }
 
 QTEST_GUILESS_MAIN(TestDispatch)
