@@ -83,10 +83,12 @@ int readLengthAtOrBehind(const Parts<Char> &parts, int index, int nextBase,
 template <typename Char>
 void readBytes(const Parts<Char> &parts, int first, int count, int base, CAN::CanRxMessage &message)
 {
-    const int available = std::min(count, int(parts.size()) - first);
-    const int payload = message.remote ? 0 : message.length;
-    for (int i = 0; i < std::min(available, CAN::maxDataBytes); ++i)
-        message.data[i] = toByte(parts[first + i], base, i < payload);
+    const int available = std::min({count, int(parts.size()) - first, CAN::maxDataBytes});
+    const int payload = std::min(message.remote ? 0 : std::max<int>(message.length, 0), available);
+    for (int i = 0; i < payload; ++i)
+        message.data[i] = toByte(parts[first + i], base);
+    for (int i = payload; i < available; ++i)
+        message.data[i] = toByte<ByteField::Behind>(parts[first + i], base);
 }
 
 /// Stores one more payload byte where there is room for it.

@@ -144,22 +144,27 @@ template <typename Number, typename Char> Number toNumberIfAny(Text<Char> text, 
     return toNumber<Number>(text, base, &isNumber);
 }
 
-template <typename Char>
-Q_NEVER_INLINE quint8 toUnusualByte(Text<Char> text, int base, bool isPayload)
+/// What stands where a byte may be: one of the payload, or a field behind it, which may as well be
+/// a word.
+enum class ByteField { Payload, Behind };
+
+template <ByteField field, typename Char>
+Q_NEVER_INLINE quint8 toUnusualByte(Text<Char> text, int base)
 {
     bool isNumber = false;
     quint32 value = 0;
     // A fast way out: words behind the payload are common.
     if (text.empty() || !isForeignToNumbers(text.front(), base))
         value = toNumber<quint32>(text, base, &isNumber);
-    if (isPayload && !(isNumber && value <= std::numeric_limits<quint8>::max()))
+    constexpr quint32 largest = std::numeric_limits<quint8>::max();
+    if (field == ByteField::Payload && !(isNumber && value <= largest))
         ++misreads();
     return quint8(value);
 }
 
-/// A payload byte: the low 8 bits of a number. A text that is no byte is a misread where the
-/// payload \a isPayload still goes on.
-template <typename Char> quint8 toByte(Text<Char> text, int base, bool isPayload = true)
+/// The low 8 bits of a number. A text of the payload that is no byte is a misread.
+template <ByteField field = ByteField::Payload, typename Char>
+quint8 toByte(Text<Char> text, int base)
 {
     if (text.size() == 2 && base == 16) {
         const unsigned high = digitValue(text[0]);
@@ -167,7 +172,7 @@ template <typename Char> quint8 toByte(Text<Char> text, int base, bool isPayload
         if ((high | low) < noDigit)
             return quint8(high << 4 | low);
     }
-    return toUnusualByte(text, base, isPayload);
+    return toUnusualByte<field>(text, base);
 }
 
 template <typename Char> quint8 toHexByte(Text<Char> text)
