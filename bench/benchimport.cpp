@@ -41,15 +41,17 @@ public:
     int turns = 0;
 };
 
-CountingSink readOnce(const GeneratedFormat &format, const QString &fileName)
+CountingSink readOnce(const GeneratedFormat &format, const QString &fileName,
+                      DatachunkHelper::ImportMode mode = DatachunkHelper::Strict)
 {
     CountingSink sink;
-    const TraceReader &reader = traceReaderFor(format.type);
+    const TraceRequest request{fileName, format.type, QLatin1String(format.description), mode};
+    const TraceReader reader = traceReaderFor(request);
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return sink;
     LineSource lines(file, reader.carriageReturns);
-    reader.read(lines, sink, {fileName, format.type, QLatin1String(format.description)});
+    reader.read(lines, sink, request);
     return sink;
 }
 
@@ -92,6 +94,25 @@ void plainReader(benchmark::State &state, const GeneratedFormat &format)
     }
 }
 
+// Both roads take turns, so that the machine is as busy for one as for the other.
+void tolerantReader(benchmark::State &state, const GeneratedFormat &format)
+{
+    const QString file = traceFile(format);
+    CountingSink sink;
+    double seconds = 0;
+    double strictSeconds = 0;
+    for (auto _ : state) {
+        seconds += cpuOf([&] { sink = readOnce(format, file, DatachunkHelper::Tolerant); });
+        state.PauseTiming();
+        strictSeconds += cpuOf([&] { readOnce(format, file); });
+        state.ResumeTiming();
+    }
+    if (sink.count == 0)
+        state.SkipWithError("nothing was read");
+    report(state, file, sink.count);
+    state.counters["xStrict"] = seconds / strictSeconds;
+}
+
 void wholeImport(benchmark::State &state, const GeneratedFormat &format)
 {
     const QString file = traceFile(format);
@@ -128,10 +149,14 @@ void detect(benchmark::State &state, const GeneratedFormat &format)
 void registerImportBenchmarks()
 {
     using Function = void (*)(benchmark::State &, const GeneratedFormat &);
-    const std::pair<const char *, Function> functions[] = {
-        {"read/", plainReader}, {"import/", wholeImport}, {"detect/", detect}};
+    const std::pair<const char *, Function> functions[] = {{"read/", plainReader},
+                                                           {"readTolerantly/", tolerantReader},
+                                                           {"import/", wholeImport},
+                                                           {"detect/", detect}};
     for (const auto &[prefix, function] : functions) {
         for (const GeneratedFormat &format : generatedFormats()) {
+            if (function == tolerantReader && !traceReaderFor(format.type).readTolerantly)
+                continue;
             benchmark::RegisterBenchmark((std::string(prefix) + format.name).c_str(),
                                          [function = function, &format](benchmark::State &state) {
                                              function(state, format);

@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <atomic>
+#include <memory>
 
 /// Packs the chunks of one trace into archives and reads archives, one after the other, on the
 /// thread that asks. Any thread.
@@ -39,22 +40,28 @@ public:
     void sortChunks(const QString &archive, QMap<double, QString> &order) const;
 
     /// As ChunkArchive::merge(), as long as \a isWanted.
-    void merge(const QString &archive, const Zip::KeepGoing &isWanted,
+    void merge(const QString &archive, const WorkProgress::IsWanted &isWanted,
                ChunkArchive::Merged &merged);
 
     /// As ChunkArchive::unpack(), into the chunk folder.
     Outcome unpack(const QString &archive, const ChunkArchive::Unpacked &unpacked,
                    QStringList &damage);
 
+    /// The packing, merging or unpacking under way, to be asked and cancelled; null when none is.
+    std::shared_ptr<WorkProgress> workUnderWay() const EXCLUDES(stateMutex);
+
 private:
+    class UnderWay;
+
     QString archiveName() const;
-    QString packFolder(const QString &archive, const Zip::KeepGoing &keepGoing) REQUIRES(workMutex);
+    QString packFolder(const QString &archive, WorkProgress &work) REQUIRES(workMutex);
 
     ChunkSaver &saver;
     ExportDesk &exports;
     std::atomic<bool> stopping{false};
-    Mutex workMutex; // held by whoever works on an archive; taken before any other
-    mutable Mutex nameMutex;
-    QString name GUARDED_BY(nameMutex);
+    Mutex workMutex;          // held by whoever works on an archive; taken before any other
+    mutable Mutex stateMutex; // held for a moment only
+    QString name GUARDED_BY(stateMutex);
+    std::shared_ptr<WorkProgress> current GUARDED_BY(stateMutex);
     TaskQueue queue;
 };

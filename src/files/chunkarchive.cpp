@@ -38,17 +38,14 @@ QString nameOf(const Zip::Reader &archive, const Chunk &chunk)
 class Checker
 {
 public:
-    Checker(const Zip::Reader &archive, const Zip::KeepGoing &keepGoing)
-        : archive(archive), keepGoing(keepGoing)
-    {
-    }
+    Checker(const Zip::Reader &archive, WorkProgress &work) : archive(archive), work(work) { }
 
     /// The text about the damage for the user; empty when there is none.
     QString damageIn(const Chunk &chunk);
 
 private:
     const Zip::Reader &archive;
-    const Zip::KeepGoing &keepGoing;
+    WorkProgress &work;
     qint64 unpacked = 0;
 };
 
@@ -58,7 +55,7 @@ QString Checker::damageIn(const Chunk &chunk)
     unpacked += chunk.entry.size;
     if (ArchiveLimits::isBomb(archive.size(), unpacked))
         return {};
-    const auto content = archive.open(chunk.entry, keepGoing);
+    const auto content = archive.open(chunk.entry, work);
     if (!content)
         return Damage::notOpened(nameOf(archive, chunk));
     QByteArray block(64 * 1024, Qt::Uninitialized);
@@ -100,7 +97,7 @@ bool Chunk::hasHeader() const
     return std::isfinite(start);
 }
 
-std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoing &keepGoing,
+std::vector<Chunk> chunksByStart(const Zip::Reader &archive, WorkProgress &work,
                                  Damage::List &damage)
 {
     std::vector<Chunk> chunks;
@@ -110,9 +107,9 @@ std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoin
     for (const Zip::Entry &entry : entries) {
         if (!isChunkName(entry.name))
             continue;
-        if (!keepGoing())
+        if (!work.goesOn())
             return {};
-        if (const auto content = archive.open(entry, keepGoing))
+        if (const auto content = archive.open(entry, work))
             chunks.push_back(readHeader(entry, *content));
         else
             damage.add(Damage::notOpened(Damage::entryName(entry.name, archive.fileName())));
@@ -125,9 +122,9 @@ std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoin
 }
 
 std::vector<Chunk> lastOfEachStart(const Zip::Reader &archive, const std::vector<Chunk> &chunks,
-                                   const Zip::KeepGoing &keepGoing, Damage::List &damage)
+                                   WorkProgress &work, Damage::List &damage)
 {
-    Checker checker(archive, keepGoing);
+    Checker checker(archive, work);
     std::vector<Chunk> kept;
     for (Position begin = chunks.begin(); begin != chunks.end();) {
         const Position end = std::find_if(begin + 1, chunks.end(), [begin](const Chunk &chunk) {

@@ -26,13 +26,13 @@ struct Chunk
 
 /// The chunks of an archive in ascending order of their start, equal ones as in the archive. What
 /// is left out because of damage is added to \a damage. None when there are too many entries.
-std::vector<Chunk> chunksByStart(const Zip::Reader &archive, const Zip::KeepGoing &keepGoing,
+std::vector<Chunk> chunksByStart(const Zip::Reader &archive, WorkProgress &work,
                                  Damage::List &damage);
 
 /// From chunks in that order, takes one for each start: the last undamaged one, or the last one if
 /// all are damaged. Chunks without a header are all taken.
 std::vector<Chunk> lastOfEachStart(const Zip::Reader &archive, const std::vector<Chunk> &chunks,
-                                   const Zip::KeepGoing &keepGoing, Damage::List &damage);
+                                   WorkProgress &work, Damage::List &damage);
 
 /// The text for the user about a damaged entry, of which \a kept was read.
 QString damageOf(const Zip::Reader &archive, const Chunk &chunk, const Zip::EntryDevice &content,

@@ -26,9 +26,8 @@ template <typename Map> void unite(Map &all, const Map &some)
 class Merger
 {
 public:
-    Merger(const Zip::Reader &archive, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
-           Merged &merged)
-        : archive(archive), memoryLimit(memoryLimit), keepGoing(keepGoing), merged(merged)
+    Merger(const Zip::Reader &archive, qint64 memoryLimit, WorkProgress &work, Merged &merged)
+        : archive(archive), memoryLimit(memoryLimit), work(work), merged(merged)
     {
     }
 
@@ -42,7 +41,7 @@ private:
 
     const Zip::Reader &archive;
     const qint64 memoryLimit;
-    const Zip::KeepGoing &keepGoing;
+    WorkProgress &work;
     Merged &merged;
     qint64 memoryOfMaps = 0;
     // These belong to the chunk read last.
@@ -53,7 +52,7 @@ private:
 
 Outcome::Kind Merger::readChunk(const Chunk &chunk)
 {
-    const auto content = archive.open(chunk.entry, keepGoing);
+    const auto content = archive.open(chunk.entry, work);
     if (!content) {
         damage.add(Damage::notOpened(Damage::entryName(chunk.entry.name, archive.fileName())));
         return Outcome::Done;
@@ -63,7 +62,7 @@ Outcome::Kind Merger::readChunk(const Chunk &chunk)
     recordsEnd = {};
     hasFdFrame = false;
     const Outcome::Kind result = read(*content);
-    if (result == Outcome::GivenUp || !keepGoing())
+    if (result == Outcome::GivenUp || !work.goesOn())
         return Outcome::GivenUp;
     if (result == Outcome::TooLarge)
         return Outcome::TooLarge;
@@ -81,6 +80,10 @@ Outcome::Kind Merger::read(Zip::EntryDevice &content)
 {
     const qint64 memory = memoryLimit - memoryOfMaps;
     const qint64 memoryOfMessages = merged.messages.size() * qint64(sizeof(CAN::CanRxMessage));
+    const auto keepGoing = [this] {
+        work.setMessages(quint64(merged.messages.size()));
+        return work.goesOn();
+    };
     const Outcome::Kind result = ChunkReading::readFront(
         content, ChunkFormat::BookmarkMap::Read, {memory - memoryOfMessages, keepGoing}, front);
     if (result == Outcome::NewerVersion)
@@ -111,22 +114,27 @@ void Merger::tellDamage(const Chunk &chunk, const Zip::EntryDevice &content, int
         damage.add(sentence);
 }
 
-void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
-                 Merged &merged)
+void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, WorkProgress &work, Merged &merged)
 {
     merged.outcome = checkDirectory(archive);
     if (!merged.outcome.isDone())
         return;
-    Merger merger(archive, memoryLimit, keepGoing, merged);
-    const std::vector<Chunk> chunks = lastOfEachStart(
-        archive, chunksByStart(archive, keepGoing, merger.damage), keepGoing, merger.damage);
+    Merger merger(archive, memoryLimit, work, merged);
+    const std::vector<Chunk> chunks =
+        lastOfEachStart(archive, chunksByStart(archive, work, merger.damage), work, merger.damage);
+    if (!work.goesOn()) {
+        merged.outcome = Outcome::givenUp();
+        return;
+    }
     // A message takes at least as much room in memory as in a file.
     if (isBomb(archive, chunks) || totalSize(chunks) > memoryLimit) {
         merged.outcome = tooLarge(chunks);
         return;
     }
+    work.begin(totalSize(chunks));
     for (const Chunk &chunk : chunks) {
         merged.outcome.kind = merger.readChunk(chunk);
+        work.setMessages(quint64(merged.messages.size()));
         if (merged.outcome.kind == Outcome::TooLarge)
             merged.outcome = tooLarge(chunks);
         if (!merged.outcome.isDone())
@@ -137,12 +145,11 @@ void mergeChunks(const Zip::Reader &archive, qint64 memoryLimit, const Zip::Keep
 
 } // namespace
 
-void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
-           Merged &merged)
+void merge(const QString &zipName, qint64 memoryLimit, WorkProgress &work, Merged &merged)
 {
     const auto mergeArchive = [&] {
         const Zip::Reader archive(zipName);
-        mergeChunks(archive, memoryLimit, keepGoing, merged);
+        mergeChunks(archive, memoryLimit, work, merged);
         if (merged.outcome.text.isEmpty())
             merged.outcome.text = archive.readErrorText();
     };

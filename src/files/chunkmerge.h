@@ -21,7 +21,6 @@ struct Merged : ChunkReading::Records
 /// Reads all chunks in order of their start, of equal ones only the last that is not damaged; those
 /// without a header come last. A damaged chunk ends with its last whole record. Takes up to about
 /// \a memoryLimit bytes; an archive that needs more is too large.
-void merge(const QString &zipName, qint64 memoryLimit, const Zip::KeepGoing &keepGoing,
-           Merged &merged);
+void merge(const QString &zipName, qint64 memoryLimit, WorkProgress &work, Merged &merged);
 
 } // namespace ChunkArchive

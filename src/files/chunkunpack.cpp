@@ -66,12 +66,12 @@ template <typename Create> QString FreeNames::create(const QString &name, const 
 }
 
 // A damaged chunk file is kept up to the end of its last whole record.
-qint64 sizeToKeep(QFile &file, const Zip::KeepGoing &keepGoing)
+qint64 sizeToKeep(QFile &file, WorkProgress &work)
 {
     // A damaged file may claim maps of any size; no more memory than this is spent on them.
     constexpr qint64 memory = 256LL * 1024 * 1024;
     const ChunkReading::WholeRecords whole =
-        ChunkReading::findWholeRecords(file, {memory, keepGoing});
+        ChunkReading::findWholeRecords(file, {memory, [&work] { return work.goesOn(); }});
     // A newer version may have another layout, so such a file is kept whole.
     return whole.result == Outcome::NewerVersion ? file.size() : whole.end;
 }
@@ -81,10 +81,7 @@ class Unpacker
 public:
     enum Result { Unpacked, Skipped, Failed };
 
-    Unpacker(const QDir &folder, const Zip::KeepGoing &keepGoing)
-        : names(folder), keepGoing(keepGoing)
-    {
-    }
+    Unpacker(const QDir &folder, WorkProgress &work) : names(folder), work(work) { }
 
     Result unpack(Zip::EntryDevice &chunk, const QString &name);
     QString fileName() const { return QFileInfo(file).fileName(); }
@@ -98,7 +95,7 @@ private:
     Result finish(Result result);
 
     FreeNames names;
-    const Zip::KeepGoing &keepGoing;
+    WorkProgress &work;
     QFile file;
     qint64 written = 0;
     QString errorText;
@@ -120,7 +117,7 @@ Unpacker::Result Unpacker::unpack(Zip::EntryDevice &chunk, const QString &name)
     }
     Result result = copy(chunk);
     if (result == Unpacked && chunk.isDamaged()) {
-        const qint64 size = sizeToKeep(file, keepGoing);
+        const qint64 size = sizeToKeep(file, work);
         result = size > 0 && file.resize(size) ? Unpacked : Skipped;
     }
     return finish(result);
@@ -186,19 +183,32 @@ QString createFolder(const QDir &parent, const QString &name)
     });
 }
 
-Outcome unpackInto(const QDir &folder, const Zip::Reader &archive, const std::vector<Chunk> &chunks,
-                   const Zip::KeepGoing &keepGoing, const Unpacked &unpacked, Damage::List &damage)
+// Leaves what others have put into the folder meanwhile.
+void removeUnpacked(const QDir &folder, const QStringList &files)
 {
-    Unpacker unpacker(folder, keepGoing);
+    for (const QString &file : files)
+        QFile::remove(folder.absoluteFilePath(file));
+    QDir().rmdir(folder.absolutePath());
+}
+
+Outcome unpackInto(const QDir &folder, const Zip::Reader &archive, const std::vector<Chunk> &chunks,
+                   WorkProgress &work, const Unpacked &unpacked, Damage::List &damage)
+{
+    Unpacker unpacker(folder, work);
+    QStringList files;
     for (const Chunk &chunk : chunks) {
-        const auto content = archive.open(chunk.entry, keepGoing);
+        const auto content = archive.open(chunk.entry, work);
         if (!content) {
             damage.add(Damage::notOpened(Damage::entryName(chunk.entry.name, archive.fileName())));
             continue;
         }
         const Unpacker::Result result = unpacker.unpack(*content, chunk.entry.name);
-        if (!keepGoing())
+        if (result == Unpacker::Unpacked)
+            files.append(unpacker.fileName());
+        if (!work.goesOn()) {
+            removeUnpacked(folder, files);
             return Outcome::givenUp();
+        }
         if (result == Unpacker::Failed)
             return {Outcome::NoRoom, unpacker.systemError(), 0};
         if (result == Unpacker::Unpacked)
@@ -210,14 +220,15 @@ Outcome unpackInto(const QDir &folder, const Zip::Reader &archive, const std::ve
 }
 
 Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, const QDir &parent,
-                     const Zip::KeepGoing &keepGoing, const Unpacked &unpacked,
-                     Damage::List &damage)
+                     WorkProgress &work, const Unpacked &unpacked, Damage::List &damage)
 {
     const Outcome checked = checkDirectory(archive);
     if (!checked.isDone())
         return checked;
     const std::vector<Chunk> chunks =
-        withFileNames(archive.fileName(), chunksByStart(archive, keepGoing, damage), damage);
+        withFileNames(archive.fileName(), chunksByStart(archive, work, damage), damage);
+    if (!work.goesOn())
+        return Outcome::givenUp();
     if (isBomb(archive, chunks))
         return tooLarge(chunks);
     if (hasNoRoom(parent, totalSize(chunks)))
@@ -225,12 +236,13 @@ Outcome unpackChunks(const Zip::Reader &archive, const QString &folderName, cons
     const QString path = createFolder(parent, folderName);
     if (path.isEmpty())
         return {Outcome::NoRoom, {}, 0};
-    return unpackInto(QDir(path), archive, chunks, keepGoing, unpacked, damage);
+    work.begin(totalSize(chunks));
+    return unpackInto(QDir(path), archive, chunks, work, unpacked, damage);
 }
 
 } // namespace
 
-Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing &keepGoing,
+Outcome unpack(const QString &zipName, const QDir &parent, WorkProgress &work,
                const Unpacked &unpacked, QStringList &damage)
 {
     Outcome outcome;
@@ -238,8 +250,9 @@ Outcome unpack(const QString &zipName, const QDir &parent, const Zip::KeepGoing 
         const Zip::Reader archive(zipName);
         const QString name = ArchiveLimits::folderName(ArchiveLimits::archiveName(zipName));
         Damage::List found;
-        outcome = unpackChunks(archive, name, parent, keepGoing, unpacked, found);
-        damage = found.sentences(zipName);
+        outcome = unpackChunks(archive, name, parent, work, unpacked, found);
+        if (outcome.kind != Outcome::GivenUp)
+            damage = found.sentences(zipName);
     };
     if (!withinMemory(unpackArchive))
         outcome = {Outcome::TooLarge, FileErrors::outOfMemory(zipName), 0};

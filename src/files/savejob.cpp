@@ -135,6 +135,8 @@ Outcome writeTextToPipe(const SaveJob &job)
 
 Outcome save(const SaveJob &job, const std::function<void()> &opened)
 {
+    if (job.cancelled)
+        return Outcome::givenUp();
     const QFileInfo target(job.fileName);
     if (!target.absoluteDir().exists())
         QDir().mkdir(target.absolutePath());

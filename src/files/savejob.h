@@ -22,6 +22,8 @@ struct SaveTicket
     DatachunkHelper::SavedMessageType type = DatachunkHelper::CurrentMessages;
     quint32 chunkIndex = 0; ///< number of the chunk in its trace
     QString importName;     ///< name of the import that a partial chunk belongs to
+    /// Set once nothing of that import is wanted any more; null for other saves.
+    std::shared_ptr<const std::atomic<bool>> importDiscarded;
     quint64 generation = 0; ///< which trace of the store the chunk belongs to
     quint32 packWish = 0;   ///< the wish to pack the chunks after this export; 0 for none
 };

@@ -36,8 +36,8 @@ bool openArchive(ArchiveFile &file, QuaZip &zip)
 
 } // namespace
 
-EntryDevice::EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoing keepGoing)
-    : file(std::move(file)), size(size), keepGoing(std::move(keepGoing))
+EntryDevice::EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, WorkProgress &work)
+    : file(std::move(file)), size(size), work(work)
 {
     open(QIODevice::ReadOnly);
 }
@@ -61,7 +61,7 @@ qint64 EntryDevice::readBlock(char *data, qint64 maxSize)
 {
     if (done == size || damaged)
         return checkEnd();
-    if (!keepGoing())
+    if (!work.goesOn())
         return -1;
     const qint64 wanted = std::min({maxSize, blockSize, size - done});
     const qint64 got = file->read(data, wanted);
@@ -70,6 +70,7 @@ qint64 EntryDevice::readBlock(char *data, qint64 maxSize)
         return -1;
     }
     done += got;
+    work.advance(got);
     return got;
 }
 
@@ -166,7 +167,7 @@ std::vector<Entry> Reader::entries() const
     return found;
 }
 
-std::unique_ptr<EntryDevice> Reader::open(const Entry &entry, const KeepGoing &keepGoing) const
+std::unique_ptr<EntryDevice> Reader::open(const Entry &entry, WorkProgress &work) const
 {
     unz64_file_pos position = {};
     position.pos_in_zip_directory = entry.offset;
@@ -176,24 +177,25 @@ std::unique_ptr<EntryDevice> Reader::open(const Entry &entry, const KeepGoing &k
     auto content = std::make_unique<QuaZipFile>(zip.get());
     if (!content->open(QIODevice::ReadOnly))
         return nullptr;
-    return std::make_unique<EntryDevice>(std::move(content), entry.size, keepGoing);
+    return std::make_unique<EntryDevice>(std::move(content), entry.size, work);
 }
 
 namespace {
 
 enum class Step { Done, Failed, GivenUp };
 
-Step copy(QIODevice &from, QIODevice &to, const KeepGoing &keepGoing)
+Step copy(QIODevice &from, QIODevice &to, WorkProgress &work)
 {
     QByteArray block(int(blockSize), Qt::Uninitialized);
     for (;;) {
-        if (!keepGoing())
+        if (!work.goesOn())
             return Step::GivenUp;
         const qint64 got = from.read(block.data(), block.size());
         if (got == 0)
             return Step::Done;
         if (got < 0 || to.write(block.constData(), got) != got)
             return Step::Failed;
+        work.advance(got);
     }
 }
 
@@ -213,7 +215,7 @@ void markNameAsUtf8(QuaZip &zip, bool isUtf8)
     mark(zip.getZipFile(), ZIP_ENCODING_UTF8);
 }
 
-Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QString &readError)
+Step packFile(QuaZip &zip, const QFileInfo &info, WorkProgress &work, QString &readError)
 {
     constexpr qint64 zip64From = qint64(1) << 31;
     constexpr int fastest = 1;
@@ -235,17 +237,20 @@ Step packFile(QuaZip &zip, const QFileInfo &info, const KeepGoing &keepGoing, QS
     if (!entry.open(QIODevice::WriteOnly, newInfo, nullptr, 0, Z_DEFLATED, fastest, false,
                     windowBits, memoryLevel, defaultStrategy))
         return Step::Failed;
-    const Step step = copy(file, entry, keepGoing);
+    const Step step = copy(file, entry, work);
     readError = file.readErrorText();
     entry.close();
     return step == Step::Done && entry.getZipError() != UNZ_OK ? Step::Failed : step;
 }
 
-Step packAll(QuaZip &zip, const QFileInfoList &files, const KeepGoing &keepGoing,
-             QString &readError)
+Step packAll(QuaZip &zip, const QFileInfoList &files, WorkProgress &work, QString &readError)
 {
+    qint64 size = 0;
+    for (const QFileInfo &info : files)
+        size += info.size();
+    work.begin(size);
     for (const QFileInfo &info : files) {
-        const Step step = packFile(zip, info, keepGoing, readError);
+        const Step step = packFile(zip, info, work, readError);
         if (step != Step::Done)
             return step;
     }
@@ -269,7 +274,7 @@ QString commit(QSaveFile &file)
 
 } // namespace
 
-Outcome packFiles(const QString &fileName, const QFileInfoList &files, const KeepGoing &keepGoing)
+Outcome packFiles(const QString &fileName, const QFileInfoList &files, WorkProgress &work)
 {
     const auto notWritten = [&fileName](const QString &reason) {
         return Outcome{Outcome::NotWritten, FileErrors::notWritten(fileName, reason), 0};
@@ -290,7 +295,7 @@ Outcome packFiles(const QString &fileName, const QFileInfoList &files, const Kee
         return notWritten(file.errorString());
     QString readError;
     Step step = Step::Failed;
-    if (!withinMemory([&] { step = packAll(zip, files, keepGoing, readError); }))
+    if (!withinMemory([&] { step = packAll(zip, files, work, readError); }))
         readError = FileErrors::outOfMemory(fileName);
     zip.close();
     if (step == Step::GivenUp)

@@ -2,12 +2,12 @@
 
 #include "outcome.h"
 #include "regularfile.h"
+#include "workprogress.h"
 
 #include <QFileInfo>
 #include <QIODevice>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -17,9 +17,6 @@ class QuaZipFile;
 /// ZIP archives as names and bytes. The one place that knows the ZIP library; what the entries
 /// hold, and which of them to trust, is decided by its callers.
 namespace Zip {
-
-/// Asked again and again during long work; false gives the work up.
-using KeepGoing = std::function<bool()>;
 
 struct Entry
 {
@@ -37,11 +34,12 @@ constexpr qint64 maxClaim = qint64(1) << 40;
 /// The content of one entry, read from its start to its end. Reading fails, instead of ending,
 /// where the entry is damaged: when it cannot be unpacked any further, or when all that it
 /// claims to hold has been read and the checksum does not match. Never gives more bytes than
-/// the entry claims to have. Belongs to the Reader that opened it.
+/// the entry claims to have. Each byte advances the work that it was opened for, which has to
+/// outlive it. Belongs to the Reader that opened it.
 class EntryDevice : public QIODevice
 {
 public:
-    EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, KeepGoing keepGoing);
+    EntryDevice(std::unique_ptr<QuaZipFile> file, qint64 size, WorkProgress &work);
     ~EntryDevice() override;
 
     bool isSequential() const override { return true; }
@@ -68,7 +66,7 @@ private:
 
     const std::unique_ptr<QuaZipFile> file;
     const qint64 size;
-    const KeepGoing keepGoing;
+    WorkProgress &work;
     qint64 done = 0;
     bool ended = false;
     bool damaged = false;
@@ -139,7 +137,7 @@ public:
 
     /// Opens one entry, whatever others are called like it. Null when it is damaged or packed
     /// in an unknown way. One entry may be open at a time.
-    std::unique_ptr<EntryDevice> open(const Entry &entry, const KeepGoing &keepGoing) const;
+    std::unique_ptr<EntryDevice> open(const Entry &entry, WorkProgress &work) const;
 
 private:
     ArchiveFile file;
@@ -151,6 +149,6 @@ private:
 /// beside its place and put there, at one stroke, when it is whole; otherwise an earlier archive
 /// stays as it is. Files that are gone by now are left out. The outcome is done, GivenUp, NotOpened
 /// when the archive cannot even be begun, of which the user is told nothing, or NotWritten.
-Outcome packFiles(const QString &fileName, const QFileInfoList &files, const KeepGoing &keepGoing);
+Outcome packFiles(const QString &fileName, const QFileInfoList &files, WorkProgress &work);
 
 } // namespace Zip

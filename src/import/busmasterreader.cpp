@@ -1,9 +1,7 @@
 #include "busmasterreader.h"
 
-#include "canframe.h"
-#include "lineparts.h"
-#include "messagefeed.h"
 #include "writtendates.h"
+#include "writtenframe.h"
 
 using namespace LineFields;
 
@@ -33,24 +31,20 @@ template <typename Char> bool readType(Text<Char> text, CAN::CanRxMessage &messa
     return !message.remote || text[1] == 'r';
 }
 
-/// Reads the lines of one log.
-class LogLines
+class BusmasterGrammar
 {
 public:
-    LogLines(LineSource &lines, TraceSink &sink) : lines(lines), feed(lines, sink), channels(lines)
-    {
-    }
+    explicit BusmasterGrammar(LineSource &lines) : report(lines.report()), channels(lines) { }
 
-    template <typename Char> Outcome readLine(Text<Char> line)
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
-        if (!feed.turnEventLoopWhenDue())
-            return Outcome::givenUp();
         line = trimmed(line);
-        if (line.empty() || line.front() != '*')
-            return readFrame(splitAtBlanks(line));
-        lines.leaveOut(ImportReport::Header);
+        if (line.empty())
+            return false;
+        if (line.front() != '*')
+            return readFrame(splitAtBlanks(line), frame);
         readHeader(line);
-        return Outcome::done();
+        return frame.fail(ImportReport::Header);
     }
 
 private:
@@ -59,7 +53,7 @@ private:
         if (equals(line, "***DEC***") || equals(line, "***HEX***"))
             base = equals(line, "***DEC***") ? 10 : 16;
         else if (contains(line, " MODE***"))
-            lines.report().timeBase = toQString(line).remove('*');
+            report.timeBase = toQString(line).remove('*');
         else if (contains(line, "***START DATE AND TIME "))
             readStart(toQString(line).remove('*').section(' ', 4));
     }
@@ -75,75 +69,51 @@ private:
             clockText.section(':', 0, 0).toInt(), clockText.section(':', 1, 1).toInt(),
             clockText.section(':', 2, 2).toInt(), clockText.section(':', 3, 3).toInt());
         if (date.isValid() && clock.isValid())
-            lines.report().start = QDateTime(date, clock, Qt::UTC);
+            report.start = QDateTime(date, clock, Qt::UTC);
     }
 
-    template <typename Char> Outcome readFrame(const Parts<Char> &words)
+    template <typename Char> bool readFrame(const Parts<Char> &words, WrittenFrame &frame)
     {
-        CAN::CanRxMessage message;
-        bool isCut = false;
-        const ImportReport::Reason reason =
-            words.isEmpty() ? ImportReport::WrongShape : readFields(words, message, isCut);
-        if (reason != isFrame) {
-            lines.leaveOut(reason);
-            return Outcome::done();
-        }
-        message.line = channels.lineOf(words[Channel]);
-        if (isCut)
-            lines.change(ImportReport::ChangedTime);
-        return feed.addMessageToMessageList(message);
-    }
-
-    // Returns why the line is no frame, or isFrame.
-    template <typename Char>
-    ImportReport::Reason readFields(const Parts<Char> &words, CAN::CanRxMessage &message,
-                                    bool &isCut) const
-    {
+        CAN::CanRxMessage &message = frame.message;
         qint64 microseconds = 0;
         quint32 length = 0;
-        if (!readTime(words[Time], microseconds, isCut))
-            return ImportReport::WrongShape;
+        if (!readTime(words[Time], microseconds, frame.isChanged[ImportReport::ChangedTime]))
+            return false;
         if (words.size() <= Length)
-            return ImportReport::TooFewFields;
+            return frame.fail(ImportReport::TooFewFields);
         message.transmitted = equals(words[Direction], "Tx");
         if (!message.transmitted && !equals(words[Direction], "Rx"))
-            return ImportReport::WrongShape;
-        if (!readId(words[Id], message) || !WrittenFields::readNumber(words[Length], 10, length)
-            || length > CAN::maxDataBytes)
-            return ImportReport::UnparsableNumber;
+            return false;
+        if (!readId(words[Id], frame))
+            return false;
+        if (!WrittenFields::readNumber(words[Length], 10, length))
+            return frame.fail(ImportReport::UnparsableNumber);
+        if (!frame.setLength(length, ImportReport::UnparsableNumber))
+            return false;
         if (!readType(words[Type], message))
-            return ImportReport::UnkeptFrameKind;
-        WrittenFields::setTime(message, microseconds);
-        message.length = qint8(length);
-        return message.remote ? isFrame : readPayload(words, message);
+            return frame.fail(ImportReport::UnkeptFrameKind);
+        if (!frame.setTime(microseconds) || (!message.remote && !readPayload(words, frame)))
+            return false;
+        message.line = channels.lineOf(words[Channel]);
+        return true;
     }
 
-    template <typename Char> bool readId(Text<Char> text, CAN::CanRxMessage &message) const
+    template <typename Char> bool readId(Text<Char> text, WrittenFrame &frame) const
     {
-        const bool isRead = base == 16 ? WrittenFields::readHex(text, message.id)
-                                       : WrittenFields::readNumber(text, 10, message.id);
-        return isRead && message.id <= WrittenFields::maxExtendedId;
+        quint32 id = 0;
+        const bool isRead =
+            base == 16 ? WrittenFields::readHex(text, id) : WrittenFields::readNumber(text, 10, id);
+        return isRead ? frame.setId(id, false) : frame.fail(ImportReport::UnparsableNumber);
     }
 
-    template <typename Char>
-    ImportReport::Reason readPayload(const Parts<Char> &words, CAN::CanRxMessage &message) const
+    template <typename Char> bool readPayload(const Parts<Char> &words, WrittenFrame &frame) const
     {
-        constexpr int classicBytes = 8;
-        const int count = words.size() - Data;
-        message.fdFrame = message.length > classicBytes;
-        if (count != message.length)
-            return count < message.length ? ImportReport::TooFewFields : ImportReport::WrongShape;
-        for (int i = 0; i < count; ++i) {
-            if (!WrittenFields::readByte(words[Data + i], base, message.data[i]))
-                return ImportReport::UnparsableNumber;
-        }
-        return isFrame;
+        const int length = frame.message.length;
+        frame.message.fdFrame = length > int(WrittenFields::maxClassicBytes);
+        return words.size() - Data <= length && frame.readBytes(words, Data, length, base);
     }
 
-    static constexpr auto isFrame = ImportReport::Reason(ImportReport::reasonCount);
-
-    LineSource &lines;
-    MessageFeed feed;
+    ImportReport &report;
     WrittenFields::Channels channels;
     unsigned base = 16;
 };
@@ -152,6 +122,6 @@ private:
 
 Outcome readBusmasterLog(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    LogLines log(lines, sink);
-    return readNumberedLines(lines, [&log](auto line) { return log.readLine(line); });
+    BusmasterGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
 }

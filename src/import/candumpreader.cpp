@@ -19,11 +19,15 @@ void setId(CAN::CanRxMessage &message, quint32 id)
 template <typename Char>
 void readCompactFrame(Text<Char> id, Text<Char> digits, CAN::CanRxMessage &message)
 {
-    if (digits.find(Char('#')) != digits.npos)
+    if (digits.find(Char('#')) != digits.npos) {
+        ++misreads();
         return;
+    }
     setId(message, toNumber<quint32>(id, 16));
     message.length = qint8((digits.size() + 1) / 2);
     // An odd last digit counts for the length, but its byte stays 0.
+    if (digits.size() % 2 != 0)
+        ++misreads();
     const int bytes = int(std::min(digits.size() / 2, std::size_t(CAN::maxDataBytes)));
     for (int i = 0; i < bytes; ++i)
         message.data[i] = toHexByte(Text<Char>(digits.data() + 2 * i, 2));
@@ -39,6 +43,8 @@ bool readCompactLine(Text<Char> line, const Parts<Char> &tokens, CAN::CanRxMessa
     readTimeStampInParentheses(tokens[0], message);
     if (separator != frame.npos)
         readCompactFrame(frame.substr(0, separator), frame.substr(separator + 1), message);
+    else
+        ++misreads();
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "candumpreader.h"
 
 #include "canframe.h"
+#include "escapesequences.h"
 #include "writtendates.h"
 #include "writtenframe.h"
 
@@ -137,14 +138,18 @@ template <typename Char> bool readJoinedPayload(Text<Char> text, WrittenFrame &f
     return readJoinedBytes(text.substr(2), frame);
 }
 
-// "[8]", for CAN FD "[08]", or "{E}" with the code that was on the bus.
+// "[8]" or "[ 8]", for CAN FD "[08]", or "{E}" with the code that was on the bus.
 template <typename Char> bool readLength(Text<Char> text, WrittenFrame &frame)
 {
+    constexpr std::size_t xlDigits = 4;
     if (removeBrackets(text, '{', '}'))
         return text.size() == 1 && setLengthOfCode(digitValue(text.front()), frame);
     quint32 length = 0;
-    if (!removeBrackets(text, '[', ']') || text.size() > 2 || !readNumber(text, 10, length)
-        || length > quint32(CAN::maxDataBytes))
+    if (!removeBrackets(text, '[', ']') || !readNumber(text = trimmed(text), 10, length))
+        return frame.fail(ImportReport::UnparsableNumber);
+    if (text.size() == xlDigits)
+        return frame.fail(ImportReport::UnkeptFrameKind);
+    if (text.size() > 2 || length > quint32(CAN::maxDataBytes))
         return frame.fail(ImportReport::UnparsableNumber);
     frame.message.length = qint8(length);
     frame.message.fdFrame = text.size() == 2;
@@ -194,8 +199,10 @@ template <typename Char> bool readRemark(Text<Char> text, WrittenFrame &frame)
 {
     if (text.empty())
         return true;
+    if (text.front() == '(' || text.front() == EscapeSequences::escape)
+        return false;
     frame.note = toQString(text);
-    return text.front() != '(';
+    return true;
 }
 
 // The payload as text and the word for an error frame say nothing more than the frame.
@@ -217,7 +224,7 @@ public:
     template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
         const Text<Char> text = trimmed(line);
-        const bool isFrame = !text.empty() && readLine(text, frame);
+        const bool isFrame = !text.empty() && (readLine(text, frame) || readColoured(text, frame));
         // Details of an error are shown on indented lines below its frame.
         if (!isFrame && isAfterError && !text.empty() && line.front() == '\t')
             return frame.fail(ImportReport::Comment);
@@ -226,18 +233,30 @@ public:
     }
 
 private:
+    // Looks for colours in lines that are no frames only, which keeps the others fast.
+    template <typename Char> bool readColoured(Text<Char> line, WrittenFrame &frame)
+    {
+        LineFields::Scratch<Char> scratch;
+        const Text<Char> text = trimmed(EscapeSequences::withoutThem(line, scratch));
+        if (text.empty() || text.size() == line.size())
+            return false;
+        frame = {};
+        return readLine(text, frame);
+    }
+
     // The words of a line behind its time. The layout shows in the word with the payload, or with
     // its length, and in how many stand before it.
     template <typename Char> struct Line
     {
         // From word \a index to the end.
-        Text<Char> from(int index) const
+        Text<Char> from(int index) const { return LineFields::spanFrom(words, index); }
+
+        // Word \a index and the one behind it, and what stands between them.
+        Text<Char> twoWordsFrom(int index) const
         {
-            const Text<Char> word = LineFields::partAt(words, index);
-            return word.empty() ? word : text.substr(std::size_t(word.data() - text.data()));
+            return from(index).substr(0, from(index).size() - from(index + 2).size());
         }
 
-        Text<Char> text;
         bool hasTime;
         Parts<Char> words;
     };
@@ -249,7 +268,9 @@ private:
         const bool hasTime = text.front() == '(';
         if (hasTime && !readTime(text, frame))
             return false;
-        const Line<Char> line{text, hasTime, LineFields::splitAtBlanks(text)};
+        const Line<Char> line{hasTime, LineFields::splitAtBlanks(text)};
+        if (!line.words.isEmpty() && line.words[0].front() == EscapeSequences::escape)
+            return false;
         constexpr int mostBefore = 5;
         for (int i = 0; i < std::min(int(line.words.size()), mostBefore + 1); ++i) {
             const Text<Char> word = line.words[i];
@@ -299,15 +320,18 @@ private:
     template <typename Char>
     bool readShownFrame(const Line<Char> &line, int at, WrittenFrame &frame)
     {
+        const bool isPadded = line.words[at].size() == 1; // "[" and "8]"
+        const Text<Char> length = isPadded ? trimmed(line.twoWordsFrom(at)) : line.words[at];
+        const int data = at + (isPadded ? 2 : 1);
         if (at == 0 || !readFlags(line, at - 1, frame.message) || !readId(line.words[at - 1], frame)
-            || !readLength(line.words[at], frame))
+            || !readLength(length, frame))
             return false;
-        Text<Char> rest = line.from(at + 1);
-        if (equals(LineFields::partAt(line.words, at + 1), "remote")) {
+        Text<Char> rest = line.from(data);
+        if (equals(LineFields::partAt(line.words, data), "remote")) {
             frame.message.remote = true;
-            rest = line.from(at + 3); // behind "remote request"
-        } else if (readByteWords(line, at + 1, frame.message)) {
-            rest = line.from(at + 1 + frame.message.length);
+            rest = line.from(data + 2); // behind "remote request"
+        } else if (readByteWords(line, data, frame.message)) {
+            rest = line.from(data + frame.message.length);
         } else if (!readShownBytes(rest, frame)) {
             return false;
         }
@@ -331,10 +355,16 @@ private:
         return true;
     }
 
-    // Direction, bit rate switch and error state between interface and identifier.
+    // Direction, bit rate switch and error state between interface and identifier; or the
+    // interface of the log that is played, in parentheses.
     template <typename Char>
     static bool readFlags(const Line<Char> &line, int idAt, CAN::CanRxMessage &message)
     {
+        Text<Char> played = idAt == 2 ? line.words[1] : Text<Char>();
+        if (removeBrackets(played, '(', ')')) {
+            message.transmitted = true;
+            return true;
+        }
         for (int i = 1; i < idAt; ++i) {
             const Text<Char> word = line.words[i];
             if (i == 1 ? !readDirection(word, message) : word.size() != 1)

@@ -92,17 +92,17 @@ TraceStream::Result resultOf(const Streamer &streamer, QStringList &errors)
 
 // Reads one chunk of an archive. False to stop.
 bool readEntry(const Zip::Reader &archive, const ChunkArchive::Chunk &chunk, int part,
-               const TraceStream::GoesOn &goesOn, Streamer &streamer, Damage::List &damage)
+               WorkProgress &work, Streamer &streamer, Damage::List &damage)
 {
     const QString name = Damage::entryName(chunk.entry.name, archive.fileName());
-    const auto content = archive.open(chunk.entry, goesOn);
+    const auto content = archive.open(chunk.entry, work);
     if (!content) {
         damage.add(Damage::notOpened(name));
         return true;
     }
     const Outcome::Kind step =
         streamer.read(*content, part, [&content] { return content->isDamaged(); });
-    if (step == Outcome::GivenUp || !goesOn())
+    if (step == Outcome::GivenUp || !work.goesOn())
         return false;
     QString sentence = streamer.damage(name);
     if (step == Outcome::TooLarge)
@@ -166,12 +166,13 @@ TraceStream::Result readArchive(const QString &fileName, const TraceStream::Take
             errors.append(checked.text);
         return resultOf(streamer, errors);
     }
-    const auto chunks = ChunkArchive::chunksByStart(archive, goesOn, damage);
+    WorkProgress work(goesOn);
+    const auto chunks = ChunkArchive::chunksByStart(archive, work, damage);
     if (ChunkArchive::isBomb(archive, chunks))
         return failed(FileErrors::bomb(fileName), errors);
     int part = 0;
     for (const ChunkArchive::Chunk &chunk : chunks) {
-        if (readEntry(archive, chunk, part++, goesOn, streamer, damage))
+        if (readEntry(archive, chunk, part++, work, streamer, damage))
             continue;
         addErrors(archive, damage, errors);
         return TraceStream::Stopped;

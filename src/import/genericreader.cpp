@@ -57,7 +57,8 @@ template <typename Char> void readTime(Text<Char> text, CAN::CanRxMessage &messa
     const Parts<Char> parts = splitKeepingEmpty<'.'>(text);
     message.seconds = qint32(toNumber<qint64>(parts[0]));
     // Taken as written: traces of this kind have all six digits.
-    message.microseconds = qint32(toNumber<qint64>(partAt(parts, 1)));
+    if (parts.size() > 1)
+        message.microseconds = qint32(toNumber<qint64>(parts[1]));
 }
 
 template <typename Char>

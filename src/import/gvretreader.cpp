@@ -1,9 +1,7 @@
 #include "gvretreader.h"
 
-#include "canframe.h"
 #include "csvcolumns.h"
-#include "messagefeed.h"
-#include "writtenfields.h"
+#include "writtenframe.h"
 
 using namespace LineFields;
 
@@ -51,113 +49,77 @@ template <typename Char> bool readTime(Text<Char> text, qint64 &microseconds, bo
     return true;
 }
 
-/// Reads the rows of one file.
-class FrameRows
+class GvretGrammar
 {
 public:
-    FrameRows(LineSource &lines, TraceSink &sink) : lines(lines), feed(lines, sink), channels(lines)
-    {
-    }
+    explicit GvretGrammar(LineSource &lines) : channels(lines) { }
 
-    template <typename Char> Outcome readLine(Text<Char> line)
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
-        if (!feed.turnEventLoopWhenDue())
-            return Outcome::givenUp();
         const Parts<Char> cells = splitKeepingEmpty<','>(line);
         if (!knowsColumns)
             readTitles(cells, positionsOf(cells));
-        CAN::CanRxMessage message;
-        bool isCut = false;
-        const ImportReport::Reason reason = readFields(cells, message, isCut);
-        if (reason != isFrame) {
-            lines.leaveOut(reason);
-            readTitles(cells, positions);
-            return Outcome::done();
-        }
+        if (!readFrame(cells, frame))
+            return readTitles(cells, positions) ? frame.fail(ImportReport::Header) : false;
         if (const auto bus = positions.cell(cells, Bus); !bus.empty())
-            message.line = channels.lineOf(bus);
-        tellChanges(cells, message, isCut);
-        return feed.addMessageToMessageList(message);
+            frame.message.line = channels.lineOf(bus);
+        return true;
     }
 
 private:
-    // A row of titles may come again, where files are joined.
-    template <typename Char> void readTitles(const Parts<Char> &cells, const Positions &otherwise)
+    // A row of titles may come again, where files are joined. False for any other row.
+    template <typename Char> bool readTitles(const Parts<Char> &cells, const Positions &otherwise)
     {
         const Positions named(cells, names);
         const bool isTitleRow = named.has(Time) && named.has(Id) && named.has(Length);
         positions = isTitleRow ? named : otherwise;
-        if (isTitleRow)
-            lines.leaveOut(ImportReport::Header);
         knowsColumns = knowsColumns || isTitleRow || cells.size() > Length;
+        return isTitleRow;
     }
 
-    // Returns why the row is no frame, or isFrame.
-    template <typename Char>
-    ImportReport::Reason readFields(const Parts<Char> &cells, CAN::CanRxMessage &message,
-                                    bool &isCut) const
+    template <typename Char> bool readFrame(const Parts<Char> &cells, WrittenFrame &frame) const
     {
+        CAN::CanRxMessage &message = frame.message;
         qint64 microseconds = 0;
+        quint32 id = 0;
         quint32 length = 0;
         if (cells.size() == 1)
-            return ImportReport::WrongShape;
+            return false;
         if (positions.cell(cells, Length).empty())
-            return ImportReport::TooFewFields;
-        if (!readTime(positions.cell(cells, Time), microseconds, isCut)
-            || !WrittenFields::readHex(positions.cell(cells, Id), message.id)
-            || message.id > WrittenFields::maxExtendedId
-            || !WrittenFields::readNumber(positions.cell(cells, Length), 10, length)
-            || length > CAN::maxDataBytes)
-            return ImportReport::UnparsableNumber;
-        constexpr quint32 classicBytes = 8;
-        WrittenFields::setTime(message, microseconds);
-        message.extended = CsvColumns::isTrue(positions.cell(cells, Extended))
-            || message.id > WrittenFields::maxStandardId;
+            return frame.fail(ImportReport::TooFewFields);
+        if (!readTime(positions.cell(cells, Time), microseconds,
+                      frame.isChanged[ImportReport::ChangedTime])
+            || !WrittenFields::readHex(positions.cell(cells, Id), id)
+            || !WrittenFields::readNumber(positions.cell(cells, Length), 10, length))
+            return frame.fail(ImportReport::UnparsableNumber);
         message.transmitted =
             CsvColumns::equalsIgnoringCase(positions.cell(cells, Direction), "tx");
-        message.length = qint8(length);
-        message.fdFrame = length > classicBytes;
-        return readPayload(cells, message);
-    }
-
-    template <typename Char>
-    ImportReport::Reason readPayload(const Parts<Char> &cells, CAN::CanRxMessage &message) const
-    {
-        for (int i = 0; i < message.length; ++i) {
-            const Text<Char> cell = trimmed(partAt(cells, dataCell() + i));
-            if (cell.empty())
-                return ImportReport::TooFewFields;
-            if (!WrittenFields::readByte(cell, 16, message.data[i]))
-                return ImportReport::UnparsableNumber;
-        }
-        return isFrame;
-    }
-
-    // The cell of the first byte.
-    int dataCell() const
-    {
-        return positions.has(Data) ? positions.at(Data) : positions.at(Length) + 1;
+        message.fdFrame = length > WrittenFields::maxClassicBytes;
+        return frame.setTime(microseconds)
+            && frame.setId(id, CsvColumns::isTrue(positions.cell(cells, Extended)))
+            && frame.setLength(length, ImportReport::UnparsableNumber) && readPayload(cells, frame);
     }
 
     // Devices fill the columns behind a short payload with zeros; anything else is a loss.
-    template <typename Char>
-    void tellChanges(const Parts<Char> &cells, const CAN::CanRxMessage &message, bool isTimeCut)
+    template <typename Char> bool readPayload(const Parts<Char> &cells, WrittenFrame &frame) const
     {
-        if (isTimeCut)
-            lines.change(ImportReport::ChangedTime);
-        for (int i = dataCell() + message.length; i < cells.size(); ++i) {
-            const Text<Char> cell = trimmed(cells[i]);
-            if (!cell.empty() && !equals(cell, "00") && !equals(cell, "0")) {
-                lines.change(ImportReport::ChangedPayload);
-                return;
-            }
+        const int first = positions.has(Data) ? positions.at(Data) : positions.at(Length) + 1;
+        const int end = first + frame.message.length;
+        for (int i = first; i < end; ++i) {
+            const Text<Char> cell = trimmed(partAt(cells, i));
+            if (cell.empty())
+                return frame.fail(ImportReport::TooFewFields);
+            if (!WrittenFields::readByte(cell, 16, frame.message.data[i - first]))
+                return frame.fail(ImportReport::UnparsableNumber);
         }
+        bool &isCut = frame.isChanged[ImportReport::ChangedPayload];
+        for (int i = end; i < cells.size() && !isCut; ++i) {
+            const Text<Char> cell = trimmed(cells[i]);
+            isCut = !cell.empty() && !equals(cell, "00") && !equals(cell, "0");
+        }
+        return true;
     }
 
-    static constexpr auto isFrame = ImportReport::Reason(ImportReport::reasonCount);
-
-    LineSource &lines;
-    MessageFeed feed;
     WrittenFields::Channels channels;
     Positions positions;
     bool knowsColumns = false;
@@ -167,6 +129,6 @@ private:
 
 Outcome readGvretCsv(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    FrameRows rows(lines, sink);
-    return readNumberedLines(lines, [&rows](auto line) { return rows.readLine(line); });
+    GvretGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
 }

@@ -39,7 +39,8 @@ quint64 ImportReport::linesLost() const
 
 bool ImportReport::hasLoss() const
 {
-    return linesLost() + std::accumulate(changed.begin(), changed.end(), quint64(0), addCount) > 0;
+    const quint64 changes = std::accumulate(changed.begin(), changed.end(), quint64(0), addCount);
+    return linesLost() + changes + unlikely.count > 0;
 }
 
 QString ImportReport::reasonText(Reason reason)

@@ -8,11 +8,11 @@
 
 #include <array>
 
-/// How far an import has come.
+/// How far an import, or the work on an archive, has come.
 struct ImportProgress
 {
-    qint64 bytesRead = 0;
-    qint64 bytes = 0; ///< of the file; 0 when nothing is imported
+    qint64 bytesRead = 0; ///< also those packed
+    qint64 bytes = 0;     ///< of the file, or of all chunks; 0 when nothing is imported
     quint64 messages = 0;
 };
 
@@ -64,6 +64,10 @@ struct DATACHUNK_EXPORT ImportReport
     quint64 notes = 0;
     std::array<Lines, reasonCount> leftOut;
     std::array<Lines, changeCount> changed;
+    /// Lines that became frames although they do not look like one: a field that has to be a number
+    /// is none and was taken for 0, or the reader knows the frame only in part. They count as
+    /// frames. Tolerant readers leave such lines out.
+    Lines unlikely;
     QDateTime start;  ///< when the trace was begun; not valid where the file does not tell
     QString timeBase; ///< what times are counted from, as the file says it; mostly empty
     QVector<Channel> channels;
@@ -73,7 +77,7 @@ struct DATACHUNK_EXPORT ImportReport
     /// statistics are not.
     quint64 linesLost() const;
     static bool isLoss(Reason reason) { return reason >= TooFewFields; }
-    /// Whether any line was lost or anything of a frame was changed.
+    /// Whether any line was lost, anything of a frame was changed or a frame is unlikely.
     bool hasLoss() const;
 
     /// "no frame: wrong shape" and so on, for the user.

@@ -52,14 +52,16 @@ template <typename Char> void getColumnsFromLine(Text<Char> line, Columns &colum
              << "Line:" << __LINE__ << columns.valid;
 }
 
-// A text that begins with a zero loses all its zeros: 050 is 5, and 1050 stays 1050.
+// A text that begins with a zero loses all its zeros: 050 is 5, and 1050 stays 1050. Of 000 nothing
+// is left, and the parts behind the seconds may be missing.
 template <typename Number, typename Char> Number toNumberWithoutZeroes(Text<Char> text)
 {
-    if (text.empty() || text.front() != '0')
-        return toNumber<Number>(text, 0);
     Scratch<Char> scratch;
-    std::remove_copy(text.begin(), text.end(), std::back_inserter(scratch), Char('0'));
-    return toNumber<Number>(textOf(scratch), 0);
+    if (!text.empty() && text.front() == '0') {
+        std::remove_copy(text.begin(), text.end(), std::back_inserter(scratch), Char('0'));
+        text = textOf(scratch);
+    }
+    return text.empty() ? 0 : toNumber<Number>(text, 0);
 }
 
 // Does the same for a few characters that are known to be digits.

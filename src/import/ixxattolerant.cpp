@@ -1,9 +1,8 @@
-#include "canframe.h"
 #include "ixxatcolumns.h"
 #include "ixxatreader.h"
-#include "lineparts.h"
-#include "messagefeed.h"
-#include "writtenfields.h"
+#include "writtenframe.h"
+
+#include <optional>
 
 using namespace LineFields;
 using namespace WrittenFields;
@@ -13,19 +12,6 @@ namespace {
 
 using Reason = ImportReport::Reason;
 
-constexpr quint8 maxClassicBytes = 8;
-
-struct Trace
-{
-    Trace(LineSource &lines, TraceSink &sink) : lines(lines), channels(lines), feed(lines, sink) { }
-
-    LineSource &lines;
-    Channels channels;
-    MessageFeed feed;
-    Columns columns;
-    QString date; // as the lines above the header tell it
-};
-
 // What the words in the columns of marks say.
 struct Marks
 {
@@ -33,21 +19,6 @@ struct Marks
     bool standard = false;
     bool error = false;
 };
-
-// A header names a time, an identifier and a data column.
-template <typename Char> bool readHeader(Text<Char> line, Trace &trace)
-{
-    for (const char separator : {',', ';', '\t'}) {
-        const Parts<Char> names = splitRow(line, separator);
-        const Columns columns = columnsOf(names, separator);
-        if (!columns.areComplete())
-            continue;
-        trace.columns = columns;
-        trace.lines.report().timeBase = toQString(unquoted(names[columns.time]));
-        return true;
-    }
-    return false;
-}
 
 QDate toDate(const QString &text, bool isAmerican)
 {
@@ -61,80 +32,42 @@ QDate toDate(const QString &text, bool isAmerican)
     return {};
 }
 
-// "Date: 5/9/2024", where the clock in the line below tells the order of day and month, and
-// "Start time: 2:37:37 PM".
-void readStart(const QString &name, const QString &value, Trace &trace)
-{
-    if (name.compare(QLatin1String("date"), Qt::CaseInsensitive) == 0)
-        trace.date = value;
-    if (name.compare(QLatin1String("start time"), Qt::CaseInsensitive) != 0)
-        return;
-    const bool isAmerican = value.endsWith('M', Qt::CaseInsensitive);
-    const QTime time = isAmerican ? QTime::fromString(value.toUpper(), QStringLiteral("h:m:s AP"))
-                                  : QTime::fromString(value, QStringLiteral("h:m:s"));
-    trace.lines.report().start = {toDate(trace.date, isAmerican), time, Qt::UTC};
-}
-
-// "ASCII Trace …" or "Name: value"
-template <typename Char> LeftOut readPreamble(Text<Char> line, Trace &trace)
-{
-    line = trimmed(line);
-    const std::size_t colon = line.find(Char(':'));
-    const bool isNamed = colon != line.npos && digitValue(line[0]) > 9 && line[0] != '"';
-    if (isNamed)
-        readStart(toQString(line.substr(0, colon)), toQString(trimmed(line.substr(colon + 1))),
-                  trace);
-    return isNamed || beginsWithWord(line, "ascii trace") ? Reason::Header : Reason::WrongShape;
-}
-
 // ".fff" or ".mmm.uuu.n", with points or commas.
 template <typename Char> bool readFraction(Text<Char> text, Fraction &fraction)
 {
-    constexpr int digitsOfGroup = 3;
-    int digits = digitsOfGroup;
-    for (const Char c : text) {
-        const unsigned digit = digitValue(c);
-        if (digit <= 9) {
-            fraction.add(digit);
-            ++digits;
-        } else if ((c == '.' || c == ',') && digits == digitsOfGroup) {
-            digits = 0;
-        } else {
+    constexpr std::size_t digitsOfGroup = 3;
+    std::size_t digits = digitsOfGroup;
+    while (!text.empty()) {
+        if (digits != digitsOfGroup || (text.front() != '.' && text.front() != ','))
             return false;
-        }
+        text.remove_prefix(1);
+        for (digits = 0; digits < text.size() && digitValue(text[digits]) <= 9; ++digits)
+            fraction.add(digitValue(text[digits]));
+        text.remove_prefix(digits);
     }
     return true;
 }
 
 // "hh:mm:ss.fff" or seconds alone.
-template <typename Char> bool readTime(Text<Char> text, qint64 &microseconds, bool &isCut)
+template <typename Char> bool readTime(Text<Char> text, WrittenFrame &frame)
 {
     constexpr qint64 million = 1000000;
-    constexpr int mostDigits = 10;
-    constexpr int mostColons = 2;
+    constexpr std::size_t mostDigits = 10;
     qint64 seconds = 0;
-    qint64 part = 0;
-    int digits = 0;
-    int colons = 0;
-    for (; !text.empty(); text.remove_prefix(1)) {
-        const unsigned digit = digitValue(text[0]);
-        if (digit <= 9 && digits++ < mostDigits) {
-            part = part * 10 + digit;
-        } else if (text[0] == ':' && digits > 0 && colons++ < mostColons) {
-            seconds = (seconds + part) * 60;
-            part = digits = 0;
-        } else {
-            break;
-        }
+    quint64 part = 0;
+    bool isNumber = takeDigits(text, mostDigits, part) > 0;
+    for (int colons = 0; isNumber && colons < 2 && !text.empty() && text[0] == ':'; ++colons) {
+        text.remove_prefix(1);
+        seconds = (seconds + qint64(part)) * 60;
+        part = 0;
+        isNumber = takeDigits(text, mostDigits, part) > 0;
     }
-    seconds += part;
+    seconds += qint64(part);
     Fraction fraction;
-    const bool isTooLong = digits > mostDigits;
-    if (digits == 0 || isTooLong || seconds > maxSeconds || !readFraction(text, fraction))
-        return false;
-    microseconds = seconds * million + fraction.microseconds();
-    isCut = isCut || fraction.wasCut();
-    return true;
+    if (!isNumber || seconds > maxSeconds || !readFraction(text, fraction))
+        return frame.fail(Reason::UnparsableNumber);
+    frame.isChanged[ImportReport::ChangedTime] = fraction.wasCut();
+    return frame.setTime(seconds * million + fraction.microseconds());
 }
 
 template <typename Char> void readMark(Text<Char> word, Marks &marks, CAN::CanRxMessage &message)
@@ -162,15 +95,17 @@ Marks readMarks(const Parts<Char> &fields, const Columns &columns, CAN::CanRxMes
 {
     Marks marks;
     for (const int column : columns.marks) {
+        const Text<Char> text = unquoted(partAt(fields, column));
         const auto readWord = [&](Text<Char> word) { readMark(word, marks, message); };
-        forEachPart<' '>(unquoted(partAt(fields, column)), readWord);
+        if (!text.empty())
+            forEachPart<' '>(text, readWord);
     }
     return marks;
 }
 
 // More than three hexadecimal digits are an extended identifier, unless a mark says otherwise.
 template <typename Char>
-bool readId(Text<Char> text, unsigned base, const Marks &marks, CAN::CanRxMessage &message)
+bool readId(Text<Char> text, unsigned base, const Marks &marks, WrittenFrame &frame)
 {
     constexpr std::size_t standardDigits = 3;
     if (beginsWithWord(text, "0x"))
@@ -178,36 +113,38 @@ bool readId(Text<Char> text, unsigned base, const Marks &marks, CAN::CanRxMessag
     if (!text.empty() && (text.back() | 0x20) == 'h')
         text.remove_suffix(1);
     quint32 id = 0;
-    if (!readNumber(text, base, id) || id > maxExtendedId)
-        return false;
+    if (!readNumber(text, base, id))
+        return frame.fail(Reason::UnparsableNumber);
     const bool isWide = base == 16 && text.size() > standardDigits && !marks.standard;
-    message.id = id;
-    message.extended = marks.extended || isWide || id > maxStandardId;
+    return frame.setId(id, marks.extended || isWide);
+}
+
+// "1122…"
+template <typename Char> bool readJoinedBytes(Text<Char> text, WrittenFrame &frame)
+{
+    qint8 &length = frame.message.length;
+    for (; !text.empty(); text.remove_prefix(2)) {
+        if (length == CAN::maxDataBytes)
+            return frame.fail(Reason::WrongShape);
+        if (!readHexPair(text.substr(0, 2), frame.message.data[length++]))
+            return frame.fail(Reason::UnparsableNumber);
+    }
     return true;
 }
 
 // "11 22 …" or "1122…"
-template <typename Char>
-LeftOut readBytes(Text<Char> text, unsigned base, CAN::CanRxMessage &message)
+template <typename Char> bool readBytes(Text<Char> text, unsigned base, WrittenFrame &frame)
 {
     constexpr std::size_t digitsOfByte = 2;
     const bool isJoined = base == 16 && text.size() > digitsOfByte && text[digitsOfByte] != ' '
         && text.size() % digitsOfByte == 0 && text.find(' ') == text.npos;
-    int count = 0;
-    while (!text.empty()) {
-        std::size_t end = isJoined ? digitsOfByte : 0;
-        while (end < text.size() && !isJoined && !isBlank(text[end]))
-            ++end;
-        if (count == CAN::maxDataBytes)
-            return Reason::WrongShape;
-        if (!readByte(text.substr(0, end), base, message.data[count++]))
-            return Reason::UnparsableNumber;
-        text.remove_prefix(end);
-        while (!text.empty() && isBlank(text[0]))
-            text.remove_prefix(1);
-    }
-    message.length = qint8(count);
-    return {};
+    if (isJoined)
+        return readJoinedBytes(text, frame);
+    const Parts<Char> words = splitAtBlanks(text);
+    const int count = std::min(int(words.size()), CAN::maxDataBytes);
+    frame.message.length = qint8(count);
+    return frame.readBytes(words, 0, count, base)
+        && (count == words.size() || frame.fail(Reason::WrongShape));
 }
 
 // The number of bytes, or their code, or nothing where the trace does not tell.
@@ -218,25 +155,24 @@ template <typename Char> std::optional<quint32> writtenLength(Text<Char> text)
 }
 
 template <typename Char>
-LeftOut readPayload(Text<Char> field, Text<Char> length, Trace &trace, CAN::CanRxMessage &message)
+bool readPayload(Text<Char> field, Text<Char> length, unsigned base, WrittenFrame &frame)
 {
-    const LeftOut leftOut = readBytes(field, trace.columns.dataBase, message);
-    if (leftOut)
-        return leftOut;
-    message.fdFrame = message.fdFrame || message.length > maxClassicBytes;
-    const quint32 bytes = quint32(message.length);
+    if (!readBytes(field, base, frame))
+        return false;
+    const quint32 bytes = quint32(frame.message.length);
+    frame.message.fdFrame = frame.message.fdFrame || bytes > maxClassicBytes;
     const quint32 written = writtenLength(length).value_or(bytes);
     const bool isCode = written < lengthOfCode.size() && lengthOfCode[written] == bytes;
     // Classic frames carry eight bytes for every code above.
     const bool isClassicCode = written > maxClassicBytes && written < lengthOfCode.size();
-    if (written != bytes && !isCode && !(isClassicCode && bytes == maxClassicBytes))
-        trace.lines.change(ImportReport::ChangedLength);
-    return {};
+    frame.isChanged[ImportReport::ChangedLength] =
+        written != bytes && !isCode && !(isClassicCode && bytes == maxClassicBytes);
+    return true;
 }
 
 // The length stands in its column, or is the number in the text that stands for the data.
 template <typename Char>
-void readRemoteLength(Text<Char> field, Text<Char> length, Trace &trace, CAN::CanRxMessage &message)
+void readRemoteLength(Text<Char> field, Text<Char> length, WrittenFrame &frame)
 {
     while (!field.empty() && digitValue(field.front()) > 9)
         field.remove_prefix(1);
@@ -244,10 +180,7 @@ void readRemoteLength(Text<Char> field, Text<Char> length, Trace &trace, CAN::Ca
     while (digits < field.size() && digitValue(field[digits]) <= 9)
         ++digits;
     const std::optional<quint32> inData = writtenLength(field.substr(0, digits));
-    const quint32 written = writtenLength(length).value_or(inData.value_or(0));
-    if (written > maxClassicBytes)
-        trace.lines.change(ImportReport::ChangedLength);
-    message.length = qint8(std::min(written, quint32(maxClassicBytes)));
+    frame.setClassicLength(writtenLength(length).value_or(inData.value_or(0)));
 }
 
 template <typename Char> bool saysRemote(Text<Char> data)
@@ -256,77 +189,105 @@ template <typename Char> bool saysRemote(Text<Char> data)
         && (hasWord(data, "remote") || hasWord(data, "rtr"));
 }
 
-template <typename Char>
-LeftOut readFrame(const Parts<Char> &fields, Trace &trace, CAN::CanRxMessage &message)
+class IxxatGrammar
 {
-    const Columns &columns = trace.columns;
-    const Text<Char> id = unquoted(partAt(fields, columns.id));
-    const Text<Char> data = unquoted(partAt(fields, columns.data));
-    const Text<Char> length = unquoted(partAt(fields, columns.length));
-    const Marks marks = readMarks(fields, columns, message);
-    const bool isNumber = readId(id, columns.idBase, marks, message);
-    if (marks.error || (!isNumber && hasWord(id, "error"))) {
-        setErrorFrame(message);
-        return {};
+public:
+    explicit IxxatGrammar(LineSource &lines) : report(lines.report()), channels(lines) { }
+
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
+    {
+        if (columns.areComplete() && readRow(splitRow(line, columns.separator), frame))
+            return true;
+        if (trimmed(line).empty())
+            return frame.fail(Reason::Empty);
+        return readHeader(line) || readPreamble(line) ? frame.fail(Reason::Header) : false;
     }
-    if (!isNumber)
-        return Reason::UnparsableNumber;
-    message.remote = message.remote || saysRemote(data);
-    if (!message.remote)
-        return readPayload(data, length, trace, message);
-    readRemoteLength(data, length, trace, message);
-    return {};
-}
 
-template <typename Char>
-LeftOut readRow(const Parts<Char> &fields, Trace &trace, CAN::CanRxMessage &message)
-{
-    if (fields.size() <= trace.columns.last())
-        return Reason::TooFewFields;
-    qint64 microseconds = 0;
-    bool isCut = false;
-    if (!readTime(unquoted(fields[trace.columns.time]), microseconds, isCut))
-        return Reason::UnparsableNumber;
-    const LeftOut leftOut = readFrame(fields, trace, message);
-    if (leftOut)
-        return leftOut;
-    setTime(message, microseconds);
-    if (isCut)
-        trace.lines.change(ImportReport::ChangedTime);
-    const Text<Char> bus = unquoted(partAt(fields, trace.columns.bus));
-    if (!bus.empty())
-        message.line = trace.channels.lineOf(bus);
-    return {};
-}
+private:
+    template <typename Char> bool readRow(const Parts<Char> &fields, WrittenFrame &frame)
+    {
+        if (fields.size() <= columns.last())
+            return frame.fail(Reason::TooFewFields);
+        if (!readTime(unquoted(fields[columns.time]), frame) || !readFrame(fields, frame))
+            return false;
+        const Text<Char> bus = unquoted(partAt(fields, columns.bus));
+        if (!bus.empty())
+            frame.message.line = channels.lineOf(bus);
+        return true;
+    }
 
-template <typename Char> LeftOut readLine(Text<Char> line, Trace &trace, CAN::CanRxMessage &message)
-{
-    LeftOut leftOut = Reason::WrongShape;
-    if (trace.columns.areComplete())
-        leftOut = readRow(splitRow(line, trace.columns.separator), trace, message);
-    if (!leftOut)
-        return {};
-    if (trimmed(line).empty())
-        return Reason::Empty;
-    if (readHeader(line, trace) || readPreamble(line, trace) == Reason::Header)
-        return Reason::Header;
-    return leftOut;
-}
+    template <typename Char> bool readFrame(const Parts<Char> &fields, WrittenFrame &frame) const
+    {
+        CAN::CanRxMessage &message = frame.message;
+        const Text<Char> id = unquoted(partAt(fields, columns.id));
+        const Text<Char> data = unquoted(partAt(fields, columns.data));
+        const Text<Char> length = unquoted(partAt(fields, columns.length));
+        const Marks marks = readMarks(fields, columns, message);
+        const bool isNumber = readId(id, columns.idBase, marks, frame);
+        if (marks.error || (!isNumber && hasWord(id, "error"))) {
+            frame.setErrorFrame();
+            return true;
+        }
+        if (!isNumber)
+            return false;
+        message.remote = message.remote || saysRemote(data);
+        if (!message.remote)
+            return readPayload(data, length, columns.dataBase, frame);
+        readRemoteLength(data, length, frame);
+        return true;
+    }
+
+    // A header names a time, an identifier and a data column.
+    template <typename Char> bool readHeader(Text<Char> line)
+    {
+        for (const char separator : {',', ';', '\t'}) {
+            const Parts<Char> names = splitRow(line, separator);
+            const Columns named = columnsOf(names, separator);
+            if (!named.areComplete())
+                continue;
+            columns = named;
+            report.timeBase = toQString(unquoted(names[columns.time]));
+            return true;
+        }
+        return false;
+    }
+
+    // "ASCII Trace …" or "Name: value"
+    template <typename Char> bool readPreamble(Text<Char> line)
+    {
+        line = trimmed(line);
+        const std::size_t colon = line.find(Char(':'));
+        const bool isNamed = colon != line.npos && digitValue(line[0]) > 9 && line[0] != '"';
+        if (isNamed)
+            readStart(toQString(line.substr(0, colon)), toQString(trimmed(line.substr(colon + 1))));
+        return isNamed || beginsWithWord(line, "ascii trace");
+    }
+
+    // "Date: 5/9/2024", where the clock in the line below tells the order of day and month, and
+    // "Start time: 2:37:37 PM".
+    void readStart(const QString &name, const QString &value)
+    {
+        if (name.compare(QLatin1String("date"), Qt::CaseInsensitive) == 0)
+            date = value;
+        if (name.compare(QLatin1String("start time"), Qt::CaseInsensitive) != 0)
+            return;
+        const bool isAmerican = value.endsWith('M', Qt::CaseInsensitive);
+        const QTime time = isAmerican
+            ? QTime::fromString(value.toUpper(), QStringLiteral("h:m:s AP"))
+            : QTime::fromString(value, QStringLiteral("h:m:s"));
+        report.start = {toDate(date, isAmerican), time, Qt::UTC};
+    }
+
+    ImportReport &report;
+    Channels channels;
+    Columns columns;
+    QString date; // as the lines above the header tell it
+};
 
 } // namespace
 
 Outcome readIxxatTraceTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    const CAN::CanRxMessage blank;
-    Trace trace(lines, sink);
-    return readNumberedLines(lines, [&](auto line) {
-        if (!trace.feed.turnEventLoopWhenDue())
-            return Outcome::givenUp();
-        CAN::CanRxMessage message = blank;
-        if (const LeftOut leftOut = readLine(line, trace, message)) {
-            lines.leaveOut(*leftOut);
-            return Outcome::done();
-        }
-        return trace.feed.addMessageToMessageList(message);
-    });
+    IxxatGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
 }

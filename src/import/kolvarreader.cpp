@@ -28,7 +28,7 @@ LineKind readLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
     if (!KolvarLine::hasFrameShape(tokens))
         return LineKind::Other;
     const Text<Char> flagNumber = partAt(splitKeepingEmpty<';'>(line), 1);
-    if (!KolvarLine::readFrame(tokens, toNumber<quint32>(flagNumber), message))
+    if (!KolvarLine::readFrame(tokens, toNumberIfAny<quint32>(flagNumber), message))
         return LineKind::EndOfTrace;
     note = noteOf(line);
     return LineKind::Frame;

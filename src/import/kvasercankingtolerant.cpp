@@ -23,16 +23,24 @@ struct Columns
     int bytes = 0; // how many follow the length
     int time = 0;
     bool hasDirection = false;
+    bool isTransmitted = false;
+
+    // The direction and the time are told from the end.
+    template <typename Char> void findTime(const Parts<Char> &parts)
+    {
+        hasDirection = readDirection(parts.last(), isTransmitted);
+        time = parts.size() - (hasDirection ? 2 : 1);
+    }
 };
 
 template <typename Char> bool findColumns(const Parts<Char> &parts, Columns &columns)
 {
-    CAN::CanRxMessage ignored;
+    if (parts.isEmpty())
+        return false;
     columns.length = flagsStart;
     while (columns.length < parts.size() && !isDigit(parts[columns.length]))
         ++columns.length;
-    columns.hasDirection = !parts.isEmpty() && readDirection(parts.last(), ignored);
-    columns.time = parts.size() - (columns.hasDirection ? 2 : 1);
+    columns.findTime(parts);
     columns.bytes = columns.time - columns.length - 1;
     const bool isTime = columns.hasDirection
         || (columns.bytes >= 0 && parts[columns.time].find(Char('.')) != Text<Char>::npos);
@@ -108,19 +116,12 @@ private:
             return frame.fail(ImportReport::UnparsableNumber);
         if (!readId(parts[1], base, frame) || !readTimeAndDirection(parts, columns, frame))
             return false;
-        if (message.remote)
-            return readRemote(length, columns.bytes, frame);
-        return setLength(length, columns.bytes, frame)
-            && readBytes(parts, columns.length + 1, columns.bytes, base, frame);
-    }
-
-    // A remote frame carries nothing, so that bytes in its columns are left from another one.
-    static bool readRemote(quint32 length, int bytes, WrittenFrame &frame)
-    {
-        constexpr quint32 maxLength = 8;
-        frame.message.length = qint8(std::min(length, maxLength));
-        frame.isChanged[ImportReport::ChangedLength] = length > maxLength;
-        frame.isChanged[ImportReport::ChangedPayload] = bytes > 0;
+        if (!message.remote)
+            return setLength(length, columns.bytes, frame)
+                && frame.readBytes(parts, columns.length + 1, columns.bytes, base);
+        frame.setClassicLength(length);
+        // A remote frame carries nothing, so that bytes in its columns are left from another one.
+        frame.isChanged[ImportReport::ChangedPayload] = columns.bytes > 0;
         return true;
     }
 
@@ -129,11 +130,10 @@ private:
     static bool readErrorFrame(const Parts<Char> &parts, WrittenFrame &frame)
     {
         Columns columns;
-        columns.hasDirection = readDirection(parts.last(), frame.message);
-        columns.time = parts.size() - (columns.hasDirection ? 2 : 1);
+        columns.findTime(parts);
         if (columns.time < flagsStart || !isDigit(parts[0]))
             return frame.fail(ImportReport::TooFewFields);
-        WrittenFields::setErrorFrame(frame.message);
+        frame.setErrorFrame();
         return readTimeAndDirection(parts, columns, frame);
     }
 
@@ -141,8 +141,7 @@ private:
     static bool readTimeAndDirection(const Parts<Char> &parts, const Columns &columns,
                                      WrittenFrame &frame)
     {
-        if (columns.hasDirection)
-            readDirection(parts.last(), frame.message);
+        frame.message.transmitted = columns.isTransmitted;
         return readTime(parts[columns.time], frame);
     }
 

@@ -87,13 +87,13 @@ template <typename See> void lookAhead(LineSource &lines, See see)
 }
 
 /// "Tx", "TxRq", "T" and their counterparts.
-template <typename Char> bool readDirection(Text<Char> word, CAN::CanRxMessage &message)
+template <typename Char> bool readDirection(Text<Char> word, bool &isTransmitted)
 {
     using LineFields::equals;
-    const bool isTransmitted = equals(word, "Tx") || equals(word, "TxRq") || equals(word, "T");
-    if (!isTransmitted && !equals(word, "Rx") && !equals(word, "R"))
+    const bool isTx = equals(word, "Tx") || equals(word, "TxRq") || equals(word, "T");
+    if (!isTx && !equals(word, "Rx") && !equals(word, "R"))
         return false;
-    message.transmitted = isTransmitted;
+    isTransmitted = isTx;
     return true;
 }
 
@@ -124,11 +124,9 @@ bool readFlags(Text<Char> word, std::string_view errorStates, CAN::CanRxMessage 
 template <typename Char> bool readId(Text<Char> text, unsigned base, WrittenFrame &frame)
 {
     quint32 id = 0;
-    if (!WrittenFields::readNumber(text, base, id) || id > WrittenFields::maxExtendedId)
+    if (!WrittenFields::readNumber(text, base, id))
         return frame.fail(ImportReport::UnparsableNumber);
-    frame.message.id = id;
-    frame.message.extended = frame.message.extended || id > WrittenFields::maxStandardId;
-    return true;
+    return frame.setId(id, frame.message.extended);
 }
 
 /// Seconds, which are negative in front of a trigger that times are counted from.
@@ -138,10 +136,9 @@ template <typename Char> bool readTime(Text<Char> text, WrittenFrame &frame)
     if (isNegative)
         text.remove_prefix(1);
     qint64 microseconds = 0;
-    return (WrittenFields::readSeconds(text, microseconds,
-                                       frame.isChanged[ImportReport::ChangedTime])
-            && WrittenFields::trySetTime(frame.message, isNegative ? -microseconds : microseconds))
-        || frame.fail(ImportReport::UnparsableNumber);
+    if (!WrittenFields::readSeconds(text, microseconds, frame.isChanged[ImportReport::ChangedTime]))
+        return frame.fail(ImportReport::UnparsableNumber);
+    return frame.setTime(isNegative ? -microseconds : microseconds);
 }
 
 /// The length that a frame with \a written in its length column and \a bytes of payload has; CAN FD
@@ -149,26 +146,14 @@ template <typename Char> bool readTime(Text<Char> text, WrittenFrame &frame)
 inline bool setLength(quint32 written, int bytes, WrittenFrame &frame)
 {
     constexpr quint32 maxCode = 15;
-    constexpr int maxClassicLength = 8;
     int length = int(std::min(written, quint32(CAN::maxDataBytes + 1)));
     if (bytes != length && written <= maxCode)
         length = frame.message.fdFrame ? WrittenFields::lengthOfCode[written]
-                                       : std::min(length, maxClassicLength);
+                                       : int(std::min(written, WrittenFields::maxClassicBytes));
     frame.message.length = qint8(length);
     frame.isChanged[ImportReport::ChangedLength] =
         !frame.message.fdFrame && written > quint32(length);
     return bytes == length && length <= CAN::maxDataBytes;
-}
-
-template <typename Char>
-bool readBytes(const LineFields::Parts<Char> &parts, int first, int count, unsigned base,
-               WrittenFrame &frame)
-{
-    for (int i = 0; i < std::min(count, CAN::maxDataBytes); ++i) {
-        if (!WrittenFields::readByte(parts[first + i], base, frame.message.data[i]))
-            return frame.fail(ImportReport::UnparsableNumber);
-    }
-    return true;
 }
 
 } // namespace KvaserFields

@@ -12,7 +12,6 @@ using WrittenFields::readNumber;
 namespace {
 
 constexpr int idColumn = 2; // behind time and channel
-constexpr int maxClassicLength = 8;
 
 // "Format of id field:   HEX", which leaves the base as it is when it says neither.
 template <typename Char> bool readBase(Text<Char> line, std::string_view title, unsigned &base)
@@ -130,8 +129,8 @@ private:
     template <typename Char>
     static bool readErrorFrame(const Columns<Char> &columns, WrittenFrame &frame)
     {
-        readDirection(columns.parts[idColumn + 1], frame.message);
-        WrittenFields::setErrorFrame(frame.message);
+        readDirection(columns.parts[idColumn + 1], frame.message.transmitted);
+        frame.setErrorFrame();
         return true;
     }
 
@@ -143,7 +142,7 @@ private:
         for (int i = idColumn + 1; i < columns.length; ++i) {
             // A lonely "R" is the flag of a remote frame.
             const bool isDirection =
-                columns.parts[i].size() > 1 && readDirection(columns.parts[i], message);
+                columns.parts[i].size() > 1 && readDirection(columns.parts[i], message.transmitted);
             if (!isDirection && !readFlags(columns.parts[i], "P", message))
                 return false;
         }
@@ -154,13 +153,9 @@ private:
             return frame.fail(ImportReport::UnparsableNumber);
         if (!readId(columns.id, idBase, frame))
             return false;
-        return message.remote ? readRemote(length, frame) : readPayload(columns, length, frame);
-    }
-
-    static bool readRemote(quint32 length, WrittenFrame &frame)
-    {
-        frame.message.length = qint8(std::min(length, quint32(maxClassicLength)));
-        frame.isChanged[ImportReport::ChangedLength] = length > quint32(maxClassicLength);
+        if (!message.remote)
+            return readPayload(columns, length, frame);
+        frame.setClassicLength(length);
         return true;
     }
 
@@ -172,15 +167,15 @@ private:
         int bytes = behind - 1;
         if (!setLength(length, bytes, frame) && !setLength(length, behind, frame)) {
             // The program can be told to write no more than some bytes of each frame.
-            const bool isCut =
-                frame.message.fdFrame && bytes >= maxClassicLength && bytes < frame.message.length;
+            const bool isCut = frame.message.fdFrame && bytes >= int(WrittenFields::maxClassicBytes)
+                && bytes < frame.message.length;
             if (!isCut)
                 return false;
             frame.isChanged[ImportReport::ChangedPayload] = true;
         } else {
             bytes = frame.message.length;
         }
-        return readBytes(columns.parts, columns.length + 1, bytes, dataBase, frame);
+        return frame.readBytes(columns.parts, columns.length + 1, bytes, dataBase);
     }
 
     LineSource &lines;

@@ -78,13 +78,17 @@ int readLengthAtOrBehind(const Parts<Char> &parts, int index, int nextBase,
 }
 
 /// Reads up to \a count parts, from \a first on, as payload bytes in \a base, as far as there are
-/// parts and room for them. A number above 255 gives its low 8 bits.
+/// parts and room for them. A number above 255 gives its low 8 bits. Words behind the payload that
+/// \a message is known to have are no misreads.
 template <typename Char>
 void readBytes(const Parts<Char> &parts, int first, int count, int base, CAN::CanRxMessage &message)
 {
-    const int available = std::min(count, int(parts.size()) - first);
-    for (int i = 0; i < std::min(available, CAN::maxDataBytes); ++i)
+    const int available = std::min({count, int(parts.size()) - first, CAN::maxDataBytes});
+    const int payload = std::min(message.remote ? 0 : std::max<int>(message.length, 0), available);
+    for (int i = 0; i < payload; ++i)
         message.data[i] = toByte(parts[first + i], base);
+    for (int i = payload; i < available; ++i)
+        message.data[i] = toByte<ByteField::Behind>(parts[first + i], base);
 }
 
 /// Stores one more payload byte where there is room for it.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "linesource.h"
+#include "misreads.h"
 
 #include <algorithm>
 #include <array>
@@ -85,17 +86,16 @@ template <unsigned base, typename Char> bool readDigits(Text<Char> text, quint64
     return true;
 }
 
-/// The part of toNumber for texts that are no plain digits or out of range.
+/// toUnusualNumber, told in any case whether the text is a number.
 template <typename Number, typename Char>
-Q_NEVER_INLINE Number toUnusualNumber(Text<Char> text, int base, bool *ok)
+Number toCheckedNumber(Text<Char> text, int base, bool *ok)
 {
     const bool isPrefixed =
         base != 10 && text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
     quint64 value = 0;
     if (isPrefixed && readDigits<16>(text.substr(2), value)
         && value <= quint64(std::numeric_limits<Number>::max())) {
-        if (ok)
-            *ok = true;
+        *ok = true;
         return Number(value);
     }
     const bool isWord = text.empty() || std::any_of(text.begin(), text.end(), [base](Char c) {
@@ -103,13 +103,25 @@ Q_NEVER_INLINE Number toUnusualNumber(Text<Char> text, int base, bool *ok)
                         });
     if (!isWord)
         return toNumberByQt<Number>(toQString(text), base, ok);
-    if (ok)
-        *ok = false;
+    *ok = false;
     return 0;
 }
 
+/// The part of toNumber for texts that are no plain digits or out of range.
+template <typename Number, typename Char>
+Q_NEVER_INLINE Number toUnusualNumber(Text<Char> text, int base, bool *ok)
+{
+    bool isNumber = false;
+    const Number number = toCheckedNumber<Number>(text, base, &isNumber);
+    if (ok)
+        *ok = isNumber;
+    else if (!isNumber)
+        ++misreads();
+    return number;
+}
+
 /// \a text as a number the way QString converts it, in \a base 10, 16 or 0 (found from the
-/// prefix); 0 when it is none or out of range.
+/// prefix); 0 when it is none or out of range. That is a misread unless \a ok tells the caller.
 template <typename Number, typename Char>
 Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
 {
@@ -125,16 +137,34 @@ Number toNumber(Text<Char> text, int base = 10, bool *ok = nullptr)
     return Number(value);
 }
 
-template <typename Char> Q_NEVER_INLINE quint8 toUnusualByte(Text<Char> text, int base)
+/// The same for a field that may as well be missing or a word.
+template <typename Number, typename Char> Number toNumberIfAny(Text<Char> text, int base = 10)
 {
-    // A fast way out: words behind the payload are common.
-    if (!text.empty() && isForeignToNumbers(text.front(), base))
-        return 0;
-    return quint8(toNumber<quint32>(text, base));
+    bool isNumber = false;
+    return toNumber<Number>(text, base, &isNumber);
 }
 
-/// A payload byte: the low 8 bits of a number.
-template <typename Char> quint8 toByte(Text<Char> text, int base)
+/// What stands where a byte may be: one of the payload, or a field behind it, which may as well be
+/// a word.
+enum class ByteField { Payload, Behind };
+
+template <ByteField field, typename Char>
+Q_NEVER_INLINE quint8 toUnusualByte(Text<Char> text, int base)
+{
+    bool isNumber = false;
+    quint32 value = 0;
+    // A fast way out: words behind the payload are common.
+    if (text.empty() || !isForeignToNumbers(text.front(), base))
+        value = toNumber<quint32>(text, base, &isNumber);
+    constexpr quint32 largest = std::numeric_limits<quint8>::max();
+    if (field == ByteField::Payload && !(isNumber && value <= largest))
+        ++misreads();
+    return quint8(value);
+}
+
+/// The low 8 bits of a number. A text of the payload that is no byte is a misread.
+template <ByteField field = ByteField::Payload, typename Char>
+quint8 toByte(Text<Char> text, int base)
 {
     if (text.size() == 2 && base == 16) {
         const unsigned high = digitValue(text[0]);
@@ -142,7 +172,7 @@ template <typename Char> quint8 toByte(Text<Char> text, int base)
         if ((high | low) < noDigit)
             return quint8(high << 4 | low);
     }
-    return toUnusualByte(text, base);
+    return toUnusualByte<field>(text, base);
 }
 
 template <typename Char> quint8 toHexByte(Text<Char> text)

@@ -86,6 +86,15 @@ template <typename Char> bool equals(Text<Char> text, std::string_view word)
     return text.size() == word.size() && std::equal(text.begin(), text.end(), word.begin());
 }
 
+/// The text from part \a index to the end of the last one; empty where there is no such part.
+template <typename Char> Text<Char> spanFrom(const Parts<Char> &parts, int index)
+{
+    if (index >= parts.size())
+        return {};
+    const Char *const start = parts[index].data();
+    return {start, std::size_t(parts.last().data() + parts.last().size() - start)};
+}
+
 /// The parts between separators, of which several in a row count as one.
 template <typename Char, typename IsSeparator>
 Parts<Char> splitDroppingEmpty(Text<Char> line, IsSeparator isSeparator)

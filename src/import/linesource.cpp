@@ -1,6 +1,7 @@
 #include "linesource.h"
 
 #include "lineparts.h"
+#include "misreads.h"
 
 #include <QTextCodec>
 
@@ -37,16 +38,23 @@ int roomFor(const TextBytes &bytes)
 } // namespace
 
 LineSource::LineSource(QIODevice &device, CarriageReturns carriageReturns, Decoding decoding)
-    : bytes(device), carriageReturns(carriageReturns), decoding(decoding)
+    : bytes(device), carriageReturns(carriageReturns), decoding(decoding),
+      misreads(LineFields::misreads()), misreadsAtBegin(misreads)
 {
 }
 
-LineSource::~LineSource() = default;
+LineSource::~LineSource()
+{
+    // While an import turns the event loop another trace may be read from beginning to end. What
+    // it misreads is none of the import's lines.
+    misreads = misreadsAtBegin;
+}
 
 void LineSource::rewind()
 {
     bytes.rewind();
     account = {};
+    misreadsBefore = misreads;
     current.isKept = true;
     lineStart = position = size = 0;
     scan(0);
@@ -118,11 +126,22 @@ void LineSource::settle()
                     current.reason = ImportReport::Comment;
             });
     }
-    ImportReport::Lines &lines = account.leftOut[current.reason];
+    addTo(account.leftOut[current.reason]);
+    current.reason = ImportReport::WrongShape;
+    misreadsBefore = misreads;
+}
+
+void LineSource::keepUnlikely()
+{
+    addTo(account.unlikely);
+    misreadsBefore = misreads;
+}
+
+void LineSource::addTo(ImportReport::Lines &lines) const
+{
     if (lines.count == 0)
         lines.text = visit([](auto line) { return toQString(line.substr(0, mostCharacters)); });
-    lines.add(account.lines);
-    current.reason = ImportReport::WrongShape;
+    lines.add(number());
 }
 
 bool LineSource::moveOn()

@@ -56,6 +56,8 @@ public:
     {
         current.isKept = true;
         ++account.frames;
+        if (misreads != misreadsBefore)
+            keepUnlikely();
     }
     /// Why the current line brings no frame.
     void leaveOut(ImportReport::Reason why) { current.reason = why; }
@@ -82,6 +84,8 @@ public:
 private:
     bool moveOn();
     void settle();
+    void keepUnlikely();
+    void addTo(ImportReport::Lines &lines) const;
     bool fill();
     void scan(int start);
     void setLine(Text<char> line);
@@ -112,4 +116,7 @@ private:
     };
     Line current;
     ImportReport account;
+    quint64 &misreads; // of the thread that reads
+    const quint64 misreadsAtBegin;
+    quint64 misreadsBefore = misreadsAtBegin; // those of the lines before the current one
 };

@@ -2,6 +2,7 @@
 
 #include "busmasterreader.h"
 #include "candumpreader.h"
+#include "canhackerreader.h"
 #include "cocttreader.h"
 #include "genericreader.h"
 #include "gvretreader.h"
@@ -11,6 +12,8 @@
 #include "kvasertxtreader.h"
 #include "peakreader.h"
 #include "plaintextreader.h"
+#include "pythoncancsvreader.h"
+#include "pythoncantextreader.h"
 #include "vectorascreader.h"
 #include "wiresharkcsvreader.h"
 
@@ -45,6 +48,9 @@ constexpr TraceReader readers[] = {
     {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv, readWiresharkTolerantly},
     {DatachunkHelper::BusmasterLog, textMode, readBusmasterLog, readBusmasterLog},
     {DatachunkHelper::GvretCsv, textMode, readGvretCsv, readGvretCsv},
+    {DatachunkHelper::CanHackerTrace, textMode, readCanHackerTrace, readCanHackerTrace},
+    {DatachunkHelper::PythonCanCsv, textMode, readPythonCanCsv, readPythonCanCsv},
+    {DatachunkHelper::PythonCanText, textMode, readPythonCanText, readPythonCanText},
     {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, nullptr, "GenericFileImporter",
      countsAsRead, whenWhole},
 };

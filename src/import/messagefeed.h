@@ -22,7 +22,17 @@ public:
     /// Gives \a message the next number.
     Outcome addMessageToMessageList(CAN::CanRxMessage &message)
     {
-        message.messageNumber = messageCounter++;
+        message.messageNumber = messageCounter;
+        return addNumbered(message);
+    }
+
+    /// The number for the message that comes next.
+    quint32 nextNumber() const { return messageCounter; }
+
+    /// Leaves \a message the number that it has.
+    Outcome addNumbered(const CAN::CanRxMessage &message)
+    {
+        ++messageCounter;
         lines.keep();
         return sink.message(message) ? Outcome::done() : Outcome::givenUp();
     }

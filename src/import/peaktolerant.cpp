@@ -1,9 +1,6 @@
-#include "canframe.h"
-#include "lineparts.h"
-#include "messagefeed.h"
 #include "peaklayout.h"
 #include "peakreader.h"
-#include "writtenfields.h"
+#include "writtenframe.h"
 
 #include <cmath>
 
@@ -57,40 +54,35 @@ template <typename Char> Text<Char> headerValue(Text<Char> line, std::string_vie
     return trimmed(line.substr(name.size()));
 }
 
-/// Reads the rows of one trace. Every version is a layout; the rest is the same for all.
-class PeakRows
+/// Every version is a layout; the rest is the same for all.
+class PeakGrammar
 {
 public:
-    PeakRows(LineSource &lines, TraceSink &sink) : lines(lines), feed(lines, sink), channels(lines)
-    {
-    }
+    explicit PeakGrammar(LineSource &lines) : report(lines.report()), channels(lines) { }
 
-    template <typename Char> Outcome readLine(Text<Char> line)
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
-        if (!feed.turnEventLoopWhenDue())
-            return Outcome::givenUp();
         const Parts<Char> words = splitAtBlanks(line);
         if (words.isEmpty())
-            return Outcome::done();
+            return false;
         if (words[0].front() != ';')
-            return readRow(words);
-        lines.leaveOut(isBehindHeader ? ImportReport::Comment : ImportReport::Header);
-        readHeader(trimmed(line));
-        return Outcome::done();
+            return readRow(words, frame);
+        const bool isHeader = readHeader(trimmed(line)) || !isBehindHeader;
+        return frame.fail(isHeader ? ImportReport::Header : ImportReport::Comment);
     }
 
 private:
-    template <typename Char> void readHeader(Text<Char> line)
+    template <typename Char> bool readHeader(Text<Char> line)
     {
         if (line.size() < 2 || line[1] != '$')
-            return;
-        lines.leaveOut(ImportReport::Header);
+            return false;
         if (const auto version = headerValue(line, ";$FILEVERSION="); !version.empty())
             chooseVersion(version);
         else if (const auto columns = headerValue(line, ";$COLUMNS="); !columns.empty())
             readColumns(columns);
         else if (const auto days = headerValue(line, ";$STARTTIME="); !days.empty())
-            lines.report().start = startTime(toQString(days));
+            report.start = startTime(toQString(days));
+        return true;
     }
 
     template <typename Char> void chooseVersion(Text<Char> number)
@@ -112,37 +104,30 @@ private:
             layout = named;
     }
 
-    template <typename Char> Outcome readRow(const Parts<Char> &words)
+    template <typename Char> bool readRow(const Parts<Char> &words, WrittenFrame &frame)
     {
         isBehindHeader = true;
         const bool isWithoutHeader = layout.size == 0;
         if (isWithoutHeader ? !isNumber(words[0]) : !isNumbered(words))
-            return Outcome::done();
+            return false;
         if (isWithoutHeader)
             layout = layoutOf(columnsOfRow(words));
-        const RowType *const type = typeOf(words);
+        const RowType *const type = typeOf(words, frame);
         if (!type)
-            return Outcome::done();
+            return false;
         switch (type->kind) {
         case Kind::Status:
-            return leaveOut(ImportReport::Statistics);
+            return frame.fail(ImportReport::Statistics);
         case Kind::Warning:
         case Kind::Event:
-            return keepNote(words, type->kind);
+            return keepNote(words, type->kind, frame);
         default:
             break;
         }
-        CAN::CanRxMessage message;
-        if (!readTime(wordAt(words, layout.time), message))
-            return leaveOut(ImportReport::UnparsableNumber);
+        if (!readTime(wordAt(words, layout.time), frame))
+            return false;
         const bool isError = type->kind == Kind::Error;
-        return isError ? keepErrorFrame(words, message) : keepFrame(words, *type, message);
-    }
-
-    Outcome leaveOut(ImportReport::Reason reason)
-    {
-        lines.leaveOut(reason);
-        return Outcome::done();
+        return isError ? readErrorFrame(words, frame) : readFrame(words, *type, frame);
     }
 
     template <typename Char> bool isNumbered(const Parts<Char> &words) const
@@ -160,27 +145,28 @@ private:
     }
 
     // Null for a row that is no frame, because it is of none of these types.
-    template <typename Char> const RowType *typeOf(const Parts<Char> &words)
+    template <typename Char> const RowType *typeOf(const Parts<Char> &words, WrittenFrame &frame)
     {
         if (layout.type == noWord)
-            return typeOfVersion10(words);
+            return typeOfVersion10(words, frame);
         const Text<Char> word = wordAt(words, layout.type);
         const RowType *const type = typeNamed(word);
         if (!type && word.size() == 2)
-            lines.leaveOut(ImportReport::UnkeptFrameKind);
+            frame.fail(ImportReport::UnkeptFrameKind);
         return type;
     }
 
     // Version 1.0 tells the kind of a row in other columns.
-    template <typename Char> const RowType *typeOfVersion10(const Parts<Char> &words)
+    template <typename Char>
+    const RowType *typeOfVersion10(const Parts<Char> &words, WrittenFrame &frame)
     {
-        static constexpr RowType frame{"RX", Kind::Frame};
-        static constexpr RowType warning{"WA", Kind::Warning};
+        static constexpr RowType ofFrame{"RX", Kind::Frame};
+        static constexpr RowType ofWarning{"WA", Kind::Warning};
         if (equals(wordAt(words, layout.data), "ERROR")) {
-            lines.leaveOut(ImportReport::UnkeptFrameKind);
+            frame.fail(ImportReport::UnkeptFrameKind);
             return nullptr;
         }
-        return equals(wordAt(words, layout.id), "FFFFFFFF") ? &warning : &frame;
+        return equals(wordAt(words, layout.id), "FFFFFFFF") ? &ofWarning : &ofFrame;
     }
 
     // Columns behind the payload are counted from the end of the row.
@@ -190,94 +176,89 @@ private:
         return partAt(words, isBehindData ? words.size() - (layout.size - column) : column);
     }
 
-    template <typename Char> bool readTime(Text<Char> text, CAN::CanRxMessage &message)
+    template <typename Char> static bool readTime(Text<Char> text, WrittenFrame &frame)
     {
         qint64 microseconds = 0;
-        isTimeCut = false;
-        if (!readMilliseconds(text, microseconds, isTimeCut))
-            return false;
-        WrittenFields::setTime(message, microseconds);
-        return true;
+        return readMilliseconds(text, microseconds, frame.isChanged[ImportReport::ChangedTime])
+            ? frame.setTime(microseconds)
+            : frame.fail(ImportReport::UnparsableNumber);
     }
 
     // A warning says in its last word what is the matter, an event in all words behind its bus.
-    template <typename Char> Outcome keepNote(const Parts<Char> &words, Kind kind)
+    template <typename Char> bool keepNote(const Parts<Char> &words, Kind kind, WrittenFrame &frame)
     {
         const bool isEvent = kind == Kind::Event;
         const int behindType = std::max(layout.type, layout.bus) + 1;
-        appendNote(words, isEvent ? behindType : words.size() - 1);
-        return leaveOut(ImportReport::Comment);
+        frame.note = joined(words, isEvent ? behindType : words.size() - 1);
+        return frame.fail(ImportReport::Comment);
     }
 
-    template <typename Char> void appendNote(const Parts<Char> &words, int first)
+    template <typename Char> static QString joined(const Parts<Char> &words, int first)
     {
         QStringList text;
         for (int i = first; i < words.size(); ++i) {
             if (!isPlaceholder(words[i]))
                 text.append(toQString(words[i]));
         }
-        if (!text.isEmpty())
-            feed.appendNote(text.join(' '));
+        return text.join(' ');
     }
 
-    template <typename Char>
-    Outcome keepErrorFrame(const Parts<Char> &words, CAN::CanRxMessage &message)
+    template <typename Char> bool readErrorFrame(const Parts<Char> &words, WrittenFrame &frame)
     {
-        WrittenFields::setErrorFrame(message);
+        frame.setErrorFrame();
         // Error rows of version 2 bring no more than their time.
         if (layout.direction == noWord)
-            readBus(words, message);
-        return handOn(message);
+            readBus(words, frame);
+        return true;
     }
 
-    template <typename Char> void readBus(const Parts<Char> &words, CAN::CanRxMessage &message)
+    template <typename Char> void readBus(const Parts<Char> &words, WrittenFrame &frame)
     {
         const Text<Char> bus = wordAt(words, layout.bus);
         if (!bus.empty() && !isPlaceholder(bus))
-            message.line = channels.lineOf(bus);
+            frame.message.line = channels.lineOf(bus);
     }
 
     template <typename Char>
-    Outcome keepFrame(const Parts<Char> &words, const RowType &type, CAN::CanRxMessage &message)
+    bool readFrame(const Parts<Char> &words, const RowType &type, WrittenFrame &frame)
     {
+        CAN::CanRxMessage &message = frame.message;
         quint32 length = 0;
         if (words.size() <= std::max(layout.id, layout.length))
-            return leaveOut(ImportReport::TooFewFields);
-        if (!readId(wordAt(words, layout.id), message)
-            || !WrittenFields::readNumber(wordAt(words, layout.length), 10, length))
-            return leaveOut(ImportReport::UnparsableNumber);
-        if (length > CAN::maxDataBytes)
-            return leaveOut(ImportReport::UnkeptFrameKind);
+            return frame.fail(ImportReport::TooFewFields);
+        if (!readId(wordAt(words, layout.id), frame))
+            return false;
+        if (!WrittenFields::readNumber(wordAt(words, layout.length), 10, length))
+            return frame.fail(ImportReport::UnparsableNumber);
+        if (!frame.setLength(length, ImportReport::UnkeptFrameKind))
+            return false;
         message.fdFrame = type.fdFrame;
         message.flagC = type.bitRateSwitch;
         message.flagB = type.errorState;
         message.transmitted =
             type.transmitted || typeNamed(wordAt(words, layout.direction)) == &rowTypes[1];
         message.remote = type.kind == Kind::Remote || equals(partAt(words, layout.data), "RTR");
-        message.length = qint8(length);
-        if (!message.remote && !readPayload(words, message))
-            return leaveOut(ImportReport::TooFewFields);
-        readBus(words, message);
-        return handOn(message);
-    }
-
-    // Eight digits are an extended identifier, four a standard one.
-    template <typename Char> static bool readId(Text<Char> text, CAN::CanRxMessage &message)
-    {
-        constexpr std::size_t longestStandardId = 4;
-        if (!WrittenFields::readHex(text, message.id) || message.id > WrittenFields::maxExtendedId)
+        if (!message.remote && !readPayload(words, frame))
             return false;
-        message.extended =
-            text.size() > longestStandardId || message.id > WrittenFields::maxStandardId;
+        readBus(words, frame);
         return true;
     }
 
-    // Only bytes of two digits are whole; a row that ends before is cut.
-    template <typename Char> bool readPayload(const Parts<Char> &words, CAN::CanRxMessage &message)
+    // Eight digits are an extended identifier, four a standard one.
+    template <typename Char> static bool readId(Text<Char> text, WrittenFrame &frame)
     {
+        constexpr std::size_t longestStandardId = 4;
+        quint32 id = 0;
+        return WrittenFields::readHex(text, id) ? frame.setId(id, text.size() > longestStandardId)
+                                                : frame.fail(ImportReport::UnparsableNumber);
+    }
+
+    // Only bytes of two digits are whole; a row that ends before is cut.
+    template <typename Char> bool readPayload(const Parts<Char> &words, WrittenFrame &frame) const
+    {
+        CAN::CanRxMessage &message = frame.message;
         if (layout.data == noWord) {
-            if (message.length > 0)
-                lines.change(ImportReport::ChangedPayload);
+            frame.isChanged[ImportReport::ChangedPayload] = message.length > 0;
             return true;
         }
         const int end = words.size() - (layout.size - layout.data - 1);
@@ -289,19 +270,20 @@ private:
             ++word;
             ++count;
         }
-        if (!settleLength(count, message))
-            return false;
+        if (!settleLength(count, frame))
+            return frame.fail(ImportReport::TooFewFields);
         // What stands behind the last bytes becomes a note on the frame.
         if (end == words.size() && word < end)
-            appendNote(words, word);
+            frame.note = joined(words, word);
         return true;
     }
 
     // Some programs write the length of a CAN FD frame where others write its code, and classic
     // codes above 8 mean 8 bytes. The bytes tell which one is meant.
-    bool settleLength(int count, CAN::CanRxMessage &message)
+    static bool settleLength(int count, WrittenFrame &frame)
     {
-        constexpr int classicBytes = 8;
+        CAN::CanRxMessage &message = frame.message;
+        constexpr int classicBytes = WrittenFields::maxClassicBytes;
         const int written = message.length;
         if (count == written)
             return true;
@@ -312,34 +294,23 @@ private:
             return true;
         }
         if (!message.fdFrame && written > classicBytes && isCode && count == classicBytes) {
-            message.length = classicBytes;
-            lines.change(ImportReport::ChangedLength);
+            frame.setClassicLength(quint32(written));
             return true;
         }
-        if (count > written)
-            lines.change(ImportReport::ChangedPayload);
+        frame.isChanged[ImportReport::ChangedPayload] = count > written;
         return count > written;
     }
 
-    Outcome handOn(CAN::CanRxMessage &message)
-    {
-        if (isTimeCut)
-            lines.change(ImportReport::ChangedTime);
-        return feed.addMessageToMessageList(message);
-    }
-
-    LineSource &lines;
-    MessageFeed feed;
+    ImportReport &report;
     WrittenFields::Channels channels;
     Layout layout;
     bool isBehindHeader = false;
-    bool isTimeCut = false;
 };
 
 } // namespace
 
 Outcome readPeakTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    PeakRows rows(lines, sink);
-    return readNumberedLines(lines, [&rows](auto line) { return rows.readLine(line); });
+    PeakGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
 }

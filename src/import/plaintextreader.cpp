@@ -86,7 +86,8 @@ bool readExportLine(Text<Char> line, CAN::CanRxMessage &message, QString &note)
     const std::size_t flagsEnd = fields.find(Char(';'));
     if (flagsEnd != fields.npos)
         note = toQString(fields.substr(flagsEnd + 1));
-    return KolvarLine::readFrame(tokens, toNumber<quint32>(fields.substr(0, flagsEnd)), message);
+    return KolvarLine::readFrame(tokens, toNumberIfAny<quint32>(fields.substr(0, flagsEnd)),
+                                 message);
 }
 
 // Reads a word between identifier and length. False for a word that cannot stand there.

@@ -119,8 +119,19 @@ private:
 struct Candidate
 {
     TraceRecognition found;
-    quint64 frames = 0;
+    qint64 score = 0;
 };
+
+// A frame of which something had to be changed speaks half as much for a type, and of two types
+// that take the same frames the one that knows the other lines as well is right.
+qint64 scoreOf(const ImportReport &report)
+{
+    constexpr qint64 forFrame = 1 << 20; // more than the lines of any sample
+    qint64 score = qint64(report.frames) * forFrame - qint64(report.linesLost());
+    for (const ImportReport::Lines &changed : report.changed)
+        score -= qint64(changed.count) * forFrame / 2;
+    return score;
+}
 
 Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
 {
@@ -132,7 +143,9 @@ Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
     FirstFrameSink sink(lines);
     reader.read(lines, sink, request);
     const ImportReport &report = lines.finishReport();
-    if (report.frames == 0)
+    // Among many lines of anything some look like a frame by chance.
+    constexpr quint64 mostLostForFrame = 8;
+    if (report.frames == 0 || report.linesLost() > report.frames * mostLostForFrame)
         return {};
     TraceRecognition found;
     found.type = type;
@@ -145,7 +158,7 @@ Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
                             .arg(nameOf(type))
                             .arg(report.frames)
                             .arg(report.lines);
-    return {found, report.frames};
+    return {found, scoreOf(report)};
 }
 
 TraceRecognition byContent(QByteArray &sample, DatachunkHelper::ImportFileType strict)
@@ -155,7 +168,9 @@ TraceRecognition byContent(QByteArray &sample, DatachunkHelper::ImportFileType s
         best = tryType(strict, sample);
     for (const DatachunkHelper::ImportFileType type : tolerantTypes()) {
         Candidate candidate = tryType(type, sample);
-        if (candidate.frames > best.frames)
+        const bool isFrame = candidate.found.type != DatachunkHelper::Unknown;
+        if (isFrame
+            && (best.found.type == DatachunkHelper::Unknown || candidate.score > best.score))
             best = std::move(candidate);
     }
     return best.found;

@@ -1,33 +1,12 @@
-#include "canframe.h"
-#include "lineparts.h"
-#include "messagefeed.h"
 #include "vectorascreader.h"
-#include "writtenfields.h"
+#include "writtenframe.h"
 
 using namespace LineFields;
 using namespace WrittenFields;
 
 namespace {
 
-constexpr quint32 messagesBetweenTurns = 10000;
-
 using Reason = ImportReport::Reason;
-
-constexpr quint32 maxClassicBytes = 8;
-
-struct Log
-{
-    Log(LineSource &lines, TraceSink &sink)
-        : lines(lines), channels(lines), feed(lines, sink, messagesBetweenTurns)
-    {
-    }
-
-    LineSource &lines;
-    Channels channels;
-    MessageFeed feed;
-    unsigned base = 16; // of identifiers and payload
-    bool hasFdFrames = false;
-};
 
 // A month by the beginning of its English or German name, or 0.
 template <typename Char> int monthOf(Text<Char> name)
@@ -72,40 +51,6 @@ template <typename Char> QDateTime dateTimeAt(const Parts<Char> &parts, int at)
             clockTime(partAt(parts, at + 3), partAt(parts, at + 4)), Qt::UTC};
 }
 
-// "base hex  timestamps absolute"
-template <typename Char> void readBase(const Parts<Char> &parts, Log &log)
-{
-    log.base = isWord(partAt(parts, 1), "dec") ? 10 : 16;
-    if (isWord(partAt(parts, 2), "timestamps"))
-        log.lines.report().timeBase = toQString(partAt(parts, 3));
-}
-
-template <typename Char> void readStart(const Parts<Char> &parts, int at, Log &log)
-{
-    QDateTime &start = log.lines.report().start;
-    if (!start.isValid())
-        start = dateTimeAt(parts, at);
-}
-
-// A line that does not begin with a time.
-template <typename Char> Reason readOtherLine(const Parts<Char> &parts, Log &log)
-{
-    const Text<Char> first = parts[0];
-    if (beginsWithWord(first, "//") || first[0] == ';')
-        return Reason::Comment;
-    const bool isTriggerBlock = beginsWithWord(partAt(parts, 1), "trigger");
-    if (isWord(first, "base"))
-        readBase(parts, log);
-    else if (isWord(first, "date"))
-        readStart(parts, 1, log);
-    else if (isWord(first, "begin") && isTriggerBlock)
-        readStart(parts, 2, log);
-    else if (!(isWord(first, "end") && isTriggerBlock) && !isWord(first, "internal")
-             && !isWord(first, "no"))
-        return Reason::WrongShape;
-    return Reason::Header;
-}
-
 template <typename Char> bool readDirection(Text<Char> text, bool &transmitted)
 {
     const bool isTx = isWord(text, "tx") || isWord(text, "txrq");
@@ -139,103 +84,32 @@ template <typename Char> Reason reasonOfEvent(const Parts<Char> &parts)
 }
 
 // "1ABx" is an extended identifier.
-template <typename Char> bool readId(Text<Char> text, unsigned base, CAN::CanRxMessage &message)
+template <typename Char> bool readId(Text<Char> text, unsigned base, WrittenFrame &frame)
 {
     const bool isMarked = !text.empty() && (text.back() | 0x20) == 'x';
     if (isMarked)
         text.remove_suffix(1);
     quint32 id = 0;
-    if (!readNumber(text, base, id) || id > maxExtendedId)
-        return false;
-    message.id = id;
-    message.extended = isMarked || id > maxStandardId;
-    return true;
+    return readNumber(text, base, id) ? frame.setId(id, isMarked)
+                                      : frame.fail(Reason::UnparsableNumber);
 }
 
 // Where a symbolic name stands for the identifier, the end of the line tells it: "ID = 291".
-template <typename Char>
-bool readIdBehind(const Parts<Char> &parts, int at, CAN::CanRxMessage &message)
+template <typename Char> bool readIdBehind(const Parts<Char> &parts, int at, WrittenFrame &frame)
 {
     while (at < parts.size() && !isWord(parts[at], "id"))
         ++at;
-    return equals(partAt(parts, at + 1), "=") && readId(partAt(parts, at + 2), 10, message);
-}
-
-// The first \a count bytes from part \a at on.
-template <typename Char>
-LeftOut readBytes(const Parts<Char> &parts, int at, int count, unsigned base,
-                  CAN::CanRxMessage &message)
-{
-    if (parts.size() - at < count)
-        return Reason::TooFewFields;
-    for (int i = 0; i < count; ++i) {
-        if (!readByte(parts[at + i], base, message.data[i]))
-            return Reason::UnparsableNumber;
-    }
-    message.length = qint8(count);
-    return {};
-}
-
-// "8 11 22 …" from part \a at on: the length code of classic CAN and the payload.
-template <typename Char>
-LeftOut readClassicData(const Parts<Char> &parts, int at, Log &log, CAN::CanRxMessage &message)
-{
-    quint32 code = 0;
-    if (!readNumber(parts[at], 16, code))
-        return Reason::UnparsableNumber;
-    const int count = int(std::min(code, maxClassicBytes));
-    const int end = at + 1 + count;
-    const LeftOut leftOut = readBytes(parts, at + 1, count, log.base, message);
-    if (leftOut)
-        return leftOut;
-    if (code > maxClassicBytes)
-        log.lines.change(ImportReport::ChangedLength);
-    quint8 further = 0;
-    if (readByte(partAt(parts, end), log.base, further))
-        log.lines.change(ImportReport::ChangedPayload);
-    return {};
+    return equals(partAt(parts, at + 1), "=") && readId(partAt(parts, at + 2), 10, frame);
 }
 
 // "r 8"; the length may be missing.
-template <typename Char>
-LeftOut readRemote(const Parts<Char> &parts, int at, Log &log, CAN::CanRxMessage &message)
+template <typename Char> bool readRemote(Text<Char> length, WrittenFrame &frame)
 {
     quint32 code = 0;
-    message.remote = true;
-    if (readNumber(partAt(parts, at), 16, code) && code > maxClassicBytes)
-        log.lines.change(ImportReport::ChangedLength);
-    message.length = qint8(std::min(code, maxClassicBytes));
-    return {};
-}
-
-template <typename Char>
-LeftOut readError(const Parts<Char> &parts, int channel, Log &log, CAN::CanRxMessage &message)
-{
-    setErrorFrame(message);
-    message.transmitted = false;
-    message.line = log.channels.lineOf(parts[channel]);
-    return {};
-}
-
-// "12.5 1 123x Rx d 2 11 22 …", the "d" may be missing.
-template <typename Char>
-LeftOut readClassicFrame(const Parts<Char> &parts, Log &log, CAN::CanRxMessage &message)
-{
-    if (isWord(partAt(parts, 2), "errorframe"))
-        return readError(parts, 1, log, message);
-    if (parts.size() < 5 || !readDirection(parts[3], message.transmitted))
-        return reasonOfEvent(parts);
-    if (!readId(parts[2], log.base, message) && !readIdBehind(parts, 5, message))
-        return Reason::UnparsableNumber;
-    const bool isRemote = isWord(parts[4], "r");
-    const int at = isRemote || isWord(parts[4], "d") ? 5 : 4;
-    if (!isRemote && parts.size() <= at)
-        return Reason::TooFewFields;
-    const LeftOut leftOut =
-        isRemote ? readRemote(parts, at, log, message) : readClassicData(parts, at, log, message);
-    if (!leftOut)
-        message.line = log.channels.lineOf(parts[1]);
-    return leftOut;
+    readNumber(length, 16, code);
+    frame.message.remote = true;
+    frame.setClassicLength(code);
+    return true;
 }
 
 template <typename Char> bool readBit(Text<Char> text, bool &bit)
@@ -254,98 +128,156 @@ template <typename Char> bool hasRemoteFlag(const Parts<Char> &parts, int dataEn
     return readNumber(partAt(parts, dataEnd + 2), 16, flags) && (flags & remoteFlag) != 0;
 }
 
-// "1 0 9 12 11 22 …" from part \a at on: bit rate switch, error state, length code, then the length
-// in bytes, which is 0 in remote frames.
-template <typename Char>
-LeftOut readFdData(const Parts<Char> &parts, int at, Log &log, CAN::CanRxMessage &message)
+class VectorAscGrammar
 {
-    quint32 code = 0;
-    quint32 length = 0;
-    if (!readBit(parts[at], message.flagC) || !readBit(parts[at + 1], message.flagB))
-        return Reason::WrongShape;
-    if (!readNumber(parts[at + 2], 16, code) || !readNumber(parts[at + 3], 10, length))
-        return Reason::UnparsableNumber;
-    if (length > CAN::maxDataBytes)
-        return Reason::WrongShape;
-    at += 4;
-    if (length == 0 && (code != 0 || hasRemoteFlag(parts, at)))
-        message.remote = true;
-    if (!message.remote)
-        return readBytes(parts, at, int(length), log.base, message);
-    if (code > maxClassicBytes)
-        log.lines.change(ImportReport::ChangedLength);
-    message.length = qint8(std::min(code, maxClassicBytes));
-    return {};
-}
+public:
+    explicit VectorAscGrammar(LineSource &lines) : report(lines.report()), channels(lines) { }
 
-// "12.5 CANFD 1 Rx 123x Name 1 0 9 12 11 22 …", the name may be missing.
-template <typename Char>
-LeftOut readFdFrame(const Parts<Char> &parts, Log &log, CAN::CanRxMessage &message)
-{
-    constexpr int fieldsOfData = 4;
-    if (isWord(partAt(parts, 3), "errorframe") || isWord(partAt(parts, 4), "errorframe"))
-        return readError(parts, 2, log, message);
-    quint32 channel = 0;
-    if (!readNumber(partAt(parts, 2), 10, channel)
-        || !readDirection(partAt(parts, 3), message.transmitted))
-        return reasonOfEvent(parts);
-    if (!readId(partAt(parts, 4), log.base, message))
-        return Reason::UnparsableNumber;
-    bool isBit = false;
-    const int at = readBit(partAt(parts, 5), isBit) ? 5 : 6;
-    if (parts.size() < at + fieldsOfData)
-        return Reason::TooFewFields;
-    const LeftOut leftOut = readFdData(parts, at, log, message);
-    if (leftOut)
-        return leftOut;
-    message.fdFrame = log.hasFdFrames = true;
-    message.line = log.channels.lineOf(parts[2]);
-    return {};
-}
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
+    {
+        const Parts<Char> parts = splitAtBlanks(line);
+        if (parts.isEmpty())
+            return false;
+        qint64 microseconds = 0;
+        if (!readSeconds(parts[0], microseconds, frame.isChanged[ImportReport::ChangedTime]))
+            return frame.fail(readOtherLine(parts));
+        quint32 channel = 0;
+        bool isFrame = false;
+        if (readNumber(partAt(parts, 1), 10, channel))
+            isFrame = readClassicFrame(parts, frame);
+        else if (isWord(partAt(parts, 1), "canfd"))
+            isFrame = readFdFrame(parts, frame);
+        else
+            frame.fail(reasonOfEvent(parts));
+        return isFrame && frame.setTime(microseconds);
+    }
 
-template <typename Char> LeftOut readLine(Text<Char> line, Log &log, CAN::CanRxMessage &message)
-{
-    const Parts<Char> parts = splitAtBlanks(line);
-    if (parts.isEmpty())
-        return Reason::Empty;
-    qint64 microseconds = 0;
-    bool isCut = false;
-    if (!readSeconds(parts[0], microseconds, isCut))
-        return readOtherLine(parts, log);
-    quint32 channel = 0;
-    LeftOut leftOut;
-    if (readNumber(partAt(parts, 1), 10, channel))
-        leftOut = readClassicFrame(parts, log, message);
-    else if (isWord(partAt(parts, 1), "canfd"))
-        leftOut = readFdFrame(parts, log, message);
-    else
-        leftOut = reasonOfEvent(parts);
-    setTime(message, microseconds);
-    if (isCut && !leftOut)
-        log.lines.change(ImportReport::ChangedTime);
-    return leftOut;
-}
+private:
+    // A line that does not begin with a time.
+    template <typename Char> Reason readOtherLine(const Parts<Char> &parts)
+    {
+        const Text<Char> first = parts[0];
+        if (beginsWithWord(first, "//") || first[0] == ';')
+            return Reason::Comment;
+        const bool isTriggerBlock = beginsWithWord(partAt(parts, 1), "trigger");
+        if (isWord(first, "base"))
+            readBase(parts);
+        else if (isWord(first, "date"))
+            readStart(parts, 1);
+        else if (isWord(first, "begin") && isTriggerBlock)
+            readStart(parts, 2);
+        else if (!(isWord(first, "end") && isTriggerBlock) && !isWord(first, "internal")
+                 && !isWord(first, "no"))
+            return Reason::WrongShape;
+        return Reason::Header;
+    }
+
+    // "base hex  timestamps absolute"
+    template <typename Char> void readBase(const Parts<Char> &parts)
+    {
+        base = isWord(partAt(parts, 1), "dec") ? 10 : 16;
+        if (isWord(partAt(parts, 2), "timestamps"))
+            report.timeBase = toQString(partAt(parts, 3));
+    }
+
+    template <typename Char> void readStart(const Parts<Char> &parts, int at)
+    {
+        if (!report.start.isValid())
+            report.start = dateTimeAt(parts, at);
+    }
+
+    // "12.5 1 123x Rx d 2 11 22 …", the "d" may be missing.
+    template <typename Char> bool readClassicFrame(const Parts<Char> &parts, WrittenFrame &frame)
+    {
+        if (isWord(partAt(parts, 2), "errorframe"))
+            return readErrorFrame(parts[1], frame);
+        if (parts.size() < 5 || !readDirection(parts[3], frame.message.transmitted))
+            return frame.fail(reasonOfEvent(parts));
+        if (!readId(parts[2], base, frame) && !readIdBehind(parts, 5, frame))
+            return false;
+        const bool isRemote = isWord(parts[4], "r");
+        const int at = isRemote || isWord(parts[4], "d") ? 5 : 4;
+        if (!isRemote && parts.size() <= at)
+            return frame.fail(Reason::TooFewFields);
+        if (isRemote ? !readRemote(partAt(parts, at), frame) : !readClassicData(parts, at, frame))
+            return false;
+        frame.message.line = channels.lineOf(parts[1]);
+        return true;
+    }
+
+    template <typename Char> bool readErrorFrame(Text<Char> channel, WrittenFrame &frame)
+    {
+        frame.setErrorFrame();
+        frame.message.line = channels.lineOf(channel);
+        return true;
+    }
+
+    // "8 11 22 …" from part \a at on: the length code of classic CAN and the payload.
+    template <typename Char>
+    bool readClassicData(const Parts<Char> &parts, int at, WrittenFrame &frame) const
+    {
+        quint32 code = 0;
+        if (!readNumber(parts[at], 16, code))
+            return frame.fail(Reason::UnparsableNumber);
+        frame.setClassicLength(code);
+        const int end = at + 1 + frame.message.length;
+        if (!frame.readBytes(parts, at + 1, frame.message.length, base))
+            return false;
+        quint8 further = 0;
+        frame.isChanged[ImportReport::ChangedPayload] = readByte(partAt(parts, end), base, further);
+        return true;
+    }
+
+    // "12.5 CANFD 1 Rx 123x Name 1 0 9 12 11 22 …", the name may be missing.
+    template <typename Char> bool readFdFrame(const Parts<Char> &parts, WrittenFrame &frame)
+    {
+        constexpr int fieldsOfData = 4;
+        if (isWord(partAt(parts, 3), "errorframe") || isWord(partAt(parts, 4), "errorframe"))
+            return readErrorFrame(parts[2], frame);
+        quint32 channel = 0;
+        if (!readNumber(partAt(parts, 2), 10, channel)
+            || !readDirection(partAt(parts, 3), frame.message.transmitted))
+            return frame.fail(reasonOfEvent(parts));
+        if (!readId(partAt(parts, 4), base, frame))
+            return false;
+        bool isBit = false;
+        const int at = readBit(partAt(parts, 5), isBit) ? 5 : 6;
+        if (parts.size() < at + fieldsOfData)
+            return frame.fail(Reason::TooFewFields);
+        if (!readFdData(parts, at, frame))
+            return false;
+        frame.message.fdFrame = true;
+        frame.message.line = channels.lineOf(parts[2]);
+        return true;
+    }
+
+    // "1 0 9 12 11 22 …" from part \a at on: bit rate switch, error state, length code, then the
+    // length in bytes, which is 0 in remote frames.
+    template <typename Char>
+    bool readFdData(const Parts<Char> &parts, int at, WrittenFrame &frame) const
+    {
+        CAN::CanRxMessage &message = frame.message;
+        quint32 code = 0;
+        quint32 length = 0;
+        if (!readBit(parts[at], message.flagC) || !readBit(parts[at + 1], message.flagB))
+            return frame.fail(Reason::WrongShape);
+        if (!readNumber(parts[at + 2], 16, code) || !readNumber(parts[at + 3], 10, length))
+            return frame.fail(Reason::UnparsableNumber);
+        if (length == 0 && (code != 0 || hasRemoteFlag(parts, at + 4)))
+            return readRemote(parts[at + 2], frame);
+        return frame.setLength(length, Reason::WrongShape)
+            && frame.readBytes(parts, at + 4, message.length, base);
+    }
+
+    ImportReport &report;
+    Channels channels;
+    unsigned base = 16; // of identifiers and payload
+};
 
 } // namespace
 
 Outcome readVectorAscTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    const CAN::CanRxMessage blank;
-    Log log(lines, sink);
-    while (lines.next()) {
-        if (!log.feed.turnEventLoopWhenDue())
-            return Outcome::givenUp();
-        CAN::CanRxMessage message = blank;
-        const LeftOut leftOut =
-            lines.visit([&](auto line) { return readLine(line, log, message); });
-        if (leftOut) {
-            lines.leaveOut(*leftOut);
-            continue;
-        }
-        const Outcome result = log.feed.addMessageToMessageList(message);
-        if (!result.isDone())
-            return result;
-    }
-    sink.fdFrames(log.hasFdFrames);
-    return Outcome::done();
+    VectorAscGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
 }

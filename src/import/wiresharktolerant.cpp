@@ -1,9 +1,7 @@
-#include "canframe.h"
 #include "csvcolumns.h"
-#include "lineparts.h"
 #include "wiresharkcsvreader.h"
 #include "writtendates.h"
-#include "writtenfields.h"
+#include "writtenframe.h"
 
 using namespace LineFields;
 
@@ -91,7 +89,10 @@ Positions packetList()
 // What a row says of its frame so far.
 struct Found
 {
-    CAN::CanRxMessage message;
+    explicit Found(WrittenFrame &frame) : frame(frame), message(frame.message) { }
+
+    WrittenFrame &frame;
+    CAN::CanRxMessage &message;
     int bytes = 0;
     bool hasId = false;
     bool hasLength = false;
@@ -127,6 +128,15 @@ template <typename Char> void readWords(const Parts<Char> &words, int first, Fou
     found.hasData = found.hasData || found.bytes > 0;
 }
 
+// A remote frame has its mark right behind the length: "5(Remote".
+template <typename Char> Text<Char> digitsAtFront(Text<Char> text)
+{
+    std::size_t size = 0;
+    while (size < text.size() && digitValue(text[size]) <= 9)
+        ++size;
+    return text.substr(0, size);
+}
+
 // "ID: 358 (0x166), Length: 4", where "Ext." may stand before "ID:", and payload behind it.
 template <typename Char> void readIdInfo(const Parts<Char> &words, int idWord, Found &found)
 {
@@ -134,9 +144,7 @@ template <typename Char> void readIdInfo(const Parts<Char> &words, int idWord, F
     quint32 length = 0;
     found.hasId = WrittenFields::readNumber(partAt(words, idWord + Decimal), 10, found.message.id);
     found.message.extended = idWord > 0;
-    Text<Char> number = partAt(words, idWord + Length);
-    if (!number.empty() && number.back() == ',')
-        number.remove_suffix(1);
+    const Text<Char> number = digitsAtFront(partAt(words, idWord + Length));
     if (!equals(partAt(words, idWord + LengthName), "Length:")
         || !WrittenFields::readNumber(number, 10, length) || length > CAN::maxDataBytes)
         return;
@@ -218,30 +226,25 @@ template <typename Char> bool readTime(Text<Char> text, qint64 &microseconds, bo
     return true;
 }
 
-/// Reads the rows of one export.
-class PacketRows
+class WiresharkGrammar
 {
 public:
-    PacketRows(LineSource &lines, TraceSink &sink)
-        : lines(lines), sink(sink), channels(lines), positions(packetList())
-    {
-    }
+    explicit WiresharkGrammar(LineSource &lines) : channels(lines), positions(packetList()) { }
 
-    bool hasFdFrames() const { return fdSeen; }
-
-    template <typename Char> Outcome readLine(Text<Char> line)
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
     {
-        if (!sink.turnEventLoop())
-            return Outcome::givenUp();
         if (separator == 0)
             separator = CsvColumns::separatorOf(line);
         const Parts<Char> cells = CsvColumns::cellsOf(line, separator);
-        Found found;
-        if (!readFields(cells, found)) {
-            readTitles(cells);
-            return Outcome::done();
-        }
-        return keepFrame(cells, found);
+        Found found(frame);
+        if (!readFields(cells, found))
+            return readTitles(cells) ? frame.fail(ImportReport::Header) : false;
+        if (!readFlags(cells, found) || !readPayload(cells, found) || !readStamp(cells, frame))
+            return false;
+        if (const auto channel = positions.cell(cells, Channel); !channel.empty())
+            frame.message.line = channels.lineOf(channel);
+        WrittenFields::readNumber(positions.cell(cells, Number), 10, frame.message.messageNumber);
+        return true;
     }
 
 private:
@@ -251,90 +254,76 @@ private:
         readInfo(positions.cell(cells, Info), found);
         if (const auto id = positions.cell(cells, Id); !id.empty())
             found.hasId = readAnyBase(id, found.message.id);
+        // Where the fields of an error frame are exported, its identifier is left empty.
+        found.isError = found.isError || flag(cells, Error);
         return found.hasId || found.isError;
     }
 
-    // A row of titles may come again, where exports are joined.
-    template <typename Char> void readTitles(const Parts<Char> &cells)
+    template <typename Char> bool flag(const Parts<Char> &cells, Column column) const
+    {
+        return CsvColumns::isTrue(positions.cell(cells, column));
+    }
+
+    // A row of titles may come again, where exports are joined. False for any other row.
+    template <typename Char> bool readTitles(const Parts<Char> &cells)
     {
         const Positions named(cells, names);
         if (!named.has(Info) && !named.has(Id))
-            return;
+            return false;
         positions = named;
-        lines.leaveOut(ImportReport::Header);
+        return true;
     }
 
-    template <typename Char> Outcome keepFrame(const Parts<Char> &cells, Found &found)
-    {
-        ImportReport::Reason reason = ImportReport::WrongShape;
-        if (!readFlags(cells, found, reason) || !readPayload(cells, found, reason)
-            || !readStamp(cells, found, reason)) {
-            lines.leaveOut(reason);
-            return Outcome::done();
-        }
-        if (const auto channel = positions.cell(cells, Channel); !channel.empty())
-            found.message.line = channels.lineOf(channel);
-        quint32 number = 0;
-        const bool isNumbered =
-            WrittenFields::readNumber(positions.cell(cells, Number), 10, number);
-        found.message.messageNumber = isNumbered ? number : quint32(lines.report().frames);
-        fdSeen = fdSeen || found.message.fdFrame;
-        lines.keep();
-        return sink.message(found.message) ? Outcome::done() : Outcome::givenUp();
-    }
-
-    template <typename Char>
-    bool readFlags(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    template <typename Char> bool readFlags(const Parts<Char> &cells, Found &found) const
     {
         const Text<Char> protocol = positions.cell(cells, Protocol);
         CAN::CanRxMessage &message = found.message;
-        const auto flag = [&](Column column) {
-            return CsvColumns::isTrue(positions.cell(cells, column));
-        };
         if (CsvColumns::equalsIgnoringCase(protocol, "canxl"))
-            reason = ImportReport::UnkeptFrameKind;
-        else if (message.id > WrittenFields::maxExtendedId && !found.isError)
-            reason = ImportReport::UnparsableNumber;
-        if (reason != ImportReport::WrongShape)
+            return found.frame.fail(ImportReport::UnkeptFrameKind);
+        if (!found.isError
+            && !found.frame.setId(message.id, message.extended || flag(cells, Extended)))
             return false;
-        found.isError = found.isError || flag(Error);
-        message.fdFrame = CsvColumns::equalsIgnoringCase(protocol, "canfd") || flag(FdFrame);
-        message.flagC = flag(BitRateSwitch);
-        message.flagB = flag(ErrorState);
-        message.remote = message.remote || flag(Remote);
-        message.extended =
-            message.extended || flag(Extended) || message.id > WrittenFields::maxStandardId;
+        // Frames of classic CAN have no bit rate switch: the cell is empty, not 0.
+        message.fdFrame = CsvColumns::equalsIgnoringCase(protocol, "canfd") || flag(cells, FdFrame)
+            || !positions.cell(cells, BitRateSwitch).empty();
+        message.flagC = flag(cells, BitRateSwitch);
+        message.flagB = flag(cells, ErrorState);
+        message.remote = message.remote || flag(cells, Remote);
         const Text<Char> packetType = positions.cell(cells, PacketType);
         message.transmitted = equals(packetType, "4") || contains(packetType, "Sent by us");
         return true;
     }
 
-    template <typename Char>
-    bool readPayload(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    template <typename Char> bool readPayload(const Parts<Char> &cells, Found &found) const
     {
+        WrittenFrame &frame = found.frame;
         if (found.isError) {
-            WrittenFields::setErrorFrame(found.message);
-            found.message.length = 0;
+            frame.setErrorFrame();
+            frame.message.length = 0;
             return true;
         }
         quint32 length = 0;
         const Text<Char> lengthCell = positions.cell(cells, Length);
         const Text<Char> dataCell = positions.cell(cells, Data);
-        reason = ImportReport::UnparsableNumber;
         if (!lengthCell.empty()) {
-            if (!WrittenFields::readNumber(lengthCell, 10, length) || length > CAN::maxDataBytes)
+            if (!WrittenFields::readNumber(lengthCell, 10, length))
+                return frame.fail(ImportReport::UnparsableNumber);
+            if (!frame.setLength(length, ImportReport::UnparsableNumber))
                 return false;
             found.hasLength = true;
-            found.message.length = qint8(length);
         }
         if (!dataCell.empty() && !readData(dataCell, found))
-            return false;
-        reason = ImportReport::TooFewFields;
-        return settleLength(found);
+            return frame.fail(ImportReport::UnparsableNumber);
+        if (!settleLength(found))
+            return frame.fail(ImportReport::TooFewFields);
+        // An export need not have a column that tells the kind.
+        if (quint32(frame.message.length) > WrittenFields::maxClassicBytes && !frame.message.remote)
+            frame.message.fdFrame = true;
+        return true;
     }
 
     // The payload of a frame may not be in the export at all; then its length is all there is.
-    bool settleLength(Found &found)
+    static bool settleLength(Found &found)
     {
         CAN::CanRxMessage &message = found.message;
         if (!found.hasLength) {
@@ -343,41 +332,30 @@ private:
         }
         if (message.remote || found.bytes == message.length)
             return true;
-        if (found.bytes == 0 || found.bytes > message.length)
-            lines.change(ImportReport::ChangedPayload);
-        return found.bytes == 0 || found.bytes > message.length;
+        const bool isOther = found.bytes == 0 || found.bytes > message.length;
+        found.frame.isChanged[ImportReport::ChangedPayload] = isOther;
+        return isOther;
     }
 
-    template <typename Char>
-    bool readStamp(const Parts<Char> &cells, Found &found, ImportReport::Reason &reason)
+    template <typename Char> bool readStamp(const Parts<Char> &cells, WrittenFrame &frame) const
     {
         const Text<Char> cell = positions.cell(cells, Time);
         qint64 microseconds = 0;
-        bool isCut = false;
-        reason = ImportReport::UnparsableNumber;
-        if (!cell.empty() && !readTime(cell, microseconds, isCut))
-            return false;
-        WrittenFields::setTime(found.message, microseconds);
-        if (isCut)
-            lines.change(ImportReport::ChangedTime);
-        return true;
+        return cell.empty()
+                || readTime(cell, microseconds, frame.isChanged[ImportReport::ChangedTime])
+            ? frame.setTime(microseconds)
+            : frame.fail(ImportReport::UnparsableNumber);
     }
 
-    LineSource &lines;
-    TraceSink &sink;
     WrittenFields::Channels channels;
     Positions positions;
     char separator = 0;
-    bool fdSeen = false;
 };
 
 } // namespace
 
 Outcome readWiresharkTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {
-    PacketRows rows(lines, sink);
-    Outcome result = readNumberedLines(lines, [&rows](auto line) { return rows.readLine(line); });
-    if (result.isDone() && rows.hasFdFrames())
-        sink.fdFrames(true);
-    return result;
+    WiresharkGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
 }

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <limits>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,11 +12,9 @@
 /// returns false, and changes nothing, for a text that is no such field.
 namespace WrittenFields {
 
-/// Why a line is no frame; nothing when it is one.
-using LeftOut = std::optional<ImportReport::Reason>;
-
 constexpr quint32 maxStandardId = 0x7FF;
 constexpr quint32 maxExtendedId = 0x1FFFFFFF;
+constexpr quint32 maxClassicBytes = 8; // of a frame without CAN FD
 
 using LineFields::digitValue;
 
@@ -108,26 +105,32 @@ constexpr quint32 maxSeconds = std::numeric_limits<qint32>::max();
 class Fraction
 {
 public:
+    static constexpr std::size_t mostDigits = 6;
+    /// Microseconds in the last of so many digits.
+    static constexpr std::array<qint32, mostDigits + 1> weights{1000000, 100000, 10000, 1000,
+                                                                100,     10,     1};
+
     void add(unsigned digit)
     {
-        if (weight > 0) {
-            value += weight * qint32(digit);
-            weight /= 10;
+        if (count < mostDigits) {
+            value = value * 10 + qint32(digit);
+            ++count;
             return;
         }
-        value += !isRounded && digit >= 5;
+        isRoundedUp = isRoundedUp || (!isRounded && digit >= 5);
         isRounded = true;
         isCut = isCut || digit != 0;
     }
     /// A million when the digits are rounded up to the next second.
-    qint32 microseconds() const { return value; }
+    qint32 microseconds() const { return value * weights[count] + qint32(isRoundedUp); }
     /// Whether digits behind the sixth are not all 0.
     bool wasCut() const { return isCut; }
 
 private:
     qint32 value = 0;
-    qint32 weight = 100000;
+    std::size_t count = 0;
     bool isRounded = false;
+    bool isRoundedUp = false;
     bool isCut = false;
 };
 
@@ -137,7 +140,7 @@ template <typename Char> std::size_t takeDigits(Text<Char> &text, std::size_t mo
 {
     const std::size_t end = std::min(text.size(), most);
     std::size_t digits = 0;
-    for (unsigned digit = 0; digits < end && (digit = digitValue(text[digits])) < 10; ++digits)
+    for (unsigned digit = 0; digits < end && (digit = unsigned(text[digits]) - '0') < 10; ++digits)
         number = number * 10 + digit;
     text.remove_prefix(digits);
     return digits;
@@ -148,7 +151,6 @@ template <typename Char> std::size_t takeDigits(Text<Char> &text, std::size_t mo
 template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds, bool &isCut)
 {
     constexpr std::size_t digitsWithoutOverflow = 15;
-    constexpr std::array<qint64, 7> weights{1000000, 100000, 10000, 1000, 100, 10, 1};
     quint64 seconds = 0;
     quint64 fraction = 0;
     if (takeDigits(text, digitsWithoutOverflow, seconds) == 0 || seconds > maxSeconds)
@@ -156,26 +158,19 @@ template <typename Char> bool readSeconds(Text<Char> text, qint64 &microseconds,
     std::size_t digits = 0;
     if (!text.empty() && text.front() == '.') {
         text.remove_prefix(1);
-        digits = takeDigits(text, weights.size() - 1, fraction);
+        digits = takeDigits(text, Fraction::mostDigits, fraction);
     }
-    const bool isRoundedUp = digits == weights.size() - 1 && !text.empty() && text.front() >= '5';
+    const bool isRoundedUp = digits == Fraction::mostDigits && !text.empty() && text.front() >= '5';
     bool cut = false;
     for (const Char c : text) {
-        if (digits != weights.size() - 1 || digitValue(c) > 9)
+        if (digits != Fraction::mostDigits || digitValue(c) > 9)
             return false;
         cut = cut || c != '0';
     }
-    microseconds =
-        qint64(seconds) * weights[0] + qint64(fraction) * weights[digits] + qint64(isRoundedUp);
+    microseconds = qint64(seconds) * Fraction::weights[0]
+        + qint64(fraction) * Fraction::weights[digits] + qint64(isRoundedUp);
     isCut = isCut || cut;
     return true;
-}
-
-inline void setTime(CAN::CanRxMessage &message, qint64 microseconds)
-{
-    constexpr qint64 million = 1000000;
-    message.seconds = qint32(microseconds / million);
-    message.microseconds = qint32(microseconds % million);
 }
 
 /// Sets the time of a record, which has room for 31 bits of seconds and their sign; false for one
@@ -239,9 +234,17 @@ private:
         quint32 number = 0;
         const bool isLine =
             readNumber(name, 10, number) && number <= std::numeric_limits<quint16>::max();
-        const quint16 line = isLine ? quint16(number) : nextNamed++;
+        const quint16 line = isLine ? quint16(number) : freeLine();
         lines.report().channels.append({toQString(name), line});
         return line;
+    }
+
+    quint16 freeLine()
+    {
+        const auto isTaken = [this](const auto &known) { return known.second == nextNamed; };
+        while (std::any_of(lineOfName.begin(), lineOfName.end(), isTaken))
+            ++nextNamed;
+        return nextNamed++;
     }
 
     LineSource &lines;

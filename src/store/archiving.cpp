@@ -149,6 +149,10 @@ bool Archiving::unpack(const QString &archive)
     };
     QStringList damage;
     const Outcome outcome = desk.unpack(archive, unpacked, damage);
+    if (outcome.kind == Outcome::GivenUp) {
+        held.clear();
+        anything = false;
+    }
     const bool failed = !anything || !outcome.isDone() || !outcome.text.isEmpty();
     for (const std::function<void()> &report : qAsConst(held))
         report();

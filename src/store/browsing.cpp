@@ -44,8 +44,29 @@ bool Browsing::beginImport()
     if (importing.exchange(true))
         return false;
     importCancelled = false;
-    progressOfImport = {};
+    importDiscarded = false;
+    setProgress({});
     return true;
+}
+
+void Browsing::setProgress(const ImportProgress &progress)
+{
+    bytesRead = progress.bytesRead;
+    bytesOfFile = progress.bytes;
+    messagesRead = progress.messages;
+}
+
+ImportProgress Browsing::progress() const
+{
+    return importing ? ImportProgress{bytesRead, bytesOfFile, messagesRead} : ImportProgress();
+}
+
+void Browsing::discardImport()
+{
+    if (!importing)
+        return;
+    importDiscarded = true;
+    goLive();
 }
 
 void Browsing::tellNothingImported()

@@ -34,6 +34,9 @@ public:
     bool beginImport();
     void endImport() { importing = false; }
     bool isImportCancelled() const { return importCancelled; }
+    /// Cancels the import that runs, as goLive() does, and wants nothing of it to stay.
+    void discardImport();
+    bool isImportDiscarded() const { return importDiscarded; }
 
     // What the user is told of an import that failed.
 
@@ -42,8 +45,9 @@ public:
     void tellLastError() { teller.tellLast(&DatachunkHandler::newErrorMessage, lastError); }
     void tellNothingImported();
 
-    void setProgress(const ImportProgress &progress) { progressOfImport = progress; }
-    ImportProgress progress() const { return importing ? progressOfImport : ImportProgress(); }
+    void setProgress(const ImportProgress &progress);
+    /// Zeros while nothing is imported. Any thread.
+    ImportProgress progress() const;
 
     // How texts are read, and what became of the last one.
 
@@ -59,8 +63,11 @@ private:
     std::atomic<quint32> wishes{0};
     std::atomic<bool> importing{false};
     std::atomic<bool> importCancelled{false};
+    std::atomic<bool> importDiscarded{false};
     QString lastError;
     DatachunkHelper::ImportMode modeOfImports = DatachunkHelper::Strict;
-    ImportProgress progressOfImport;
+    std::atomic<qint64> bytesRead{0};
+    std::atomic<qint64> bytesOfFile{0};
+    std::atomic<quint64> messagesRead{0};
     ImportReport lastReport;
 };

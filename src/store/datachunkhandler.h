@@ -248,12 +248,20 @@ public:
     void setImportMode(ImportMode mode);
     ImportMode importMode() const;
 
-    /// How far the import, load or splitting has come that runs now; zeros when none does.
+    /// How far the import, load or splitting has come that runs now, or else the archive that is
+    /// merged, unpacked or packed now; zeros when nothing is. Of an archive the bytes count
+    /// unpacked, 0 in all while it is looked through, and the messages only where it is merged. Any
+    /// thread.
     ImportProgress importProgress() const;
 
     /// Gives up the import or load that runs now, from an event that it lets through: it ends as
-    /// one that failed, and the live messages are shown again. Chunks of the import that are
-    /// written by then stay in the chunk folder. Does nothing when none runs.
+    /// one that failed, and the live messages are shown again. Chunks of the import, also those
+    /// that newPartialDataFile has told of, are removed; where it is left by goLive they stay. The
+    /// application's thread.
+    /// When none runs, it gives up the archive that is worked on now, not those that wait: one that
+    /// is merged counts as not read and leads back to the live messages, an unpacking removes its
+    /// files, also those that newZippedFile has told of, and a packing leaves an earlier archive as
+    /// it was. Of archives any thread. Otherwise it does nothing.
     void cancelImport();
 
     /// What became of the lines of the text that was read last, up to where its reading ended; of

@@ -4,15 +4,21 @@
 
 #include <QCoreApplication>
 
-ImportRun::ImportRun(Browsing &browsing)
-    : browsing(browsing), teller(browsing.teller), outermost(browsing.beginImport())
+ImportRun::ImportRun(Browsing &browsing, PartialChunks *chunks)
+    : browsing(browsing), chunksToDiscard(chunks), teller(browsing.teller),
+      outermost(browsing.beginImport())
 {
+    if (outermost && chunks)
+        chunks->beginImport();
 }
 
 ImportRun::~ImportRun()
 {
-    if (storeExists() && outermost)
-        browsing.endImport();
+    if (!storeExists() || !outermost)
+        return;
+    if (chunksToDiscard && browsing.isImportDiscarded())
+        chunksToDiscard->discardImport();
+    browsing.endImport();
 }
 
 bool ImportRun::goesOn() const

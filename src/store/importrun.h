@@ -12,8 +12,9 @@ class PartialChunks;
 class ImportRun
 {
 public:
-    /// Runs inside the one already going on, if any.
-    explicit ImportRun(Browsing &browsing);
+    /// Runs inside the one already going on, if any. Otherwise it takes the chunks that it has left
+    /// in \a chunks away when it ends, if it has been discarded.
+    explicit ImportRun(Browsing &browsing, PartialChunks *chunks = nullptr);
     ~ImportRun();
 
     ImportRun(const ImportRun &) = delete;
@@ -45,6 +46,7 @@ private:
     bool show(PartialChunks *chunks) const;
 
     Browsing &browsing;
+    PartialChunks *const chunksToDiscard;
     const Teller teller;
     const bool outermost;
 };

@@ -55,7 +55,7 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
 bool DatachunkHandlerPrivate::loadFile(const TraceRequest &request, bool save)
 {
     const Teller caller = teller;
-    const ImportRun run(browsing);
+    const ImportRun run(browsing, &partialChunks);
     browsing.leaveLive();
     if (!run.storeExists())
         return false;
@@ -79,7 +79,7 @@ bool DatachunkHandlerPrivate::readAlone(const TraceRequest &request)
 {
     if (browsing.refuseDuringImport())
         return false;
-    const ImportRun run(browsing);
+    const ImportRun run(browsing, &partialChunks);
     return readTrace(run, browsing, partialChunks, request);
 }
 
@@ -159,7 +159,7 @@ bool DatachunkHandler::splitFile(QString fileName, unsigned int messagesPerFile)
 
 bool DatachunkHandler::addTxtMessage(CAN::CanRxMessage msg)
 {
-    const ImportRun run(d->browsing);
+    const ImportRun run(d->browsing, &d->partialChunks);
     StoreSink(run, d->browsing, d->partialChunks).message(msg);
     return true;
 }
@@ -239,13 +239,21 @@ DatachunkHandler::ImportMode DatachunkHandler::importMode() const
 
 ImportProgress DatachunkHandler::importProgress() const
 {
-    return d->browsing.progress();
+    if (d->browsing.isImporting())
+        return d->browsing.progress();
+    const auto work = d->archives.workUnderWay();
+    return work ? ImportProgress{work->bytesDone(), work->bytes(), work->messages()}
+                : ImportProgress();
 }
 
 void DatachunkHandler::cancelImport()
 {
-    if (d->browsing.isImporting())
-        d->browsing.goLive();
+    if (d->browsing.isImporting()) {
+        d->browsing.discardImport();
+        return;
+    }
+    if (const auto work = d->archives.workUnderWay())
+        work->cancel();
 }
 
 ImportReport DatachunkHandler::importReport() const

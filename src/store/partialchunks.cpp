@@ -23,9 +23,11 @@ SharedSaveJob PartialChunks::save(const Notes &notes)
     job->endPosition = quint32(job->messages.size());
     job->notes = notes;
     job->importName = nameOfImport;
+    job->importDiscarded = discarded;
     job->fileName = folder.partialChunkTemplate(partName());
     saver.add(job);
     folder.addFileBeside(job->fileName);
+    ofImport.append({job->fileName, job});
     saver.start();
     return job;
 }
@@ -36,4 +38,27 @@ void PartialChunks::saveFullBuffer()
     if (saver.budget() != 0)
         lastSave = save(trace.notes().of(trace.paged()));
     trace.setPaged({});
+}
+
+void PartialChunks::beginImport()
+{
+    ofImport.clear();
+    discarded = std::make_shared<std::atomic<bool>>(false);
+}
+
+void PartialChunks::discardImport()
+{
+    *discarded = true;
+    constexpr int moment = 50;
+    const QDeadlineTimer end(moment);
+    for (const Part &part : qAsConst(ofImport)) {
+        if (const SharedSaveJob job = part.job.lock())
+            job->cancelled = true;
+    }
+    for (const Part &part : qAsConst(ofImport)) {
+        if (const SharedSaveJob job = part.job.lock())
+            job->waitForFinished(end);
+        QFile::remove(part.fileName);
+    }
+    ofImport.clear();
 }

@@ -15,7 +15,9 @@ void SaveReports::post(const SaveReport &report, const ChunkSaver &saver)
 
 void SaveReports::ended(const SaveReport &report)
 {
-    if (report.outcome.kind == Outcome::GivenUp)
+    // A cancelled import takes its chunks away, perhaps while this was on its way.
+    const bool isDiscarded = report.importDiscarded && *report.importDiscarded;
+    if (report.outcome.kind == Outcome::GivenUp || isDiscarded)
         return;
     const Teller caller = teller;
     outcome(report);

@@ -10,11 +10,6 @@
 
 namespace {
 
-bool alwaysGoesOn()
-{
-    return true;
-}
-
 bool copyAll(QIODevice &from, QIODevice &to)
 {
     QByteArray block(256 * 1024, Qt::Uninitialized);
@@ -37,7 +32,8 @@ ArchiveChunks::ArchiveChunks(const QString &path) : reader(path)
         return;
     }
     Damage::List damage;
-    all = ChunkArchive::chunksByStart(reader, alwaysGoesOn, damage);
+    WorkProgress work;
+    all = ChunkArchive::chunksByStart(reader, work, damage);
     if (ChunkArchive::isBomb(reader, all)) {
         all.clear();
         error = FileErrors::bomb(path);
@@ -55,7 +51,8 @@ bool ArchiveChunks::readWith(std::size_t chunk, const std::function<void(Zip::En
                              const KeepGoing &keepGoing)
 {
     const MutexLock locker(mutex);
-    const auto content = reader.open(all[chunk].entry, keepGoing);
+    WorkProgress work(keepGoing);
+    const auto content = reader.open(all[chunk].entry, work);
     if (content)
         read(*content);
     return content != nullptr;
@@ -82,7 +79,8 @@ std::shared_ptr<const ChunkHandle> ArchiveChunks::open(std::size_t chunk)
 std::shared_ptr<const ChunkHandle> ArchiveChunks::unpack(std::size_t chunk)
 {
     QTemporaryFile file(QDir::tempPath() + QLatin1String("/datachunk-XXXXXX"));
-    const auto content = reader.open(all[chunk].entry, alwaysGoesOn);
+    WorkProgress work;
+    const auto content = reader.open(all[chunk].entry, work);
     if (!content || !file.open() || !copyAll(*content, file) || !file.flush())
         return {};
     // The file goes with its name when this ends; the handle keeps its bytes.

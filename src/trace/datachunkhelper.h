@@ -54,8 +54,11 @@ public:
         WiresharkCsv,
         GenericFormat, ///< chosen by the caller, never found
         Unknown,       ///< nothing that is known
-        BusmasterLog,  ///< found by TraceRecognition only, as the next
-        GvretCsv       ///< the comma separated frames of GVRET and SavvyCAN
+        BusmasterLog,  ///< found by TraceRecognition only, as the next ones
+        GvretCsv,      ///< the comma separated frames of GVRET and SavvyCAN
+        CanHackerTrace,
+        PythonCanCsv, ///< the comma separated frames of python-can's logger
+        PythonCanText ///< the lines that python-can prints
     };
     Q_ENUM(ImportFileType)
 

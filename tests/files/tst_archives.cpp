@@ -12,10 +12,7 @@ namespace {
 
 constexpr qint64 ampleMemory = 1 << 30;
 
-bool always()
-{
-    return true;
-}
+WorkProgress always; // nobody cancels it
 
 constexpr auto allEntries = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
 

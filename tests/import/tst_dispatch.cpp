@@ -19,6 +19,8 @@ private slots:
     void liveTrafficGoesOnDuringAnImport();
     void importOnAThreadWithoutTheStoresEventLoop();
     void anImportTellsItsProgressAndCanBeCancelled();
+    void aCancelledImportLeavesNoChunk_data();
+    void aCancelledImportLeavesNoChunk();
 
 private:
     QString candump(int lines);
@@ -205,6 +207,54 @@ void TestDispatch::anImportTellsItsProgressAndCanBeCancelled()
     QVERIFY(progress.bytesRead > 0 && progress.bytesRead <= progress.bytes);
     QVERIFY(progress.messages > 0 && progress.messages < lineCount);
     QCOMPARE(store.importProgress().bytes, 0);
+}
+
+void TestDispatch::aCancelledImportLeavesNoChunk_data()
+{
+    QTest::addColumn<int>("turn");
+    QTest::addColumn<bool>("cancels");
+    QTest::newRow("between two chunks") << 10 << true;
+    QTest::newRow("while the first chunk is written") << 2 << true;
+    QTest::newRow("going live keeps the chunks") << 10 << false;
+}
+
+void TestDispatch::aCancelledImportLeavesNoChunk()
+{
+    QFETCH(int, turn);
+    QFETCH(bool, cancels);
+    const QString file = candump(20000);
+    DatachunkHandler store(6000);
+    const QDir chunks(store.chunkFolderPath());
+    const QString other = chunks.absolutePath() + "\\\\a7.dck";
+    writeFile(other, "of another import");
+    const auto partsOfImport = [&chunks] {
+        QDir beside(chunks.path() + "/..");
+        return beside.entryList({chunks.dirName() + "*.dck"}, QDir::Files).size() - 1;
+    };
+    QSignalSpy told(&store, &DatachunkHandler::newPartialDataFile);
+    QElapsedTimer sinceCancel;
+    int toldBefore = 0;
+    const AtTurn leaving(turn, [&] {
+        for (int i = 0; i < 3; ++i)
+            store.addnewtestmessage();
+        toldBefore = told.count();
+        sinceCancel.start();
+        cancels ? store.cancelImport() : store.goLive();
+        QVERIFY(store.getIsLive());
+    });
+    const QSignalSpy imported(&store, &DatachunkHandler::messagesImported);
+    store.importMessages(file, DatachunkHelper::SocketCanDump);
+    QVERIFY(sinceCancel.elapsed() < 1000);
+    QCOMPARE(imported.value(0).value(0).toString(), QString());
+    QVERIFY(store.getIsLive() && store.getMessageCount() == 3);
+    store.waitForSaves();
+    QCoreApplication::processEvents();
+    QVERIFY(cancels ? partsOfImport() == 0 : partsOfImport() > 3);
+    QVERIFY(!cancels || told.count() == toldBefore);
+    // The next import begins with chunks of its own.
+    store.importMessages(file, DatachunkHelper::SocketCanDump);
+    QVERIFY(!store.getIsLive() && partsOfImport() >= 20);
+    QVERIFY(QFile::remove(other));
 }
 
 QTEST_GUILESS_MAIN(TestDispatch)

@@ -1,6 +1,8 @@
 #include "loadertable.h"
 #include "recordingsink.h"
 #include "storefixture.h"
+#include "tracerecognition.h"
+#include "tracestream.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -16,11 +18,14 @@ const QMap<QString, DatachunkHelper::ImportFileType> &typesByFolder()
     static const QMap<QString, DatachunkHelper::ImportFileType> types{
         {"busmaster", DatachunkHelper::BusmasterLog},
         {"candump", DatachunkHelper::SocketCanDump},
+        {"canhacker", DatachunkHelper::CanHackerTrace},
         {"gvret", DatachunkHelper::GvretCsv},
         {"ixxat", DatachunkHelper::IxxatTrace},
         {"kvaser-canking", DatachunkHelper::KvaserCanKingLog},
         {"kvaser-txt", DatachunkHelper::KvaserTxtLog},
         {"peak-trc", DatachunkHelper::PeakTrc21},
+        {"python-can-csv", DatachunkHelper::PythonCanCsv},
+        {"python-can-text", DatachunkHelper::PythonCanText},
         {"vector-asc", DatachunkHelper::VectorAsc},
         {"wireshark", DatachunkHelper::WiresharkCsv}};
     return types;
@@ -123,6 +128,12 @@ private slots:
     void everyFrameIsFound();
     void linesAddUp_data();
     void linesAddUp();
+    void contentTellsTheType_data();
+    void contentTellsTheType();
+    void strictFramesThatAreRightAreNotUnlikely_data();
+    void strictFramesThatAreRightAreNotUnlikely();
+    void strictReadersTellOfPhantoms_data();
+    void strictReadersTellOfPhantoms();
 };
 
 void TestTolerant::everyFrameIsFound_data()
@@ -179,10 +190,115 @@ void TestTolerant::linesAddUp()
         const Outcome outcome = readTraceFile({trace, typeOf(trace), {}, mode}, sink);
         QCOMPARE(report.frames, quint64(sink.messages.size()));
         QCOMPARE(report.frames + report.linesLeftOut(), report.lines);
+        QVERIFY(mode == DatachunkHelper::Strict || report.unlikely.count == 0);
         const QByteArray content = readFile(trace);
         if (outcome.isDone())
             QCOMPARE(report.lines, quint64(content.count('\n') + !content.endsWith('\n')));
     }
+}
+
+void TestTolerant::contentTellsTheType_data()
+{
+    everyFrameIsFound_data();
+}
+
+void TestTolerant::contentTellsTheType()
+{
+    QFETCH(QString, trace);
+    // The versions of a format share a reader.
+    const auto readerOf = [](DatachunkHelper::ImportFileType type) {
+        return traceReaderFor({{}, type, {}, DatachunkHelper::Tolerant}).read;
+    };
+    const TraceRecognition recognition = TraceRecognition::of(trace);
+    if (readFile(trace + ".faithful").isEmpty())
+        QCOMPARE(recognition.type, DatachunkHelper::Unknown);
+    else
+        QVERIFY2(readerOf(recognition.type) == readerOf(typeOf(trace)),
+                 qPrintable(recognition.explanation));
+}
+
+void TestTolerant::strictFramesThatAreRightAreNotUnlikely_data()
+{
+    everyFrameIsFound_data();
+}
+
+void TestTolerant::strictFramesThatAreRightAreNotUnlikely()
+{
+    QFETCH(QString, trace);
+    const TraceRequest request{trace, typeOf(trace), {}};
+    QFile file(trace);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const TraceReader reader = traceReaderFor(request);
+    LineSource lines(file, reader.carriageReturns);
+    RowSink sink(lines);
+    reader.read(lines, sink, request);
+    // Strict readers name no channels, and few of them tell the direction.
+    const auto frameOf = [](const QString &row) { return row.section(' ', 0, 5); };
+    QSet<QString> right;
+    for (const QString &row : QString::fromUtf8(readFile(trace + ".faithful")).split('\n'))
+        right.insert(frameOf(asWritten(row)));
+    for (const quint64 unlikely : lines.report().unlikely.first) {
+        const int index = sink.numbers.indexOf(unlikely);
+        const QString row = rowOf(unlikely, sink.messages.at(index), lines.report());
+        QVERIFY2(!right.contains(frameOf(row)), qPrintable(row));
+    }
+}
+
+void TestTolerant::strictReadersTellOfPhantoms_data()
+{
+    using H = DatachunkHelper;
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QVector<quint64>>("unlikely");
+    const auto row = [](const char *name, int type, const char *content,
+                        const QVector<quint64> &unlikely) {
+        QTest::newRow(name) << type << QByteArray(content) << unlikely;
+    };
+    row("comments and kinds of frames in a candump", H::SocketCanDump,
+        "(1.5) can0 123#11FF\n# kept by the logger\n(1.5) can0 18FF0000#\n(2.5) can0 123##01122\n"
+        "(2.5) can0 123#R\n can0  7FF  [2]  11 22\n candump of the test bench\n",
+        {2, 4, 5, 7});
+    row("statistics and an error frame in a Vector log", H::VectorAscWithoutBitcount,
+        "date today\nBegin Triggerblock\n0.1 1 123 Rx d 2 11 22 Length = 8 BitCount = 9\n"
+        "0.2 1 Statistic: D 4 R 0 XD 0 XR 0 E 0 O 0 B 0.00%\n0.3 1 1FFx Rx d 0\n"
+        "0.4 2 ErrorFrame\n",
+        {4, 6});
+    row("a title in a CanKing log", H::KvaserCanKingLog,
+        "Chn Identifier Flg Len D0 D1 Time Dir\n 0 123 2 11 22 1.5 R\n", {1});
+    row("a payload of decimal bytes in a Kvaser log", H::KvaserTxtLog,
+        "Trigger\n 1.5 1 123 Rx 2 11 22 1\n 1.6 1 123 Rx 2 119 220 2\n", {3});
+    row("a payload cut short by a word in a PEAK trace", H::PeakTrc11,
+        "1) 1.5 Rx 0123 2 11 22 end\n2) 2.5 Rx 0123 2 11 end\n3) 3.5 Rx 0123 2 RTR\n", {2});
+    row("times without a fraction in an Ixxat trace", H::IxxatTrace,
+        "\"Time\",\"ID\",\"DLC\",\"Data\",\"a\",\"b\"\n\"00:00:01.000.000\",\"1\",\"1\",\"11\",1,1,"
+        "\n"
+        "\"00:00:01\",\"1\",\"1\",\"11\",1,1,\n\"noon\",\"1\",\"1\",\"11\",1,1,\n",
+        {4});
+    row("remote frames in a Kolvar trace", H::KolvarTxt,
+        "1.5 0x7ff/2047 (8): Remote Transmission Request;0;\n1.5 0x7ff/2047 (1): 01 ;0;a note\n"
+        "1.5 0x7ff/2047 (1): ;0;a note\n1.5 all/2047 (1): 01\n",
+        {3, 4});
+}
+
+void TestTolerant::strictReadersTellOfPhantoms()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(int, type);
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write(content);
+    file.close();
+    TraceStream stream(file.fileName(), DatachunkHelper::ImportFileType(type));
+    // Another trace that is read while the event loop is turned has lines of its own.
+    const QString other = QStringLiteral(TESTDATA "/tolerant/candump/compact_kinds_of_frames.log");
+    TraceStream nested(other, DatachunkHelper::SocketCanDump);
+    const auto readOther = [&nested] {
+        nested.read([](const TraceItem &) { return true; }, [] { return true; });
+        return nested.report().unlikely.count > 0;
+    };
+    QVERIFY(stream.read([](const TraceItem &) { return true; }, readOther) != TraceStream::Failed);
+    QTEST(stream.report().unlikely.first, "unlikely");
+    QCOMPARE(stream.report().hasLoss(), stream.report().unlikely.count > 0);
 }
 
 QTEST_GUILESS_MAIN(TestTolerant)

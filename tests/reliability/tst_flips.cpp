@@ -49,8 +49,8 @@ qint64 memoryToRun(const FuzzTarget &target, const QByteArray &bytes)
 QSet<quint32> mergedNumbers(const QByteArray &archive)
 {
     ChunkArchive::Merged merged;
-    ChunkArchive::merge(
-        inputFile(QStringLiteral("input.zip"), archive), 1 << 30, [] { return true; }, merged);
+    WorkProgress work;
+    ChunkArchive::merge(inputFile(QStringLiteral("input.zip"), archive), 1 << 30, work, merged);
     QSet<quint32> numbers;
     for (int i = 0; i < merged.messages.size(); ++i)
         numbers.insert(merged.messages.at(i).messageNumber);

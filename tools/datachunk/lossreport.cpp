@@ -10,6 +10,12 @@
 
 namespace {
 
+// A frame all the same, so that it is not said to be left out.
+QString unlikelyText()
+{
+    return Cli::tr("became a frame, but does not look like one");
+}
+
 using Lines = ImportReport::Lines;
 
 QString numbersOf(const Lines &lines)
@@ -67,6 +73,8 @@ QByteArray jsonOf(const TraceFile &trace, const ImportReport &report)
                        {QStringLiteral("leftOut"), leftOut},
                        {QStringLiteral("changed"), changed},
                        {QStringLiteral("channels"), channels}};
+    if (report.unlikely.count > 0)
+        object.insert(QStringLiteral("unlikely"), jsonOf(unlikelyText(), report.unlikely));
     if (report.start.isValid())
         object.insert(QStringLiteral("start"), report.start.toString(Qt::ISODateWithMs));
     if (!report.timeBase.isEmpty())
@@ -100,6 +108,7 @@ void printReport(const TraceFile &trace, const ImportReport &report)
     for (int i = 0; i < ImportReport::changeCount; ++i)
         addRow(ImportReport::changeText(ImportReport::Change(i)), report.changed[std::size_t(i)],
                text);
+    addRow(unlikelyText(), report.unlikely, text);
     printError(trace.name, text);
 }
 

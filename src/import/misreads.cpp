@@ -1,0 +1,7 @@
+#include "misreads.h"
+
+quint64 &LineFields::misreads()
+{
+    thread_local quint64 count = 0;
+    return count;
+}
