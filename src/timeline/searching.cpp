@@ -107,6 +107,52 @@ std::optional<quint64> Searching::changed(quint64 begin, quint64 end, bool wants
     return goesOn() || wantsFirst ? found : std::optional<quint64>();
 }
 
+quint64 Searching::all(quint64 from, quint64 count, const Visit &visit) const
+{
+    const quint64 end = snapshot->endOf(from, count);
+    const auto &segments = snapshot->segments();
+    ChangeTracker changes;
+    quint64 gone = 0;
+    std::size_t i = filter.needsChanged() ? 0 : snapshot->indexOf(from);
+    for (; from < end && i < segments.size() && segments[i].begin < end; ++i) {
+        if (!filter.needsChanged() && !mayHaveAny(*segments[i].segment))
+            continue;
+        if (!allIn(segments[i], from, end, changes, visit, gone))
+            break;
+    }
+    return gone;
+}
+
+// False when the visitor stops.
+bool Searching::allIn(const TraceSnapshot::Placed &placed, quint64 from, quint64 end,
+                      ChangeTracker &changes, const Visit &visit, quint64 &gone) const
+{
+    const TraceSegment &segment = *placed.segment;
+    const auto offsetOf = [&placed](quint64 position) {
+        return quint32(qBound(placed.begin, position, placed.end()) - placed.begin);
+    };
+    const quint32 first = offsetOf(from);
+    const quint32 last = offsetOf(end);
+    quint32 next = filter.needsChanged() ? 0 : first; // that is still to be looked at
+    bool wantsMore = true;
+    QVector<quint64> found;
+    const auto take = [&](quint32 step, const quint16 *positions, int count) {
+        found.resize(0);
+        for (int at = 0; at < count; ++at) {
+            if (step * perStep + positions[at] >= first)
+                found.append(placed.begin + step * perStep + positions[at]);
+        }
+        next = std::min(last, (step + 1) * perStep);
+        wantsMore = visit(found);
+        return wantsMore;
+    };
+    const Notes notes = notesFor(filter, segment);
+    if (!segment.scan({filter, notes, filter.needsChanged() ? &changes : nullptr, next, last},
+                      take))
+        gone += last - std::max(first, next);
+    return wantsMore;
+}
+
 std::optional<quint64> Searching::positionOfNumber(const TraceSnapshot &snapshot, quint32 number)
 {
     for (const TraceSnapshot::Placed &placed : snapshot.segments()) {

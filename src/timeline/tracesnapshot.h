@@ -36,6 +36,11 @@ public:
 
     const std::vector<Placed> &segments() const { return all; }
     quint64 count() const { return all.empty() ? 0 : all.back().end(); }
+    /// Behind the last of \a count messages from \a from on that there are.
+    quint64 endOf(quint64 from, quint64 count) const
+    {
+        return from < this->count() ? from + std::min(count, this->count() - from) : from;
+    }
     Place at(quint64 position) const;
     /// Index of the first segment that ends behind \a position.
     std::size_t indexOf(quint64 position) const;

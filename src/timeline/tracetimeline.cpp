@@ -5,6 +5,7 @@
 #include "searching.h"
 #include "timelinedata.h"
 #include "tracefilter.h"
+#include "visiting.h"
 
 #include <QThread>
 
@@ -54,6 +55,20 @@ QStringList TraceTimeline::problems() const
 quint64 TraceTimeline::count() const
 {
     return data->snapshot()->count();
+}
+
+quint64 TraceTimeline::forEach(quint64 from, quint64 count,
+                               const std::function<bool(const TraceBlock &block)> &visit) const
+{
+    const SharedSnapshot snapshot = data->snapshot();
+    return visitBlocks(*snapshot, from, snapshot->endOf(from, count), visit);
+}
+
+quint64 TraceTimeline::forEachFound(
+    const TraceExpression &expression, quint64 from, quint64 count,
+    const std::function<bool(const QVector<quint64> &positions)> &visit) const
+{
+    return Searching(*data, expression, {}).all(from, count, visit);
 }
 
 TraceRow TraceTimeline::row(quint64 position) const
