@@ -6,7 +6,9 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <map>
 
@@ -19,6 +21,8 @@ QString tr(const char *text)
 
 QString problemOf(const QString &name, const IndexedChunk &chunk)
 {
+    if (!chunk.damage.isEmpty())
+        return chunk.damage;
     switch (chunk.result) {
     case Outcome::Done:
         return Damage::ofChunk(name, chunk.front, chunk.end, chunk.index.count);
@@ -52,10 +56,19 @@ qint64 firstTimeOf(const ChunkBytes &bytes)
     return time;
 }
 
+// Chunks are known by names that do not end in two slashes.
+QStringList cleaned(QStringList paths)
+{
+    for (QString &path : paths)
+        path = QDir::cleanPath(path);
+    return paths;
+}
+
 } // namespace
 
 FileSource::FileSource(const QStringList &paths)
-    : paths(paths), snapshot(std::make_shared<TraceSnapshot>()), reader([this] { readMissing(); })
+    : paths(cleaned(paths)), snapshot(std::make_shared<TraceSnapshot>()),
+      reader([this] { readMissing(); })
 {
     refresh();
 }
@@ -118,15 +131,21 @@ void FileSource::look()
     looked.clear();
     for (Chunk &chunk : known)
         chunk.isGone = true;
+    QSet<QString> foldersOfFiles; // with the slash behind
     for (const QString &path : paths) {
         const QFileInfo info(path);
-        if (info.isDir())
+        if (info.isDir()) {
             lookAtFolder(path);
-        else if (ChunkListing::isArchive(path))
+        } else if (ChunkListing::isArchive(path)) {
             lookAtArchive(path);
-        else
+        } else {
             lookAtFile(path);
+            if (!known[path].isRead)
+                foldersOfFiles.insert(path.left(path.lastIndexOf(QLatin1Char('/')) + 1));
+        }
     }
+    for (const QString &folder : qAsConst(foldersOfFiles))
+        readDirectory(folder);
 }
 
 void FileSource::lookAtFolder(const QString &path)
@@ -141,13 +160,15 @@ void FileSource::lookAtFolder(const QString &path)
     const bool isAnyMissing = std::any_of(
         files.begin(), files.end(), [this](const QString &file) { return !known[file].isRead; });
     if (isAnyMissing)
-        readDirectory(path);
+        readDirectory(path + QLatin1Char('/'));
 }
 
+// Of a folder whose name ends in a slash, or has none for the current one.
 void FileSource::readDirectory(const QString &folder)
 {
-    for (DirectoryEntry &entry : ChunkDirectory::read(folder)) {
-        const auto chunk = known.find(folder + QLatin1Char('/') + entry.name);
+    for (DirectoryEntry &entry :
+         ChunkDirectory::read(folder.isEmpty() ? QStringLiteral(".") : folder)) {
+        const auto chunk = known.find(folder + entry.name);
         if (chunk == known.end() || chunk->isRead || !describes(entry, chunk->identity))
             continue;
         chunk->isRead = true;
@@ -268,7 +289,8 @@ void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, const Inde
     chunk.segment.reset();
     if (indexed.result == Outcome::Done) {
         chunk.segment = std::make_shared<ChunkSegment>(bytes, indexed.index);
-        if (chunk.isOfFolder)
+        // A damaged one is read again, so that its damage is told again.
+        if (chunk.isOfFolder && chunk.problem.isEmpty())
             keepInDirectory(chunk);
     }
     if (!missing.empty() && !nextPublication.hasExpired())
