@@ -21,6 +21,9 @@ QString problemOf(const QString &name, const IndexedChunk &chunk)
 {
     switch (chunk.result) {
     case Outcome::Done:
+        // An empty file is a chunk of nothing.
+        if (chunk.front.size == 0)
+            return {};
         return Damage::ofChunk(name, chunk.front, chunk.end, chunk.index.count);
     case Outcome::NewerVersion:
         return tr("The chunk %1 was created with a newer version of this tool; nothing of it is "
@@ -160,6 +163,7 @@ void FileSource::lookAtFile(const QString &path)
     const auto identity = FileIdentity::of(path);
     if (!identity) {
         Chunk missing;
+        missing.place.run = path;
         missing.isRead = true;
         missing.problem = tr("There is no chunk file %1.").arg(path);
         if (!known.contains(path))
@@ -185,6 +189,7 @@ void FileSource::lookAtArchive(const QString &path)
     const auto archive = isSame ? before->archive : std::make_shared<ArchiveChunks>(path);
     // What is to be told of the archive stands with a chunk that has nothing to show.
     Chunk whole;
+    whole.place.run = path;
     whole.archive = archive;
     whole.isRead = true;
     whole.problem = archive->problem();
