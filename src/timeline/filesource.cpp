@@ -141,8 +141,9 @@ void FileSource::lookAtFolder(const QString &path)
         lookAtFile(file);
         known[file].isOfFolder = true;
     }
-    const bool isAnyMissing = std::any_of(
-        files.begin(), files.end(), [this](const QString &file) { return !known[file].isRead; });
+    bool isAnyMissing = false;
+    for (const QString &file : files)
+        isAnyMissing = isAnyMissing || !known[file].isRead;
     if (isAnyMissing)
         readDirectory(path);
 }
@@ -239,9 +240,12 @@ void FileSource::sortIntoRuns()
     std::stable_sort(runs.begin(), runs.end(),
                      [](const Run &a, const Run &b) { return a.firstTime < b.firstTime; });
     missing.clear();
-    for (const Run &run : runs)
-        std::copy_if(run.chunks.begin(), run.chunks.end(), std::back_inserter(missing),
-                     [this](const QString &name) { return !known[name].isRead; });
+    for (const Run &run : runs) {
+        for (const QString &name : run.chunks) {
+            if (!known[name].isRead)
+                missing.push_back(name);
+        }
+    }
 }
 
 std::shared_ptr<const ChunkBytes> FileSource::nextMissing()
