@@ -8,7 +8,8 @@
 std::vector<FuzzTarget> fuzzTargets()
 {
     std::vector<FuzzTarget> all;
-    for (const auto &room : {readerTargets(), chunkTargets(), archiveTargets()})
+    for (const auto &room : {readerTargets(), chunkTargets(), archiveTargets(), directoryTargets(),
+                             expressionTargets()})
         all.insert(all.end(), room.begin(), room.end());
     return all;
 }

@@ -19,6 +19,8 @@ std::vector<FuzzTarget> fuzzTargets();
 std::vector<FuzzTarget> readerTargets();
 std::vector<FuzzTarget> chunkTargets();
 std::vector<FuzzTarget> archiveTargets();
+std::vector<FuzzTarget> expressionTargets();
+std::vector<FuzzTarget> directoryTargets();
 
 /// Ends the process with \a what unless it \a holds.
 void require(bool holds, const char *what);

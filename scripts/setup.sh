@@ -14,7 +14,7 @@ packages=(
     cmake ninja-build g++ pkg-config
     qtbase5-dev
     libqt5serialbus5-dev libqt5serialbus5-plugins
-    libquazip1-qt5-dev zlib1g-dev
+    libquazip1-qt5-dev zlib1g-dev libxxhash-dev
     libbenchmark-dev
 )
 

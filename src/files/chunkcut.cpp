@@ -15,6 +15,7 @@ qint64 cutToWholeRecords(const QString &fileName)
     const ChunkReading::WholeRecords whole = ChunkReading::findWholeRecords(file, bounds);
     if (whole.result != Outcome::Done)
         return -1;
-    const bool cut = whole.count == 0 || file.resize(whole.end);
+    // Setting the size that it has would give the file another time of change.
+    const bool cut = whole.count == 0 || whole.end == file.size() || file.resize(whole.end);
     return cut && file.error() == QFileDevice::NoError ? whole.count : -1;
 }

@@ -30,26 +30,6 @@ template <typename Integer> const char *get(const char *in, Integer &value)
     return in + sizeof value;
 }
 
-// Expects a complete record with a valid length at `in`.
-void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version)
-{
-    in = get(in, message.length);
-    std::memcpy(message.data, in, std::size_t(message.length));
-    in += message.length;
-    message.extended = *in++ != 0;
-    in = get(in, message.id);
-    message.remote = *in++ != 0;
-    message.flagC = *in++ != 0;
-    message.fdFrame = *in++ != 0;
-    message.flagB = *in++ != 0;
-    message.flagD = *in++ != 0;
-    in = get(in, message.microseconds);
-    in = get(in, message.seconds);
-    in = get(in, message.messageNumber);
-    if (version >= lineFieldSince)
-        get(in, message.line);
-}
-
 // The size of a block, or for a small file only what it needs. How much an entry of an archive
 // still has is not known.
 int bufferSizeFor(const QIODevice &device)
@@ -119,6 +99,25 @@ void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 
            << message.messageNumber;
     if (version >= lineFieldSince)
         stream << message.line;
+}
+
+void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version)
+{
+    in = get(in, message.length);
+    std::memcpy(message.data, in, std::size_t(message.length));
+    in += message.length;
+    message.extended = *in++ != 0;
+    in = get(in, message.id);
+    message.remote = *in++ != 0;
+    message.flagC = *in++ != 0;
+    message.fdFrame = *in++ != 0;
+    message.flagB = *in++ != 0;
+    message.flagD = *in++ != 0;
+    in = get(in, message.microseconds);
+    in = get(in, message.seconds);
+    in = get(in, message.messageNumber);
+    if (version >= lineFieldSince)
+        get(in, message.line);
 }
 
 CAN::CanRxMessage asInChunk(const CAN::CanRxMessage &message)

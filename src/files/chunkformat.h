@@ -52,6 +52,9 @@ int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version);
 /// Writes one record in the stream's byte order; that of chunk files is the default one.
 void writeRecord(QDataStream &stream, const CAN::CanRxMessage &message, quint32 version);
 
+/// Takes over the whole record at \a in, whose length is within 0..64.
+void decodeRecord(const char *in, CAN::CanRxMessage &message, quint32 version);
+
 /// What is left of a message in a chunk of the current version.
 CAN::CanRxMessage asInChunk(const CAN::CanRxMessage &message);
 

@@ -30,7 +30,10 @@ bool isRotation(const SaveJob &job)
 class ChunkSaver::State
 {
 public:
-    explicit State(TellSaved tell) : diskBudget(folder.path()), tell(std::move(tell)) { }
+    State(TellSaved tell, ChunkWritten written)
+        : diskBudget(folder.path()), written(std::move(written)), tell(std::move(tell))
+    {
+    }
 
     void add(const SharedSaveJob &job, bool numbered) EXCLUDES(mutex);
     void clear() EXCLUDES(mutex);
@@ -60,6 +63,7 @@ private:
     void report(const SaveReport &report) EXCLUDES(tellMutex);
 
     DiskBudget diskBudget;              // used by whoever works
+    const ChunkWritten written;         // may be null
     std::atomic<bool> wasBehind{false}; // whether much has waited since nothing did
 
     Mutex mutex;
@@ -193,7 +197,13 @@ Outcome ChunkSaver::State::saveIntoFolder(const SaveJob &job)
             QCoreApplication::translate("DatachunkHandler", "The folder for chunk files is gone."));
     }
     diskBudget.beginChange();
-    return save(job, [&] { diskBudget.endChange(QFileInfo(job.fileName).fileName()); });
+    const Outcome outcome =
+        save(job, [&] { diskBudget.endChange(QFileInfo(job.fileName).fileName()); });
+    const bool isWhole = outcome.kind == Outcome::Done && outcome.text.isEmpty();
+    // A lack of memory for more than the chunk does not undo it.
+    if (written && isWhole && isChunkName(job.fileName))
+        withinMemory([&] { written(job); });
+    return outcome;
 }
 
 bool ChunkSaver::State::keepBudget(const SaveJob &job, bool isInFolder)
@@ -243,8 +253,9 @@ std::deque<SharedSaveJob> ChunkSaver::State::unfinished()
     return jobs;
 }
 
-ChunkSaver::ChunkSaver(TellSaved tell)
-    : state(std::make_shared<State>(std::move(tell))), thread([state = state] { state->work(); })
+ChunkSaver::ChunkSaver(TellSaved tell, ChunkWritten written)
+    : state(std::make_shared<State>(std::move(tell), std::move(written))),
+      thread([state = state] { state->work(); })
 {
 }
 

@@ -14,7 +14,8 @@
 class ChunkSaver
 {
 public:
-    explicit ChunkSaver(TellSaved tell);
+    /// \a written is called for the chunks of the folder, and may be once this object is gone.
+    explicit ChunkSaver(TellSaved tell, ChunkWritten written = {});
 
     /// Gives up all jobs. One that the disk holds up for longer than a moment ends later, by
     /// itself, and takes the folder with it.

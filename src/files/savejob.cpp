@@ -40,29 +40,6 @@ QString chunkTimeText(const MessageList &messages, qint64 first, qint64 last)
 
 namespace {
 
-// Calls write(message) for every position that the job selects and the list has, in order,
-// until it returns false or the job is cancelled.
-template <typename Write> void forEachMessage(const SaveJob &job, qint64 start, const Write &write)
-{
-    constexpr int messagesBetweenChecks = 1024;
-    const auto goOn = [&job](qint64 done) {
-        return done % messagesBetweenChecks != 0 || !job.cancelled;
-    };
-    if (!job.selected.isEmpty()) {
-        for (int i = 0; i < job.selected.size() && goOn(i); ++i) {
-            const quint32 position = job.selected.at(i);
-            if (position < quint32(job.messages.size()) && !write(job.messages.at(int(position))))
-                return;
-        }
-        return;
-    }
-    const qint64 end = std::min<qint64>(job.endPosition, job.messages.size());
-    for (qint64 i = std::max<qint64>(start, 0); i < end && goOn(i); ++i) {
-        if (!write(job.messages.at(int(i))))
-            return;
-    }
-}
-
 Outcome finish(const SaveJob &job, QFile &file, Outcome outcome)
 {
     const QString error = FileErrors::close(file);
@@ -98,8 +75,8 @@ void writeChunk(const SaveJob &job, QFile &file)
     ChunkFormat::writeHeader(stream, chunkTimeText(job), job.notes, job.bookmarks);
     setCurrentChunkVersion(ChunkFormat::currentVersion);
     ChunkFormat::RecordWriter writer(file, ChunkFormat::currentVersion);
-    forEachMessage(job, job.startPosition,
-                   [&writer](const CAN::CanRxMessage &message) { return writer.write(message); });
+    forEachSaved(job,
+                 [&writer](const CAN::CanRxMessage &message) { return writer.write(message); });
     writer.flush();
 }
 
@@ -118,7 +95,7 @@ void writeText(const SaveJob &job, const WriteBytes &write)
         good = good && write(encoder.fromUnicode(block));
         block.resize(0);
     };
-    forEachMessage(job, 0, [&](const CAN::CanRxMessage &message) {
+    forEachSaved(job, 0, [&](const CAN::CanRxMessage &message) {
         TextExport::appendMessageLine(block, message, job.notes.value(message.messageNumber));
         if (block.size() < blockSize)
             return true;

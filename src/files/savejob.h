@@ -10,6 +10,7 @@
 #include <QList>
 #include <QString>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -47,6 +48,35 @@ struct SaveJob : SaveTicket, Completion
 
 using SharedSaveJob = std::shared_ptr<SaveJob>;
 
+/// Calls \a take(message) for the messages that \a job saves, in order, until it returns false or
+/// the job is cancelled. Without a selection they begin at position \a start.
+template <typename Take> void forEachSaved(const SaveJob &job, qint64 start, const Take &take)
+{
+    constexpr int messagesBetweenChecks = 1024;
+    const auto goOn = [&job](qint64 done) {
+        return done % messagesBetweenChecks != 0 || !job.cancelled;
+    };
+    if (!job.selected.isEmpty()) {
+        for (int i = 0; i < job.selected.size() && goOn(i); ++i) {
+            const quint32 position = job.selected.at(i);
+            if (position < quint32(job.messages.size()) && !take(job.messages.at(int(position))))
+                return;
+        }
+        return;
+    }
+    const qint64 end = std::min<qint64>(job.endPosition, job.messages.size());
+    for (qint64 i = std::max<qint64>(start, 0); i < end && goOn(i); ++i) {
+        if (!take(job.messages.at(int(i))))
+            return;
+    }
+}
+
+/// The same for the messages of a chunk.
+template <typename Take> void forEachSaved(const SaveJob &job, const Take &take)
+{
+    forEachSaved(job, job.startPosition, take);
+}
+
 /// What is told of a save when it has ended. It does not hold the messages: reports may wait long
 /// for whoever takes them.
 struct SaveReport : SaveTicket
@@ -60,6 +90,10 @@ struct SaveReport : SaveTicket
 
 /// Called once for each save, on the thread that did it. Must not wait.
 using TellSaved = std::function<void(const SaveReport &)>;
+
+/// Called on the thread that saves when a chunk lies whole in its place, before that is told. What
+/// becomes of it is no part of the save.
+using ChunkWritten = std::function<void(const SaveJob &)>;
 
 /// Text of the header of the chunk that a job writes.
 QString chunkTimeText(const SaveJob &job);

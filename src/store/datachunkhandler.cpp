@@ -1,6 +1,7 @@
 #include "datachunkhandler.h"
 
 #include "datachunkhandler_p.h"
+#include "tracetimeline.h"
 
 DatachunkHandler::DatachunkHandler(unsigned int maxMessageCount, QObject *parent)
     : QObject(parent), d(std::make_unique<DatachunkHandlerPrivate>(this, maxMessageCount))
@@ -15,6 +16,11 @@ DatachunkHandler::~DatachunkHandler()
 void DatachunkHandler::setBookmarkhandler(QPointer<BookmarkHandler> bookmarkHandler)
 {
     d->trace.notes().setBookmarkHandler(bookmarkHandler);
+}
+
+TraceTimeline DatachunkHandler::timeline() const
+{
+    return TraceTimeline(std::make_shared<StoreSource>(d->recorded));
 }
 
 void DatachunkHandler::setMaximumHDDSpace(unsigned int space)

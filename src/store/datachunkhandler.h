@@ -16,6 +16,7 @@
 #include <memory>
 
 class DatachunkHandlerPrivate;
+class TraceTimeline;
 
 /// The trace of a CAN bus monitor: keeps a bounded number of messages in memory, moves full
 /// buffers into chunk files and pages them back, with notes and bookmarks.
@@ -85,6 +86,11 @@ public:
 
     /// Appends a default record, as appendCanMessage does.
     void addnewtestmessage();
+
+    /// All live messages since the trace was cleared, those in chunks included, whatever is shown.
+    /// It may be used when the store is gone, and then shows what was known last, as far as that is
+    /// in memory. Any thread; a refresh takes the read lock for a moment.
+    TraceTimeline timeline() const;
 
     /// The folder of this store's chunk files, "tmpData0.dck" and so on. An empty path when it
     /// could not be created; the store then writes no chunks.

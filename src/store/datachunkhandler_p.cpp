@@ -1,11 +1,15 @@
 #include "datachunkhandler_p.h"
 
+#include "savedchunk.h"
+
 DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
                                                  unsigned int maxMessageCount)
-    : teller(store), trace(maxMessageCount, *this), browsing(teller, trace),
+    : teller(store), trace(maxMessageCount, *this),
+      recorded(std::make_shared<RecordedTrace>(trace)), browsing(teller, trace),
       continuousOutput(teller),
       saveReports(teller, trace, [this] { archives.later([this] { archiving.pack(); }); }),
-      chunkSaver([this](const SaveReport &report) { saveReports.post(report, chunkSaver); }),
+      chunkSaver([this](const SaveReport &report) { saveReports.post(report, chunkSaver); },
+                 addSavedChunk),
       exports(chunkSaver.folder(),
               [this](const SaveReport &report) { saveReports.post(report, chunkSaver); }),
       archives(chunkSaver, exports), partialChunks(trace, chunkSaver), archiving(browsing, archives)
@@ -14,6 +18,7 @@ DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
 
 void DatachunkHandlerPrivate::stop()
 {
+    recorded->detach();
     archives.stop();
     poolTasks.stop();
 }
@@ -25,8 +30,10 @@ void DatachunkHandlerPrivate::liveListGoes()
 
 void DatachunkHandlerPrivate::rotated(const MessageList &messages, const TraceNotes::Marks &marks)
 {
-    if (!chunkSaver.saves())
+    if (!chunkSaver.saves()) {
+        recorded->rotated(messages, nullptr);
         return;
+    }
     const auto job = std::make_shared<SaveJob>();
     job->type = DatachunkHelper::FullBuffer;
     job->isPrivate = true;
@@ -36,11 +43,13 @@ void DatachunkHandlerPrivate::rotated(const MessageList &messages, const TraceNo
     job->notes = marks.notes;
     job->bookmarks = marks.bookmarks;
     chunkSaver.add(job);
+    recorded->rotated(messages, job);
 }
 
 void DatachunkHandlerPrivate::cleared()
 {
     chunkSaver.clear();
+    recorded->cleared();
 }
 
 void DatachunkHandlerPrivate::finishRotation()

@@ -8,6 +8,7 @@
 #include "exportdesk.h"
 #include "partialchunks.h"
 #include "pooltasks.h"
+#include "recordedtrace.h"
 #include "recordingoutput.h"
 #include "savereports.h"
 #include "teller.h"
@@ -42,6 +43,7 @@ public:
     // that for other threads. So it is made before there are any.
     const Teller teller;
     Trace trace;
+    const std::shared_ptr<RecordedTrace> recorded; // timelines may outlive the store
     Browsing browsing;
     RecordingOutput continuousOutput;
     SaveReports saveReports;

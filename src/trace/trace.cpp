@@ -88,6 +88,13 @@ MessageList Trace::liveMessages() const
     return current;
 }
 
+MessageList Trace::liveMessages(const std::function<void()> &meanwhile) const
+{
+    const ReadLock locker(lock);
+    meanwhile();
+    return current;
+}
+
 MessageList Trace::rotatedMessages() const
 {
     const ReadLock locker(lock);

@@ -62,6 +62,8 @@ public:
     /// The same in continuous mode, where the oldest makes room. Returns whether the line is new.
     bool appendContinuous(CAN::CanRxMessage &message) EXCLUDES(lock);
     MessageList liveMessages() const EXCLUDES(lock);
+    /// The same, with \a meanwhile called under the read lock.
+    MessageList liveMessages(const std::function<void()> &meanwhile) const EXCLUDES(lock);
     MessageList rotatedMessages() const EXCLUDES(lock);
     /// Drops all live messages. Nothing is shown of the rotated ones any more either.
     void clear() EXCLUDES(lock);

@@ -1,5 +1,6 @@
 #include "archives.h"
 #include "chunkmerge.h"
+#include "directoryformat.h"
 #include "messages.h"
 #include "peakmemory.h"
 #include "storefixture.h"
@@ -24,6 +25,12 @@ QByteArray sampleArchive()
 {
     return archiveOf(
         {{"a.dck", chunkBytes("1.0", 10, 2), true}, {"b.dck", chunkBytes("2.0", 20, 2), false}});
+}
+
+QByteArray sampleDirectory()
+{
+    return DirectoryFormat::head(0, 0) + DirectoryFormat::encoded({"a", {}, {}}, 0)
+        + DirectoryFormat::encoded({"b", {}, {}}, 0);
 }
 
 QByteArray flipped(QByteArray bytes, int bit)
@@ -63,6 +70,7 @@ void TestFlips::anyDamageDoesNoMore_data()
     const QByteArray archive = sampleArchive();
     QTest::newRow("archivemerge") << archive;
     QTest::newRow("archiveunpack") << archive;
+    QTest::newRow("directory") << sampleDirectory();
 }
 
 void TestFlips::anyDamageDoesNoMore()

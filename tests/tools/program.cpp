@@ -66,7 +66,10 @@ QList<int> numbersFrom(int first, int count)
 
 QStringList namesIn(const QString &folder)
 {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    QStringList names =
+        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    names.removeAll(QStringLiteral(".chunk-directory"));
+    return names;
 }
 
 void writeKinds(const QString &fileName)

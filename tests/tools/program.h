@@ -37,7 +37,7 @@ QList<int> secondsInText(const QByteArray &text);
 /// The numbers from \a first on.
 QList<int> numbersFrom(int first, int count);
 
-/// Names of everything in a folder, sorted.
+/// Names of everything in a folder, sorted, but for its directory of chunks.
 QStringList namesIn(const QString &folder);
 
 /// Writes a chunk with one message of each kind. Their numbers are 10 to 14 and their seconds

@@ -1,3 +1,4 @@
+#include "chunkdirectory.h"
 #include "program.h"
 
 #include <QProcess>
@@ -61,6 +62,18 @@ QList<int> secondsRecorded()
     return seconds;
 }
 
+// Those that the directory of the recording describes as they are.
+QSet<QString> knownChunks()
+{
+    QSet<QString> names;
+    for (const DirectoryEntry &entry : ChunkDirectory::read("rec")) {
+        const auto now = FileIdentity::of("rec/" + entry.name);
+        if (now && describes(entry, *now))
+            names.insert(entry.name);
+    }
+    return names;
+}
+
 } // namespace
 
 void TestRecording::everyMessageIsInOneChunk_data()
@@ -87,6 +100,8 @@ void TestRecording::everyMessageIsInOneChunk()
     QCOMPARE(result.output, totals(count, count));
     QTEST(namesIn("rec").size(), "files");
     QCOMPARE(secondsRecorded(), numbersFrom(0, count));
+    const QStringList rotated = QDir("rec").entryList({"tmpData*"});
+    QCOMPARE(knownChunks(), QSet<QString>(rotated.begin(), rotated.end()));
 }
 
 void TestRecording::aSignalEndsARecording_data()

@@ -1,6 +1,7 @@
 #include "recordingfolder.h"
 
 #include "chunkcut.h"
+#include "chunkmove.h"
 #include "chunknames.h"
 #include "movefiles.h"
 #include "terminal.h"
@@ -45,8 +46,12 @@ QString RecordingFolder::chunkPath(quint32 index) const
 
 bool RecordingFolder::take(const QString &from, const QString &to)
 {
-    const int error = moveFile(from, to);
-    if (error != 0)
+    int error = 0;
+    const auto move = [&] {
+        error = moveFile(from, to);
+        return error == 0;
+    };
+    if (!moveChunk(from, to, move))
         printError(to, systemErrorText(error));
     return error == 0;
 }

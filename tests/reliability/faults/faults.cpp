@@ -7,6 +7,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string_view>
 
 #include <dirent.h>
@@ -57,6 +58,12 @@ int watch(int fd, bool isOurs, int flags)
     if (fd >= 0 && std::size_t(fd) < watched.size())
         watched[std::size_t(fd)] = !isOurs ? No : flags & O_ACCMODE ? Writing : Reading;
     return fd;
+}
+
+// The same for a file whose name tells whether anybody misses what was written to it.
+int watchFile(int fd, const char *path, bool isOurs, int flags)
+{
+    return watch(fd, isOurs, std::strstr(path, "/.chunk-directory") ? O_RDONLY : flags);
 }
 
 bool meets(Call call)
@@ -178,7 +185,7 @@ using namespace Faults;
         const bool isOurs = isWatched(path);                                                       \
         if ((isOurs && fails(Open)) || lacksHandle())                                              \
             return -1;                                                                             \
-        return watch(real(path, flags, mode), isOurs, flags);                                      \
+        return watchFile(real(path, flags, mode), path, isOurs, flags);                            \
     }
 
 #define FAULTY_OPENAT(function)                                                                    \
@@ -204,6 +211,12 @@ FAULTY ssize_t read(int fd, void *to, size_t count)
 {
     REAL(read);
     return fails(Read, fd, count) ? -1 : real(fd, to, count);
+}
+
+FAULTY ssize_t pread(int fd, void *to, size_t count, off_t offset)
+{
+    REAL(pread);
+    return fails(Read, fd, count) ? -1 : real(fd, to, count, offset);
 }
 
 FAULTY ssize_t write(int fd, const void *from, size_t count)
@@ -268,6 +281,7 @@ FAULTY_CALL(Stat, statx,
             (int folder, const char *path, int flags, unsigned mask, struct statx *to) noexcept,
             path[0] ? isWatched(folder, path) : watchOf(folder) != No,
             (folder, path, flags, mask, to))
+FAULTY_CALL(Write, ftruncate, (int fd, off_t size) noexcept, watchOf(fd) != No, (fd, size))
 FAULTY_CALL(Mode, chmod, (const char *path, mode_t mode) noexcept, isWatched(path), (path, mode))
 FAULTY_CALL(Mode, fchmod, (int fd, mode_t mode) noexcept, watchOf(fd) != No, (fd, mode))
 FAULTY_CALL(Space, statvfs, (const char *path, struct statvfs *to) noexcept, true, (path, to))

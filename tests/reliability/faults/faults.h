@@ -11,7 +11,7 @@ enum Call {
     Open,
     Read,
     Write,
-    Close,  ///< of a file open for writing
+    Close,  ///< of a file open for writing that somebody would miss: of no directory of chunks
     Rename, ///< and link
     Unlink, ///< and rmdir
     Mkdir,

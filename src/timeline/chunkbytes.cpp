@@ -1,0 +1,96 @@
+#include "chunkbytes.h"
+
+#include "archivelimits.h"
+#include "fileerrors.h"
+#include "regularfile.h"
+#include "uninterrupted.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+bool alwaysGoesOn()
+{
+    return true;
+}
+
+} // namespace
+
+ChunkHandle::~ChunkHandle()
+{
+    close(descriptor);
+}
+
+qint64 ChunkHandle::readSome(char *to, qint64 offset, qint64 size) const
+{
+    qint64 done = 0;
+    while (done < size) {
+        const int got = uninterrupted([&] {
+            return int(
+                pread64(descriptor, to + done, std::size_t(size - done), off64_t(offset + done)));
+        });
+        if (got <= 0)
+            break;
+        done += got;
+    }
+    return done;
+}
+
+bool ChunkHandle::read(char *to, qint64 offset, qint64 size) const
+{
+    return readSome(to, offset, size) == size;
+}
+
+IndexedChunk ChunkBytes::index(const KeepGoing &keepGoing) const
+{
+    IndexedChunk chunk;
+    const ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), keepGoing};
+    const auto read = [&](QIODevice &device) { chunk = indexChunk(device, bounds); };
+    if (!withinMemory([&] { readWith(read, keepGoing); }))
+        chunk.result = Outcome::TooLarge;
+    return chunk;
+}
+
+ChunkFormat::Maps ChunkBytes::maps() const
+{
+    ChunkReading::Front front;
+    const ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), alwaysGoesOn};
+    const auto read = [&](QIODevice &device) {
+        ChunkReading::readFront(device, ChunkFormat::BookmarkMap::Read, bounds, front);
+    };
+    if (!withinMemory([&] { readWith(read, alwaysGoesOn); }))
+        return {};
+    return front.maps;
+}
+
+// A file that has only grown still has what it had.
+bool ChunkFileBytes::isStillThere(int handle) const
+{
+    const std::optional<FileIdentity> now = FileIdentity::of(handle);
+    return now && now->inode == identity.inode
+        && (*now == identity || now->size > identity.size
+            || (now->size == identity.size && now->modified == identity.modified));
+}
+
+std::shared_ptr<const ChunkHandle> ChunkFileBytes::open() const
+{
+    const QByteArray encoded = QFile::encodeName(path);
+    const int handle = uninterrupted([&encoded] {
+        return open64(encoded.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    });
+    if (handle < 0)
+        return {};
+    auto opened = std::make_shared<const ChunkHandle>(handle);
+    return isStillThere(handle) ? opened : nullptr;
+}
+
+bool ChunkFileBytes::readWith(const std::function<void(QIODevice &)> &read,
+                              const KeepGoing & /*keepGoing*/) const
+{
+    RegularFile file(path);
+    if (!file.openForReading() || !isStillThere(file.handle()))
+        return false;
+    read(file);
+    return true;
+}

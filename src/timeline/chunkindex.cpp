@@ -1,0 +1,204 @@
+#include "chunkindex.h"
+
+#include <numeric>
+#include <tuple>
+
+bool operator==(const ChunkIndex &a, const ChunkIndex &b)
+{
+    const auto plain = [](const ChunkIndex &i) {
+        return std::tie(i.version, i.recordsStart, i.recordsEnd, i.count, i.hasCutRecord,
+                        i.firstNumber, i.numbersRise, i.timesRise, i.firstTime, i.lastTime,
+                        i.minTime, i.maxTime, i.notes, i.bookmarks, i.hasAllKeys, i.lines,
+                        i.countsBefore);
+    };
+    const auto isSameKey = [](const ChunkIndex::Key &k, const ChunkIndex::Key &l) {
+        return std::tie(k.frame, k.count, k.first, k.last)
+            == std::tie(l.frame, l.count, l.first, l.last);
+    };
+    const auto isSameStep = [](const ChunkIndex::Step &s, const ChunkIndex::Step &t) {
+        return std::tie(s.offset, s.time, s.maxTime) == std::tie(t.offset, t.time, t.maxTime);
+    };
+    return plain(a) == plain(b)
+        && std::equal(a.keys.begin(), a.keys.end(), b.keys.begin(), b.keys.end(), isSameKey)
+        && std::equal(a.steps.begin(), a.steps.end(), b.steps.begin(), b.steps.end(), isSameStep);
+}
+
+namespace {
+
+bool keysAreSound(const ChunkIndex &index)
+{
+    quint64 counted = 0;
+    for (std::size_t i = 0; i < index.keys.size(); ++i) {
+        const ChunkIndex::Key &key = index.keys[i];
+        if (key.count == 0 || key.first > key.last || key.last >= index.count
+            || key.last - key.first + 1 < key.count
+            || (i > 0 && index.keys[i - 1].frame.value() >= key.frame.value())
+            || !std::binary_search(index.lines.begin(), index.lines.end(), key.frame.line()))
+            return false;
+        counted += key.count;
+    }
+    return counted == (index.hasAllKeys ? index.count : 0);
+}
+
+bool stepsAreSound(const ChunkIndex &index)
+{
+    const bool hasLine = index.hasLine();
+    qint64 before = std::numeric_limits<qint64>::min();
+    for (quint32 i = 0; i < index.stepCount(); ++i) {
+        const ChunkIndex::Step &step = index.steps[i];
+        const qint64 end = index.endOfStep(i);
+        // Offsets outside may be too far apart for a number.
+        if (step.offset < index.recordsStart || end < step.offset || end > index.recordsEnd)
+            return false;
+        const qint64 bytes = end - step.offset;
+        const qint64 whole = qint64(index.sizeOfStep(i))
+            - (index.hasCutRecord && i + 1 == index.stepCount() ? 1 : 0);
+        if (bytes < whole * RecordView::size(0, hasLine)
+            || bytes > whole * RecordView::size(CAN::maxDataBytes, hasLine)
+            || step.maxTime < std::max(before, step.time) || step.time < index.minTime)
+            return false;
+        before = step.maxTime;
+    }
+    return index.steps.empty()
+        || (index.steps.front().offset == index.recordsStart && before == index.maxTime);
+}
+
+// Of each line and the error frames not more between two steps than there are messages, and of all
+// lines together exactly as many.
+bool countsAreSound(const ChunkIndex &index)
+{
+    const auto perStep = std::size_t(index.countsPerStep());
+    if (index.countsBefore.size() != index.steps.size() * perStep)
+        return false;
+    for (std::size_t step = 0; step < index.steps.size(); ++step) {
+        const quint32 *counts = index.countsBefore.data() + step * perStep;
+        const auto before = step * ChunkIndex::recordsPerStep;
+        if (std::accumulate(counts, counts + index.lines.size(), quint64(0)) != before
+            || counts[index.lines.size()] > before)
+            return false;
+        for (std::size_t i = 0; step > 0 && i < perStep; ++i) {
+            if (counts[i] < counts[i - perStep])
+                return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void ChunkIndex::moveBy(qint64 bytes)
+{
+    recordsStart += bytes;
+    recordsEnd += bytes;
+    for (Step &step : steps)
+        step.offset += bytes;
+}
+
+bool ChunkIndex::isSound(qint64 fileSize) const
+{
+    const quint64 stepsWanted = (quint64(count) + recordsPerStep - 1) / recordsPerStep;
+    const bool risesStrictly =
+        std::adjacent_find(lines.begin(), lines.end(), std::greater_equal<>()) == lines.end();
+    const bool timesFit = count == 0
+        || (minTime <= firstTime && minTime <= lastTime && maxTime >= firstTime
+            && maxTime >= lastTime && steps.size() == stepsWanted && steps.front().time == firstTime
+            && (!timesRise || (minTime == firstTime && maxTime == lastTime)));
+    return count <= mostRecords && recordsStart >= 0 && recordsStart <= recordsEnd
+        && recordsEnd <= fileSize && steps.size() == stepsWanted && (!hasCutRecord || count > 0)
+        && risesStrictly && timesFit && keysAreSound(*this) && stepsAreSound(*this)
+        && countsAreSound(*this);
+}
+
+ChunkIndexer::ChunkIndexer(quint32 version, qint64 recordsStart)
+    : hasLine(version >= ChunkFormat::lineFieldSince), table(std::size_t(1) << firstBits),
+      shift(64 - firstBits)
+{
+    index.version = version;
+    index.recordsStart = index.recordsEnd = recordsStart;
+}
+
+// The slot of the key, or the free one where it belongs.
+ChunkIndexer::Slot *ChunkIndexer::probe(quint64 value)
+{
+    std::size_t at = slotOf(value);
+    while (table[at].key != 0 && table[at].key != value + 1)
+        at = (at + 1) % table.size();
+    return &table[at];
+}
+
+// Null when there are too many different keys.
+ChunkIndexer::Slot *ChunkIndexer::findSlot(quint64 value)
+{
+    if (!index.hasAllKeys)
+        return nullptr;
+    Slot *slot = probe(value);
+    if (slot->key != 0)
+        return slot;
+    if (usedSlots == ChunkIndex::mostKeys) {
+        index.hasAllKeys = false;
+        table.assign(2, {});
+        shift = 63;
+        return nullptr;
+    }
+    if (2 * ++usedSlots > table.size()) {
+        grow();
+        slot = probe(value);
+    }
+    *slot = {value + 1, 0, index.count, index.count};
+    return slot;
+}
+
+void ChunkIndexer::grow()
+{
+    std::vector<Slot> old(2 * table.size());
+    old.swap(table);
+    --shift;
+    for (const Slot &slot : old) {
+        if (slot.key != 0)
+            *probe(slot.key - 1) = slot;
+    }
+}
+
+void ChunkIndexer::beginStep(qint64 time, quint32 number)
+{
+    if (index.count == 0) {
+        index.firstNumber = number;
+        index.firstTime = index.lastTime = time;
+    } else {
+        index.steps.back().maxTime = index.maxTime;
+    }
+    index.steps.push_back({index.recordsEnd, time, 0});
+    countsBefore.push_back(counts);
+}
+
+void ChunkIndexer::finishKeys()
+{
+    if (!index.hasAllKeys)
+        return;
+    index.keys.reserve(usedSlots);
+    for (const Slot &slot : table) {
+        if (slot.key != 0)
+            index.keys.push_back({FrameKey(slot.key - 1), slot.count, slot.first, slot.last});
+    }
+    std::sort(index.keys.begin(), index.keys.end(),
+              [](const ChunkIndex::Key &a, const ChunkIndex::Key &b) {
+                  return a.frame.value() < b.frame.value();
+              });
+}
+
+ChunkIndex ChunkIndexer::finish()
+{
+    finishKeys();
+    for (std::size_t line = 0; line < errors; ++line) {
+        if (counts[line] != 0)
+            index.lines.push_back(quint8(line));
+    }
+    for (const Counts &before : countsBefore) {
+        for (const quint8 line : index.lines)
+            index.countsBefore.push_back(before[line]);
+        index.countsBefore.push_back(before[errors]);
+    }
+    if (index.count > 0)
+        index.steps.back().maxTime = index.maxTime;
+    return std::move(index);
+}

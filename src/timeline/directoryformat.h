@@ -1,0 +1,41 @@
+#pragma once
+
+#include "directoryentry.h"
+
+#include <QByteArray>
+
+#include <optional>
+#include <vector>
+
+/// The bytes of the directory of a chunk folder, as docs/directory-format.md describes them. Plain
+/// functions. \a key is what the seals are made with.
+namespace DirectoryFormat {
+
+constexpr quint32 version = 1;
+
+/// Longer directories are none.
+constexpr qint64 mostBytes = 256LL * 1024 * 1024;
+
+/// What is this user's and this machine's alone, so that other directories are none.
+quint64 ownKey();
+
+/// What every directory begins with. \a compactBytes is how long it was when everything superseded
+/// was last left out of it.
+QByteArray head(qint64 compactBytes, quint64 key);
+
+/// That number from the front of \a bytes; nothing when that is no head.
+std::optional<qint64> compactBytes(const QByteArray &bytes, quint64 key);
+
+constexpr int headSize = 36;
+
+/// The bytes of \a entry; none when its name or its index is too long for a directory.
+QByteArray encoded(const DirectoryEntry &entry, quint64 key);
+
+/// An entry with any \a payload, whole as far as its seal can tell.
+QByteArray framed(const QByteArray &payload, quint64 key);
+
+/// The entries in the directory \a bytes that are whole and sound, of equal names the last one.
+/// None when it has no head.
+std::vector<DirectoryEntry> entries(const QByteArray &bytes, quint64 key);
+
+} // namespace DirectoryFormat

@@ -1,0 +1,321 @@
+#include "filesource.h"
+
+#include "archivelimits.h"
+#include "chunkdirectory.h"
+#include "fileerrors.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFileInfo>
+
+#include <map>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("TraceTimeline", text);
+}
+
+QString problemOf(const QString &name, const IndexedChunk &chunk)
+{
+    switch (chunk.result) {
+    case Outcome::Done:
+        // An empty file is a chunk of nothing.
+        if (chunk.front.size == 0)
+            return {};
+        return Damage::ofChunk(name, chunk.front, chunk.end, chunk.index.count);
+    case Outcome::NewerVersion:
+        return tr("The chunk %1 was created with a newer version of this tool; nothing of it is "
+                  "shown.")
+            .arg(name);
+    case Outcome::TooLarge:
+        return FileErrors::outOfMemory(name);
+    default:
+        return tr("The chunk %1 is no longer there.").arg(name);
+    }
+}
+
+// Of the first record. Where there is none the chunk comes first and has nothing to show.
+qint64 firstTimeOf(const ChunkBytes &bytes)
+{
+    qint64 time = std::numeric_limits<qint64>::min();
+    const auto goesOn = [] { return true; };
+    const auto read = [&](QIODevice &device) {
+        ChunkReading::Front front;
+        const ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), goesOn};
+        if (ChunkReading::readFront(device, ChunkFormat::BookmarkMap::Read, bounds, front)
+            != Outcome::Done)
+            return;
+        CAN::CanRxMessage message;
+        if (ChunkFormat::RecordReader(device, front.preamble.version).next(message))
+            time = MessageView(message).time();
+    };
+    withinMemory([&] { bytes.readWith(read, goesOn); });
+    return time;
+}
+
+} // namespace
+
+FileSource::FileSource(const QStringList &paths)
+    : paths(paths), snapshot(std::make_shared<TraceSnapshot>()), reader([this] { readMissing(); })
+{
+    refresh();
+}
+
+FileSource::~FileSource()
+{
+    stopping = true;
+}
+
+bool FileSource::isComplete() const
+{
+    const MutexLock locker(mutex);
+    return complete;
+}
+
+QStringList FileSource::problems() const
+{
+    const MutexLock locker(mutex);
+    return told;
+}
+
+SharedSnapshot FileSource::refresh()
+{
+    {
+        const MutexLock workLocker(workMutex);
+        if (!isUnchanged()) {
+            look();
+            sortIntoRuns();
+            publish();
+        }
+    }
+    if (!isComplete() && !reader.wake())
+        readMissing();
+    const MutexLock locker(mutex);
+    return snapshot;
+}
+
+// A file that grows changes itself, one that comes or goes its folder.
+bool FileSource::isUnchanged()
+{
+    const auto isSame = [](const QString &path, const FileIdentity &before) {
+        const auto now = FileIdentity::ofAny(path);
+        return now && *now == before;
+    };
+    if (looked.isEmpty())
+        return false;
+    for (auto entry = looked.cbegin(); entry != looked.cend(); ++entry) {
+        if (!isSame(entry.key(), *entry))
+            return false;
+    }
+    const bool hasChunks = !runs.empty() && !runs.back().chunks.empty();
+    if (!hasChunks)
+        return true;
+    const Chunk &last = known[runs.back().chunks.back()];
+    return last.isGone || !last.path.size() || isSame(last.path, last.identity);
+}
+
+void FileSource::look()
+{
+    looked.clear();
+    for (Chunk &chunk : known)
+        chunk.isGone = true;
+    for (const QString &path : paths) {
+        const QFileInfo info(path);
+        if (info.isDir())
+            lookAtFolder(path);
+        else if (ChunkListing::isArchive(path))
+            lookAtArchive(path);
+        else
+            lookAtFile(path);
+    }
+}
+
+void FileSource::lookAtFolder(const QString &path)
+{
+    if (const auto identity = FileIdentity::ofAny(path))
+        looked.insert(path, *identity);
+    const QStringList files = ChunkListing::filesIn(path);
+    for (const QString &file : files) {
+        lookAtFile(file);
+        known[file].isOfFolder = true;
+    }
+    bool isAnyMissing = false;
+    for (const QString &file : files)
+        isAnyMissing = isAnyMissing || !known[file].isRead;
+    if (isAnyMissing)
+        readDirectory(path);
+}
+
+void FileSource::readDirectory(const QString &folder)
+{
+    for (DirectoryEntry &entry : ChunkDirectory::read(folder)) {
+        const auto chunk = known.find(folder + QLatin1Char('/') + entry.name);
+        if (chunk == known.end() || chunk->isRead || !describes(entry, chunk->identity))
+            continue;
+        chunk->isRead = true;
+        chunk->segment = std::make_shared<ChunkSegment>(chunk->bytes, std::move(entry.index));
+    }
+}
+
+void FileSource::lookAtFile(const QString &path)
+{
+    const auto identity = FileIdentity::of(path);
+    if (!identity) {
+        Chunk missing;
+        missing.place.run = path;
+        missing.isRead = true;
+        missing.problem = tr("There is no chunk file %1.").arg(path);
+        if (!known.contains(path))
+            add(path, missing);
+        return;
+    }
+    Chunk chunk;
+    chunk.place = ChunkListing::placeOf(path);
+    chunk.path = path;
+    chunk.identity = *identity;
+    chunk.bytes = std::make_shared<ChunkFileBytes>(path, *identity);
+    add(path, chunk);
+}
+
+void FileSource::lookAtArchive(const QString &path)
+{
+    const auto identity = FileIdentity::of(path);
+    if (identity)
+        looked.insert(path, *identity);
+    const QString ofArchive = path + QLatin1Char('/');
+    const auto before = known.find(ofArchive);
+    const bool isSame = before != known.end() && identity && before->identity == *identity;
+    const auto archive = isSame ? before->archive : std::make_shared<ArchiveChunks>(path);
+    // What is to be told of the archive stands with a chunk that has nothing to show.
+    Chunk whole;
+    whole.place.run = path;
+    whole.archive = archive;
+    whole.isRead = true;
+    whole.problem = archive->problem();
+    if (identity)
+        whole.identity = *identity;
+    add(ofArchive, whole);
+    for (std::size_t i = 0; i < archive->chunks().size(); ++i) {
+        Chunk chunk;
+        chunk.place = {ofArchive, i};
+        chunk.identity = whole.identity;
+        chunk.bytes = std::make_shared<ArchiveChunkBytes>(archive, i);
+        add(ofArchive + QString::number(i), chunk);
+    }
+}
+
+// One that is known in this state stays as it is.
+void FileSource::add(const QString &name, Chunk chunk)
+{
+    const auto before = known.find(name);
+    if (before != known.end() && before->identity == chunk.identity) {
+        before->isGone = false;
+        return;
+    }
+    // What a file held before it grew is shown until it is read again.
+    if (before != known.end() && before->identity.inode == chunk.identity.inode
+        && before->identity.size < chunk.identity.size)
+        chunk.segment = before->segment;
+    known.insert(name, chunk);
+}
+
+void FileSource::sortIntoRuns()
+{
+    std::map<QString, std::map<ChunkListing::Place, QString>> byRun;
+    for (auto chunk = known.begin(); chunk != known.end(); ++chunk)
+        byRun[chunk->place.run].emplace(chunk->place, chunk.key());
+    runs.clear();
+    for (const auto &run : byRun) {
+        Run sorted;
+        for (const auto &chunk : run.second)
+            sorted.chunks.push_back(chunk.second);
+        const Chunk &first = known[sorted.chunks.front()];
+        if (byRun.size() > 1 && first.bytes)
+            sorted.firstTime =
+                first.segment ? first.segment->index().firstTime : firstTimeOf(*first.bytes);
+        runs.push_back(std::move(sorted));
+    }
+    std::stable_sort(runs.begin(), runs.end(),
+                     [](const Run &a, const Run &b) { return a.firstTime < b.firstTime; });
+    missing.clear();
+    for (const Run &run : runs) {
+        for (const QString &name : run.chunks) {
+            if (!known[name].isRead)
+                missing.push_back(name);
+        }
+    }
+}
+
+std::shared_ptr<const ChunkBytes> FileSource::nextMissing()
+{
+    const MutexLock locker(workMutex);
+    return missing.empty() ? nullptr : known[missing.front()].bytes;
+}
+
+void FileSource::readMissing()
+{
+    while (const auto bytes = stopping ? nullptr : nextMissing()) {
+        const IndexedChunk indexed = bytes->index([this] { return !stopping.load(); });
+        if (indexed.result != Outcome::GivenUp)
+            take(bytes, indexed);
+    }
+}
+
+void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
+{
+    constexpr int millisecondsBetweenPublications = 20;
+    const MutexLock locker(workMutex);
+    // It may have been found in another state meanwhile.
+    if (missing.empty() || known[missing.front()].bytes != bytes)
+        return;
+    Chunk &chunk = known[missing.front()];
+    missing.pop_front();
+    chunk.isRead = true;
+    chunk.problem = problemOf(bytes->name(), indexed);
+    chunk.segment.reset();
+    if (indexed.result == Outcome::Done) {
+        chunk.segment = std::make_shared<ChunkSegment>(bytes, indexed.index);
+        if (chunk.isOfFolder)
+            keepInDirectory(chunk);
+    }
+    if (!missing.empty() && !nextPublication.hasExpired())
+        return;
+    publish();
+    nextPublication.setRemainingTime(millisecondsBetweenPublications);
+}
+
+// A chunk that somebody writes to is not: two writes within one tick of the clock look the same.
+void FileSource::keepInDirectory(const Chunk &chunk)
+{
+    constexpr qint64 nanosecondsOfRest = 2000000000;
+    constexpr qint64 nanosecondsPerMillisecond = 1000000;
+    const qint64 now = QDateTime::currentMSecsSinceEpoch() * nanosecondsPerMillisecond;
+    if (chunk.identity.changed > now - nanosecondsOfRest)
+        return;
+    const QFileInfo file(chunk.path);
+    ChunkDirectory::add(file.path(), {file.fileName(), chunk.identity, chunk.segment->index()});
+}
+
+// Everything in front of the first chunk that is not read.
+void FileSource::publish()
+{
+    auto now = std::make_shared<TraceSnapshot>();
+    QStringList problems;
+    bool isWhole = true;
+    for (const Run &run : runs) {
+        for (const QString &name : run.chunks) {
+            const Chunk &chunk = known[name];
+            if (!chunk.problem.isEmpty())
+                problems.append(chunk.problem);
+            if (isWhole && chunk.segment && chunk.segment->count() > 0)
+                now->append(chunk.segment);
+            isWhole = isWhole && chunk.isRead;
+        }
+    }
+    const MutexLock locker(mutex);
+    snapshot = now;
+    told = problems;
+    complete = isWhole;
+}

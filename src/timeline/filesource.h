@@ -1,0 +1,79 @@
+#pragma once
+
+#include "archivechunks.h"
+#include "backgroundthread.h"
+#include "chunklisting.h"
+#include "tracesource.h"
+
+#include <QHash>
+
+#include <atomic>
+#include <deque>
+
+/// Chunk files, folders of them and archives as one trace. What no directory tells of is read on a
+/// thread of its own, one chunk after the other.
+class FileSource : public TraceSource
+{
+public:
+    explicit FileSource(const QStringList &paths);
+    ~FileSource() override;
+
+    SharedSnapshot refresh() override EXCLUDES(workMutex, mutex);
+    bool isComplete() const override EXCLUDES(mutex);
+    QStringList problems() const override EXCLUDES(mutex);
+
+private:
+    /// A chunk that was found.
+    struct Chunk
+    {
+        ChunkListing::Place place;
+        QString path;                           ///< of a file; empty in an archive
+        FileIdentity identity;                  ///< of the file, be it an archive
+        std::shared_ptr<ArchiveChunks> archive; ///< where this stands for all of it
+        std::shared_ptr<const ChunkBytes> bytes;
+        SharedSegment segment; ///< null as long as it is not read, and where that failed
+        bool isRead = false;
+        bool isOfFolder = false; ///< whose directory is ours to keep
+        bool isGone = false;
+        QString problem;
+    };
+    using Chunks = QHash<QString, Chunk>; ///< by a name of its own for each
+    /// One after the other, and what they are sorted by together.
+    struct Run
+    {
+        qint64 firstTime = 0;
+        std::vector<QString> chunks; ///< their names
+    };
+
+    bool isUnchanged() REQUIRES(workMutex);
+    void look() REQUIRES(workMutex);
+    void lookAtFolder(const QString &path) REQUIRES(workMutex);
+    void readDirectory(const QString &folder) REQUIRES(workMutex);
+    void lookAtFile(const QString &path) REQUIRES(workMutex);
+    void lookAtArchive(const QString &path) REQUIRES(workMutex);
+    void add(const QString &name, Chunk chunk) REQUIRES(workMutex);
+    void sortIntoRuns() REQUIRES(workMutex);
+    std::shared_ptr<const ChunkBytes> nextMissing() EXCLUDES(workMutex);
+    void readMissing() EXCLUDES(workMutex, mutex);
+    void take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
+        EXCLUDES(workMutex, mutex);
+    static void keepInDirectory(const Chunk &chunk);
+    void publish() REQUIRES(workMutex) EXCLUDES(mutex);
+
+    const QStringList paths;
+    std::atomic<bool> stopping{false};
+
+    Mutex workMutex; // held by whoever looks for chunks, but not while one is read
+    Chunks known GUARDED_BY(workMutex);
+    std::vector<Run> runs GUARDED_BY(workMutex);
+    std::deque<QString> missing GUARDED_BY(workMutex); // not read yet, in order
+    QDeadlineTimer nextPublication GUARDED_BY(workMutex);
+    QHash<QString, FileIdentity> looked GUARDED_BY(workMutex); // paths, as they were
+
+    mutable Mutex mutex; // taken last
+    SharedSnapshot snapshot GUARDED_BY(mutex);
+    QStringList told GUARDED_BY(mutex);
+    bool complete GUARDED_BY(mutex) = false;
+
+    BackgroundThread reader; // last, so that it ends first
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "locks.h"
+#include "tracesegment.h"
+
+#include <QCache>
+#include <QPair>
+
+/// The steps and the notes that were looked at last, so that a screen of rows is read once. Any
+/// thread.
+class RowCache
+{
+public:
+    using SharedMessages = std::shared_ptr<const TraceSegment::Messages>;
+    using SharedMarks = std::shared_ptr<const TraceNotes::Marks>;
+
+    /// The messages of a step; null when they are no longer there.
+    SharedMessages messages(const TraceSegment &segment, quint32 step) EXCLUDES(mutex);
+    SharedMarks marks(const TraceSegment &segment) EXCLUDES(mutex);
+
+private:
+    static constexpr int mostSteps = 64; // some 24 MiB
+    static constexpr int mostMarks = 100000;
+
+    Mutex mutex;
+    QCache<QPair<quint64, quint32>, SharedMessages> steps GUARDED_BY(mutex){mostSteps};
+    QCache<quint64, SharedMarks> notes GUARDED_BY(mutex){mostMarks};
+};

@@ -1,0 +1,132 @@
+#include "searching.h"
+
+#include "changetracker.h"
+
+namespace {
+
+constexpr quint32 perStep = ChunkIndex::recordsPerStep;
+
+Notes notesFor(const FrameFilter &filter, const TraceSegment &segment)
+{
+    return filter.needsNotes() ? segment.marks().notes : Notes();
+}
+
+} // namespace
+
+Searching::Searching(const TraceTimeline::Data &data, const TraceExpression &expression,
+                     const KeepGoing &keepGoing)
+    : snapshot(data.snapshot()), expression(expression), filter(filterOf(this->expression)),
+      keepGoing(keepGoing)
+{
+}
+
+bool Searching::mayHaveAny(const TraceSegment &segment) const
+{
+    const FrameFilter::Count count = filter.count(segment.index(), segment.isChunk());
+    return !count.isExact || count.surely > 0;
+}
+
+std::optional<quint64> Searching::next(quint64 position) const
+{
+    if (filter.needsChanged())
+        return changed(position, snapshot->count(), true);
+    const auto &segments = snapshot->segments();
+    for (std::size_t i = snapshot->indexOf(position); i < segments.size(); ++i) {
+        const TraceSegment &segment = *segments[i].segment;
+        if (!mayHaveAny(segment))
+            continue;
+        const quint64 begin = std::max(position, segments[i].begin) - segments[i].begin;
+        std::optional<quint64> found;
+        const auto take = [&](quint32 step, const quint16 *positions, int count) {
+            if (count > 0)
+                found = segments[i].begin + quint64(step) * perStep + positions[0];
+            return !found && goesOn();
+        };
+        segment.scan({filter, notesFor(filter, segment), nullptr, quint32(begin), segment.count()},
+                     take);
+        if (found || !goesOn())
+            return found;
+    }
+    return {};
+}
+
+std::optional<quint64> Searching::previous(quint64 position) const
+{
+    if (filter.needsChanged())
+        return changed(0, position, false);
+    const auto &segments = snapshot->segments();
+    std::size_t i = snapshot->indexOf(position);
+    i += i < segments.size() && segments[i].begin < position ? 1 : 0;
+    while (i-- > 0) {
+        const auto end = quint32(std::min(position, segments[i].end()) - segments[i].begin);
+        const auto found =
+            mayHaveAny(*segments[i].segment) ? lastIn(segments[i], end) : std::optional<quint64>();
+        if (found || !goesOn())
+            return found;
+    }
+    return {};
+}
+
+std::optional<quint64> Searching::lastIn(const TraceSnapshot::Placed &placed, quint32 end) const
+{
+    const TraceSegment &segment = *placed.segment;
+    const Notes notes = notesFor(filter, segment);
+    std::optional<quint64> found;
+    const auto take = [&](quint32 step, const quint16 *positions, int count) {
+        if (count > 0)
+            found = placed.begin + quint64(step) * perStep + positions[count - 1];
+        return true;
+    };
+    while (end > 0 && !found && goesOn()) {
+        const quint32 begin = (end - 1) / perStep * perStep;
+        segment.scan({filter, notes, nullptr, begin, end}, take);
+        end = begin;
+    }
+    return found;
+}
+
+// Whether a message is changed depends on all in front of it.
+std::optional<quint64> Searching::changed(quint64 begin, quint64 end, bool wantsFirst) const
+{
+    ChangeTracker changes;
+    std::optional<quint64> found;
+    for (const TraceSnapshot::Placed &placed : snapshot->segments()) {
+        if (placed.begin >= end || (found && wantsFirst) || !goesOn())
+            break;
+        const auto take = [&](quint32 step, const quint16 *positions, int count) {
+            for (int i = 0; i < count && !(found && wantsFirst); ++i) {
+                const quint64 position = placed.begin + quint64(step) * perStep + positions[i];
+                if (position >= begin)
+                    found = position;
+            }
+            return !(found && wantsFirst) && goesOn();
+        };
+        const auto last = quint32(std::min(end, placed.end()) - placed.begin);
+        placed.segment->scan({filter, notesFor(filter, *placed.segment), &changes, 0, last}, take);
+    }
+    return goesOn() || wantsFirst ? found : std::optional<quint64>();
+}
+
+std::optional<quint64> Searching::positionOfNumber(const TraceSnapshot &snapshot, quint32 number)
+{
+    for (const TraceSnapshot::Placed &placed : snapshot.segments()) {
+        const TraceSegment &segment = *placed.segment;
+        const ChunkIndex &index = segment.index();
+        if (index.numbersRise) {
+            const quint32 offset = number - index.firstNumber;
+            if (offset < index.count)
+                return placed.begin + offset;
+            continue;
+        }
+        TraceSegment::Messages messages;
+        for (quint32 step = 0; step < index.stepCount() && segment.decode(step, messages); ++step) {
+            const auto found = std::find_if(messages.begin(), messages.end(),
+                                            [number](const CAN::CanRxMessage &message) {
+                                                return message.messageNumber == number;
+                                            });
+            if (found != messages.end())
+                return placed.begin + quint64(step) * perStep + quint64(found - messages.begin());
+        }
+    }
+    return {};
+}

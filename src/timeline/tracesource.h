@@ -1,0 +1,19 @@
+#pragma once
+
+#include "tracesnapshot.h"
+
+#include <QStringList>
+
+/// Where the messages of a timeline come from. Any thread.
+class TraceSource
+{
+public:
+    virtual ~TraceSource() = default;
+
+    /// What is known by now; what is not is looked for in the background.
+    virtual SharedSnapshot refresh() = 0;
+    /// Whether all that was there at the beginning of the last refresh is known.
+    virtual bool isComplete() const = 0;
+    /// What cannot be read, a sentence each.
+    virtual QStringList problems() const = 0;
+};

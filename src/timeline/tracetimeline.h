@@ -1,0 +1,119 @@
+#pragma once
+
+#include "canmessagebookmark.h"
+#include "canrxmessage.h"
+#include "datachunkglobal.h"
+#include "traceexpression.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class TraceFilter;
+class TraceSource;
+
+/// What stands at one position of a timeline.
+struct TraceRow
+{
+    enum State {
+        Known,
+        Gone,  ///< the chunk is no longer there, or never was written
+        Behind ///< no message is known there
+    };
+    State state = Behind;
+    CAN::CanRxMessage message;   ///< where it is known
+    QString note;                ///< mostly empty
+    CanMessageBookmark bookmark; ///< mostly not valid
+};
+
+/// How often messages came, in intervals of equal length.
+struct TraceRate
+{
+    QVector<quint8> lines; ///< that occur, rising
+    /// For each interval the messages of each of the lines.
+    QVector<QVector<quint64>> messages;
+    QVector<quint64> errors; ///< error frames in each interval
+};
+
+/// One identifier, with its line and kind.
+struct TraceIdentifier
+{
+    quint32 id = 0;
+    quint8 line = 0;
+    bool extended = false;
+    bool remote = false;
+    bool fdFrame = false;
+    quint64 count = 0;
+    quint64 first = 0; ///< positions
+    quint64 last = 0;
+};
+
+/// All messages of a recording as one trace, however long: chunk files, folders of them, archives,
+/// or a store with its live messages. Keeps an index and some hundred thousand messages of them in
+/// memory, and reads the rest where it lies.
+///
+/// Positions count from 0 and stay with their messages: what a budget removes is gone where it was.
+/// Times are in microseconds, as records have them. Copies are of the same timeline. Any thread.
+class DATACHUNK_EXPORT TraceTimeline
+{
+public:
+    /// Chunk files, archives (".zip") and folders, in order of their first time; within a folder
+    /// chunks whose names differ only by a number keep the order of the numbers. What is not in the
+    /// directory of its folder is read in the background, in order.
+    explicit TraceTimeline(const QStringList &paths);
+    explicit TraceTimeline(std::shared_ptr<TraceSource> source);
+    ~TraceTimeline();
+
+    TraceTimeline(const TraceTimeline &);
+    TraceTimeline &operator=(const TraceTimeline &);
+
+    /// Takes in what has come since. True when anything did. Everything else here answers for the
+    /// moment of the last refresh of any copy.
+    bool refresh();
+    /// Whether all that was there at the beginning of the last refresh is known.
+    bool isComplete() const;
+    /// Waits until it is and refreshes, as long as \a keepGoing, which is asked again and again,
+    /// returns true. False when it did not.
+    bool waitForAll(const std::function<bool()> &keepGoing = {});
+    /// What cannot be read, a sentence each, for the user.
+    QStringList problems() const;
+
+    quint64 count() const;
+    TraceRow row(quint64 position) const;
+
+    /// The highest and lowest time of all messages; 0 while there are none.
+    qint64 firstTime() const;
+    qint64 lastTime() const;
+    /// The first message behind which no earlier time is the highest so far: where times do not
+    /// fall, the first at or behind \a time. count() when there is none.
+    quint64 positionOfTime(qint64 time) const;
+    /// The first message with that number.
+    std::optional<quint64> positionOfNumber(quint32 number) const;
+
+    /// Every identifier with each line and kind, by identifier. False in \a isExact, and some are
+    /// missing, where a chunk has more than 65536 of them.
+    QVector<TraceIdentifier> identifiers(bool *isExact = nullptr) const;
+
+    /// Counts between \a from and \a to in \a intervals of equal length. Exact where an interval
+    /// ends with a step of 4096 messages, in between in proportion.
+    TraceRate rate(qint64 from, qint64 to, int intervals) const;
+
+    /// What \a expression takes, found in the background from the messages around \a focus
+    /// outwards.
+    TraceFilter filter(const TraceExpression &expression, quint64 focus = 0) const;
+    /// The first of them at or behind \a position, or the last one in front of it. Waits for the
+    /// disk as long as \a keepGoing returns true, which may be asked from other threads as well.
+    std::optional<quint64> findNext(const TraceExpression &expression, quint64 position,
+                                    const std::function<bool()> &keepGoing = {}) const;
+    std::optional<quint64> findPrevious(const TraceExpression &expression, quint64 position,
+                                        const std::function<bool()> &keepGoing = {}) const;
+
+    class Data;
+
+private:
+    std::shared_ptr<Data> data;
+};

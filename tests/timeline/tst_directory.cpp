@@ -1,0 +1,475 @@
+#include "bookmarkhandler.h"
+#include "chunkdirectory.h"
+#include "chunkmove.h"
+#include "datachunkhandler.h"
+#include "directoryformat.h"
+#include "messages.h"
+#include "storefixture.h"
+
+#include <QtTest>
+
+#include <csignal>
+#include <cstdio>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace DirectoryFormat;
+
+/// The directory of a chunk folder: its bytes, and its file.
+class TestDirectory : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+
+    void bytesAreTheDocumentedOnes();
+    void anyIndexComesBack();
+    void damageTakesNoMoreThanItsEntry();
+    void lyingEntriesAreNone_data();
+    void lyingEntriesAreNone();
+    void emptyPromisesTakeNoTime();
+
+    void whatIsAddedLastCounts();
+    void otherFilesAreNotWritten_data();
+    void otherFilesAreNotWritten();
+    void aTornEntryIsPassedOver();
+    void aFullDiskLeavesTheOthers();
+    void manyWriteAtOnce();
+    void aHeldLockIsNotWaitedForLong();
+    void whoeverWaitedAddsToTheNewFile();
+    void supersededEntriesGo();
+    void rotationAddsWhatReadingFinds();
+    void movedChunksTakeTheirEntriesAlong_data();
+    void movedChunksTakeTheirEntriesAlong();
+
+private:
+    QString folder() const { return temporary->path(); }
+    QString chunk(const QString &name) const { return temporary->filePath(name); }
+    QString directory() const { return ChunkDirectory::path(folder()); }
+    QStringList names() const;
+
+    std::unique_ptr<QTemporaryDir> temporary;
+};
+
+bool operator==(const DirectoryEntry &a, const DirectoryEntry &b)
+{
+    return a.name == b.name && a.file == b.file && a.index == b.index;
+}
+
+namespace {
+
+constexpr quint64 key = 0;
+
+ChunkIndex indexOf(const QVector<CAN::CanRxMessage> &messages, qint64 recordsStart)
+{
+    ChunkIndexer indexer(ChunkFormat::currentVersion, recordsStart);
+    for (const CAN::CanRxMessage &message : messages)
+        indexer.add(MessageView(message));
+    return indexer.finish();
+}
+
+DirectoryEntry entryOf(const QString &name, const ChunkIndex &index)
+{
+    return {name, {index.recordsEnd, 1, 2, 3}, index};
+}
+
+DirectoryEntry smallEntry(const QString &name)
+{
+    return entryOf(name, indexOf({makeMessage(5, 8), makeMessage(6, 3)}, 60));
+}
+
+// An index with very many steps, of a size that can be told.
+DirectoryEntry largeEntry(const QString &name)
+{
+    return entryOf(name, indexOf(QVector<CAN::CanRxMessage>(3000000, makeMessage(1, 8)), 0));
+}
+
+QByteArray directoryOf(const std::vector<DirectoryEntry> &entries)
+{
+    QByteArray bytes = head(0, key);
+    for (const DirectoryEntry &entry : entries)
+        bytes += encoded(entry, key);
+    return bytes;
+}
+
+CAN::CanRxMessage randomMessage(QRandomGenerator &random)
+{
+    CAN::CanRxMessage message = makeMessage(random.bounded(500U), random.bounded(65));
+    message.id = random.bounded(8) ? message.id : CAN::errorFrameId;
+    message.seconds = random.bounded(-5, 1000);
+    return message;
+}
+
+void writeChunkOf(const QString &fileName, quint32 seed)
+{
+    writeFile(fileName, QByteArray(200, char(seed)));
+}
+
+DirectoryEntry entryOfFile(const QString &fileName)
+{
+    DirectoryEntry entry = smallEntry(QFileInfo(fileName).fileName());
+    entry.file = FileIdentity::of(fileName).value_or(FileIdentity());
+    return entry;
+}
+
+} // namespace
+
+void TestDirectory::init()
+{
+    temporary = std::make_unique<QTemporaryDir>();
+}
+
+void TestDirectory::cleanup()
+{
+    temporary.reset();
+}
+
+QStringList TestDirectory::names() const
+{
+    QStringList found;
+    for (const DirectoryEntry &entry : ChunkDirectory::read(folder()))
+        found += entry.name;
+    return found;
+}
+
+// The example of docs/directory-format.md.
+void TestDirectory::bytesAreTheDocumentedOnes()
+{
+    CAN::CanRxMessage message = makeMessage(0x123, "abcd", 1);
+    message.seconds = 17;
+    message.microseconds = 4512;
+    message.messageNumber = 7;
+    DirectoryEntry entry = entryOf("a.dck", indexOf({message}, 78));
+    entry.file = {105, 0x1122334455667788, 0x1122334455667799, 9};
+    entry.index.notes = 1;
+    const QByteArray bytes = QByteArray::fromHex(
+        "d16469726563740a 01000000 0000000000000000" // mark of a directory, version, never
+                                                     // compacted
+        "91e254b0a59713520a4c812fe100afda"           // seal
+        "d16368756e6b0d0a ac000000"                  // mark of an entry, 172 bytes of payload
+        "0500 0100 01000000 01000000"                // bytes of the name, lines, keys, steps
+        "0e000000 68000000"                          // flags, version of the chunk
+        "6900000000000000 8877665544332211 9977665544332211 0900000000000000" // the file
+        "4e00000000000000 6900000000000000"                                   // records
+        "e077030100000000 e077030100000000 e077030100000000 e077030100000000" // times
+        "01000000 07000000 01000000 00000000"       // messages, first number, notes, bookmarks
+        "612e64636b 01"                             // name, lines
+        "23010000 01 00 01000000 00000000 00000000" // key
+        "4e00000000000000 e077030100000000 e077030100000000" // step
+        "00000000 00000000"                  // counts in front of it: of line 1, of error frames
+        "d768616c225ba093ceeb38d3754f4108"); // seal
+    QCOMPARE(directoryOf({entry}).toHex(), bytes.toHex());
+    QVERIFY(entries(bytes, key) == std::vector<DirectoryEntry>{entry});
+    QVERIFY(entries(bytes, key + 1).empty());
+}
+
+void TestDirectory::anyIndexComesBack()
+{
+    QRandomGenerator random(1);
+    std::vector<DirectoryEntry> all;
+    for (int size : {0, 1, 2, 100, 4095, 4096, 4097, 10000, 140000}) {
+        QVector<CAN::CanRxMessage> messages;
+        for (int i = 0; i < size; ++i)
+            messages += randomMessage(random);
+        // More different keys than are kept.
+        for (int i = 0; size > 100000 && i < size; ++i)
+            messages[i].id = quint32(i);
+        ChunkIndex index = indexOf(messages, 0);
+        index.moveBy(random.bounded(1000));
+        index.notes = random.generate();
+        index.bookmarks = random.generate();
+        all.push_back(entryOf(QString::number(size), index));
+    }
+    QVERIFY(!all.back().index.hasAllKeys);
+    QVERIFY(entries(directoryOf(all), key) == all);
+}
+
+void TestDirectory::damageTakesNoMoreThanItsEntry()
+{
+    const std::vector<DirectoryEntry> all{smallEntry("a"), smallEntry("b"), smallEntry("c")};
+    const QByteArray whole = directoryOf(all);
+    const int entrySize = encoded(all[0], key).size();
+    for (int size = 0; size <= whole.size(); ++size) {
+        const auto read = entries(whole.left(size), key);
+        const int left = size < headSize ? 0 : (size - headSize) / entrySize;
+        QVERIFY2(read == std::vector<DirectoryEntry>(all.begin(), all.begin() + left),
+                 QByteArray::number(size));
+    }
+    for (int at = 0; at < whole.size(); ++at) {
+        QByteArray bytes = whole;
+        bytes[at] = char(~bytes.at(at));
+        std::vector<DirectoryEntry> left = all;
+        if (at < headSize)
+            left.clear();
+        else
+            left.erase(left.begin() + (at - headSize) / entrySize);
+        QVERIFY2(entries(bytes, key) == left, QByteArray::number(at));
+    }
+}
+
+void TestDirectory::lyingEntriesAreNone_data()
+{
+    QTest::addColumn<int>("at");
+    QTest::addColumn<QByteArray>("lie");
+    QTest::newRow("a name in another folder") << 116 << QByteArray("../x");
+    QTest::newRow("the folder itself") << 116 << QByteArray("..\0\0", 4);
+    QTest::newRow("no name") << 0 << QByteArray("\0\0", 2);
+    QTest::newRow("257 lines") << 2 << QByteArray("\x01\x01", 2);
+    QTest::newRow("more keys than there are") << 4 << QByteArray("\xff\xff\xff\xff", 4);
+    QTest::newRow("more steps than there are") << 8 << QByteArray("\xff\xff\xff\xff", 4);
+    QTest::newRow("an unknown flag") << 12 << QByteArray("\x1e");
+    QTest::newRow("records beyond the end of the file") << 20 << QByteArray("\x50");
+    QTest::newRow("records in front of the file") << 59 << QByteArray("\xff");
+    QTest::newRow("another number of messages") << 100 << QByteArray("\x03");
+    QTest::newRow("a last time in front of the lowest") << 83 << QByteArray("\x80");
+}
+
+void TestDirectory::lyingEntriesAreNone()
+{
+    QFETCH(int, at);
+    QFETCH(QByteArray, lie);
+    const QByteArray entry = encoded(smallEntry("name"), key);
+    QByteArray payload = entry.mid(12, entry.size() - 12 - 16);
+    QCOMPARE(framed(payload, key), entry);
+    payload.replace(at, lie.size(), lie);
+    const auto read =
+        entries(head(0, key) + framed(payload, key) + directoryOf({smallEntry("b")}), key);
+    QCOMPARE(int(read.size()), 1);
+    QCOMPARE(read[0].name, QStringLiteral("b"));
+}
+
+void TestDirectory::emptyPromisesTakeNoTime()
+{
+    const QByteArray promise = framed({}, key).left(8) + QByteArray("\0\0\x10\0", 4);
+    const DirectoryEntry first = smallEntry("a");
+    QVERIFY(entries(directoryOf({first}) + promise.repeated(1000000), key)
+            == std::vector<DirectoryEntry>{first});
+}
+
+void TestDirectory::whatIsAddedLastCounts()
+{
+    DirectoryEntry entry = smallEntry("a");
+    QVERIFY(ChunkDirectory::add(folder(), entry) && ChunkDirectory::add(folder(), smallEntry("b")));
+    entry.file.changed = 77;
+    QVERIFY(ChunkDirectory::add(folder(), entry));
+    QVERIFY(ChunkDirectory::read(folder())
+            == (std::vector<DirectoryEntry>{entry, smallEntry("b")}));
+    struct stat status = {};
+    QVERIFY(lstat(qPrintable(directory()), &status) == 0 && (status.st_mode & 0777) == 0600);
+    QVERIFY(ChunkDirectory::rewrite(folder(), {smallEntry("c")}));
+    QCOMPARE(names(), QStringList("c"));
+    QCOMPARE(QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList(QFileInfo(directory()).fileName()));
+}
+
+void TestDirectory::otherFilesAreNotWritten_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<bool>("isReplaced");
+    QTest::newRow("a symbolic link is not followed") << "symlink" << false;
+    QTest::newRow("nor one to nothing") << "dangling" << false;
+    QTest::newRow("a pipe is not waited for") << "pipe" << false;
+    QTest::newRow("a folder stays") << "folder" << false;
+    QTest::newRow("a hard link keeps its other name") << "link" << true;
+}
+
+void TestDirectory::otherFilesAreNotWritten()
+{
+    QFETCH(QString, kind);
+    writeFile(chunk("precious"), "precious");
+    const QByteArray precious = QFile::encodeName(chunk("precious"));
+    const QByteArray name = QFile::encodeName(directory());
+    const int result = kind == "symlink" ? symlink(precious, name)
+        : kind == "dangling"             ? symlink("created", name)
+        : kind == "pipe"                 ? mkfifo(name, 0600)
+        : kind == "folder"               ? mkdir(name, 0700)
+                                         : link(precious, name);
+    QCOMPARE(result, 0);
+    QTEST(ChunkDirectory::add(folder(), smallEntry("a")), "isReplaced");
+    QTEST(names().contains("a"), "isReplaced");
+    QTEST(ChunkDirectory::rewrite(folder(), {smallEntry("a")}), "isReplaced");
+    QCOMPARE(readFile(chunk("precious")), "precious");
+    QVERIFY(!QFile::exists(chunk("created")));
+    QVERIFY(!ChunkDirectory::add(chunk("none"), smallEntry("a")));
+}
+
+void TestDirectory::aTornEntryIsPassedOver()
+{
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("a")));
+    QFile file(directory());
+    QVERIFY(file.open(QIODevice::ReadWrite) && file.resize(file.size() - 1));
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("b")));
+    QCOMPARE(names(), QStringList("b"));
+    QVERIFY(file.resize(headSize - 1));
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("c")));
+    QCOMPARE(names(), QStringList("c"));
+}
+
+void TestDirectory::aFullDiskLeavesTheOthers()
+{
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("a")));
+    const QByteArray before = readFile(directory());
+    rlimit old = {};
+    getrlimit(RLIMIT_FSIZE, &old);
+    const rlimit full{rlim_t(before.size() + 10), old.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    const bool isAdded = ChunkDirectory::add(folder(), smallEntry("b"));
+    const bool isRewritten = ChunkDirectory::rewrite(folder(), {smallEntry("b"), smallEntry("c")});
+    setrlimit(RLIMIT_FSIZE, &old);
+    QVERIFY(!isAdded && !isRewritten);
+    QCOMPARE(readFile(directory()), before);
+    QCOMPARE(QDir(folder()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+// Two threads and another process.
+void TestDirectory::manyWriteAtOnce()
+{
+    constexpr int each = 100;
+    const auto addAll = [this](char who) {
+        bool good = true;
+        for (int i = 0; i < each; ++i) {
+            const QString name = QChar(who) + QString::number(i);
+            writeChunkOf(chunk(name), 1);
+            good = ChunkDirectory::add(folder(), entryOfFile(chunk(name))) && good;
+        }
+        return good;
+    };
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(addAll('c') ? 0 : 1);
+    bool isGood = false;
+    std::thread other([&] { isGood = addAll('t'); });
+    // Superseded all the time, it has the file replaced.
+    const DirectoryEntry large = largeEntry("large");
+    bool isAdded = true;
+    for (int i = 0; i < each; ++i)
+        isAdded = ChunkDirectory::add(folder(), large) && isAdded;
+    const bool mineAreGood = addAll('m');
+    other.join();
+    int status = -1;
+    QCOMPARE(waitpid(child, &status, 0), child);
+    QVERIFY(status == 0 && isGood && isAdded && mineAreGood);
+    QCOMPARE(names().filter(QRegularExpression("^[ctm]")).size(), 3 * each);
+}
+
+void TestDirectory::aHeldLockIsNotWaitedForLong()
+{
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("a")));
+    const int holder = open(qPrintable(directory()), O_RDONLY | O_CLOEXEC);
+    QCOMPARE(flock(holder, LOCK_EX), 0);
+    QVERIFY(!ChunkDirectory::add(folder(), smallEntry("b")));
+    QCOMPARE(names(), QStringList("a"));
+    close(holder);
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("b")));
+}
+
+void TestDirectory::whoeverWaitedAddsToTheNewFile()
+{
+    QVERIFY(ChunkDirectory::add(folder(), smallEntry("a")));
+    QVERIFY(QFile::copy(directory(), chunk("copy")));
+    const QString path = QFileInfo(directory()).canonicalFilePath();
+    const int holder = open(qPrintable(directory()), O_RDONLY | O_CLOEXEC);
+    QCOMPARE(flock(holder, LOCK_EX), 0);
+    bool isAdded = false;
+    std::thread waiter([&] { isAdded = ChunkDirectory::add(folder(), smallEntry("b")); });
+    const auto handles = [&path] {
+        const QFileInfoList all = QDir("/proc/self/fd").entryInfoList(QDir::Files);
+        return std::count_if(all.begin(), all.end(), [&path](const QFileInfo &handle) {
+            return handle.symLinkTarget() == path;
+        });
+    };
+    while (handles() < 2)
+        std::this_thread::yield();
+    const int result = std::rename(qPrintable(chunk("copy")), qPrintable(directory()));
+    close(holder);
+    waiter.join();
+    QVERIFY(result == 0 && isAdded);
+    QCOMPARE(names(), (QStringList{"a", "b"}));
+}
+
+void TestDirectory::supersededEntriesGo()
+{
+    DirectoryEntry large = largeEntry("large");
+    writeChunkOf(chunk("small"), 1);
+    writeChunkOf(chunk("gone"), 1);
+    QVERIFY(ChunkDirectory::add(folder(), entryOfFile(chunk("small"))));
+    QVERIFY(ChunkDirectory::add(folder(), entryOfFile(chunk("gone"))));
+    QVERIFY(QFile::remove(chunk("gone")));
+    const qint64 size = encoded(large, key).size();
+    for (int i = 0; i < 200; ++i)
+        QVERIFY(ChunkDirectory::add(folder(), large));
+    QCOMPARE(names(), (QStringList{"small", "large"}));
+    QVERIFY(QFileInfo(directory()).size() < 2 * 1024 * 1024 + 3 * size);
+}
+
+void TestDirectory::rotationAddsWhatReadingFinds()
+{
+    constexpr int size = 5000;
+    BookmarkHandler bookmarks;
+    DatachunkHandler store(5000 + size);
+    store.setBookmarkhandler(&bookmarks);
+    for (quint32 i = 0; i < 2 * size + 1; ++i) {
+        store.appendCanMessage(makeMessage(i, int(i % 65)));
+        if (i == 7)
+            store.setMessageNote(7, "note");
+    }
+    bookmarks.addBookmark(size + 3, "mark");
+    QVERIFY(store.waitForSaves());
+    const auto known = ChunkDirectory::read(store.chunkFolderPath());
+    QCOMPARE(int(known.size()), 2);
+    for (const DirectoryEntry &entry : known) {
+        const QString path = store.chunkFolderPath() + '/' + entry.name;
+        const ReadChunk read = readChunkFile(path);
+        QVERIFY(describes(entry, FileIdentity::of(path).value_or(FileIdentity())));
+        ChunkIndex expected = indexOf(read.messages, 0);
+        expected.moveBy(QFileInfo(path).size() - expected.recordsEnd);
+        expected.notes = quint32(read.notes.size());
+        expected.bookmarks = quint32(read.bookmarks.size());
+        QVERIFY(entry.index == expected);
+    }
+    const QString where = store.chunkFolderPath();
+    store.clearAllMessages();
+    QVERIFY(QDir(where).isEmpty());
+}
+
+void TestDirectory::movedChunksTakeTheirEntriesAlong_data()
+{
+    QTest::addColumn<int>("changedBefore"); // in nanoseconds
+    QTest::addColumn<bool>("isMoved");
+    QTest::addColumn<bool>("isKnown");
+    QTest::newRow("as they are") << 0 << true << true;
+    QTest::newRow("not when they have changed since") << 1 << true << false;
+    QTest::newRow("not when they stay") << 0 << false << false;
+}
+
+void TestDirectory::movedChunksTakeTheirEntriesAlong()
+{
+    QFETCH(int, changedBefore);
+    QFETCH(bool, isMoved);
+    const QTemporaryDir target;
+    const QString to = target.filePath("b");
+    writeChunkOf(chunk("a"), 1);
+    DirectoryEntry entry = entryOfFile(chunk("a"));
+    entry.file.changed -= changedBefore;
+    QVERIFY(ChunkDirectory::add(folder(), entry));
+    QCOMPARE(moveChunk(chunk("a"), to, [&] { return isMoved && QFile::rename(chunk("a"), to); }),
+             isMoved);
+    const auto known = ChunkDirectory::read(target.path());
+    QTEST(!known.empty(), "isKnown");
+    for (const DirectoryEntry &moved : known) {
+        QCOMPARE(moved.name, QStringLiteral("b"));
+        QVERIFY(moved.index == entry.index);
+        QVERIFY(describes(moved, FileIdentity::of(to).value_or(FileIdentity())));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestDirectory)
+#include "tst_directory.moc"
