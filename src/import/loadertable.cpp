@@ -28,7 +28,7 @@ constexpr auto whenWhole = TraceReader::WhenWhole;
 constexpr char peak[] = "PeakTraceImporter";
 
 constexpr TraceReader readers[] = {
-    {DatachunkHelper::KolvarTxt, textMode, readKolvarTxt},
+    {DatachunkHelper::KolvarTxt, textMode, readKolvarTxt, readKolvarTxtTolerantly},
     {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, readPeakTolerantly, peak},
     {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, readPeakTolerantly, peak},
     {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, readPeakTolerantly, peak},

@@ -167,7 +167,7 @@ std::vector<DirectoryEntry> Locked::current() const
 bool Locked::add(const DirectoryEntry &entry) const
 {
     // Up to here superseded entries do no harm.
-    constexpr qint64 small = 1024 * 1024;
+    constexpr qint64 small = 1024LL * 1024;
     const QByteArray bytes = DirectoryFormat::encoded(entry, key);
     const auto file = FileIdentity::of(handle);
     if (bytes.isEmpty() || !file)

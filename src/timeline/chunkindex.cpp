@@ -103,9 +103,10 @@ bool ChunkIndex::isSound(qint64 fileSize) const
         || (minTime <= firstTime && minTime <= lastTime && maxTime >= firstTime
             && maxTime >= lastTime && steps.size() == stepsWanted && steps.front().time == firstTime
             && (!timesRise || (minTime == firstTime && maxTime == lastTime)));
-    return recordsStart >= 0 && recordsStart <= recordsEnd && recordsEnd <= fileSize
-        && steps.size() == stepsWanted && (!hasCutRecord || count > 0) && risesStrictly && timesFit
-        && keysAreSound(*this) && stepsAreSound(*this) && countsAreSound(*this);
+    return count <= mostRecords && recordsStart >= 0 && recordsStart <= recordsEnd
+        && recordsEnd <= fileSize && steps.size() == stepsWanted && (!hasCutRecord || count > 0)
+        && risesStrictly && timesFit && keysAreSound(*this) && stepsAreSound(*this)
+        && countsAreSound(*this);
 }
 
 ChunkIndexer::ChunkIndexer(quint32 version, qint64 recordsStart)

@@ -14,6 +14,9 @@ struct ChunkIndex
     /// Every so many records there is a step.
     static constexpr quint32 recordsPerStep = 4096;
 
+    /// A chunk of more records has no index: positions in it are numbers of 32 bits.
+    static constexpr quint32 mostRecords = 1U << 31;
+
     /// More different keys than this are not kept: a chunk of nothing but different identifiers
     /// must not fill the memory.
     static constexpr std::size_t mostKeys = 65536;
@@ -107,6 +110,8 @@ public:
         addKey({view.id(), view.line(), quint8(view.kind() & ~FrameKey::Transmitted)});
         ++index.count;
     }
+
+    quint32 count() const { return index.count; }
 
     /// The index of what has been added. Nothing may be added any more.
     ChunkIndex finish();

@@ -69,7 +69,7 @@ void Indexing::end()
     chunk.end.offset = wholeBytes;
     bool isCut = false;
     if (size > 0) {
-        const int length = buffer.at(0);
+        const qint8 length = buffer.at(0);
         isCut = length >= 0 && length <= CAN::maxDataBytes;
         chunk.end.cause = isCut ? ChunkFormat::RecordsEnd::Cut : ChunkFormat::RecordsEnd::BadLength;
         chunk.end.length = isCut ? 0 : length;
@@ -92,6 +92,8 @@ Outcome::Kind Indexing::read()
         if (!bounds.keepGoing())
             return Outcome::GivenUp;
         takeRecords();
+        if (indexer.count() > ChunkIndex::mostRecords)
+            return Outcome::TooLarge;
         // More than any record takes: its length is none.
         if (size > ChunkFormat::maxRecordSize)
             break;

@@ -29,7 +29,7 @@ constexpr int fixedSize = 116;          // of the payload
 constexpr int keySize = 18;
 constexpr int stepSize = 24;
 constexpr int longestName = 255;
-constexpr quint64 mostPayloadBytes = 64 * 1024 * 1024;
+constexpr quint64 mostPayloadBytes = 64ULL * 1024 * 1024;
 constexpr int mostLines = 256;
 
 constexpr quint32 cutRecordFlag = 1;

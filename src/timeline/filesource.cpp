@@ -25,6 +25,9 @@ QString problemOf(const QString &name, const IndexedChunk &chunk)
         return chunk.damage;
     switch (chunk.result) {
     case Outcome::Done:
+        // An empty file is a chunk of nothing.
+        if (chunk.front.size == 0)
+            return {};
         return Damage::ofChunk(name, chunk.front, chunk.end, chunk.index.count);
     case Outcome::NewerVersion:
         return tr("The chunk %1 was created with a newer version of this tool; nothing of it is "
@@ -157,8 +160,9 @@ void FileSource::lookAtFolder(const QString &path)
         lookAtFile(file);
         known[file].isOfFolder = true;
     }
-    const bool isAnyMissing = std::any_of(
-        files.begin(), files.end(), [this](const QString &file) { return !known[file].isRead; });
+    bool isAnyMissing = false;
+    for (const QString &file : files)
+        isAnyMissing = isAnyMissing || !known[file].isRead;
     if (isAnyMissing)
         readDirectory(path + QLatin1Char('/'));
 }
@@ -181,6 +185,7 @@ void FileSource::lookAtFile(const QString &path)
     const auto identity = FileIdentity::of(path);
     if (!identity) {
         Chunk missing;
+        missing.place.run = path;
         missing.isRead = true;
         missing.problem = tr("There is no chunk file %1.").arg(path);
         if (!known.contains(path))
@@ -206,6 +211,7 @@ void FileSource::lookAtArchive(const QString &path)
     const auto archive = isSame ? before->archive : std::make_shared<ArchiveChunks>(path);
     // What is to be told of the archive stands with a chunk that has nothing to show.
     Chunk whole;
+    whole.place.run = path;
     whole.archive = archive;
     whole.isRead = true;
     whole.problem = archive->problem();
@@ -255,9 +261,12 @@ void FileSource::sortIntoRuns()
     std::stable_sort(runs.begin(), runs.end(),
                      [](const Run &a, const Run &b) { return a.firstTime < b.firstTime; });
     missing.clear();
-    for (const Run &run : runs)
-        std::copy_if(run.chunks.begin(), run.chunks.end(), std::back_inserter(missing),
-                     [this](const QString &name) { return !known[name].isRead; });
+    for (const Run &run : runs) {
+        for (const QString &name : run.chunks) {
+            if (!known[name].isRead)
+                missing.push_back(name);
+        }
+    }
 }
 
 std::shared_ptr<const ChunkBytes> FileSource::nextMissing()

@@ -11,7 +11,7 @@ const char *walkRecords(const char *begin, const char *end, bool hasLine, Visit 
 {
     const char *record = begin;
     while (record != end) {
-        const int length = *record;
+        const qint8 length = *record;
         if (length < 0 || length > CAN::maxDataBytes
             || end - record < RecordView::size(length, hasLine)
             || !visit(RecordView(record, hasLine)))

@@ -39,7 +39,7 @@ std::optional<quint64> Searching::next(quint64 position) const
         std::optional<quint64> found;
         const auto take = [&](quint32 step, const quint16 *positions, int count) {
             if (count > 0)
-                found = segments[i].begin + step * perStep + positions[0];
+                found = segments[i].begin + quint64(step) * perStep + positions[0];
             return !found && goesOn();
         };
         segment.scan({filter, notesFor(filter, segment), nullptr, quint32(begin), segment.count()},
@@ -74,7 +74,7 @@ std::optional<quint64> Searching::lastIn(const TraceSnapshot::Placed &placed, qu
     std::optional<quint64> found;
     const auto take = [&](quint32 step, const quint16 *positions, int count) {
         if (count > 0)
-            found = placed.begin + step * perStep + positions[count - 1];
+            found = placed.begin + quint64(step) * perStep + positions[count - 1];
         return true;
     };
     while (end > 0 && !found && goesOn()) {
@@ -95,7 +95,7 @@ std::optional<quint64> Searching::changed(quint64 begin, quint64 end, bool wants
             break;
         const auto take = [&](quint32 step, const quint16 *positions, int count) {
             for (int i = 0; i < count && !(found && wantsFirst); ++i) {
-                const quint64 position = placed.begin + step * perStep + positions[i];
+                const quint64 position = placed.begin + quint64(step) * perStep + positions[i];
                 if (position >= begin)
                     found = position;
             }
@@ -171,7 +171,7 @@ std::optional<quint64> Searching::positionOfNumber(const TraceSnapshot &snapshot
                                                 return message.messageNumber == number;
                                             });
             if (found != messages.end())
-                return placed.begin + step * perStep + quint64(found - messages.begin());
+                return placed.begin + quint64(step) * perStep + quint64(found - messages.begin());
         }
     }
     return {};

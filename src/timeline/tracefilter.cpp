@@ -41,7 +41,7 @@ quint64 TraceFilter::countBefore(quint64 position) const
 
 bool TraceFilter::wait(const std::function<bool()> &keepGoing) const
 {
-    constexpr unsigned long millisecondsBetweenQuestions = 20;
+    constexpr unsigned long millisecondsBetweenQuestions = 2;
     while (!isComplete()) {
         if (keepGoing && !keepGoing())
             return false;

@@ -39,7 +39,7 @@ public:
     /// How many messages are found in front of \a position.
     quint64 countBefore(quint64 position) const;
 
-    /// Waits until it is complete, as long as \a keepGoing, which is asked some 50 times a second,
+    /// Waits until it is complete, as long as \a keepGoing, which is asked again and again,
     /// returns true. False when it did not.
     bool wait(const std::function<bool()> &keepGoing = {}) const;
     /// Ends the search. What is found stays.

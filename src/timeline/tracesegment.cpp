@@ -171,7 +171,7 @@ bool ChunkSegment::decodeCut(const ChunkHandle &handle, Messages &messages) cons
 
 bool ChunkSegment::scan(const Scan &scan, const TakeStep &take) const
 {
-    constexpr qint64 blockSize = 1024 * 1024;
+    constexpr qint64 blockSize = 1024LL * 1024;
     const auto handle = bytes->open();
     if (!handle)
         return false;

@@ -37,7 +37,7 @@ bool TraceTimeline::isComplete() const
 
 bool TraceTimeline::waitForAll(const std::function<bool()> &keepGoing)
 {
-    constexpr unsigned long millisecondsBetweenQuestions = 20;
+    constexpr unsigned long millisecondsBetweenQuestions = 2;
     while (!isComplete()) {
         if (keepGoing && !keepGoing())
             return false;

@@ -86,8 +86,8 @@ public:
     bool refresh();
     /// Whether all that was there at the beginning of the last refresh is known.
     bool isComplete() const;
-    /// Waits until it is, as long as \a keepGoing, which is asked some 50 times a second, returns
-    /// true, and refreshes meanwhile. False when it did not.
+    /// Waits until it is and refreshes, as long as \a keepGoing, which is asked again and again,
+    /// returns true. False when it did not.
     bool waitForAll(const std::function<bool()> &keepGoing = {});
     /// What cannot be read, a sentence each, for the user.
     QStringList problems() const;

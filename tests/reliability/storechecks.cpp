@@ -95,6 +95,7 @@ void StoreDriver::check()
     require(!sawTorn, "a reader saw a message that nobody appended");
     checkView();
     checkNotes();
+    checkTimeline();
 }
 
 void StoreDriver::checkView()
@@ -137,6 +138,64 @@ void StoreDriver::checkNotes()
         compare("note", store->getMessageNote(number), model->notes.value(number));
     }
     require(!bookmarks || bookmarks->bookmarks() == model->bookmarks, "the bookmarks are wrong");
+}
+
+// All of the trace, wherever its messages are by now.
+void StoreDriver::checkTimeline()
+{
+    timeline->refresh();
+    const MessageRun &live = model->live;
+    if (live.count > 0) {
+        compare("messages in the timeline:", timeline->count(), quint64(live.number) + live.count);
+        for (const int offset : {0, int(live.count) - 1, below(int(live.count))})
+            checkRow(live, quint32(offset), nullptr);
+    }
+    for (int i = 0; i < 3 && !model->chunks.empty(); ++i) {
+        const ModelFile &chunk = model->chunks[std::size_t(below(int(model->chunks.size())))];
+        checkRow(chunk.messages, quint32(below(int(chunk.messages.count))), &chunk);
+    }
+    if (below(8) == 0)
+        checkFilter();
+}
+
+void StoreDriver::checkRow(const MessageRun &run, quint32 offset, const ModelFile *chunk)
+{
+    const TraceRow row = timeline->row(run.number + offset);
+    const bool mayBeGone = chunk && chunk->removed;
+    if (row.state != TraceRow::Known)
+        return require(mayBeGone,
+                       QStringLiteral("no row %1 in the timeline").arg(run.number + offset));
+    require(sameInChunk(row.message, run.at(offset)),
+            QStringLiteral("row %1 of the timeline is wrong").arg(run.number + offset));
+    if (chunk)
+        compare("note in the timeline", row.note, chunk->notes.value(run.number + offset));
+}
+
+// One that has followed the trace from its beginning.
+void StoreDriver::checkFilter()
+{
+    const auto isFound = [](const CAN::CanRxMessage &message) {
+        return message.length > 0 && !message.remote && message.data[0] < 0x40;
+    };
+    std::vector<quint64> wanted;
+    const auto add = [&](const MessageRun &run) {
+        for (quint32 i = 0; i < run.count; ++i) {
+            if (isFound(run.at(i)))
+                wanted.push_back(quint64(run.number) + i);
+        }
+    };
+    for (const ModelFile &chunk : model->chunks) {
+        if (chunk.removed)
+            return;
+        add(chunk.messages);
+    }
+    add(model->live);
+    require(filter->wait() && filter->messagesGone() == 0, QStringLiteral("the filter ends"));
+    compare("messages found:", filter->count(), quint64(wanted.size()));
+    for (int i = 0; i < 5 && !wanted.empty(); ++i) {
+        const auto n = std::size_t(below(int(wanted.size())));
+        compare("found message:", filter->at(n).value_or(0), wanted[n]);
+    }
 }
 
 void StoreDriver::chunkAnnounced(quint32 index, const QString &time)

@@ -50,6 +50,8 @@ void StoreDriver::beginStore()
         store->setMaximumHDDSpace(model->budget = 100);
     switches = switchStarts = switchesSettled = 0;
     connectStore();
+    timeline = store->timeline();
+    filter = timeline->filter(*TraceExpression::parse(QStringLiteral("b0<40")));
     stopReading = false;
     for (int i = 0; i < readerCount; ++i)
         readers.emplace_back([this, seed = random()] { read(seed); });
@@ -64,6 +66,10 @@ void StoreDriver::endStore()
         reader.join();
     readers.clear();
     store.reset();
+    timeline->refresh();
+    require(timeline->row(0).state != TraceRow::Known || filter->wait(), QStringLiteral("the end"));
+    filter.reset();
+    timeline.reset();
     QCoreApplication::processEvents();
     require(toldChunks == 0 && told.isEmpty(), QStringLiteral("a store that is gone told a thing"));
     compare("left:", QDir(base).entryList(), QStringList{".", ".."});
@@ -78,7 +84,14 @@ void StoreDriver::read(quint32 seed)
 {
     std::mt19937 numbers(seed);
     CAN::CanRxMessage message;
+    TraceTimeline trace = store->timeline();
     while (!stopReading) {
+        trace.refresh();
+        const auto place = quint32(numbers() % (trace.count() + 1));
+        const TraceRow row = trace.row(place);
+        if (row.state == TraceRow::Known
+            && (!isWhole(row.message) || row.message.messageNumber != place))
+            sawTorn = true;
         const quint32 count = store->getMessageCount();
         const int position = int(numbers() % (count + 2)) - 1;
         const CAN::CanRxMessage last = store->getLastMessage();

@@ -3,6 +3,8 @@
 #include "bookmarkhandler.h"
 #include "datachunkhandler.h"
 #include "storemodel.h"
+#include "tracefilter.h"
+#include "tracetimeline.h"
 
 #include <QDebug>
 #include <QTemporaryDir>
@@ -83,6 +85,9 @@ private:
     bool showsLiveList() const;
     void checkLines(const QVector<MessageRun> &view);
     void checkNotes();
+    void checkTimeline();
+    void checkRow(const MessageRun &run, quint32 offset, const ModelFile *chunk);
+    void checkFilter();
     void checkChunk(const ModelFile &expected, const QString &path);
     void checkExports();
     void checkPartials(const QString &importName);
@@ -109,6 +114,8 @@ private:
     std::unique_ptr<BookmarkHandler> bookmarks;
     std::unique_ptr<DatachunkHandler> store;
     std::unique_ptr<StoreModel> model;
+    std::optional<TraceTimeline> timeline;
+    std::optional<TraceFilter> filter;
     QStringList commandLog;
     QString firstFailure;
     int texts = 0;

@@ -1,0 +1,423 @@
+#include "archives.h"
+#include "changetracker.h"
+#include "chunkdirectory.h"
+#include "messages.h"
+#include "savejob.h"
+#include "storefixture.h"
+#include "tracefilter.h"
+#include "tracetimeline.h"
+
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+using Messages = QVector<CAN::CanRxMessage>;
+
+CAN::CanRxMessage randomMessage(QRandomGenerator &random, quint32 number, qint64 &time)
+{
+    CAN::CanRxMessage message;
+    message.messageNumber = number;
+    message.id = quint32(random.bounded(1, 40)) * (random.bounded(4) ? 1 : 0x1000);
+    message.extended = message.id > 0x7FF;
+    message.fdFrame = random.bounded(10) == 0;
+    message.remote = !message.fdFrame && random.bounded(20) == 0;
+    message.length = qint8(random.bounded(message.fdFrame ? 65 : 9));
+    for (int i = 0; i < message.length; ++i)
+        message.data[i] = quint8(random.bounded(4));
+    message.line = quint16(random.bounded(3));
+    if (random.bounded(500) == 0)
+        message.id = CAN::errorFrameId;
+    // Mostly forward, as an import's times need not be.
+    time += random.bounded(-20, 1000);
+    message.seconds = qint32(time / 1000000);
+    message.microseconds = qint32(time % 1000000);
+    return message;
+}
+
+// A recording, and what is in it.
+struct Recording
+{
+    Messages messages;
+    QVector<QString> notes; // of each message
+    QVector<int> sizes;     // of the chunks
+};
+
+void writeChunk(const QString &fileName, const Messages &messages, const Notes &notes)
+{
+    SaveJob job;
+    job.fileName = fileName;
+    for (const CAN::CanRxMessage &message : messages)
+        job.messages.append(message);
+    job.endPosition = quint32(messages.size());
+    job.notes = notes;
+    QVERIFY(writeChunkFile(job).isDone());
+}
+
+// Chunks of up to several steps each.
+Recording record(const QString &folder, quint32 seed, const QVector<int> &sizes)
+{
+    QRandomGenerator random(seed);
+    Recording recording;
+    qint64 time = 1600000000000000;
+    for (int chunk = 0; chunk < sizes.size(); ++chunk) {
+        Messages messages;
+        Notes notes;
+        for (int i = 0; i < sizes.at(chunk); ++i) {
+            const auto number = quint32(recording.messages.size() + i);
+            messages.append(randomMessage(random, number, time));
+            const QString note = random.bounded(300) ? QString() : QStringLiteral("n%1").arg(i % 5);
+            if (!note.isEmpty())
+                notes.insert(number, note);
+            recording.notes.append(note);
+        }
+        writeChunk(QStringLiteral("%1/tmpData%2.dck").arg(folder).arg(chunk), messages, notes);
+        recording.messages += messages;
+        recording.sizes.append(sizes.at(chunk));
+    }
+    return recording;
+}
+
+TraceExpression expression(const char *text)
+{
+    return TraceExpression::parse(QString::fromLatin1(text)).value();
+}
+
+// The positions of what an expression takes, one message after the other.
+QVector<quint64> found(const Recording &recording, const char *text)
+{
+    const bool wantsChanged = qstrcmp(text, "changed and id==5") == 0;
+    const TraceExpression wanted = expression(text);
+    ChangeTracker changes;
+    QVector<quint64> positions;
+    for (int i = 0; i < recording.messages.size(); ++i) {
+        const bool isChanged = changes.isChanged(MessageView(recording.messages.at(i)));
+        if (wanted.matches(recording.messages.at(i), recording.notes.at(i))
+            && (isChanged || !wantsChanged))
+            positions.append(quint64(i));
+    }
+    return positions;
+}
+
+void compareFilter(const TraceTimeline &timeline, const QVector<quint64> &wanted, const char *text)
+{
+    const TraceFilter filter =
+        timeline.filter(expression(text), wanted.isEmpty() ? 0 : wanted.last() / 2);
+    QVERIFY(filter.wait());
+    QVERIFY2(filter.count() == quint64(wanted.size()), text);
+    QCOMPARE(filter.messagesDone(), timeline.count());
+    QRandomGenerator random(3);
+    for (int i = 0; i < 200 && !wanted.isEmpty(); ++i) {
+        const int n = random.bounded(wanted.size());
+        QCOMPARE(filter.at(quint64(n)).value_or(~0ULL), wanted.at(n));
+        const auto position = quint64(random.bounded(int(timeline.count() + 1)));
+        const auto before = std::lower_bound(wanted.begin(), wanted.end(), position);
+        QCOMPARE(filter.countBefore(position), quint64(before - wanted.begin()));
+    }
+    QVERIFY(!filter.at(quint64(wanted.size())));
+}
+
+void compareSearch(const TraceTimeline &timeline, const QVector<quint64> &wanted, const char *text)
+{
+    const TraceExpression sought = expression(text);
+    QRandomGenerator random(4);
+    for (int i = 0; i < 20; ++i) {
+        const auto position = quint64(random.bounded(int(timeline.count() + 1)));
+        const auto next = std::lower_bound(wanted.begin(), wanted.end(), position);
+        const quint64 none = ~0ULL;
+        QVERIFY2(timeline.findNext(sought, position).value_or(none)
+                     == (next == wanted.end() ? none : *next),
+                 text);
+        QVERIFY2(timeline.findPrevious(sought, position).value_or(none)
+                     == (next == wanted.begin() ? none : *(next - 1)),
+                 text);
+    }
+}
+
+void compareRows(const TraceTimeline &timeline, const Recording &recording)
+{
+    QCOMPARE(timeline.count(), quint64(recording.messages.size()));
+    for (int i = 0; i < recording.messages.size(); ++i) {
+        const TraceRow row = timeline.row(quint64(i));
+        QCOMPARE(int(row.state), int(TraceRow::Known));
+        QVERIFY(sameInChunk(row.message, recording.messages.at(i)));
+        QCOMPARE(row.note, recording.notes.at(i));
+    }
+    QCOMPARE(int(timeline.row(timeline.count()).state), int(TraceRow::Behind));
+}
+
+void compareTimes(const TraceTimeline &timeline, const Recording &recording)
+{
+    QVector<qint64> highest;
+    for (const CAN::CanRxMessage &message : recording.messages) {
+        const qint64 time = MessageView(message).time();
+        highest.append(highest.isEmpty() ? time : std::max(time, highest.last()));
+    }
+    QRandomGenerator random(5);
+    for (int i = 0; i < 300; ++i) {
+        const qint64 time = highest.at(random.bounded(highest.size())) + random.bounded(-1, 2);
+        QCOMPARE(timeline.positionOfTime(time),
+                 quint64(std::lower_bound(highest.begin(), highest.end(), time) - highest.begin()));
+    }
+    quint64 sum = 0;
+    quint64 errors = 0;
+    const TraceRate rate = timeline.rate(timeline.firstTime() - 1, timeline.lastTime() + 1, 97);
+    for (int i = 0; i < rate.messages.size(); ++i) {
+        sum += std::accumulate(rate.messages.at(i).begin(), rate.messages.at(i).end(), quint64(0));
+        errors += rate.errors.at(i);
+    }
+    QCOMPARE(sum, timeline.count());
+    QCOMPARE(errors, quint64(found(recording, "err").size()));
+}
+
+} // namespace
+
+class TestTimeline : public QObject
+{
+    Q_OBJECT
+private slots:
+    void everyQuestionIsAnsweredAsByOneMessageAfterTheOther_data();
+    void everyQuestionIsAnsweredAsByOneMessageAfterTheOther();
+    void filesComeInOrderOfTime();
+    void damageIsShownAsByLoading_data();
+    void damageIsShownAsByLoading();
+    void whatIsNoChunkIsTold();
+    void chunksThatGoLeaveTheirPlaces();
+    void chunksThatComeOrGrowAreTakenIn();
+    void directoryOfAnotherStateIsNotBelieved();
+};
+
+void TestTimeline::everyQuestionIsAnsweredAsByOneMessageAfterTheOther_data()
+{
+    QTest::addColumn<QVector<int>>("sizes");
+    QTest::addColumn<bool>("inArchive");
+    QTest::newRow("several steps a chunk") << QVector<int>{9000, 1, 4096, 4097, 12288} << false;
+    QTest::newRow("an archive") << QVector<int>{5000, 3000} << true;
+    QTest::newRow("one message") << QVector<int>{1} << false;
+}
+
+void TestTimeline::everyQuestionIsAnsweredAsByOneMessageAfterTheOther()
+{
+    QFETCH(QVector<int>, sizes);
+    QFETCH(bool, inArchive);
+    QTemporaryDir folder;
+    const Recording recording = record(folder.path(), quint32(sizes.size()), sizes);
+    QString path = folder.path();
+    if (inArchive) {
+        path = folder.filePath(QStringLiteral("a.zip"));
+        QVector<TestEntry> entries;
+        for (int i = sizes.size(); i-- > 0;) {
+            const QString name = QStringLiteral("tmpData%1.dck").arg(i);
+            entries.append({name, readFile(folder.filePath(name))});
+        }
+        QVERIFY(writeArchive(path, entries));
+    }
+    TraceTimeline timeline({path});
+    QVERIFY(timeline.waitForAll());
+    QCOMPARE(timeline.problems(), QStringList());
+    compareRows(timeline, recording);
+    compareTimes(timeline, recording);
+    const char *texts[] = {"",
+                           "id==5",
+                           "line==1 and not ext",
+                           "id in 2..7,f000..11000",
+                           "err or rtr",
+                           "b1==2",
+                           "data~\"01 02\" and fd",
+                           "len>8 or note",
+                           "note~\"N3\"",
+                           "number 4000..4200 and b0!=1",
+                           "changed and id==5",
+                           "id==fff"};
+    for (const char *text : texts) {
+        const QVector<quint64> wanted = found(recording, text);
+        compareFilter(timeline, wanted, text);
+        compareSearch(timeline, wanted, text);
+    }
+    for (const quint32 number : {0U, quint32(recording.messages.size() / 2)})
+        QCOMPARE(timeline.positionOfNumber(number).value_or(~0ULL), quint64(number));
+    QVERIFY(!timeline.positionOfNumber(quint32(recording.messages.size())));
+    quint64 counted = 0;
+    for (const TraceIdentifier &identifier : timeline.identifiers()) {
+        QCOMPARE(timeline.row(identifier.first).message.id, identifier.id);
+        QCOMPARE(timeline.row(identifier.last).message.id, identifier.id);
+        counted += identifier.count;
+    }
+    QCOMPARE(counted, timeline.count());
+}
+
+// Parts of a split all begin at 0 in their headers; folders and files are sorted by what is in
+// them.
+void TestTimeline::filesComeInOrderOfTime()
+{
+    QTemporaryDir folder;
+    const auto write = [&](const QString &name, qint32 seconds) {
+        CAN::CanRxMessage message = makeMessage(quint32(seconds), 8);
+        message.seconds = seconds;
+        writeChunk(folder.filePath(name), {message}, {});
+    };
+    for (int i = 0; i < 12; ++i)
+        write(QStringLiteral("part_%1.dck").arg(i), 100 + i);
+    write(QStringLiteral("later.dck"), 200);
+    write(QStringLiteral("a.dck"), 300);
+    // A clock that is set back in the middle of a recording leaves its chunks in order.
+    write(QStringLiteral("tmpData9.dck"), 50);
+    write(QStringLiteral("tmpData10.dck"), 20);
+    write(QStringLiteral("zlastChunk.dck"), 30);
+    TraceTimeline timeline({folder.path()});
+    QVERIFY(timeline.waitForAll());
+    QVector<qint32> seconds;
+    for (quint64 i = 0; i < timeline.count(); ++i)
+        seconds.append(timeline.row(i).message.seconds);
+    QVector<qint32> expected{50, 20, 30};
+    for (int i = 0; i < 12; ++i)
+        expected.append(100 + i);
+    QCOMPARE(seconds, expected + (QVector<qint32>{200, 300}));
+    QCOMPARE(timeline.positionOfTime(40000000), 0ULL);
+    QCOMPARE(timeline.positionOfTime(60000000), 3ULL);
+}
+
+void TestTimeline::damageIsShownAsByLoading_data()
+{
+    QTest::addColumn<QByteArray>("chunk");
+    const QByteArray whole =
+        chunkBytes(QStringLiteral("1.0"), 0, 5000, {{7, QStringLiteral("hot")}});
+    QByteArray badLength = whole;
+    badLength[whole.size() - 33] = 'A';
+    QTest::newRow("cut in a record") << whole.left(whole.size() - 20);
+    QTest::newRow("cut in the first record of a step") << whole.left(whole.size() - 903 * 33 - 1);
+    QTest::newRow("a length that is none") << badLength;
+    QTest::newRow("only a header") << whole.left(30);
+    QTest::newRow("empty") << QByteArray();
+}
+
+void TestTimeline::damageIsShownAsByLoading()
+{
+    QFETCH(QByteArray, chunk);
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("a.dck"));
+    writeFile(fileName, chunk);
+    const ReadChunk loaded = streamedChunk(chunk);
+    TraceTimeline timeline({fileName});
+    QVERIFY(timeline.waitForAll());
+    QCOMPARE(timeline.count(), quint64(loaded.messages.size()));
+    for (int i = 0; i < loaded.messages.size(); ++i)
+        QVERIFY(sameInChunk(timeline.row(quint64(i)).message, loaded.messages.at(i)));
+    QCOMPARE(timeline.problems().size(), chunk.isEmpty() ? 0 : 1);
+    const TraceFilter filter = timeline.filter(expression("len>=0 and b0>=0 or len==0"));
+    QVERIFY(filter.wait());
+    QCOMPARE(filter.messagesGone(), 0ULL);
+}
+
+void TestTimeline::whatIsNoChunkIsTold()
+{
+    QTemporaryDir folder;
+    const QString newer = folder.filePath(QStringLiteral("b/newer.dck"));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("b")));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("a")));
+    writeFile(newer, newerChunkBytes());
+    writeFile(folder.filePath(QStringLiteral("b/text.txt")), "no chunk");
+    writeFile(folder.filePath(QStringLiteral("b.zip")), "no archive");
+    const QString missing = folder.filePath(QStringLiteral("missing.dck"));
+    TraceTimeline timeline({folder.filePath(QStringLiteral("a")),
+                            folder.filePath(QStringLiteral("b")),
+                            folder.filePath(QStringLiteral("b.zip")), missing});
+    QVERIFY(timeline.waitForAll());
+    QCOMPARE(timeline.count(), 0ULL);
+    const QString told = timeline.problems().join(QLatin1Char('\n'));
+    QCOMPARE(timeline.problems().size(), 3);
+    QVERIFY(told.contains(newer) && told.contains(missing));
+    QCOMPARE(timeline.row(0).state, TraceRow::Behind);
+    QCOMPARE(timeline.rate(0, 1000, 3).messages.size(), 3);
+    QVERIFY(timeline.filter(expression("id==1")).isComplete());
+    QVERIFY(!timeline.findPrevious(expression(""), 5) && !timeline.findNext(expression(""), 0));
+}
+
+void TestTimeline::chunksThatGoLeaveTheirPlaces()
+{
+    QTemporaryDir folder;
+    const Recording recording = record(folder.path(), 1, {5000, 5000, 5000});
+    TraceTimeline timeline({folder.path()});
+    QVERIFY(timeline.waitForAll());
+    const TraceFilter byKey = timeline.filter(expression("id==5"));
+    QFile::remove(folder.filePath(QStringLiteral("tmpData1.dck")));
+    timeline.refresh();
+    QCOMPARE(timeline.count(), 15000ULL);
+    QCOMPARE(int(timeline.row(7000).state), int(TraceRow::Gone));
+    QVERIFY(sameInChunk(timeline.row(12345).message, recording.messages.at(12345)));
+    const TraceFilter byPayload = timeline.filter(expression("b0==2"));
+    QVERIFY(byPayload.wait());
+    QCOMPARE(byPayload.messagesGone(), 5000ULL);
+    QVector<quint64> wanted;
+    for (const quint64 position : found(recording, "b0==2")) {
+        if (position < 5000 || position >= 10000)
+            wanted.append(position);
+    }
+    QCOMPARE(byPayload.count(), quint64(wanted.size()));
+    QCOMPARE(byPayload.at(byPayload.count() - 1).value_or(0), wanted.last());
+    // What the index knows stays known; which messages they were is not.
+    const QVector<quint64> all = found(recording, "id==5");
+    QCOMPARE(byKey.count(), quint64(all.size()));
+    QCOMPARE(byKey.at(byKey.count() - 1).value_or(0), all.last());
+    const auto isGone = [](quint64 position) { return position >= 5000; };
+    const auto firstGone = std::find_if(all.begin(), all.end(), isGone) - all.begin();
+    QVERIFY(!byKey.at(quint64(firstGone)));
+}
+
+void TestTimeline::chunksThatComeOrGrowAreTakenIn()
+{
+    QTemporaryDir folder;
+    const Recording recording = record(folder.path(), 1, {5000, 5000});
+    const QString last = folder.filePath(QStringLiteral("tmpData1.dck"));
+    const QByteArray whole = readFile(last);
+    writeFile(last, whole.left(whole.size() / 2));
+    TraceTimeline timeline({folder.path()});
+    QVERIFY(timeline.waitForAll());
+    const TraceFilter filter = timeline.filter(expression("b0==2"));
+    QVERIFY(filter.wait());
+    QVERIFY(timeline.count() > 5000 && timeline.count() < 10000);
+    QFile file(last);
+    QVERIFY(file.open(QIODevice::Append));
+    file.write(whole.mid(whole.size() / 2));
+    file.close();
+    QVERIFY(timeline.refresh() || timeline.waitForAll());
+    QVERIFY(timeline.waitForAll());
+    compareRows(timeline, recording);
+    QVERIFY(filter.wait());
+    QCOMPARE(filter.count(), quint64(found(recording, "b0==2").size()));
+    writeChunk(folder.filePath(QStringLiteral("tmpData2.dck")), {makeMessage(10000, 8)}, {});
+    timeline.refresh();
+    QVERIFY(timeline.waitForAll());
+    QCOMPARE(timeline.count(), 10001ULL);
+}
+
+void TestTimeline::directoryOfAnotherStateIsNotBelieved()
+{
+    QTemporaryDir folder;
+    const Recording recording = record(folder.path(), 1, {5000});
+    const QString chunk = folder.filePath(QStringLiteral("tmpData0.dck"));
+    const QByteArray bytes = readFile(chunk);
+    // An index of other messages, said to be of this file before it was written last.
+    const Recording other = record(folder.path(), 2, {5000});
+    const auto before = FileIdentity::of(chunk);
+    TraceTimeline ofOther({chunk});
+    QVERIFY(ofOther.waitForAll());
+    ChunkIndexer indexer(ChunkFormat::currentVersion, 0);
+    for (const CAN::CanRxMessage &message : other.messages)
+        indexer.add(MessageView(message));
+    ChunkIndex index = indexer.finish();
+    index.moveBy(before->size - index.recordsEnd);
+    QVERIFY(ChunkDirectory::add(folder.path(), {QStringLiteral("tmpData0.dck"), *before, index}));
+    QTest::qWait(20); // beyond the tick of the file system's clock
+    writeFile(chunk, bytes);
+    TraceTimeline timeline({folder.path()});
+    QVERIFY(timeline.waitForAll());
+    compareRows(timeline, recording);
+    compareFilter(timeline, found(recording, "id==5"), "id==5");
+}
+
+QTEST_GUILESS_MAIN(TestTimeline)
+
+#include "tst_timeline.moc"
