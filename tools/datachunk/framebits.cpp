@@ -15,109 +15,71 @@ constexpr int classicEnd = 1 + 2 + 7 + 3;
 constexpr int fdEnd = 2 + 7 + 3;
 
 // Whatever repeats a bit five times is followed by its opposite, which begins the next run.
-class Stuffing
+struct Stuffing
 {
-public:
-    void addBit(int bit)
+    static constexpr int mostEqual = 5;
+
+    constexpr void addBit(int bit)
     {
         run = bit == last ? run + 1 : 1;
         last = bit;
-        endsWithStuffBit = run == mostEqual;
-        if (!endsWithStuffBit)
+        endsInStuffBit = run == mostEqual;
+        if (!endsInStuffBit)
             return;
-        ++stuffed;
+        ++stuffBits;
         last = 1 - bit;
         run = 1;
     }
 
-    void addNibble(int nibble)
-    {
-        const Entry &entry = table()[std::size_t((last * mostEqual + run) * 16 + nibble)];
-        stuffed += entry.stuffed;
-        last = entry.last;
-        run = entry.run;
-        endsWithStuffBit = entry.endsWithStuffBit;
-    }
-
-    int count() const { return stuffed; }
-    bool endsInStuffBit() const { return endsWithStuffBit; }
-
-private:
-    static constexpr int mostEqual = 5;
-
-    struct Entry
-    {
-        quint8 stuffed;
-        quint8 last;
-        quint8 run;
-        bool endsWithStuffBit;
-    };
-    using Table = std::array<Entry, std::size_t(2 * mostEqual * 16)>;
-
-    // What four bits come to in each state.
-    static const Table &table()
-    {
-        static const Table all = [] {
-            Table made{};
-            for (int state = 0; state < 2 * mostEqual; ++state) {
-                for (int nibble = 0; nibble < 16; ++nibble) {
-                    Stuffing bits;
-                    bits.last = state / mostEqual;
-                    bits.run = state % mostEqual;
-                    for (int bit = 3; bit >= 0; --bit)
-                        bits.addBit(nibble >> bit & 1);
-                    made[std::size_t(state * 16 + nibble)] = {quint8(bits.stuffed),
-                                                              quint8(bits.last), quint8(bits.run),
-                                                              bits.endsWithStuffBit};
-                }
-            }
-            return made;
-        }();
-        return all;
-    }
-
     int last = 0;
     int run = 0;
-    int stuffed = 0;
-    bool endsWithStuffBit = false;
+    int stuffBits = 0;
+    bool endsInStuffBit = false;
 };
 
 // The checksum of a classic frame.
-class Checksum
+struct Checksum
 {
-public:
-    void addBit(int bit)
-    {
-        const bool isOdd = ((value >> 14) ^ quint32(bit)) & 1;
-        value = (value << 1 ^ (isOdd ? polynomial : 0)) & mask;
-    }
-    void addNibble(int nibble)
-    {
-        value = (value << 4 ^ table()[(value >> 11 ^ quint32(nibble)) & 15]) & mask;
-    }
-    quint32 result() const { return value; }
-
-private:
+    static constexpr int width = 15;
     static constexpr quint32 polynomial = 0x4599;
-    static constexpr quint32 mask = 0x7FFF;
+    static constexpr quint32 mask = (1u << width) - 1;
 
-    static const std::array<quint32, 16> &table()
+    constexpr void addBit(int bit)
     {
-        static const std::array<quint32, 16> all = [] {
-            std::array<quint32, 16> made{};
-            for (quint32 nibble = 0; nibble < 16; ++nibble) {
-                Checksum checksum;
-                for (int bit = 3; bit >= 0; --bit)
-                    checksum.addBit(int(nibble >> bit & 1));
-                made[nibble] = checksum.value;
-            }
-            return made;
-        }();
-        return all;
+        const bool isOdd = ((value >> (width - 1)) ^ quint32(bit)) & 1;
+        value = (value << 1 ^ (isOdd ? polynomial : 0)) & mask;
     }
 
     quint32 value = 0;
 };
+
+// What four bits come to, worked out bit by bit.
+constexpr int nibbles = 16;
+
+template <typename Sum> constexpr Sum withNibble(Sum sum, int nibble)
+{
+    for (int bit = 3; bit >= 0; --bit)
+        sum.addBit(nibble >> bit & 1);
+    return sum;
+}
+
+constexpr std::array<Stuffing, std::size_t(2 * Stuffing::mostEqual * nibbles)> stuffingTable = [] {
+    std::array<Stuffing, std::size_t(2 * Stuffing::mostEqual * nibbles)> table{};
+    for (int i = 0; i < 2 * Stuffing::mostEqual * nibbles; ++i) {
+        Stuffing before;
+        before.last = i / nibbles / Stuffing::mostEqual;
+        before.run = i / nibbles % Stuffing::mostEqual;
+        table[std::size_t(i)] = withNibble(before, i % nibbles);
+    }
+    return table;
+}();
+
+constexpr std::array<Checksum, nibbles> checksumTable = [] {
+    std::array<Checksum, nibbles> table{};
+    for (int nibble = 0; nibble < nibbles; ++nibble)
+        table[std::size_t(nibble)] = withNibble(Checksum(), nibble);
+    return table;
+}();
 
 // The bits of a frame as they are sent.
 class Bits
@@ -132,9 +94,9 @@ public:
             addNibble(int(value >> (width - 4) & 15));
     }
 
-    int sent() const { return count + stuffing.count(); }
-    bool endsWithStuffBit() const { return stuffing.endsInStuffBit(); }
-    quint32 checksum() const { return sum.result(); }
+    int sent() const { return count + stuffing.stuffBits; }
+    bool endsInStuffBit() const { return stuffing.endsInStuffBit; }
+    quint32 checksum() const { return sum.value; }
 
 private:
     void addBit(int bit)
@@ -144,8 +106,12 @@ private:
     }
     void addNibble(int nibble)
     {
-        stuffing.addNibble(nibble);
-        sum.addNibble(nibble);
+        const int state = stuffing.last * Stuffing::mostEqual + stuffing.run;
+        const int before = stuffing.stuffBits;
+        stuffing = stuffingTable[std::size_t(state * nibbles + nibble)];
+        stuffing.stuffBits += before;
+        const quint32 high = sum.value >> (Checksum::width - 4) ^ quint32(nibble);
+        sum.value = (sum.value << 4 ^ checksumTable[high & 15].value) & Checksum::mask;
     }
 
     Stuffing stuffing;
@@ -171,7 +137,6 @@ void addIdentifier(Bits &bits, const CAN::CanRxMessage &message, bool isRemote)
 
 FrameBits classicBits(const CAN::CanRxMessage &message)
 {
-    constexpr int checksumWidth = 15;
     const int length = std::min(CAN::payloadSize(message), 8);
     Bits bits;
     addIdentifier(bits, message, message.remote);
@@ -179,7 +144,7 @@ FrameBits classicBits(const CAN::CanRxMessage &message)
     bits.add(quint32(length), 4);
     for (int i = 0; i < length && !message.remote; ++i)
         bits.add(message.data[i], 8);
-    bits.add(bits.checksum(), checksumWidth);
+    bits.add(bits.checksum(), Checksum::width);
     return {bits.sent() + classicEnd, 0};
 }
 
@@ -218,7 +183,7 @@ FrameBits fdBits(const CAN::CanRxMessage &message)
         bits.add(i < message.length ? message.data[i] : 0, 8);
     // The first fixed bit stands where a stuff bit would.
     const int body =
-        bits.sent() - front - (bits.endsWithStuffBit() ? 1 : 0) + fdChecksumBits(bytes) + 1;
+        bits.sent() - front - (bits.endsInStuffBit() ? 1 : 0) + fdChecksumBits(bytes) + 1;
     return message.flagC ? FrameBits{front + fdEnd, body} : FrameBits{front + body + fdEnd, 0};
 }
 

@@ -37,7 +37,7 @@ QString gapsText(const TraceStatistics::Gaps &gaps, const StatsRequest &request)
 {
     if (gaps.count == 0)
         return Cli::tr("no gap over %1 s").arg(timeText(request.longestPause));
-    return Cli::tr("%1 gaps over %2 s, the longest of %3 s up to position %4 (%5)")
+    return Cli::tr("%1 gaps over %2 s, the longest of %3 s in front of position %4 (%5)")
         .arg(gaps.count)
         .arg(timeText(request.longestPause), timeText(gaps.longest))
         .arg(gaps.position)
