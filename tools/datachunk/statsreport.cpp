@@ -36,8 +36,8 @@ void printRow(const QString &title, const QString &value)
 QString gapsText(const TraceStatistics::Gaps &gaps, const StatsRequest &request)
 {
     if (gaps.count == 0)
-        return Cli::tr("no gap over %1 s").arg(timeText(request.longestPause));
-    return Cli::tr("%1 gaps over %2 s, the longest of %3 s in front of position %4 (%5)")
+        return Cli::tr("none over %1 s").arg(timeText(request.longestPause));
+    return Cli::tr("%1 over %2 s, the longest of %3 s in front of position %4 (%5)")
         .arg(gaps.count)
         .arg(timeText(request.longestPause), timeText(gaps.longest))
         .arg(gaps.position)
@@ -52,7 +52,7 @@ QString lineText(const Sum &line, const Sum &all, const StatsRequest &request)
     if (request.bitrate > 0)
         parts.append(
             Cli::tr("load %1 %").arg(loadOf(line, all, request) * wholePercent, 0, 'f', 2));
-    parts.append(gapsText(line.gaps, request));
+    parts.append(Cli::tr("gaps: %1").arg(gapsText(line.gaps, request)));
     return parts.join(QLatin1String(", "));
 }
 
