@@ -214,10 +214,13 @@ void FileSource::add(const QString &name, Chunk chunk)
         before->isGone = false;
         return;
     }
+    chunk.lineage = ++lastLineage;
     // What a file held before it grew is shown until it is read again.
     if (before != known.end() && before->identity.inode == chunk.identity.inode
-        && before->identity.size < chunk.identity.size)
+        && before->identity.size < chunk.identity.size) {
         chunk.segment = before->segment;
+        chunk.lineage = before->lineage;
+    }
     known.insert(name, chunk);
 }
 
@@ -304,16 +307,25 @@ void FileSource::publish()
     auto now = std::make_shared<TraceSnapshot>();
     QStringList problems;
     bool isWhole = true;
+    std::vector<std::pair<quint64, quint64>> places;
     for (const Run &run : runs) {
         for (const QString &name : run.chunks) {
             const Chunk &chunk = known[name];
             if (!chunk.problem.isEmpty())
                 problems.append(chunk.problem);
-            if (isWhole && chunk.segment && chunk.segment->count() > 0)
+            if (isWhole && chunk.segment && chunk.segment->count() > 0) {
+                places.emplace_back(chunk.lineage, now->count());
                 now->append(chunk.segment);
+            }
             isWhole = isWhole && chunk.isRead;
         }
     }
+    // Positions stay as long as chunks only come behind the others and only the last one grows.
+    const bool isLonger = places.size() >= published.size()
+        && std::equal(published.begin(), published.end(), places.begin());
+    epoch += isLonger ? 0 : 1;
+    published = std::move(places);
+    now->setEpoch(epoch);
     const MutexLock locker(mutex);
     snapshot = now;
     told = problems;
