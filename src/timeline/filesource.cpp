@@ -96,7 +96,7 @@ SharedSnapshot FileSource::refresh()
     return snapshot;
 }
 
-// A file that grows changes itself, one that comes or goes its folder.
+// A file that comes or goes changes its folder; of the others only the last of a run may grow.
 bool FileSource::isUnchanged()
 {
     const auto isSame = [](const QString &path, const FileIdentity &before) {
@@ -109,11 +109,12 @@ bool FileSource::isUnchanged()
         if (!isSame(entry.key(), *entry))
             return false;
     }
-    const bool hasChunks = !runs.empty() && !runs.back().chunks.empty();
-    if (!hasChunks)
-        return true;
-    const Chunk &last = known[runs.back().chunks.back()];
-    return last.isGone || !last.path.size() || isSame(last.path, last.identity);
+    for (const Run &run : runs) {
+        const Chunk &last = known[run.chunks.back()];
+        if (!last.isGone && !last.path.isEmpty() && !isSame(last.path, last.identity))
+            return false;
+    }
+    return true;
 }
 
 void FileSource::look()
