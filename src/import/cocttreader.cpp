@@ -4,6 +4,8 @@
 #include "cantimestamp.h"
 #include "linefields.h"
 #include "messagefeed.h"
+#include "writtendates.h"
+#include "writtenframe.h"
 
 using namespace LineFields;
 
@@ -107,7 +109,84 @@ template <typename Char> Outcome readEntry(Text<Char> line, MessageFeed &feed)
     return Outcome::done();
 }
 
+class CoCTTGrammar
+{
+public:
+    explicit CoCTTGrammar(LineSource &lines) : channels(lines) { }
+
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
+    {
+        Scratch<Char> scratch;
+        line = simplified(line, scratch);
+        const Parts<Char> parts = splitEntry(line);
+        const auto tag = std::find_if(parts.begin(), parts.end(),
+                                      [](Text<Char> part) { return equals(part, frameTag); });
+        if (tag == parts.end()) {
+            if (!isRemark(line))
+                return false;
+            frame.note = toQString(line);
+            return frame.fail(ImportReport::Comment);
+        }
+        return readTime(parts, int(tag - parts.begin()), frame)
+            && readWords(splitAtBlanks(partAt(parts, int(tag - parts.begin()) + 1)), frame);
+    }
+
+private:
+    enum Word { ChannelAt, IdAt, DirectionAt, KindAt, LengthAt, DataAt };
+
+    // The time of day in front of the tag, in whichever field.
+    template <typename Char>
+    static bool readTime(const Parts<Char> &parts, int tagIndex, WrittenFrame &frame)
+    {
+        for (int i = 0; i < tagIndex; ++i) {
+            qint64 microseconds = 0;
+            if (WrittenFields::readClock(parts[i], microseconds,
+                                         frame.isChanged[ImportReport::ChangedTime]))
+                return frame.setTime(microseconds);
+        }
+        return tagIndex == 0 || frame.fail(ImportReport::UnparsableNumber);
+    }
+
+    // "1 123 Rx SD 2 11 22", where the kind is standard or extended, data or remote.
+    template <typename Char> bool readWords(const Parts<Char> &words, WrittenFrame &frame)
+    {
+        CAN::CanRxMessage &message = frame.message;
+        quint32 id = 0;
+        quint32 length = 0;
+        if (words.size() <= LengthAt)
+            return frame.fail(ImportReport::TooFewFields);
+        const Text<Char> direction = words[DirectionAt];
+        const Text<Char> kind = words[KindAt];
+        const bool isKind = kind.size() == 2 && (kind[0] == 'S' || kind[0] == 'E')
+            && (kind[1] == 'D' || kind[1] == 'R');
+        if (!isKind || (!equals(direction, "Rx") && !equals(direction, "Tx")))
+            return false;
+        if (!WrittenFields::readHex(words[IdAt], id)
+            || !WrittenFields::readNumber(words[LengthAt], 10, length))
+            return frame.fail(ImportReport::UnparsableNumber);
+        message.transmitted = direction[0] == 'T';
+        message.remote = kind[1] == 'R';
+        if (!frame.setId(id, kind[0] == 'E')
+            || !frame.setLength(length, ImportReport::UnparsableNumber))
+            return false;
+        const int bytes = message.remote ? 0 : message.length;
+        if (!frame.readBytes(words, DataAt, bytes, 16))
+            return false;
+        frame.isChanged[ImportReport::ChangedPayload] = words.size() > DataAt + bytes;
+        message.line = channels.lineOf(words[ChannelAt]);
+        return true;
+    }
+
+    WrittenFields::Channels channels;
+};
+
 } // namespace
+
+Outcome readCoCTTLogTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &)
+{
+    CoCTTGrammar grammar(lines);
+    return readWrittenFrames(lines, sink, grammar);
+}
 
 Outcome readCoCTTLog(LineSource &lines, TraceSink &sink, const TraceRequest &)
 {

@@ -2,6 +2,7 @@
 
 #include "linefields.h"
 #include "messagefeed.h"
+#include "writtenframe.h"
 
 #include <QVector>
 
@@ -119,7 +120,85 @@ Outcome importCANMsgLine(const Parts<Char> &fields, const Layout &layout, Messag
     return feed.addMessageToMessageList(message);
 }
 
+class GenericGrammar
+{
+public:
+    GenericGrammar(LineSource &lines, Layout layout)
+        : channels(lines), layout(std::move(layout)) { }
+
+    template <typename Char> bool read(Text<Char> line, WrittenFrame &frame)
+    {
+        const Parts<Char> words = splitAtBlanks(line);
+        if (words.isEmpty())
+            return false;
+        if (words[0].front() == commentPrefix)
+            return frame.fail(ImportReport::Comment);
+        if (words.size() < layout.fewestFields)
+            return frame.fail(ImportReport::TooFewFields);
+        for (int i = 0; i < layout.fields.size(); ++i) {
+            if (!readWord(words, i, frame))
+                return false;
+        }
+        return true;
+    }
+
+private:
+    template <typename Char> bool readWord(const Parts<Char> &words, int index, WrittenFrame &frame)
+    {
+        const Text<Char> word = partAt(words, index);
+        const Field field = layout.fields[index];
+        quint32 number = 0;
+        qint64 microseconds = 0;
+        switch (field) {
+        case Field::Ignored:
+            return true;
+        case Field::Data:
+            return readPayload(words, index, frame);
+        case Field::Line:
+            frame.message.line = word.empty() ? quint16(0) : channels.lineOf(word);
+            return true;
+        case Field::Time:
+            return WrittenFields::readSeconds(word, microseconds,
+                                              frame.isChanged[ImportReport::ChangedTime])
+                ? frame.setTime(microseconds)
+                : frame.fail(ImportReport::UnparsableNumber);
+        case Field::Length:
+            return WrittenFields::readNumber(word, 10, number)
+                ? frame.setLength(number, ImportReport::UnparsableNumber)
+                : frame.fail(ImportReport::UnparsableNumber);
+        case Field::PrefixedId:
+        case Field::HexadecimalId:
+            return WrittenFields::readHex(word, number)
+                ? frame.setId(number, false)
+                : frame.fail(ImportReport::UnparsableNumber);
+        case Field::DecimalId:
+            return WrittenFields::readNumber(word, 10, number)
+                ? frame.setId(number, false)
+                : frame.fail(ImportReport::UnparsableNumber);
+        }
+        return false;
+    }
+
+    template <typename Char>
+    bool readPayload(const Parts<Char> &words, int first, WrittenFrame &frame) const
+    {
+        const bool isLast = first + 1 == layout.fields.size();
+        frame.isChanged[ImportReport::ChangedPayload] =
+            isLast && words.size() > first + frame.message.length;
+        return frame.readBytes(words, first, frame.message.length, 16);
+    }
+
+    WrittenFields::Channels channels;
+    const Layout layout;
+};
+
 } // namespace
+
+Outcome readGenericFormatTolerantly(LineSource &lines, TraceSink &sink, const TraceRequest &request)
+{
+    GenericGrammar grammar(lines, layoutFor(request.formatDescription));
+    return readWrittenFrames(lines, sink, grammar);
+}
 
 Outcome readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request)
 {

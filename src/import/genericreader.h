@@ -6,3 +6,7 @@
 /// GenericFileImporter. Lines that begin with "#" are passed over, and so are those with a
 /// number that cannot be read; a line with too few fields is a line error.
 Outcome readGenericFormat(LineSource &lines, TraceSink &sink, const TraceRequest &request);
+
+/// The same of lines that are a frame as a whole; the others are left out.
+Outcome readGenericFormatTolerantly(LineSource &lines, TraceSink &sink,
+                                    const TraceRequest &request);

@@ -41,8 +41,8 @@ constexpr TraceReader readers[] = {
     {DatachunkHelper::VectorAsc, textMode, readVectorAsc, readVectorAscTolerantly},
     {DatachunkHelper::VectorAscWithoutBitcount, textMode, readVectorAscWithoutBitcount,
      readVectorAscTolerantly},
-    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, nullptr, "CoCTTImporter", countsAsRead,
-     whenWhole},
+    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, readCoCTTLogTolerantly, "CoCTTImporter",
+     countsAsRead, whenWhole},
     {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, readIxxatTraceTolerantly,
      "IxxatFileImporter", countsAsRead, whenWhole},
     {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv, readWiresharkTolerantly},
@@ -51,8 +51,8 @@ constexpr TraceReader readers[] = {
     {DatachunkHelper::CanHackerTrace, textMode, readCanHackerTrace, readCanHackerTrace},
     {DatachunkHelper::PythonCanCsv, textMode, readPythonCanCsv, readPythonCanCsv},
     {DatachunkHelper::PythonCanText, textMode, readPythonCanText, readPythonCanText},
-    {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, nullptr, "GenericFileImporter",
-     countsAsRead, whenWhole},
+    {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, readGenericFormatTolerantly,
+     "GenericFileImporter", countsAsRead, whenWhole},
 };
 
 // Reads every type that has no row above.
@@ -93,7 +93,9 @@ std::vector<DatachunkHelper::ImportFileType> tolerantTypes()
     std::vector<DatachunkHelper::ImportFileType> types;
     TraceReader::Read last = nullptr; // those that share a reader stand together
     for (const TraceReader &reader : readers) {
-        if (reader.readTolerantly && reader.readTolerantly != last)
+        // A described layout takes whatever it is told to.
+        const bool isKnown = reader.type != DatachunkHelper::GenericFormat;
+        if (isKnown && reader.readTolerantly && reader.readTolerantly != last)
             types.push_back(reader.type);
         last = reader.readTolerantly;
     }

@@ -38,7 +38,7 @@ bool isTraceText(DatachunkHelper::ImportFileType type);
 /// counts as read, and its messages arrive as they are read.
 TraceReader traceReaderFor(const TraceRequest &request);
 
-/// One type for each tolerant reader.
+/// One type for each tolerant reader that needs no description.
 std::vector<DatachunkHelper::ImportFileType> tolerantTypes();
 
 /// The reader of a type: its own, or for every other type the one of plain texts.

@@ -43,7 +43,6 @@ public:
     // that for other threads. So it is made before there are any.
     const Teller teller;
     Trace trace;
-    const std::shared_ptr<RecordedTrace> recorded; // timelines may outlive the store
     Browsing browsing;
     RecordingOutput continuousOutput;
     SaveReports saveReports;
@@ -56,6 +55,7 @@ public:
     ChunkSaver chunkSaver;
     ExportDesk exports;
     ArchiveDesk archives;
+    const std::shared_ptr<RecordedTrace> recorded; // timelines may outlive the store
     PartialChunks partialChunks;
     Archiving archiving;
 

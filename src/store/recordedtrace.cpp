@@ -9,46 +9,61 @@
 void RecordedTrace::rotated(const MessageList &messages, const SharedSaveJob &job)
 {
     const MutexLock locker(mutex);
-    all.push_back({messages.value(0).messageNumber, quint32(messages.size()),
-                   job ? job->fileName : QString(), job});
+    const quint32 first = messages.value(0).messageNumber;
+    all.push_back({first, job ? job->chunkIndex : 0, job != nullptr, job});
+    // What is left of a job that is done need not be kept for it.
+    for (; firstPending < all.size() && all[firstPending].job.expired(); ++firstPending)
+        all[firstPending].job.reset();
 }
 
 void RecordedTrace::cleared()
 {
     const MutexLock locker(mutex);
     all.clear();
-    ++generation;
+    firstPending = 0;
+    ++currentGeneration;
 }
 
 void RecordedTrace::detach()
 {
-    const MutexLock locker(traceMutex);
+    const MutexLock locker(storeMutex);
     trace = nullptr;
+    saver = nullptr;
 }
 
-std::optional<RecordedTrace::State> RecordedTrace::state()
+std::optional<RecordedTrace::State> RecordedTrace::state(quint32 generation, std::size_t known)
 {
-    const MutexLock traceLocker(traceMutex);
+    const MutexLock storeLocker(storeMutex);
     if (!trace)
         return {};
     State now;
     now.live = trace->liveMessages([&] {
         const MutexLock locker(mutex);
-        now.rotated = all;
-        now.generation = generation;
+        now.generation = currentGeneration;
+        const std::size_t first = generation == currentGeneration ? known : 0;
+        now.rotated.assign(all.begin() + std::ptrdiff_t(first), all.end());
     });
-    now.liveNotes = trace->notes().live().notes;
+    now.liveMarks = trace->notes().live();
     return now;
+}
+
+QString RecordedTrace::chunkPath(quint32 chunkIndex)
+{
+    const MutexLock storeLocker(storeMutex);
+    return saver ? saver->folder().chunkPath(chunkIndex) : QString();
 }
 
 namespace {
 
-ChunkIndex indexOf(const MessageList &messages)
+ChunkIndex indexOf(const SaveJob &job)
 {
     ChunkIndexer indexer(ChunkFormat::currentVersion, 0);
-    for (int i = 0; i < messages.size(); ++i)
-        indexer.add(MessageView(messages.at(i)));
-    return indexer.finish();
+    for (int i = 0; i < job.messages.size(); ++i)
+        indexer.add(MessageView(job.messages.at(i)));
+    ChunkIndex index = indexer.finish();
+    index.notes = quint32(job.notes.size());
+    index.bookmarks = quint32(job.bookmarks.size());
+    return index;
 }
 
 SharedSegment segmentOf(const std::shared_ptr<const ChunkBytes> &bytes)
@@ -59,22 +74,24 @@ SharedSegment segmentOf(const std::shared_ptr<const ChunkBytes> &bytes)
     return std::make_shared<ChunkSegment>(bytes, std::move(chunk.index));
 }
 
+QHash<QString, DirectoryEntry> directoryOf(const QString &folder)
+{
+    QHash<QString, DirectoryEntry> byName;
+    for (DirectoryEntry &entry : ChunkDirectory::read(folder))
+        byName.insert(entry.name, std::move(entry));
+    return byName;
+}
+
 } // namespace
 
 SharedSnapshot StoreSource::refresh()
 {
     const MutexLock locker(mutex);
-    if (const auto now = recorded->state())
-        show(*now);
-    return snapshot;
-}
-
-void StoreSource::show(const RecordedTrace::State &state)
-{
-    if (generation != state.generation)
-        parts.clear();
-    generation = state.generation;
-    parts.resize(state.rotated.size());
+    const auto state = recorded->state(generation, dropped + parts.size());
+    if (!state)
+        return snapshot;
+    takeOver(*state);
+    dropGone();
     auto now = std::make_shared<TraceSnapshot>();
     now->setEpoch(generation);
     const auto place = [&now](quint32 firstNumber, const SharedSegment &segment) {
@@ -83,44 +100,61 @@ void StoreSource::show(const RecordedTrace::State &state)
         now->append(segment, gap);
     };
     Directory directory;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        update(parts[i], state.rotated[i], directory);
-        if (parts[i].segment)
-            place(state.rotated[i].firstNumber, parts[i].segment);
+    for (Part &part : parts) {
+        if (!part.isFinal)
+            update(part, directory);
+        if (part.segment)
+            place(part.rotated.firstNumber, part.segment);
     }
-    if (!state.live.isEmpty())
-        place(state.live.at(0).messageNumber, liveSegment(state));
+    if (!state->live.isEmpty())
+        place(state->live.at(0).messageNumber, liveSegment(*state));
     snapshot = now;
+    return snapshot;
 }
 
-void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated, Directory &directory)
+void StoreSource::takeOver(const RecordedTrace::State &state)
 {
-    if (part.isFinal)
-        return;
-    const SharedSaveJob job = rotated.job.lock();
+    if (generation != state.generation) {
+        parts.clear();
+        dropped = 0;
+    }
+    generation = state.generation;
+    for (const RecordedTrace::Rotated &rotated : state.rotated)
+        parts.push_back({rotated, {}, {}, !rotated.isSaved});
+}
+
+// A budget takes the oldest chunks, and a recording without an end must not keep their indexes.
+void StoreSource::dropGone()
+{
+    while (!parts.empty() && parts.front().isFinal && !QFile::exists(parts.front().fileName)) {
+        parts.pop_front();
+        ++dropped;
+    }
+}
+
+void StoreSource::update(Part &part, Directory &directory)
+{
+    const SharedSaveJob job = part.rotated.job.lock();
     if (job && !job->waitForFinished(QDeadlineTimer(0))) {
         if (!part.segment)
-            part.segment =
-                std::make_shared<ListSegment>(job->messages, indexOf(job->messages),
-                                              TraceNotes::Marks{job->notes, job->bookmarks});
+            part.segment = std::make_shared<ListSegment>(
+                job->messages, indexOf(*job), TraceNotes::Marks{job->notes, job->bookmarks});
         return;
     }
     part.isFinal = true;
-    const auto identity = FileIdentity::of(rotated.fileName);
+    part.segment.reset();
+    part.fileName = recorded->chunkPath(part.rotated.chunkIndex);
+    const auto identity = FileIdentity::of(part.fileName);
     if (!identity)
         return;
-    const auto bytes = std::make_shared<ChunkFileBytes>(rotated.fileName, *identity);
+    const QFileInfo file(part.fileName);
     if (!directory)
-        directory = ChunkDirectory::read(QFileInfo(rotated.fileName).path());
-    const QString name = QFileInfo(rotated.fileName).fileName();
-    const auto entry =
-        std::find_if(directory->begin(), directory->end(), [&](const DirectoryEntry &candidate) {
-            return candidate.name == name && describes(candidate, *identity);
-        });
-    if (entry != directory->end())
-        part.segment = std::make_shared<ChunkSegment>(bytes, entry->index);
-    else
-        part.segment = segmentOf(bytes);
+        directory = directoryOf(file.path());
+    const auto bytes = std::make_shared<ChunkFileBytes>(part.fileName, *identity);
+    const auto entry = directory->constFind(file.fileName());
+    part.segment = entry != directory->cend() && describes(*entry, *identity)
+        ? std::make_shared<ChunkSegment>(bytes, entry->index)
+        : segmentOf(bytes);
 }
 
 // The live list grows at its end; where it begins anew, so does its index.
@@ -135,7 +169,7 @@ SharedSegment StoreSource::liveSegment(const RecordedTrace::State &state)
     for (; liveIndexed < state.live.size(); ++liveIndexed)
         liveIndexer->add(MessageView(state.live.at(liveIndexed)));
     ChunkIndex index = liveIndexer->soFar();
-    index.notes = quint32(state.liveNotes.size());
-    return std::make_shared<ListSegment>(state.live, std::move(index),
-                                         TraceNotes::Marks{state.liveNotes, {}});
+    index.notes = quint32(state.liveMarks.notes.size());
+    index.bookmarks = quint32(state.liveMarks.bookmarks.size());
+    return std::make_shared<ListSegment>(state.live, std::move(index), state.liveMarks);
 }

@@ -1,9 +1,13 @@
 #pragma once
 
 #include "chunksaver.h"
+#include "directoryentry.h"
 #include "trace.h"
 #include "tracesource.h"
 
+#include <QHash>
+
+#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -18,35 +22,40 @@ public:
     struct Rotated
     {
         quint32 firstNumber = 0;
-        quint32 count = 0;
-        QString fileName;           ///< empty where it is not saved
+        quint32 chunkIndex = 0;
+        bool isSaved = false;
         std::weak_ptr<SaveJob> job; ///< until it is
     };
     struct State
     {
-        std::vector<Rotated> rotated; ///< all since the trace was cleared
+        quint32 generation = 0;       ///< rises when the trace is cleared
+        std::vector<Rotated> rotated; ///< what is not known yet
         MessageList live;
-        Notes liveNotes;
-        quint32 generation = 0; ///< rises when the trace is cleared
+        TraceNotes::Marks liveMarks;
     };
 
-    explicit RecordedTrace(Trace &trace) : trace(&trace) { }
+    RecordedTrace(Trace &trace, const ChunkSaver &saver) : trace(&trace), saver(&saver) { }
 
     /// What the trace does. Called under its lock; \a job is null where the messages are not saved.
     void rotated(const MessageList &messages, const SharedSaveJob &job) EXCLUDES(mutex);
     void cleared() EXCLUDES(mutex);
-    /// The trace is about to go.
-    void detach() EXCLUDES(traceMutex);
+    /// The store is about to go.
+    void detach() EXCLUDES(storeMutex);
 
-    /// All at one moment; nothing once the trace is gone.
-    std::optional<State> state() EXCLUDES(traceMutex, mutex);
+    /// All at one moment, for somebody who knows the first \a known buffers of \a generation.
+    /// Nothing once the store is gone.
+    std::optional<State> state(quint32 generation, std::size_t known) EXCLUDES(storeMutex, mutex);
+    /// The file of a chunk; empty once the store is gone.
+    QString chunkPath(quint32 chunkIndex) EXCLUDES(storeMutex);
 
 private:
-    Mutex traceMutex; // taken before the lock of the trace
-    Trace *trace GUARDED_BY(traceMutex);
+    Mutex storeMutex; // taken before the lock of the trace
+    Trace *trace GUARDED_BY(storeMutex);
+    const ChunkSaver *saver GUARDED_BY(storeMutex);
     Mutex mutex; // taken last
     std::vector<Rotated> all GUARDED_BY(mutex);
-    quint32 generation GUARDED_BY(mutex) = 0;
+    std::size_t firstPending GUARDED_BY(mutex) = 0; // the jobs of those before it are done
+    quint32 currentGeneration GUARDED_BY(mutex) = 0;
 };
 
 /// The trace of a store. A position is a message's number, counted on where numbers begin at 0
@@ -62,25 +71,28 @@ public:
     QStringList problems() const override { return {}; }
 
 private:
-    /// That of the chunk folder, once it was needed.
-    using Directory = std::optional<std::vector<DirectoryEntry>>;
+    /// The directory of the chunk folder, once it was needed.
+    using Directory = std::optional<QHash<QString, DirectoryEntry>>;
 
-    /// What is shown of a rotated buffer.
+    /// A rotated buffer, and what is shown of it.
     struct Part
     {
-        SharedSegment segment; ///< null as long as nothing is known, and where it is not saved
+        RecordedTrace::Rotated rotated;
+        QString fileName;      ///< once it is written
+        SharedSegment segment; ///< null where nothing is known of it
         bool isFinal = false;
     };
 
-    void update(Part &part, const RecordedTrace::Rotated &rotated, Directory &directory)
-        REQUIRES(mutex);
+    void takeOver(const RecordedTrace::State &state) REQUIRES(mutex);
+    void dropGone() REQUIRES(mutex);
+    void update(Part &part, Directory &directory) REQUIRES(mutex);
     SharedSegment liveSegment(const RecordedTrace::State &state) REQUIRES(mutex);
-    void show(const RecordedTrace::State &state) REQUIRES(mutex);
 
     const std::shared_ptr<RecordedTrace> recorded;
     Mutex mutex;
     quint32 generation GUARDED_BY(mutex) = 0;
-    std::vector<Part> parts GUARDED_BY(mutex); // of the rotated buffers
+    std::deque<Part> parts GUARDED_BY(mutex);
+    std::size_t dropped GUARDED_BY(mutex) = 0; // parts in front of these, whose chunks are gone
     std::unique_ptr<ChunkIndexer> liveIndexer GUARDED_BY(mutex);
     quint32 liveFirst GUARDED_BY(mutex) = 0; // number of the first message that it has
     int liveIndexed GUARDED_BY(mutex) = 0;   // messages that it has

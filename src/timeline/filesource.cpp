@@ -109,7 +109,7 @@ SharedSnapshot FileSource::refresh()
     return snapshot;
 }
 
-// A file that grows changes itself, one that comes or goes its folder.
+// A file that comes or goes changes its folder; of the others only the last of a run may grow.
 bool FileSource::isUnchanged()
 {
     const auto isSame = [](const QString &path, const FileIdentity &before) {
@@ -122,11 +122,12 @@ bool FileSource::isUnchanged()
         if (!isSame(entry.key(), *entry))
             return false;
     }
-    const bool hasChunks = !runs.empty() && !runs.back().chunks.empty();
-    if (!hasChunks)
-        return true;
-    const Chunk &last = known[runs.back().chunks.back()];
-    return last.isGone || !last.path.size() || isSame(last.path, last.identity);
+    for (const Run &run : runs) {
+        const Chunk &last = known[run.chunks.back()];
+        if (!last.isGone && !last.path.isEmpty() && !isSame(last.path, last.identity))
+            return false;
+    }
+    return true;
 }
 
 void FileSource::look()
@@ -235,10 +236,13 @@ void FileSource::add(const QString &name, Chunk chunk)
         before->isGone = false;
         return;
     }
+    chunk.lineage = ++lastLineage;
     // What a file held before it grew is shown until it is read again.
     if (before != known.end() && before->identity.inode == chunk.identity.inode
-        && before->identity.size < chunk.identity.size)
+        && before->identity.size < chunk.identity.size) {
         chunk.segment = before->segment;
+        chunk.lineage = before->lineage;
+    }
     known.insert(name, chunk);
 }
 
@@ -326,16 +330,25 @@ void FileSource::publish()
     auto now = std::make_shared<TraceSnapshot>();
     QStringList problems;
     bool isWhole = true;
+    std::vector<std::pair<quint64, quint64>> places;
     for (const Run &run : runs) {
         for (const QString &name : run.chunks) {
             const Chunk &chunk = known[name];
             if (!chunk.problem.isEmpty())
                 problems.append(chunk.problem);
-            if (isWhole && chunk.segment && chunk.segment->count() > 0)
+            if (isWhole && chunk.segment && chunk.segment->count() > 0) {
+                places.emplace_back(chunk.lineage, now->count());
                 now->append(chunk.segment);
+            }
             isWhole = isWhole && chunk.isRead;
         }
     }
+    // Positions stay as long as chunks only come behind the others and only the last one grows.
+    const bool isLonger = places.size() >= published.size()
+        && std::equal(published.begin(), published.end(), places.begin());
+    epoch += isLonger ? 0 : 1;
+    published = std::move(places);
+    now->setEpoch(epoch);
     const MutexLock locker(mutex);
     snapshot = now;
     told = problems;

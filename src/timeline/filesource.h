@@ -31,6 +31,7 @@ private:
         FileIdentity identity;                  ///< of the file, be it an archive
         std::shared_ptr<ArchiveChunks> archive; ///< where this stands for all of it
         std::shared_ptr<const ChunkBytes> bytes;
+        quint64 lineage = 0;   ///< the same as long as the file only grows
         SharedSegment segment; ///< null as long as it is not read, and where that failed
         bool isRead = false;
         bool isOfFolder = false; ///< whose directory is ours to keep
@@ -66,6 +67,10 @@ private:
     Mutex workMutex; // held by whoever looks for chunks, but not while one is read
     Chunks known GUARDED_BY(workMutex);
     std::vector<Run> runs GUARDED_BY(workMutex);
+    quint64 lastLineage GUARDED_BY(workMutex) = 0;
+    // Which files stand at which positions, as far as that was told.
+    std::vector<std::pair<quint64, quint64>> published GUARDED_BY(workMutex);
+    quint32 epoch GUARDED_BY(workMutex) = 0;
     std::deque<QString> missing GUARDED_BY(workMutex); // not read yet, in order
     QDeadlineTimer nextPublication GUARDED_BY(workMutex);
     QHash<QString, FileIdentity> looked GUARDED_BY(workMutex); // paths, as they were

@@ -82,10 +82,9 @@ void FilterRun::takeOver(std::vector<Part> &before)
     auto old = before.begin();
     bool isWhole = true;
     for (Part &part : parts) {
-        while (old != before.end() && old->begin < part.begin) {
-            isWhole = false;
-            ++old;
-        }
+        // What is gone at the front has been looked at, or is of no use any more.
+        for (; old != before.end() && old->begin < part.begin; ++old)
+            isWhole = isWhole && &part == &parts.front();
         if (old == before.end() || old->begin != part.begin || old->done > part.segment->count())
             continue;
         const SharedSegment segment = part.segment;

@@ -22,6 +22,7 @@ const QMap<QString, DatachunkHelper::ImportFileType> &typesByFolder()
         {"busmaster", DatachunkHelper::BusmasterLog},
         {"candump", DatachunkHelper::SocketCanDump},
         {"canhacker", DatachunkHelper::CanHackerTrace},
+        {"coctt", DatachunkHelper::CoCTTLog},
         {"gvret", DatachunkHelper::GvretCsv},
         {"ixxat", DatachunkHelper::IxxatTrace},
         {"kolvar", DatachunkHelper::KolvarTxt},
@@ -133,6 +134,7 @@ private slots:
     void linesAddUp_data();
     void linesAddUp();
     void writtenTextsComeBack();
+    void describedLayoutsLeaveOutOtherLines();
     void contentTellsTheType_data();
     void contentTellsTheType();
     void strictFramesThatAreRightAreNotUnlikely_data();
@@ -249,6 +251,26 @@ void TestTolerant::writtenTextsComeBack()
     QCOMPARE(stream.read(take, [] { return true; }), TraceStream::Complete);
     QCOMPARE(count, written.size());
     QVERIFY(!stream.report().hasLoss());
+}
+
+void TestTolerant::describedLayoutsLeaveOutOtherLines()
+{
+    QByteArray trace = "# made by hand\n1.5 can0 0x123 2 11 22\n2 7 18FF00AA 0\n3 7 1x 0\n4 7\n"
+                       "5 7 123 3 11 22\n6 7 7FF 1 11 22\n";
+    QBuffer file(&trace);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const TraceRequest request{
+        {}, DatachunkHelper::GenericFormat, "t n i l d", DatachunkHelper::Tolerant};
+    LineSource lines(file, LineSource::CarriageReturns::Dropped);
+    RowSink sink(lines);
+    QVERIFY(traceReaderFor(request).read(lines, sink, request).isDone());
+    const ImportReport report = lines.finishReport();
+    QCOMPARE(sink.numbers, (QVector<quint64>{2, 3, 7}));
+    QCOMPARE(rowOf(2, sink.messages.at(0), report), QString("2 1500000 123 - 2 1122 can0 Rx"));
+    QCOMPARE(rowOf(3, sink.messages.at(1), report), QString("3 2000000 18ff00aa x 0 - 7 Rx"));
+    QCOMPARE(report.leftOut[ImportReport::UnparsableNumber].first, (QVector<quint64>{4}));
+    QCOMPARE(report.leftOut[ImportReport::TooFewFields].first, (QVector<quint64>{5, 6}));
+    QCOMPARE(report.changed[ImportReport::ChangedPayload].first, (QVector<quint64>{7}));
 }
 
 void TestTolerant::contentTellsTheType_data()
