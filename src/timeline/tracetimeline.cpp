@@ -11,6 +11,24 @@
 
 #include <map>
 
+namespace {
+
+// Without its messages, in a chunk that begins at \a begin.
+TraceIdentifier firstOf(const ChunkIndex::Key &key, quint64 begin)
+{
+    const quint8 kind = key.frame.kind();
+    TraceIdentifier identifier;
+    identifier.id = key.frame.id();
+    identifier.line = key.frame.line();
+    identifier.extended = (kind & FrameKey::Extended) != 0;
+    identifier.remote = (kind & FrameKey::Remote) != 0;
+    identifier.fdFrame = (kind & FrameKey::FdFrame) != 0;
+    identifier.first = begin + key.first;
+    return identifier;
+}
+
+} // namespace
+
 TraceTimeline::TraceTimeline(const QStringList &paths)
     : TraceTimeline(std::make_shared<FileSource>(paths))
 {
@@ -120,6 +138,8 @@ std::optional<quint64> TraceTimeline::positionOfNumber(quint32 number) const
 
 QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
 {
+    // A trace of nothing but different ones must not fill the memory.
+    constexpr std::size_t mostIdentifiers = 1000000;
     const SharedSnapshot snapshot = data->snapshot();
     std::map<quint64, TraceIdentifier> byKey;
     bool exact = true;
@@ -127,20 +147,14 @@ QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
         const ChunkIndex &index = placed.segment->index();
         exact = exact && index.hasAllKeys;
         for (const ChunkIndex::Key &key : index.keys) {
-            TraceIdentifier &sum = byKey[key.frame.value()];
-            if (sum.count == 0) {
-                const quint8 kind = key.frame.kind();
-                sum = {key.frame.id(),
-                       key.frame.line(),
-                       (kind & FrameKey::Extended) != 0,
-                       (kind & FrameKey::Remote) != 0,
-                       (kind & FrameKey::FdFrame) != 0,
-                       0,
-                       placed.begin + key.first,
-                       0};
-            }
-            sum.count += key.count;
-            sum.last = placed.begin + key.last;
+            auto sum = byKey.find(key.frame.value());
+            if (sum == byKey.end() && byKey.size() < mostIdentifiers)
+                sum = byKey.emplace(key.frame.value(), firstOf(key, placed.begin)).first;
+            exact = exact && sum != byKey.end();
+            if (sum == byKey.end())
+                continue;
+            sum->second.count += key.count;
+            sum->second.last = placed.begin + key.last;
         }
     }
     if (isExact)

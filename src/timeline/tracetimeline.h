@@ -116,7 +116,7 @@ public:
     std::optional<quint64> positionOfNumber(quint32 number) const;
 
     /// Every identifier with each line and kind, by identifier. False in \a isExact, and some are
-    /// missing, where a chunk has more than 65536 of them.
+    /// missing, where a chunk has more than 65536 of them, or all together more than 1000000.
     QVector<TraceIdentifier> identifiers(bool *isExact = nullptr) const;
 
     /// Counts between \a from and \a to in \a intervals of equal length. Exact where an interval
