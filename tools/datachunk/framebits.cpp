@@ -14,70 +14,56 @@ constexpr int errorFrameBits = 6 + 6 + 8 + 3;
 constexpr int classicEnd = 1 + 2 + 7 + 3;
 constexpr int fdEnd = 2 + 7 + 3;
 
+constexpr int mostEqual = 5; // bits in a row
+constexpr int states = 2 * mostEqual;
+constexpr int checksumWidth = 15;
+constexpr quint32 checksumMask = (1u << checksumWidth) - 1;
+
 // Whatever repeats a bit five times is followed by its opposite, which begins the next run.
 struct Stuffing
 {
-    static constexpr int mostEqual = 5;
-
-    constexpr void addBit(int bit)
-    {
-        run = bit == last ? run + 1 : 1;
-        last = bit;
-        endsInStuffBit = run == mostEqual;
-        if (!endsInStuffBit)
-            return;
-        ++stuffBits;
-        last = 1 - bit;
-        run = 1;
-    }
-
-    int last = 0;
-    int run = 0;
-    int stuffBits = 0;
+    quint8 state = 0; // the last bit and how often it stands in a row
+    quint8 stuffBits = 0;
     bool endsInStuffBit = false;
-};
-
-// The checksum of a classic frame.
-struct Checksum
-{
-    static constexpr int width = 15;
-    static constexpr quint32 polynomial = 0x4599;
-    static constexpr quint32 mask = (1u << width) - 1;
 
     constexpr void addBit(int bit)
     {
-        const bool isOdd = ((value >> (width - 1)) ^ quint32(bit)) & 1;
-        value = (value << 1 ^ (isOdd ? polynomial : 0)) & mask;
+        const int last = state / mostEqual;
+        const int run = bit == last ? state % mostEqual + 1 : 1;
+        endsInStuffBit = run == mostEqual;
+        stuffBits = quint8(stuffBits + (endsInStuffBit ? 1 : 0));
+        state = quint8(endsInStuffBit ? (1 - bit) * mostEqual + 1 : bit * mostEqual + run);
     }
-
-    quint32 value = 0;
 };
 
-// What four bits come to, worked out bit by bit.
-constexpr int nibbles = 16;
-
-template <typename Sum> constexpr Sum withNibble(Sum sum, int nibble)
+constexpr quint32 checksumWithBit(quint32 checksum, int bit)
 {
-    for (int bit = 3; bit >= 0; --bit)
-        sum.addBit(nibble >> bit & 1);
-    return sum;
+    constexpr quint32 polynomial = 0x4599;
+    const bool isOdd = ((checksum >> (checksumWidth - 1)) ^ quint32(bit)) & 1;
+    return (checksum << 1 ^ (isOdd ? polynomial : 0)) & checksumMask;
 }
 
-constexpr std::array<Stuffing, std::size_t(2 * Stuffing::mostEqual * nibbles)> stuffingTable = [] {
-    std::array<Stuffing, std::size_t(2 * Stuffing::mostEqual * nibbles)> table{};
-    for (int i = 0; i < 2 * Stuffing::mostEqual * nibbles; ++i) {
-        Stuffing before;
-        before.last = i / nibbles / Stuffing::mostEqual;
-        before.run = i / nibbles % Stuffing::mostEqual;
-        table[std::size_t(i)] = withNibble(before, i % nibbles);
+// What so many bits come to at once, for each state and value, worked out bit by bit.
+template <int width>
+constexpr auto stuffingTable = [] {
+    std::array<Stuffing, std::size_t(states) << width> table{};
+    for (int i = 0; i < states << width; ++i) {
+        Stuffing &stuffing = table[std::size_t(i)];
+        stuffing.state = quint8(i >> width);
+        for (int bit = width - 1; bit >= 0; --bit)
+            stuffing.addBit(i >> bit & 1);
     }
     return table;
 }();
-
-constexpr std::array<Checksum, nibbles> checksumTable = [] {
-    std::array<Checksum, nibbles> table{};
-    for (int nibble = 0; nibble < nibbles; ++nibble)
-        table[std::size_t(nibble)] = withNibble(Checksum(), nibble);
+template <int width>
+constexpr auto checksumTable = [] {
+    std::array<quint16, std::size_t(1) << width> table{};
+    for (int i = 0; i < 1 << width; ++i) {
+        quint32 checksum = 0;
+        for (int bit = width - 1; bit >= 0; --bit)
+            checksum = checksumWithBit(checksum, i >> bit & 1);
+        table[std::size_t(i)] = quint16(checksum);
+    }
     return table;
 }();
 
@@ -85,54 +71,46 @@ constexpr std::array<Checksum, nibbles> checksumTable = [] {
 class Bits
 {
 public:
-    void add(quint32 value, int width)
+    void add(quint64 value, int width)
     {
-        count += width;
         while (width % 4 != 0)
-            addBit(int(value >> --width & 1));
+            addPiece<1>(quint32(value >> --width & 1));
         for (; width > 0; width -= 4)
-            addNibble(int(value >> (width - 4) & 15));
+            addPiece<4>(quint32(value >> (width - 4) & 15));
     }
+    void addByte(quint8 byte) { addPiece<8>(byte); }
 
-    int sent() const { return count + stuffing.stuffBits; }
-    bool endsInStuffBit() const { return stuffing.endsInStuffBit; }
-    quint32 checksum() const { return sum.value; }
+    int sent() const { return count; }
+    bool endsInStuffBit() const { return endsSo; }
+    quint32 checksum() const { return sum; }
 
 private:
-    void addBit(int bit)
+    template <int width> void addPiece(quint32 piece)
     {
-        stuffing.addBit(bit);
-        sum.addBit(bit);
-    }
-    void addNibble(int nibble)
-    {
-        const int state = stuffing.last * Stuffing::mostEqual + stuffing.run;
-        const int before = stuffing.stuffBits;
-        stuffing = stuffingTable[std::size_t(state * nibbles + nibble)];
-        stuffing.stuffBits += before;
-        const quint32 high = sum.value >> (Checksum::width - 4) ^ quint32(nibble);
-        sum.value = (sum.value << 4 ^ checksumTable[high & 15].value) & Checksum::mask;
+        const Stuffing &stuffing = stuffingTable<width>[state << width | piece];
+        state = stuffing.state;
+        endsSo = stuffing.endsInStuffBit;
+        count += width + stuffing.stuffBits;
+        const quint32 high = (sum >> (checksumWidth - width) ^ piece) & ((1u << width) - 1);
+        sum = (sum << width ^ checksumTable<width>[high]) & checksumMask;
     }
 
-    Stuffing stuffing;
-    Checksum sum;
+    quint32 state = 0;
+    quint32 sum = 0;
     int count = 0;
+    bool endsSo = false;
 };
 
 // Start of frame, identifier, and what tells a standard one from an extended one.
 void addIdentifier(Bits &bits, const CAN::CanRxMessage &message, bool isRemote)
 {
-    bits.add(0, 1);
-    if (!message.extended) {
-        bits.add(message.id & 0x7FF, 11);
-        bits.add(isRemote ? 1 : 0, 1);
-        bits.add(0, 1);
-        return;
-    }
-    bits.add(message.id >> 18 & 0x7FF, 11);
-    bits.add(3, 2);
-    bits.add(message.id & 0x3FFFF, 18);
-    bits.add(isRemote ? 1 : 0, 1);
+    const quint64 remote = isRemote ? 1 : 0;
+    if (!message.extended)
+        bits.add(quint64(message.id & 0x7FF) << 2 | remote << 1, 14);
+    else
+        bits.add(quint64(message.id >> 18 & 0x7FF) << 21 | quint64(3) << 19
+                     | quint64(message.id & 0x3FFFF) << 1 | remote,
+                 33);
 }
 
 FrameBits classicBits(const CAN::CanRxMessage &message)
@@ -140,11 +118,10 @@ FrameBits classicBits(const CAN::CanRxMessage &message)
     const int length = std::min(CAN::payloadSize(message), 8);
     Bits bits;
     addIdentifier(bits, message, message.remote);
-    bits.add(0, message.extended ? 2 : 1);
-    bits.add(quint32(length), 4);
+    bits.add(quint64(length), message.extended ? 6 : 5); // behind reserved bits
     for (int i = 0; i < length && !message.remote; ++i)
-        bits.add(message.data[i], 8);
-    bits.add(bits.checksum(), Checksum::width);
+        bits.addByte(message.data[i]);
+    bits.add(bits.checksum(), checksumWidth);
     return {bits.sent() + classicEnd, 0};
 }
 
@@ -180,7 +157,7 @@ FrameBits fdBits(const CAN::CanRxMessage &message)
     bits.add(message.flagB ? 1 : 0, 1);
     bits.add(code, 4);
     for (int i = 0; i < bytes; ++i)
-        bits.add(i < message.length ? message.data[i] : 0, 8);
+        bits.addByte(i < message.length ? message.data[i] : 0);
     // The first fixed bit stands where a stuff bit would.
     const int body =
         bits.sent() - front - (bits.endsInStuffBit() ? 1 : 0) + fdChecksumBits(bytes) + 1;
