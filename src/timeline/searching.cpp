@@ -139,8 +139,9 @@ bool Searching::allIn(const TraceSnapshot::Placed &placed, quint64 from, quint64
     const auto take = [&](quint32 step, const quint16 *positions, int count) {
         found.resize(0);
         for (int at = 0; at < count; ++at) {
-            if (step * perStep + positions[at] >= first)
-                found.append(placed.begin + step * perStep + positions[at]);
+            const quint32 offset = step * perStep + positions[at];
+            if (offset >= first)
+                found.append(placed.begin + offset);
         }
         next = std::min(last, (step + 1) * perStep);
         wantsMore = visit(found);
