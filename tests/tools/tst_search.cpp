@@ -25,6 +25,7 @@ private slots:
     void dumpOfAFolderSelects_data();
     void dumpOfAFolderSelects();
     void damageIsToldEachTime();
+    void aFullDiskIsTold();
     void statsTellPeriodsAndGaps();
     void statsTellTheLoad();
     void identifiersAreBounded();
@@ -235,6 +236,14 @@ void TestSearch::damageIsToldEachTime()
     QCOMPARE(ofTimeline.status, 1);
     QCOMPARE(ofTimeline.output, ofStream.output);
     QCOMPARE(ofTimeline.errors, ofStream.errors);
+}
+
+void TestSearch::aFullDiskIsTold()
+{
+    writeFile("long.log", candumpLines(0, 5000)); // more than waits to be printed
+    for (const char *command : {"dump", "dump --json", "find ''", "stats"})
+        QVERIFY(errorsOf(QStringLiteral("%1 long.log > /dev/full").arg(command))
+                    .contains("datachunk: standard output: "));
 }
 
 void TestSearch::statsTellPeriodsAndGaps()

@@ -95,7 +95,7 @@ public:
         const bool showsPlace = request.asJson || request.hasContext();
         return printer.print(message, note, showsPlace ? &place : nullptr);
     }
-    bool flush() { return printer.flush(); }
+    void flush() { printer.flush(); }
 
 private:
     const Request &request;
@@ -319,6 +319,6 @@ int runFind(const QCommandLineParser &parser, const QStringList &arguments)
     }
     if (request.counts && result != Result::Failed)
         writeLine(QString::number(output.count()));
-    const bool isWritten = output.flush() && finishOutput();
-    return isWritten && result == Result::Complete && output.count() > 0 ? Succeeded : Failed;
+    output.flush();
+    return finishOutput() && result == Result::Complete && output.count() > 0 ? Succeeded : Failed;
 }

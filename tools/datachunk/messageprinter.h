@@ -17,7 +17,7 @@ public:
                const FoundPlace *place = nullptr);
     /// A line that parts messages which do not stand together.
     bool printPart();
-    /// Whatever is not printed yet.
+    /// Prints what waits. finishOutput() tells when that fails.
     bool flush();
 
 private:
