@@ -1,5 +1,7 @@
 #include "chunkindex.h"
 
+#include <array>
+#include <iterator>
 #include <numeric>
 #include <tuple>
 
@@ -9,35 +11,34 @@ bool operator==(const ChunkIndex &a, const ChunkIndex &b)
         return std::tie(i.version, i.recordsStart, i.recordsEnd, i.count, i.hasCutRecord,
                         i.firstNumber, i.numbersRise, i.timesRise, i.firstTime, i.lastTime,
                         i.minTime, i.maxTime, i.notes, i.bookmarks, i.hasAllKeys, i.lines,
-                        i.countsBefore);
-    };
-    const auto isSameKey = [](const ChunkIndex::Key &k, const ChunkIndex::Key &l) {
-        return std::tie(k.frame, k.count, k.first, k.last)
-            == std::tie(l.frame, l.count, l.first, l.last);
+                        i.countsBefore, i.keys);
     };
     const auto isSameStep = [](const ChunkIndex::Step &s, const ChunkIndex::Step &t) {
         return std::tie(s.offset, s.time, s.maxTime) == std::tie(t.offset, t.time, t.maxTime);
     };
     return plain(a) == plain(b)
-        && std::equal(a.keys.begin(), a.keys.end(), b.keys.begin(), b.keys.end(), isSameKey)
         && std::equal(a.steps.begin(), a.steps.end(), b.steps.begin(), b.steps.end(), isSameStep);
 }
 
 namespace {
 
+// Sound keys are the rule, so that all of them are looked at without a jump for each.
 bool keysAreSound(const ChunkIndex &index)
 {
+    const ChunkKeys &keys = index.keys;
+    std::array<bool, 256> occurs{};
+    for (const quint8 line : index.lines)
+        occurs[line] = true;
     quint64 counted = 0;
-    for (std::size_t i = 0; i < index.keys.size(); ++i) {
-        const ChunkIndex::Key &key = index.keys[i];
-        if (key.count == 0 || key.first > key.last || key.last >= index.count
-            || key.last - key.first + 1 < key.count
-            || (i > 0 && index.keys[i - 1].frame.value() >= key.frame.value())
-            || !std::binary_search(index.lines.begin(), index.lines.end(), key.frame.line()))
-            return false;
-        counted += key.count;
+    bool isSound = keys.frames->size() == keys.size();
+    for (std::size_t i = 0; i < keys.size() && isSound; ++i) {
+        const quint32 count = keys.counts[i];
+        isSound = (count > 0) & (keys.firsts[i] <= keys.lasts[i]) & (keys.lasts[i] < index.count)
+            & (keys.lasts[i] - keys.firsts[i] >= count - 1) & occurs[keys.frame(i).line()]
+            & (i == 0 || keys.frame(i - 1).value() < keys.frame(i).value());
+        counted += count;
     }
-    return counted == (index.hasAllKeys ? index.count : 0);
+    return isSound && counted == (index.hasAllKeys ? index.count : 0);
 }
 
 bool stepsAreSound(const ChunkIndex &index)
@@ -174,15 +175,21 @@ void ChunkIndexer::finishKeys()
 {
     if (!index.hasAllKeys)
         return;
-    index.keys.reserve(usedSlots);
-    for (const Slot &slot : table) {
-        if (slot.key != 0)
-            index.keys.push_back({FrameKey(slot.key - 1), slot.count, slot.first, slot.last});
+    std::vector<Slot> used;
+    used.reserve(usedSlots);
+    std::copy_if(table.begin(), table.end(), std::back_inserter(used),
+                 [](const Slot &slot) { return slot.key != 0; });
+    std::sort(used.begin(), used.end(), [](const Slot &a, const Slot &b) { return a.key < b.key; });
+    Frames frames;
+    frames.reserve(used.size());
+    index.keys.resize(used.size());
+    for (std::size_t i = 0; i < used.size(); ++i) {
+        frames.emplace_back(used[i].key - 1);
+        index.keys.counts[i] = used[i].count;
+        index.keys.firsts[i] = used[i].first;
+        index.keys.lasts[i] = used[i].last;
     }
-    std::sort(index.keys.begin(), index.keys.end(),
-              [](const ChunkIndex::Key &a, const ChunkIndex::Key &b) {
-                  return a.frame.value() < b.frame.value();
-              });
+    index.keys.frames = std::make_shared<const Frames>(std::move(frames));
 }
 
 ChunkIndex ChunkIndexer::finish()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chunkformat.h"
+#include "chunkkeys.h"
 #include "recordview.h"
 
 #include <algorithm>
@@ -17,15 +18,6 @@ struct ChunkIndex
     /// More different keys than this are not kept: a chunk of nothing but different identifiers
     /// must not fill the memory.
     static constexpr std::size_t mostKeys = 65536;
-
-    /// The messages of one identifier, line and kind.
-    struct Key
-    {
-        FrameKey frame;
-        quint32 count = 0;
-        quint32 first = 0; ///< positions in the chunk
-        quint32 last = 0;
-    };
 
     struct Step
     {
@@ -49,7 +41,7 @@ struct ChunkIndex
     quint32 notes = 0;
     quint32 bookmarks = 0;
     bool hasAllKeys = true;    ///< false where there are more than mostKeys
-    std::vector<Key> keys;     ///< by value of their frames; empty where there are too many
+    ChunkKeys keys;            ///< none where there are too many
     std::vector<quint8> lines; ///< that occur, rising
     std::vector<Step> steps;
     /// For each step the messages in front of it: of each of the lines, then error frames.

@@ -151,6 +151,7 @@ void FileSource::readDirectory(const QString &folder)
         if (chunk == known.end() || chunk->isRead || !describes(entry, chunk->identity))
             continue;
         chunk->isRead = true;
+        pool.share(entry.index.keys);
         chunk->segment = std::make_shared<ChunkSegment>(chunk->bytes, std::move(entry.index));
     }
 }
@@ -248,13 +249,13 @@ std::shared_ptr<const ChunkBytes> FileSource::nextMissing()
 void FileSource::readMissing()
 {
     while (const auto bytes = stopping ? nullptr : nextMissing()) {
-        const IndexedChunk indexed = bytes->index([this] { return !stopping.load(); });
+        IndexedChunk indexed = bytes->index([this] { return !stopping.load(); });
         if (indexed.result != Outcome::GivenUp)
-            take(bytes, indexed);
+            take(bytes, std::move(indexed));
     }
 }
 
-void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
+void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, IndexedChunk indexed)
 {
     constexpr int millisecondsBetweenPublications = 20;
     const MutexLock locker(workMutex);
@@ -267,7 +268,8 @@ void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, const Inde
     chunk.problem = problemOf(bytes->name(), indexed);
     chunk.segment.reset();
     if (indexed.result == Outcome::Done) {
-        chunk.segment = std::make_shared<ChunkSegment>(bytes, indexed.index);
+        pool.share(indexed.index.keys);
+        chunk.segment = std::make_shared<ChunkSegment>(bytes, std::move(indexed.index));
         if (chunk.isOfFolder)
             keepInDirectory(chunk);
     }

@@ -55,7 +55,7 @@ private:
     void sortIntoRuns() REQUIRES(workMutex);
     std::shared_ptr<const ChunkBytes> nextMissing() EXCLUDES(workMutex);
     void readMissing() EXCLUDES(workMutex, mutex);
-    void take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
+    void take(const std::shared_ptr<const ChunkBytes> &bytes, IndexedChunk indexed)
         EXCLUDES(workMutex, mutex);
     static void keepInDirectory(const Chunk &chunk);
     void publish() REQUIRES(workMutex) EXCLUDES(mutex);
@@ -65,6 +65,7 @@ private:
 
     Mutex workMutex; // held by whoever looks for chunks, but not while one is read
     Chunks known GUARDED_BY(workMutex);
+    FramePool pool GUARDED_BY(workMutex); // of the keys of all chunks
     std::vector<Run> runs GUARDED_BY(workMutex);
     std::deque<QString> missing GUARDED_BY(workMutex); // not read yet, in order
     QDeadlineTimer nextPublication GUARDED_BY(workMutex);

@@ -70,9 +70,10 @@ void FilterRun::followLocked(const SharedSnapshot &now)
     else
         ++generation;
     snapshot = now;
+    KeyCounter counter(filter);
     for (Part &part : parts) {
         if (!part.hasSteps && !part.isTaken)
-            countByKeys(part);
+            countByKeys(counter, part);
     }
 }
 
@@ -105,9 +106,9 @@ void FilterRun::takeOver(std::vector<Part> &before)
     }
 }
 
-void FilterRun::countByKeys(Part &part) const
+void FilterRun::countByKeys(KeyCounter &counter, Part &part)
 {
-    const FrameFilter::Count known = filter.count(part.segment->index(), part.segment->isChunk());
+    const FrameFilter::Count known = counter.count(part.segment->index(), part.segment->isChunk());
     if (!known.isExact)
         return;
     part.done = part.segment->count();
@@ -163,12 +164,21 @@ void FilterRun::lookAt(Look &look)
     const TraceSegment &segment = *look.segment;
     const Notes notes = filter.needsNotes() ? segment.marks().notes : Notes();
     const auto takeStep = [&](quint32 step, const quint16 *positions, int count) {
+        look.positions.resize(step - look.begin / perStep);
         look.positions.emplace_back(positions, positions + count);
         look.end = std::min((step + 1) * perStep, segment.count());
         return !stopping;
     };
+    if (inOrder) {
+        look.isGone =
+            !segment.scan({filter, notes, &changes, look.begin, segment.count()}, takeStep);
+        return;
+    }
+    const KeyCounter::Span span = KeyCounter(filter).span(segment.index(), segment.isChunk());
     look.isGone = !segment.scan(
-        {filter, notes, inOrder ? &changes : nullptr, look.begin, segment.count()}, takeStep);
+        {filter, notes, nullptr, std::max(look.begin, span.begin), span.end}, takeStep);
+    if (!look.isGone && !stopping)
+        look.end = segment.count();
 }
 
 void FilterRun::take(Look &look)

@@ -2,7 +2,7 @@
 
 #include "backgroundthread.h"
 #include "changetracker.h"
-#include "framefilter.h"
+#include "keycounter.h"
 #include "timelinedata.h"
 
 #include <atomic>
@@ -60,7 +60,7 @@ private:
     void follow() EXCLUDES(mutex);
     void followLocked(const SharedSnapshot &now) REQUIRES(mutex);
     void takeOver(std::vector<Part> &before) REQUIRES(mutex);
-    void countByKeys(Part &part) const;
+    static void countByKeys(KeyCounter &counter, Part &part);
     void wakeThreads() EXCLUDES(mutex);
     void work() EXCLUDES(mutex);
     bool next(Look &look) EXCLUDES(mutex);

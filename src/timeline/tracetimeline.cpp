@@ -103,6 +103,23 @@ std::optional<quint64> TraceTimeline::positionOfNumber(quint32 number) const
     return Searching::positionOfNumber(*data->snapshot(), number);
 }
 
+namespace {
+
+TraceIdentifier identifierOf(FrameKey frame, quint64 first)
+{
+    const quint8 kind = frame.kind();
+    return {frame.id(),
+            frame.line(),
+            (kind & FrameKey::Extended) != 0,
+            (kind & FrameKey::Remote) != 0,
+            (kind & FrameKey::FdFrame) != 0,
+            0,
+            first,
+            0};
+}
+
+} // namespace
+
 QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
 {
     const SharedSnapshot snapshot = data->snapshot();
@@ -111,21 +128,13 @@ QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
     for (const auto &placed : snapshot->segments()) {
         const ChunkIndex &index = placed.segment->index();
         exact = exact && index.hasAllKeys;
-        for (const ChunkIndex::Key &key : index.keys) {
-            TraceIdentifier &sum = byKey[key.frame.value()];
-            if (sum.count == 0) {
-                const quint8 kind = key.frame.kind();
-                sum = {key.frame.id(),
-                       key.frame.line(),
-                       (kind & FrameKey::Extended) != 0,
-                       (kind & FrameKey::Remote) != 0,
-                       (kind & FrameKey::FdFrame) != 0,
-                       0,
-                       placed.begin + key.first,
-                       0};
-            }
-            sum.count += key.count;
-            sum.last = placed.begin + key.last;
+        for (std::size_t i = 0; i < index.keys.size(); ++i) {
+            const FrameKey frame = index.keys.frame(i);
+            TraceIdentifier &sum = byKey[frame.value()];
+            if (sum.count == 0)
+                sum = identifierOf(frame, placed.begin + index.keys.firsts[i]);
+            sum.count += index.keys.counts[i];
+            sum.last = placed.begin + index.keys.lasts[i];
         }
     }
     if (isExact)
