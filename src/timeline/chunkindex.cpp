@@ -1,7 +1,6 @@
 #include "chunkindex.h"
 
 #include <array>
-#include <iterator>
 #include <numeric>
 #include <tuple>
 
@@ -110,101 +109,47 @@ bool ChunkIndex::isSound(qint64 fileSize) const
 }
 
 ChunkIndexer::ChunkIndexer(quint32 version, qint64 recordsStart)
-    : hasLine(version >= ChunkFormat::lineFieldSince), table(std::size_t(1) << firstBits),
-      shift(64 - firstBits)
+    : hasLine(version >= ChunkFormat::lineFieldSince)
 {
     index.version = version;
     index.recordsStart = index.recordsEnd = recordsStart;
-}
-
-// The slot of the key, or the free one where it belongs.
-ChunkIndexer::Slot *ChunkIndexer::probe(quint64 value)
-{
-    std::size_t at = slotOf(value);
-    while (table[at].key != 0 && table[at].key != value + 1)
-        at = (at + 1) % table.size();
-    return &table[at];
-}
-
-// Null when there are too many different keys.
-ChunkIndexer::Slot *ChunkIndexer::findSlot(quint64 value)
-{
-    if (!index.hasAllKeys)
-        return nullptr;
-    Slot *slot = probe(value);
-    if (slot->key != 0)
-        return slot;
-    if (usedSlots == ChunkIndex::mostKeys) {
-        index.hasAllKeys = false;
-        table.assign(2, {});
-        shift = 63;
-        return nullptr;
-    }
-    if (2 * ++usedSlots > table.size()) {
-        grow();
-        slot = probe(value);
-    }
-    *slot = {value + 1, 0, index.count, index.count};
-    return slot;
-}
-
-void ChunkIndexer::grow()
-{
-    std::vector<Slot> old(2 * table.size());
-    old.swap(table);
-    --shift;
-    for (const Slot &slot : old) {
-        if (slot.key != 0)
-            *probe(slot.key - 1) = slot;
-    }
 }
 
 void ChunkIndexer::beginStep(qint64 time, quint32 number)
 {
     if (index.count == 0) {
         index.firstNumber = number;
-        index.firstTime = index.lastTime = time;
+        index.firstTime = index.lastTime = index.minTime = index.maxTime = time;
     } else {
         index.steps.back().maxTime = index.maxTime;
     }
     index.steps.push_back({index.recordsEnd, time, 0});
-    countsBefore.push_back(counts);
+    countsBefore.push_back(keys.countsSoFar());
 }
 
-void ChunkIndexer::finishKeys()
+// A time below the highest one.
+void ChunkIndexer::addEarlier(qint64 time)
 {
-    if (!index.hasAllKeys)
-        return;
-    std::vector<Slot> used;
-    used.reserve(usedSlots);
-    std::copy_if(table.begin(), table.end(), std::back_inserter(used),
-                 [](const Slot &slot) { return slot.key != 0; });
-    std::sort(used.begin(), used.end(), [](const Slot &a, const Slot &b) { return a.key < b.key; });
-    Frames frames;
-    frames.reserve(used.size());
-    index.keys.resize(used.size());
-    for (std::size_t i = 0; i < used.size(); ++i) {
-        frames.emplace_back(used[i].key - 1);
-        index.keys.counts[i] = used[i].count;
-        index.keys.firsts[i] = used[i].first;
-        index.keys.lasts[i] = used[i].last;
-    }
-    index.keys.frames = std::make_shared<const Frames>(std::move(frames));
+    index.timesRise = index.timesRise && time >= index.lastTime;
+    index.lastTime = time;
+    index.minTime = std::min(index.minTime, time);
 }
 
 ChunkIndex ChunkIndexer::finish()
 {
-    finishKeys();
-    for (std::size_t line = 0; line < errors; ++line) {
+    const KeyTable::Counts &counts = keys.countsSoFar();
+    for (std::size_t line = 0; line < KeyTable::errors; ++line) {
         if (counts[line] != 0)
             index.lines.push_back(quint8(line));
     }
-    for (const Counts &before : countsBefore) {
+    for (const KeyTable::Counts &before : countsBefore) {
         for (const quint8 line : index.lines)
             index.countsBefore.push_back(before[line]);
-        index.countsBefore.push_back(before[errors]);
+        index.countsBefore.push_back(before[KeyTable::errors]);
     }
     if (index.count > 0)
         index.steps.back().maxTime = index.maxTime;
+    index.hasAllKeys = keys.hasAll();
+    index.keys = keys.take();
     return std::move(index);
 }
