@@ -55,7 +55,7 @@ qint64 firstTimeOf(const ChunkBytes &bytes)
 } // namespace
 
 FileSource::FileSource(const QStringList &paths)
-    : paths(paths), snapshot(std::make_shared<TraceSnapshot>()), reader([this] { readMissing(); })
+    : paths(paths), snapshot(std::make_shared<TraceSnapshot>()), readers([this] { readMissing(); })
 {
     refresh();
 }
@@ -87,7 +87,7 @@ SharedSnapshot FileSource::refresh()
             publish();
         }
     }
-    if (!isComplete() && !reader.wake())
+    if (!isComplete() && !readers.wake())
         readMissing();
     const MutexLock locker(mutex);
     return snapshot;
@@ -236,40 +236,47 @@ void FileSource::sortIntoRuns()
                      [](const Run &a, const Run &b) { return a.firstTime < b.firstTime; });
     missing.clear();
     for (const Run &run : runs)
-        std::copy_if(run.chunks.begin(), run.chunks.end(), std::back_inserter(missing),
-                     [this](const QString &name) { return !known[name].isRead; });
+        std::copy_if(
+            run.chunks.begin(), run.chunks.end(), std::back_inserter(missing),
+            [this](const QString &name) { return !known[name].isRead && !known[name].isTaken; });
 }
 
-std::shared_ptr<const ChunkBytes> FileSource::nextMissing()
+std::optional<FileSource::Task> FileSource::nextMissing()
 {
     const MutexLock locker(workMutex);
-    return missing.empty() ? nullptr : known[missing.front()].bytes;
+    if (missing.empty() || stopping)
+        return {};
+    Chunk &chunk = known[missing.front()];
+    chunk.isTaken = true;
+    Task task{missing.front(), chunk.bytes};
+    missing.pop_front();
+    return task;
 }
 
 void FileSource::readMissing()
 {
-    while (const auto bytes = stopping ? nullptr : nextMissing()) {
-        IndexedChunk indexed = bytes->index([this] { return !stopping.load(); });
+    while (const auto task = nextMissing()) {
+        IndexedChunk indexed = task->bytes->index([this] { return !stopping.load(); });
         if (indexed.result != Outcome::GivenUp)
-            take(bytes, std::move(indexed));
+            take(*task, std::move(indexed));
     }
 }
 
-void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, IndexedChunk indexed)
+void FileSource::take(const Task &task, IndexedChunk indexed)
 {
     constexpr int millisecondsBetweenPublications = 20;
     const MutexLock locker(workMutex);
+    Chunk &chunk = known[task.chunk];
     // It may have been found in another state meanwhile.
-    if (missing.empty() || known[missing.front()].bytes != bytes)
+    if (chunk.bytes != task.bytes)
         return;
-    Chunk &chunk = known[missing.front()];
-    missing.pop_front();
+    chunk.isTaken = false;
     chunk.isRead = true;
-    chunk.problem = problemOf(bytes->name(), indexed);
+    chunk.problem = problemOf(task.bytes->name(), indexed);
     chunk.segment.reset();
     if (indexed.result == Outcome::Done) {
         pool.share(indexed.index.keys);
-        chunk.segment = std::make_shared<ChunkSegment>(bytes, std::move(indexed.index));
+        chunk.segment = std::make_shared<ChunkSegment>(task.bytes, std::move(indexed.index));
         if (chunk.isOfFolder)
             keepInDirectory(chunk);
     }

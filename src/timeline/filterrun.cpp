@@ -1,7 +1,5 @@
 #include "filterrun.h"
 
-#include <QThread>
-
 namespace {
 
 constexpr quint32 perStep = ChunkIndex::recordsPerStep;
@@ -16,11 +14,8 @@ quint64 distance(quint64 a, quint64 b)
 FilterRun::FilterRun(std::shared_ptr<TraceTimeline::Data> data, const TraceExpression &expression,
                      quint64 focus)
     : data(std::move(data)), expression(expression), filter(filterOf(this->expression)),
-      inOrder(filter.needsChanged()), focus(focus)
+      inOrder(filter.needsChanged()), focus(focus), threads([this] { work(); }, inOrder ? 1 : 0)
 {
-    const int wanted = inOrder ? 1 : std::max(1, QThread::idealThreadCount());
-    for (int i = 0; i < wanted; ++i)
-        threads.push_back(std::make_unique<BackgroundThread>([this] { work(); }));
     follow();
 }
 
@@ -42,16 +37,7 @@ void FilterRun::follow()
         isOpen = std::any_of(parts.begin(), parts.end(),
                              [](const Part &part) { return !part.isDone(); });
     }
-    if (isOpen && !stopping)
-        wakeThreads();
-}
-
-void FilterRun::wakeThreads()
-{
-    bool anyWakes = false;
-    for (const auto &thread : threads)
-        anyWakes = thread->wake() || anyWakes;
-    if (!anyWakes)
+    if (isOpen && !stopping && !threads.wake())
         work();
 }
 

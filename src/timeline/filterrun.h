@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backgroundthread.h"
+#include "backgroundthreads.h"
 #include "changetracker.h"
 #include "keycounter.h"
 #include "timelinedata.h"
@@ -61,7 +61,6 @@ private:
     void followLocked(const SharedSnapshot &now) REQUIRES(mutex);
     void takeOver(std::vector<Part> &before) REQUIRES(mutex);
     static void countByKeys(KeyCounter &counter, Part &part);
-    void wakeThreads() EXCLUDES(mutex);
     void work() EXCLUDES(mutex);
     bool next(Look &look) EXCLUDES(mutex);
     Part *nextPart() REQUIRES(mutex);
@@ -89,5 +88,5 @@ private:
     quint32 keptStep GUARDED_BY(mutex) = 0;
     std::vector<quint16> keptPositions GUARDED_BY(mutex);
 
-    std::vector<std::unique_ptr<BackgroundThread>> threads; // last, so that they end first
+    BackgroundThreads threads; // last, so that they end first
 };

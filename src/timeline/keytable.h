@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chunkkeys.h"
+#include "frametable.h"
 
 #include <array>
 
@@ -16,31 +17,25 @@ public:
     /// must not fill the memory.
     static constexpr std::size_t mostKeys = 65536;
 
-    KeyTable();
-
     /// A message at \a position, which rises from call to call.
     void add(FrameKey frame, quint32 position)
     {
         ++counts[frame.line()];
         if (frame.isError())
             ++counts[errors];
-        quint64 slot = table[slotOf(frame.value())];
-        if (slot >> numberBits != frame.value()) {
-            slot = findSlot(frame.value(), position);
-            if (slot == freeSlot)
-                return;
-        }
-        Key &key = keys[slot & numberMask];
-        ++key.count;
-        key.last = position;
+        Key *key = keys.find(frame.value());
+        if (!key && !(key = addKey(frame, position)))
+            return;
+        ++key->count;
+        key->last = position;
     }
 
     /// What has been added.
     const Counts &countsSoFar() const { return counts; }
     /// False when there are too many keys.
     bool hasAll() const { return isWhole; }
-    /// All of them by value; none when there are too many. Nothing may be added any more.
-    ChunkKeys take();
+    /// All of them by value; none when there are too many.
+    ChunkKeys take() const;
 
 private:
     struct Key
@@ -51,24 +46,9 @@ private:
         quint32 last = 0;
     };
 
-    // A slot is the value of a frame and the number of its key, or free.
-    static constexpr int numberBits = 16;
-    static constexpr quint64 freeSlot = ~Q_UINT64_C(0);
-    static constexpr quint64 numberMask = (quint64(1) << numberBits) - 1;
-    static constexpr int firstBits = 8; // of the number of slots
+    Key *addKey(FrameKey frame, quint32 position);
 
-    std::size_t slotOf(quint64 value) const
-    {
-        return std::size_t((value * Q_UINT64_C(0x9E3779B97F4A7C15)) >> shift);
-    }
-    quint64 &probe(quint64 value);
-    quint64 findSlot(quint64 value, quint32 position);
-    void grow();
-    void drop();
-
-    std::vector<Key> keys; // in the order in which they came
-    std::vector<quint64> table;
-    int shift = 64 - firstBits; // of the product, to a slot
+    FrameTable<Key> keys;
     bool isWhole = true;
     Counts counts{};
 };
