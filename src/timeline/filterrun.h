@@ -2,6 +2,7 @@
 
 #include "backgroundthreads.h"
 #include "changetracker.h"
+#include "endcounts.h"
 #include "keycounter.h"
 #include "timelinedata.h"
 
@@ -41,6 +42,7 @@ private:
         bool isTaken = false;  ///< by a thread
         bool isGone = false;
         std::vector<quint16> stepCounts;
+        EndCounts ends;  ///< in place of these, where it was counted by its keys
         Steps positions; ///< in each step, where they cannot be found again alone
 
         bool isDone() const { return isGone || done == segment->count(); }
@@ -66,7 +68,11 @@ private:
     Part *nextPart() REQUIRES(mutex);
     void lookAt(Look &look);
     void take(Look &look) EXCLUDES(mutex);
-    bool findSteps(std::size_t part) EXCLUDES(mutex);
+    template <typename Known, typename Next>
+    bool learn(std::size_t part, const Known &isKnown, const Next &next) EXCLUDES(mutex);
+    bool countSteps(const TraceSegment &segment, EndCounts::Steps steps,
+                    std::vector<quint16> &found) const;
+    EndCounts endsOf(const Part &part) const;
     std::vector<quint16> positionsIn(std::size_t part, quint32 step) EXCLUDES(mutex);
 
     const std::shared_ptr<TraceTimeline::Data> data;
