@@ -71,7 +71,7 @@ QStringList cleaned(QStringList paths)
 
 FileSource::FileSource(const QStringList &paths)
     : paths(cleaned(paths)), snapshot(std::make_shared<TraceSnapshot>()),
-      reader([this] { readMissing(); })
+      readers([this] { readMissing(); })
 {
     refresh();
 }
@@ -103,7 +103,7 @@ SharedSnapshot FileSource::refresh()
             publish();
         }
     }
-    if (!isComplete() && !reader.wake())
+    if (!isComplete() && !readers.wake())
         readMissing();
     const MutexLock locker(mutex);
     return snapshot;
@@ -177,6 +177,7 @@ void FileSource::readDirectory(const QString &folder)
         if (chunk == known.end() || chunk->isRead || !describes(entry, chunk->identity))
             continue;
         chunk->isRead = true;
+        pool.share(entry.index.keys);
         chunk->segment = std::make_shared<ChunkSegment>(chunk->bytes, std::move(entry.index));
     }
 }
@@ -267,41 +268,48 @@ void FileSource::sortIntoRuns()
     missing.clear();
     for (const Run &run : runs) {
         for (const QString &name : run.chunks) {
-            if (!known[name].isRead)
+            if (!known[name].isRead && !known[name].isTaken)
                 missing.push_back(name);
         }
     }
 }
 
-std::shared_ptr<const ChunkBytes> FileSource::nextMissing()
+std::optional<FileSource::Task> FileSource::nextMissing()
 {
     const MutexLock locker(workMutex);
-    return missing.empty() ? nullptr : known[missing.front()].bytes;
+    if (missing.empty() || stopping)
+        return {};
+    Chunk &chunk = known[missing.front()];
+    chunk.isTaken = true;
+    Task task{missing.front(), chunk.bytes};
+    missing.pop_front();
+    return task;
 }
 
 void FileSource::readMissing()
 {
-    while (const auto bytes = stopping ? nullptr : nextMissing()) {
-        const IndexedChunk indexed = bytes->index([this] { return !stopping.load(); });
+    while (const auto task = nextMissing()) {
+        IndexedChunk indexed = task->bytes->index([this] { return !stopping.load(); });
         if (indexed.result != Outcome::GivenUp)
-            take(bytes, indexed);
+            take(*task, std::move(indexed));
     }
 }
 
-void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
+void FileSource::take(const Task &task, IndexedChunk indexed)
 {
     constexpr int millisecondsBetweenPublications = 20;
     const MutexLock locker(workMutex);
+    Chunk &chunk = known[task.chunk];
     // It may have been found in another state meanwhile.
-    if (missing.empty() || known[missing.front()].bytes != bytes)
+    if (chunk.bytes != task.bytes)
         return;
-    Chunk &chunk = known[missing.front()];
-    missing.pop_front();
+    chunk.isTaken = false;
     chunk.isRead = true;
-    chunk.problem = problemOf(bytes->name(), indexed);
+    chunk.problem = problemOf(task.bytes->name(), indexed);
     chunk.segment.reset();
     if (indexed.result == Outcome::Done) {
-        chunk.segment = std::make_shared<ChunkSegment>(bytes, indexed.index);
+        pool.share(indexed.index.keys);
+        chunk.segment = std::make_shared<ChunkSegment>(task.bytes, std::move(indexed.index));
         // A damaged one is read again, so that its damage is told again.
         if (chunk.isOfFolder && chunk.problem.isEmpty())
             keepInDirectory(chunk);

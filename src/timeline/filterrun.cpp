@@ -1,7 +1,5 @@
 #include "filterrun.h"
 
-#include <QThread>
-
 namespace {
 
 constexpr quint32 perStep = ChunkIndex::recordsPerStep;
@@ -16,11 +14,8 @@ quint64 distance(quint64 a, quint64 b)
 FilterRun::FilterRun(std::shared_ptr<TraceTimeline::Data> data, const TraceExpression &expression,
                      quint64 focus)
     : data(std::move(data)), expression(expression), filter(filterOf(this->expression)),
-      inOrder(filter.needsChanged()), focus(focus)
+      inOrder(filter.needsChanged()), focus(focus), threads([this] { work(); }, inOrder ? 1 : 0)
 {
-    const int wanted = inOrder ? 1 : std::max(1, QThread::idealThreadCount());
-    for (int i = 0; i < wanted; ++i)
-        threads.push_back(std::make_unique<BackgroundThread>([this] { work(); }));
     follow();
 }
 
@@ -42,16 +37,7 @@ void FilterRun::follow()
         isOpen = std::any_of(parts.begin(), parts.end(),
                              [](const Part &part) { return !part.isDone(); });
     }
-    if (isOpen && !stopping)
-        wakeThreads();
-}
-
-void FilterRun::wakeThreads()
-{
-    bool anyWakes = false;
-    for (const auto &thread : threads)
-        anyWakes = thread->wake() || anyWakes;
-    if (!anyWakes)
+    if (isOpen && !stopping && !threads.wake())
         work();
 }
 
@@ -70,9 +56,10 @@ void FilterRun::followLocked(const SharedSnapshot &now)
     else
         ++generation;
     snapshot = now;
+    KeyCounter counter(filter);
     for (Part &part : parts) {
         if (!part.hasSteps && !part.isTaken)
-            countByKeys(part);
+            countByKeys(counter, part);
     }
 }
 
@@ -89,6 +76,8 @@ void FilterRun::takeOver(std::vector<Part> &before)
             continue;
         const SharedSegment segment = part.segment;
         part = std::move(*old++);
+        if (part.segment != segment)
+            part.ends = {};
         part.segment = segment;
         part.isGone = false;
     }
@@ -104,9 +93,9 @@ void FilterRun::takeOver(std::vector<Part> &before)
     }
 }
 
-void FilterRun::countByKeys(Part &part) const
+void FilterRun::countByKeys(KeyCounter &counter, Part &part)
 {
-    const FrameFilter::Count known = filter.count(part.segment->index(), part.segment->isChunk());
+    const FrameFilter::Count known = counter.count(part.segment->index(), part.segment->isChunk());
     if (!known.isExact)
         return;
     part.done = part.segment->count();
@@ -162,12 +151,21 @@ void FilterRun::lookAt(Look &look)
     const TraceSegment &segment = *look.segment;
     const Notes notes = filter.needsNotes() ? segment.marks().notes : Notes();
     const auto takeStep = [&](quint32 step, const quint16 *positions, int count) {
+        look.positions.resize(step - look.begin / perStep);
         look.positions.emplace_back(positions, positions + count);
         look.end = std::min((step + 1) * perStep, segment.count());
         return !stopping;
     };
+    if (inOrder) {
+        look.isGone =
+            !segment.scan({filter, notes, &changes, look.begin, segment.count()}, takeStep);
+        return;
+    }
+    const KeyCounter::Span span = KeyCounter(filter).span(segment.index(), segment.isChunk());
     look.isGone = !segment.scan(
-        {filter, notes, inOrder ? &changes : nullptr, look.begin, segment.count()}, takeStep);
+        {filter, notes, nullptr, std::max(look.begin, span.begin), span.end}, takeStep);
+    if (!look.isGone && !stopping)
+        look.end = segment.count();
 }
 
 void FilterRun::take(Look &look)
@@ -233,29 +231,57 @@ bool FilterRun::isComplete()
     return std::all_of(parts.begin(), parts.end(), [](const Part &part) { return part.isDone(); });
 }
 
-// A part that was counted by its keys is looked at once more where it matters which messages they
-// are. False when they are no longer there.
-bool FilterRun::findSteps(std::size_t i)
+EndCounts FilterRun::endsOf(const Part &part) const
 {
-    Look look;
-    {
-        const MutexLock locker(mutex);
-        if (i >= parts.size() || parts[i].hasSteps)
-            return i < parts.size();
-        look.generation = generation;
-        look.partBegin = parts[i].begin;
-        look.segment = parts[i].segment;
+    const TraceSegment &segment = *part.segment;
+    const KeyCounter::Span span = KeyCounter(filter).span(segment.index(), segment.isChunk());
+    const EndCounts::Steps within{span.begin / perStep, (span.end + perStep - 1) / perStep};
+    return {segment.index().stepCount(), within, part.found};
+}
+
+// False when they are no longer there.
+bool FilterRun::countSteps(const TraceSegment &segment, EndCounts::Steps steps,
+                           std::vector<quint16> &found) const
+{
+    const Notes notes = filter.needsNotes() ? segment.marks().notes : Notes();
+    const quint32 end = std::min(steps.end * perStep, segment.count());
+    const auto takeStep = [&found](quint32, const quint16 *, int count) {
+        found.push_back(quint16(count));
+        return true;
+    };
+    return segment.scan({filter, notes, nullptr, steps.begin * perStep, end}, takeStep);
+}
+
+// A part that was counted by its keys is looked at where it matters which messages they are. False
+// when they are no longer there.
+template <typename Known, typename Next>
+bool FilterRun::learn(std::size_t i, const Known &isKnown, const Next &next)
+{
+    SharedSegment segment;
+    EndCounts::Steps steps;
+    std::vector<quint16> found;
+    for (;;) {
+        {
+            const MutexLock locker(mutex);
+            if (i >= parts.size() || (segment && parts[i].segment != segment))
+                return false;
+            Part &part = parts[i];
+            if (part.hasSteps || part.found == 0)
+                return true;
+            if (part.ends.isEmpty())
+                part.ends = endsOf(part);
+            if (segment)
+                part.ends.set(steps, found);
+            if (isKnown(part.ends))
+                return true;
+            segment = part.segment;
+            steps = next(part.ends);
+        }
+        found.clear();
+        if (steps.begin >= steps.end || !countSteps(*segment, steps, found)
+            || found.size() != steps.end - steps.begin)
+            return false;
     }
-    lookAt(look);
-    const MutexLock locker(mutex);
-    if (look.isGone || look.end != look.segment->count() || generation != look.generation)
-        return false;
-    if (i < parts.size() && parts[i].segment == look.segment && !parts[i].hasSteps) {
-        parts[i].hasSteps = true;
-        for (const auto &positions : look.positions)
-            parts[i].stepCounts.push_back(quint16(positions.size()));
-    }
-    return true;
 }
 
 std::vector<quint16> FilterRun::positionsIn(std::size_t i, quint32 step)
@@ -294,7 +320,10 @@ std::optional<quint64> FilterRun::at(quint64 n)
         while (i < parts.size() && n >= parts[i].found)
             n -= parts[i++].found;
     }
-    if (!findSteps(i))
+    const bool isLearnt = learn(
+        i, [n](const EndCounts &ends) { return ends.find(n).has_value(); },
+        [n](const EndCounts &ends) { return ends.nextFor(n); });
+    if (!isLearnt)
         return {};
     quint32 step = 0;
     quint64 begin = 0;
@@ -302,10 +331,18 @@ std::optional<quint64> FilterRun::at(quint64 n)
         const MutexLock locker(mutex);
         if (i >= parts.size())
             return {};
-        const std::vector<quint16> &counts = parts[i].stepCounts;
-        while (step < counts.size() && n >= counts[step])
+        const Part &part = parts[i];
+        begin = part.begin;
+        if (!part.hasSteps) {
+            const auto place = part.ends.find(n);
+            if (!place)
+                return {};
+            step = place->step;
+            n -= place->before;
+        }
+        const std::vector<quint16> &counts = part.stepCounts;
+        while (part.hasSteps && step < counts.size() && n >= counts[step])
             n -= counts[step++];
-        begin = parts[i].begin;
     }
     const std::vector<quint16> positions = positionsIn(i, step);
     if (n >= positions.size())
@@ -327,16 +364,21 @@ quint64 FilterRun::countBefore(quint64 position)
             return sum;
         begin = parts[i].begin;
     }
-    if (!findSteps(i))
-        return sum;
     const auto step = quint32((position - begin) / perStep);
+    const bool isLearnt = learn(
+        i, [step](const EndCounts &ends) { return ends.before(step).has_value(); },
+        [step](const EndCounts &ends) { return ends.nextForStep(step); });
+    if (!isLearnt)
+        return sum;
     {
         const MutexLock locker(mutex);
         if (i >= parts.size())
             return sum;
-        const std::vector<quint16> &counts = parts[i].stepCounts;
-        for (quint32 s = 0; s < step && s < counts.size(); ++s)
-            sum += counts[s];
+        const Part &part = parts[i];
+        if (!part.hasSteps && !part.ends.isEmpty())
+            sum += part.ends.before(step).value_or(0);
+        for (quint32 s = 0; part.hasSteps && s < step && s < part.stepCounts.size(); ++s)
+            sum += part.stepCounts[s];
     }
     const auto positions = positionsIn(i, step);
     return sum

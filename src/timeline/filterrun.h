@@ -1,8 +1,9 @@
 #pragma once
 
-#include "backgroundthread.h"
+#include "backgroundthreads.h"
 #include "changetracker.h"
-#include "framefilter.h"
+#include "endcounts.h"
+#include "keycounter.h"
 #include "timelinedata.h"
 
 #include <atomic>
@@ -41,6 +42,7 @@ private:
         bool isTaken = false;  ///< by a thread
         bool isGone = false;
         std::vector<quint16> stepCounts;
+        EndCounts ends;  ///< in place of these, where it was counted by its keys
         Steps positions; ///< in each step, where they cannot be found again alone
 
         bool isDone() const { return isGone || done == segment->count(); }
@@ -60,14 +62,17 @@ private:
     void follow() EXCLUDES(mutex);
     void followLocked(const SharedSnapshot &now) REQUIRES(mutex);
     void takeOver(std::vector<Part> &before) REQUIRES(mutex);
-    void countByKeys(Part &part) const;
-    void wakeThreads() EXCLUDES(mutex);
+    static void countByKeys(KeyCounter &counter, Part &part);
     void work() EXCLUDES(mutex);
     bool next(Look &look) EXCLUDES(mutex);
     Part *nextPart() REQUIRES(mutex);
     void lookAt(Look &look);
     void take(Look &look) EXCLUDES(mutex);
-    bool findSteps(std::size_t part) EXCLUDES(mutex);
+    template <typename Known, typename Next>
+    bool learn(std::size_t part, const Known &isKnown, const Next &next) EXCLUDES(mutex);
+    bool countSteps(const TraceSegment &segment, EndCounts::Steps steps,
+                    std::vector<quint16> &found) const;
+    EndCounts endsOf(const Part &part) const;
     std::vector<quint16> positionsIn(std::size_t part, quint32 step) EXCLUDES(mutex);
 
     const std::shared_ptr<TraceTimeline::Data> data;
@@ -89,5 +94,5 @@ private:
     quint32 keptStep GUARDED_BY(mutex) = 0;
     std::vector<quint16> keptPositions GUARDED_BY(mutex);
 
-    std::vector<std::unique_ptr<BackgroundThread>> threads; // last, so that they end first
+    BackgroundThreads threads; // last, so that they end first
 };

@@ -11,24 +11,6 @@
 
 #include <map>
 
-namespace {
-
-// Without its messages, in a chunk that begins at \a begin.
-TraceIdentifier firstOf(const ChunkIndex::Key &key, quint64 begin)
-{
-    const quint8 kind = key.frame.kind();
-    TraceIdentifier identifier;
-    identifier.id = key.frame.id();
-    identifier.line = key.frame.line();
-    identifier.extended = (kind & FrameKey::Extended) != 0;
-    identifier.remote = (kind & FrameKey::Remote) != 0;
-    identifier.fdFrame = (kind & FrameKey::FdFrame) != 0;
-    identifier.first = begin + key.first;
-    return identifier;
-}
-
-} // namespace
-
 TraceTimeline::TraceTimeline(const QStringList &paths)
     : TraceTimeline(std::make_shared<FileSource>(paths))
 {
@@ -136,6 +118,23 @@ std::optional<quint64> TraceTimeline::positionOfNumber(quint32 number) const
     return Searching::positionOfNumber(*data->snapshot(), number);
 }
 
+namespace {
+
+TraceIdentifier identifierOf(FrameKey frame, quint64 first)
+{
+    const quint8 kind = frame.kind();
+    return {frame.id(),
+            frame.line(),
+            (kind & FrameKey::Extended) != 0,
+            (kind & FrameKey::Remote) != 0,
+            (kind & FrameKey::FdFrame) != 0,
+            0,
+            first,
+            0};
+}
+
+} // namespace
+
 QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
 {
     // A trace of nothing but different ones must not fill the memory.
@@ -146,15 +145,18 @@ QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
     for (const auto &placed : snapshot->segments()) {
         const ChunkIndex &index = placed.segment->index();
         exact = exact && index.hasAllKeys;
-        for (const ChunkIndex::Key &key : index.keys) {
-            auto sum = byKey.find(key.frame.value());
-            if (sum == byKey.end() && byKey.size() < mostIdentifiers)
-                sum = byKey.emplace(key.frame.value(), firstOf(key, placed.begin)).first;
+        for (std::size_t i = 0; i < index.keys.size(); ++i) {
+            const FrameKey frame = index.keys.frame(i);
+            auto sum = byKey.find(frame.value());
+            if (sum == byKey.end() && byKey.size() < mostIdentifiers) {
+                const auto first = identifierOf(frame, placed.begin + index.keys.firsts[i]);
+                sum = byKey.emplace(frame.value(), first).first;
+            }
             exact = exact && sum != byKey.end();
             if (sum == byKey.end())
                 continue;
-            sum->second.count += key.count;
-            sum->second.last = placed.begin + key.last;
+            sum->second.count += index.keys.counts[i];
+            sum->second.last = placed.begin + index.keys.lasts[i];
         }
     }
     if (isExact)
