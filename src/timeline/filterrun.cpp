@@ -2,6 +2,8 @@
 
 #include <QThread>
 
+#include <numeric>
+
 namespace {
 
 constexpr quint32 perStep = ChunkIndex::recordsPerStep;
@@ -197,24 +199,29 @@ void FilterRun::take(Look &look)
     }
 }
 
-quint64 FilterRun::count()
+FilterRun::Found FilterRun::found()
 {
     follow();
     const MutexLock locker(mutex);
-    quint64 sum = 0;
-    for (const Part &part : parts)
-        sum += part.found;
-    return sum;
+    Found now{snapshot, generation, {}, 0, true};
+    now.counts.reserve(parts.size());
+    for (const Part &part : parts) {
+        now.counts.push_back(part.found);
+        now.messagesDone += part.isGone ? part.segment->count() : part.done;
+        now.isComplete = now.isComplete && part.isDone();
+    }
+    return now;
+}
+
+quint64 FilterRun::count()
+{
+    const Found now = found();
+    return std::accumulate(now.counts.begin(), now.counts.end(), Q_UINT64_C(0));
 }
 
 quint64 FilterRun::messagesDone()
 {
-    follow();
-    const MutexLock locker(mutex);
-    quint64 sum = 0;
-    for (const Part &part : parts)
-        sum += part.isGone ? part.segment->count() : part.done;
-    return sum;
+    return found().messagesDone;
 }
 
 quint64 FilterRun::messagesGone()
@@ -229,45 +236,66 @@ quint64 FilterRun::messagesGone()
 
 bool FilterRun::isComplete()
 {
-    follow();
-    const MutexLock locker(mutex);
-    return std::all_of(parts.begin(), parts.end(), [](const Part &part) { return part.isDone(); });
+    return found().isComplete;
+}
+
+// Other threads may have the parts follow the timeline at any time, so that one is known by where
+// it begins.
+FilterRun::Part *FilterRun::partAt(quint64 begin)
+{
+    const auto part =
+        std::lower_bound(parts.begin(), parts.end(), begin,
+                         [](const Part &candidate, quint64 b) { return candidate.begin < b; });
+    return part != parts.end() && part->begin == begin ? &*part : nullptr;
 }
 
 // A part that was counted by its keys is looked at once more where it matters which messages they
 // are. False when they are no longer there.
-bool FilterRun::findSteps(std::size_t i)
+bool FilterRun::findSteps(quint64 begin)
 {
-    Look look;
-    {
+    constexpr int attempts = 5; // where the part keeps growing
+    for (int i = 0; i < attempts; ++i) {
+        SharedSegment segment;
+        {
+            const MutexLock locker(mutex);
+            const Part *part = partAt(begin);
+            if (!part || part->hasSteps || inOrder)
+                return part != nullptr;
+            segment = part->segment;
+        }
+        std::vector<quint16> counts;
+        const Notes notes = filter.needsNotes() ? segment->marks().notes : Notes();
+        const bool isThere = segment->scan({filter, notes, nullptr, 0, segment->count()},
+                                           [&counts](quint32, const quint16 *, int count) {
+                                               counts.push_back(quint16(count));
+                                               return true;
+                                           });
+        if (!isThere)
+            return false;
         const MutexLock locker(mutex);
-        if (i >= parts.size() || parts[i].hasSteps)
-            return i < parts.size();
-        look.generation = generation;
-        look.partBegin = parts[i].begin;
-        look.segment = parts[i].segment;
+        Part *part = partAt(begin);
+        if (!part || part->hasSteps)
+            return part != nullptr;
+        if (part->segment == segment) {
+            part->hasSteps = true;
+            part->stepCounts = std::move(counts);
+            return true;
+        }
     }
-    lookAt(look);
-    const MutexLock locker(mutex);
-    if (look.isGone || look.end != look.segment->count() || generation != look.generation)
-        return false;
-    if (i < parts.size() && parts[i].segment == look.segment && !parts[i].hasSteps) {
-        parts[i].hasSteps = true;
-        for (const auto &positions : look.positions)
-            parts[i].stepCounts.push_back(quint16(positions.size()));
-    }
-    return true;
+    return false;
 }
 
-std::vector<quint16> FilterRun::positionsIn(std::size_t i, quint32 step)
+std::vector<quint16> FilterRun::positionsIn(quint64 begin, quint32 step)
 {
     SharedSegment segment;
     {
         const MutexLock locker(mutex);
+        const Part *part = partAt(begin);
+        if (!part || step >= part->stepCounts.size())
+            return {};
         if (inOrder)
-            return step < parts[i].positions.size() ? parts[i].positions[step]
-                                                    : std::vector<quint16>();
-        segment = parts[i].segment;
+            return part->positions[step];
+        segment = part->segment;
         if (keptSegment == segment->id() && keptStep == step)
             return keptPositions;
     }
@@ -286,62 +314,74 @@ std::vector<quint16> FilterRun::positionsIn(std::size_t i, quint32 step)
     return found;
 }
 
-std::optional<quint64> FilterRun::at(quint64 n)
+std::optional<quint64> FilterRun::positionOf(quint64 begin, quint64 n)
 {
-    follow();
-    std::size_t i = 0;
-    {
-        const MutexLock locker(mutex);
-        while (i < parts.size() && n >= parts[i].found)
-            n -= parts[i++].found;
-    }
-    if (!findSteps(i))
+    if (!findSteps(begin))
         return {};
     quint32 step = 0;
-    quint64 begin = 0;
     {
         const MutexLock locker(mutex);
-        if (i >= parts.size())
+        const Part *part = partAt(begin);
+        if (!part)
             return {};
-        const std::vector<quint16> &counts = parts[i].stepCounts;
-        while (step < counts.size() && n >= counts[step])
-            n -= counts[step++];
-        begin = parts[i].begin;
+        while (step < part->stepCounts.size() && n >= part->stepCounts[step])
+            n -= part->stepCounts[step++];
     }
-    const std::vector<quint16> positions = positionsIn(i, step);
+    const std::vector<quint16> positions = positionsIn(begin, step);
     if (n >= positions.size())
         return {};
     return begin + step * perStep + positions[n];
 }
 
+quint64 FilterRun::countIn(quint64 begin, quint64 position)
+{
+    if (!findSteps(begin))
+        return 0;
+    const auto step = quint32((position - begin) / perStep);
+    quint64 sum = 0;
+    {
+        const MutexLock locker(mutex);
+        const Part *part = partAt(begin);
+        if (!part)
+            return 0;
+        for (quint32 s = 0; s < step && s < part->stepCounts.size(); ++s)
+            sum += part->stepCounts[s];
+    }
+    const std::vector<quint16> positions = positionsIn(begin, step);
+    const auto behind =
+        std::lower_bound(positions.begin(), positions.end(), quint16((position - begin) % perStep));
+    return sum + quint64(behind - positions.begin());
+}
+
+std::optional<quint64> FilterRun::at(quint64 n)
+{
+    follow();
+    quint64 begin = 0;
+    {
+        const MutexLock locker(mutex);
+        auto part = parts.begin();
+        while (part != parts.end() && n >= part->found)
+            n -= (part++)->found;
+        if (part == parts.end())
+            return {};
+        begin = part->begin;
+    }
+    return positionOf(begin, n);
+}
+
 quint64 FilterRun::countBefore(quint64 position)
 {
     follow();
-    std::size_t i = 0;
     quint64 sum = 0;
     quint64 begin = 0;
     {
         const MutexLock locker(mutex);
-        while (i < parts.size() && parts[i].begin + parts[i].segment->count() <= position)
-            sum += parts[i++].found;
-        if (i == parts.size() || position <= parts[i].begin)
+        auto part = parts.begin();
+        while (part != parts.end() && part->begin + part->segment->count() <= position)
+            sum += (part++)->found;
+        if (part == parts.end() || position <= part->begin)
             return sum;
-        begin = parts[i].begin;
+        begin = part->begin;
     }
-    if (!findSteps(i))
-        return sum;
-    const auto step = quint32((position - begin) / perStep);
-    {
-        const MutexLock locker(mutex);
-        if (i >= parts.size())
-            return sum;
-        const std::vector<quint16> &counts = parts[i].stepCounts;
-        for (quint32 s = 0; s < step && s < counts.size(); ++s)
-            sum += counts[s];
-    }
-    const auto positions = positionsIn(i, step);
-    return sum
-        + quint64(std::lower_bound(positions.begin(), positions.end(),
-                                   quint16((position - begin) % perStep))
-                  - positions.begin());
+    return sum + countIn(begin, position);
 }

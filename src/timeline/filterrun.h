@@ -27,6 +27,23 @@ public:
     quint64 countBefore(quint64 position) EXCLUDES(mutex);
     void cancel() { stopping = true; }
 
+    /// What is found at one moment.
+    struct Found
+    {
+        SharedSnapshot snapshot;
+        /// While this stays, what is found in a segment grows at its end only.
+        quint32 generation = 0;
+        std::vector<quint64> counts; ///< in each of the segments
+        quint64 messagesDone = 0;
+        bool isComplete = false;
+    };
+    Found found() EXCLUDES(mutex);
+    /// The position of what was found as number \a n, from 0, in the segment that begins at
+    /// position \a begin. Nothing when it is no longer there.
+    std::optional<quint64> positionOf(quint64 begin, quint64 n) EXCLUDES(mutex);
+    /// How many are found in front of \a position in that segment, which it lies in.
+    quint64 countIn(quint64 begin, quint64 position) EXCLUDES(mutex);
+
 private:
     using Steps = std::vector<std::vector<quint16>>;
 
@@ -67,8 +84,9 @@ private:
     Part *nextPart() REQUIRES(mutex);
     void lookAt(Look &look);
     void take(Look &look) EXCLUDES(mutex);
-    bool findSteps(std::size_t part) EXCLUDES(mutex);
-    std::vector<quint16> positionsIn(std::size_t part, quint32 step) EXCLUDES(mutex);
+    Part *partAt(quint64 begin) REQUIRES(mutex);
+    bool findSteps(quint64 begin) EXCLUDES(mutex);
+    std::vector<quint16> positionsIn(quint64 begin, quint32 step) EXCLUDES(mutex);
 
     const std::shared_ptr<TraceTimeline::Data> data;
     const TraceExpression expression;

@@ -76,6 +76,8 @@ public:
     bool refresh();
     /// Whether all that was there at the beginning of the last refresh is known.
     bool isComplete() const;
+    /// Whether a refresh may ever find anything else: not once the store is gone.
+    bool mayChange() const;
     /// Waits until it is, as long as \a keepGoing, which is asked some 50 times a second, returns
     /// true, and refreshes meanwhile. False when it did not.
     bool waitForAll(const std::function<bool()> &keepGoing = {});
@@ -115,5 +117,7 @@ public:
     class Data;
 
 private:
+    friend const std::shared_ptr<Data> &dataOf(const TraceTimeline &timeline);
+
     std::shared_ptr<Data> data;
 };
