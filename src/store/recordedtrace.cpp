@@ -64,15 +64,29 @@ SharedSegment segmentOf(const std::shared_ptr<const ChunkBytes> &bytes)
 SharedSnapshot StoreSource::refresh()
 {
     const MutexLock locker(mutex);
-    if (const auto now = recorded->state())
+    const auto now = recorded->state();
+    hasTrace = now.has_value();
+    if (now && !isShown(*now))
         show(*now);
     return snapshot;
 }
 
+// A buffer that is still to be saved is looked at again.
+bool StoreSource::isShown(const RecordedTrace::State &state) const
+{
+    return generation == state.generation && parts.size() == state.rotated.size()
+        && std::all_of(parts.begin(), parts.end(), [](const Part &part) { return part.isFinal; })
+        && state.live.size() == liveIndexed
+        && (liveIndexed == 0 || state.live.at(0).messageNumber == liveFirst)
+        && state.liveNotes == liveNotes;
+}
+
 void StoreSource::show(const RecordedTrace::State &state)
 {
-    if (generation != state.generation)
+    if (generation != state.generation) {
         parts.clear();
+        liveIndexed = 0;
+    }
     generation = state.generation;
     parts.resize(state.rotated.size());
     auto now = std::make_shared<TraceSnapshot>();
@@ -88,8 +102,11 @@ void StoreSource::show(const RecordedTrace::State &state)
         if (parts[i].segment)
             place(state.rotated[i].firstNumber, parts[i].segment);
     }
-    if (!state.live.isEmpty())
+    if (state.live.isEmpty())
+        liveIndexed = 0;
+    else
         place(state.live.at(0).messageNumber, liveSegment(state));
+    liveNotes = state.liveNotes;
     snapshot = now;
 }
 
@@ -127,7 +144,7 @@ void StoreSource::update(Part &part, const RecordedTrace::Rotated &rotated, Dire
 SharedSegment StoreSource::liveSegment(const RecordedTrace::State &state)
 {
     const quint32 first = state.live.at(0).messageNumber;
-    if (!liveIndexer || first != liveFirst || state.live.size() < liveIndexed) {
+    if (liveIndexed == 0 || first != liveFirst || state.live.size() < liveIndexed) {
         liveIndexer = std::make_unique<ChunkIndexer>(ChunkFormat::currentVersion, 0);
         liveFirst = first;
         liveIndexed = 0;

@@ -4,6 +4,7 @@
 #include "trace.h"
 #include "tracesource.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -59,6 +60,7 @@ public:
 
     SharedSnapshot refresh() override EXCLUDES(mutex);
     bool isComplete() const override { return true; }
+    bool mayChange() const override { return hasTrace; }
     QStringList problems() const override { return {}; }
 
 private:
@@ -74,15 +76,18 @@ private:
 
     void update(Part &part, const RecordedTrace::Rotated &rotated, Directory &directory)
         REQUIRES(mutex);
+    bool isShown(const RecordedTrace::State &state) const REQUIRES(mutex);
     SharedSegment liveSegment(const RecordedTrace::State &state) REQUIRES(mutex);
     void show(const RecordedTrace::State &state) REQUIRES(mutex);
 
     const std::shared_ptr<RecordedTrace> recorded;
+    std::atomic<bool> hasTrace{true};
     Mutex mutex;
     quint32 generation GUARDED_BY(mutex) = 0;
     std::vector<Part> parts GUARDED_BY(mutex); // of the rotated buffers
     std::unique_ptr<ChunkIndexer> liveIndexer GUARDED_BY(mutex);
     quint32 liveFirst GUARDED_BY(mutex) = 0; // number of the first message that it has
     int liveIndexed GUARDED_BY(mutex) = 0;   // messages that it has
+    Notes liveNotes GUARDED_BY(mutex);
     SharedSnapshot snapshot GUARDED_BY(mutex) = std::make_shared<TraceSnapshot>();
 };
