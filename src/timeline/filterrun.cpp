@@ -107,8 +107,11 @@ void FilterRun::takeOver(std::vector<Part> &before)
     }
 }
 
+// Whether a message is changed may depend on one that other words of the expression refuse.
 void FilterRun::countByKeys(Part &part) const
 {
+    if (inOrder)
+        return;
     const FrameFilter::Count known = filter.count(part.segment->index(), part.segment->isChunk());
     if (!known.isExact)
         return;
