@@ -52,6 +52,26 @@ qint64 firstTimeOf(const ChunkBytes &bytes)
     return time;
 }
 
+// A chunk that grew goes on where it ended.
+bool isStartOf(const TraceSnapshot::Placed &before, const TraceSnapshot::Placed &now)
+{
+    const ChunkIndex &old = before.segment->index();
+    const ChunkIndex &fresh = now.segment->index();
+    return before.begin == now.begin
+        && (before.segment == now.segment
+            || (old.count <= fresh.count && old.firstNumber == fresh.firstNumber
+                && old.firstTime == fresh.firstTime));
+}
+
+// Whether every message that was there keeps its position.
+bool isContinued(const TraceSnapshot &before, const TraceSnapshot &now)
+{
+    const auto &old = before.segments();
+    const auto &fresh = now.segments();
+    return old.size() <= fresh.size()
+        && std::equal(old.begin(), old.end(), fresh.begin(), isStartOf);
+}
+
 } // namespace
 
 FileSource::FileSource(const QStringList &paths)
@@ -306,6 +326,7 @@ void FileSource::publish()
         }
     }
     const MutexLock locker(mutex);
+    now->setEpoch(snapshot->epoch() + (isContinued(*snapshot, *now) ? 0 : 1));
     snapshot = now;
     told = problems;
     complete = isWhole;
