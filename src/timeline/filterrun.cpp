@@ -206,10 +206,11 @@ FilterRun::Found FilterRun::found()
 {
     follow();
     const MutexLock locker(mutex);
-    Found now{snapshot, generation, {}, 0, true};
+    Found now{snapshot, generation, {}, 0, 0, true};
     now.counts.reserve(parts.size());
     for (const Part &part : parts) {
         now.counts.push_back(part.found);
+        now.messages += part.segment->count();
         now.messagesDone += part.isGone ? part.segment->count() : part.done;
         now.isComplete = now.isComplete && part.isDone();
     }

@@ -34,7 +34,8 @@ public:
         /// While this stays, what is found in a segment grows at its end only.
         quint32 generation = 0;
         std::vector<quint64> counts; ///< in each of the segments
-        quint64 messagesDone = 0;
+        quint64 messages = 0;
+        quint64 messagesDone = 0; ///< of these
         bool isComplete = false;
     };
     Found found() EXCLUDES(mutex);
