@@ -73,7 +73,7 @@ void FilterRun::followLocked(const SharedSnapshot &now)
         ++generation;
     snapshot = now;
     for (Part &part : parts) {
-        if (!part.hasSteps && !part.isTaken)
+        if (!part.isTaken)
             countByKeys(part);
     }
 }
@@ -155,7 +155,7 @@ bool FilterRun::next(Look &look)
     look.generation = generation;
     look.partBegin = part->begin;
     look.segment = part->segment;
-    look.begin = look.end = part->done;
+    look.begin = look.end = part->stepsDone;
     return true;
 }
 
@@ -176,30 +176,38 @@ void FilterRun::lookAt(Look &look)
         {filter, notes, inOrder ? &changes : nullptr, look.begin, segment.count()}, takeStep);
 }
 
-void FilterRun::take(Look &look)
+void FilterRun::take(const Look &look)
 {
     const MutexLock locker(mutex);
-    const auto part = std::find_if(parts.begin(), parts.end(), [&look](const Part &candidate) {
-        return candidate.begin == look.partBegin;
-    });
-    if (part == parts.end() || generation != look.generation || part->done != look.begin)
+    Part *part = partAt(look.partBegin);
+    if (!part || generation != look.generation)
         return;
     part->isTaken = false;
+    if (part->stepsDone != look.begin)
+        return;
     part->isGone = look.isGone;
-    part->hasSteps = true;
-    part->done = look.end;
+    addSteps(*part, look);
+    if (part->stepsDone >= part->done) {
+        part->done = part->stepsDone;
+        part->found = part->stepsFound;
+    }
+}
+
+void FilterRun::addSteps(Part &part, const Look &look)
+{
     std::size_t step = look.begin / perStep;
-    for (std::vector<quint16> &positions : look.positions) {
-        part->stepCounts.resize(std::max(part->stepCounts.size(), step + 1));
-        part->stepCounts[step] = quint16(part->stepCounts[step] + positions.size());
-        part->found += positions.size();
+    for (const std::vector<quint16> &positions : look.positions) {
+        part.stepCounts.resize(std::max(part.stepCounts.size(), step + 1));
+        part.stepCounts[step] = quint16(part.stepCounts[step] + positions.size());
+        part.stepsFound += positions.size();
         if (inOrder) {
-            part->positions.resize(part->stepCounts.size());
-            auto &all = part->positions[step];
+            part.positions.resize(part.stepCounts.size());
+            auto &all = part.positions[step];
             all.insert(all.end(), positions.begin(), positions.end());
         }
         ++step;
     }
+    part.stepsDone = look.end;
 }
 
 FilterRun::Found FilterRun::found()
@@ -254,39 +262,30 @@ FilterRun::Part *FilterRun::partAt(quint64 begin)
 }
 
 // A part that was counted by its keys is looked at once more where it matters which messages they
-// are. False when they are no longer there.
-bool FilterRun::findSteps(quint64 begin)
+// are. Others the threads look at.
+void FilterRun::findSteps(quint64 begin)
 {
-    constexpr int attempts = 5; // where the part keeps growing
-    for (int i = 0; i < attempts; ++i) {
-        SharedSegment segment;
-        {
-            const MutexLock locker(mutex);
-            const Part *part = partAt(begin);
-            if (!part || part->hasSteps || inOrder)
-                return part != nullptr;
-            segment = part->segment;
-        }
-        std::vector<quint16> counts;
-        const Notes notes = filter.needsNotes() ? segment->marks().notes : Notes();
-        const bool isThere = segment->scan({filter, notes, nullptr, 0, segment->count()},
-                                           [&counts](quint32, const quint16 *, int count) {
-                                               counts.push_back(quint16(count));
-                                               return true;
-                                           });
-        if (!isThere)
-            return false;
+    Look look;
+    {
         const MutexLock locker(mutex);
-        Part *part = partAt(begin);
-        if (!part || part->hasSteps)
-            return part != nullptr;
-        if (part->segment == segment) {
-            part->hasSteps = true;
-            part->stepCounts = std::move(counts);
-            return true;
-        }
+        const Part *part = partAt(begin);
+        if (!part || part->stepsDone >= part->done)
+            return;
+        look.segment = part->segment;
+        look.begin = part->stepsDone;
+        look.end = part->done;
     }
-    return false;
+    const Notes notes = filter.needsNotes() ? look.segment->marks().notes : Notes();
+    const bool isThere =
+        look.segment->scan({filter, notes, nullptr, look.begin, look.end},
+                           [&look](quint32, const quint16 *positions, int count) {
+                               look.positions.emplace_back(positions, positions + count);
+                               return true;
+                           });
+    const MutexLock locker(mutex);
+    Part *part = partAt(begin);
+    if (isThere && part && part->stepsDone == look.begin && part->done >= look.end)
+        addSteps(*part, look);
 }
 
 std::vector<quint16> FilterRun::positionsIn(quint64 begin, quint32 step)
@@ -320,8 +319,7 @@ std::vector<quint16> FilterRun::positionsIn(quint64 begin, quint32 step)
 
 std::optional<quint64> FilterRun::positionOf(quint64 begin, quint64 n)
 {
-    if (!findSteps(begin))
-        return {};
+    findSteps(begin);
     quint32 step = 0;
     {
         const MutexLock locker(mutex);
@@ -339,8 +337,7 @@ std::optional<quint64> FilterRun::positionOf(quint64 begin, quint64 n)
 
 quint64 FilterRun::countIn(quint64 begin, quint64 position)
 {
-    if (!findSteps(begin))
-        return 0;
+    findSteps(begin);
     const auto step = quint32((position - begin) / perStep);
     quint64 sum = 0;
     {

@@ -53,11 +53,12 @@ private:
     {
         SharedSegment segment;
         quint64 begin = 0;
-        quint32 done = 0;      ///< messages from its start on of which all is known
-        quint64 found = 0;     ///< among these
-        bool hasSteps = false; ///< whether stepCounts is known for them
-        bool isTaken = false;  ///< by a thread
+        quint32 done = 0;     ///< messages from its start on of which all is known
+        quint64 found = 0;    ///< among these
+        bool isTaken = false; ///< by a thread
         bool isGone = false;
+        quint32 stepsDone = 0;  ///< messages looked at; fewer than done where keys tell
+        quint64 stepsFound = 0; ///< among these
         std::vector<quint16> stepCounts;
         Steps positions; ///< in each step, where they cannot be found again alone
 
@@ -84,9 +85,10 @@ private:
     bool next(Look &look) EXCLUDES(mutex);
     Part *nextPart() REQUIRES(mutex);
     void lookAt(Look &look);
-    void take(Look &look) EXCLUDES(mutex);
+    void take(const Look &look) EXCLUDES(mutex);
+    void addSteps(Part &part, const Look &look) REQUIRES(mutex);
     Part *partAt(quint64 begin) REQUIRES(mutex);
-    bool findSteps(quint64 begin) EXCLUDES(mutex);
+    void findSteps(quint64 begin) EXCLUDES(mutex);
     std::vector<quint16> positionsIn(quint64 begin, quint32 step) EXCLUDES(mutex);
 
     const std::shared_ptr<TraceTimeline::Data> data;
