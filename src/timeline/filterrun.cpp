@@ -332,7 +332,7 @@ std::optional<quint64> FilterRun::positionOf(quint64 begin, quint64 n)
     const std::vector<quint16> positions = positionsIn(begin, step);
     if (n >= positions.size())
         return {};
-    return begin + step * perStep + positions[n];
+    return begin + quint64(step) * perStep + positions[n];
 }
 
 quint64 FilterRun::countIn(quint64 begin, quint64 position)

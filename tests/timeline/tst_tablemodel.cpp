@@ -231,10 +231,10 @@ QVector<quint64> positions(const Model &model)
     return all;
 }
 
-void append(DatachunkHandler &store, int count)
+void append(DatachunkHandler &store, int count, quint32 firstId = 0x100)
 {
     for (int i = 0; i < count; ++i)
-        store.appendCanMessage(makeMessage(0x100 + quint32(i % 10), i % 2 ? "11" : "22"));
+        store.appendCanMessage(makeMessage(firstId + quint32(i % 10), i % 2 ? "11" : "22"));
 }
 
 // A table whose refreshes come when the test says so.
@@ -445,6 +445,13 @@ void TestTableModel::keepsItsRowsWhileAStoreRotates()
         QCOMPARE(model->total(), quint64(10 + i * 333));
         QVERIFY(mirror.isRight());
     }
+    const int last = model->rowCount() - 1;
+    store.setMessageNote(quint32(last), "later");
+    model->refresh();
+    QVERIFY(mirror.isRight());
+    QCOMPARE(text(*model, last, Model::NoteColumn), QString("later"));
+    store.setMessageNote(quint32(last), "note");
+    model->refresh();
     QCOMPARE(mirror.resets, resets);
     QCOMPARE(kept.data(Model::PositionRole).toULongLong(), Q_UINT64_C(3));
     for (int row = 0; row < model->rowCount(); ++row) {
@@ -455,10 +462,10 @@ void TestTableModel::keepsItsRowsWhileAStoreRotates()
 
 void TestTableModel::aStoreIsClearedAndDeleted()
 {
-    auto store = std::make_unique<DatachunkHandler>(6000);
+    auto store = std::make_unique<DatachunkHandler>(20000);
     Model model(store->timeline());
     const Mirror mirror(model);
-    append(*store, 3000);
+    append(*store, 3000, 0x300);
     model.refresh();
     store->clearAllMessages();
     // More than there were, so that nothing but the content tells that they are others.
