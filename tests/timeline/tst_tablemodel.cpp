@@ -618,6 +618,7 @@ void TestTableModel::findsWithinTheFilter()
     QCOMPARE(model->currentPosition().value_or(0), Q_UINT64_C(149998));
 
     model->setFilter(expression("number ..1000"));
+    QTRY_COMPARE((model->refresh(), model->total()), Q_UINT64_C(1001));
     model->findPrevious(expression("b0==11"));
     QVERIFY(found.wait());
     QCOMPARE(model->currentPosition().value_or(0), Q_UINT64_C(999));
