@@ -1,5 +1,7 @@
 #include "filterrun.h"
 
+#include <numeric>
+
 namespace {
 
 constexpr quint32 perStep = ChunkIndex::recordsPerStep;
@@ -58,7 +60,7 @@ void FilterRun::followLocked(const SharedSnapshot &now)
     snapshot = now;
     KeyCounter counter(filter);
     for (Part &part : parts) {
-        if (!part.hasSteps && !part.isTaken)
+        if (!part.isTaken)
             countByKeys(counter, part);
     }
 }
@@ -93,8 +95,11 @@ void FilterRun::takeOver(std::vector<Part> &before)
     }
 }
 
-void FilterRun::countByKeys(KeyCounter &counter, Part &part)
+// Whether a message is changed may depend on one that other words of the expression refuse.
+void FilterRun::countByKeys(KeyCounter &counter, Part &part) const
 {
+    if (inOrder)
+        return;
     const FrameFilter::Count known = counter.count(part.segment->index(), part.segment->isChunk());
     if (!known.isExact)
         return;
@@ -138,7 +143,7 @@ bool FilterRun::next(Look &look)
     look.generation = generation;
     look.partBegin = part->begin;
     look.segment = part->segment;
-    look.begin = look.end = part->done;
+    look.begin = look.end = part->stepsDone;
     return true;
 }
 
@@ -168,50 +173,64 @@ void FilterRun::lookAt(Look &look)
         look.end = segment.count();
 }
 
-void FilterRun::take(Look &look)
+void FilterRun::take(const Look &look)
 {
     const MutexLock locker(mutex);
-    const auto part = std::find_if(parts.begin(), parts.end(), [&look](const Part &candidate) {
-        return candidate.begin == look.partBegin;
-    });
-    if (part == parts.end() || generation != look.generation || part->done != look.begin)
+    Part *part = partAt(look.partBegin);
+    if (!part || generation != look.generation)
         return;
     part->isTaken = false;
+    if (part->stepsDone != look.begin)
+        return;
     part->isGone = look.isGone;
-    part->hasSteps = true;
-    part->done = look.end;
+    addSteps(*part, look);
+    if (part->stepsDone >= part->done) {
+        part->done = part->stepsDone;
+        part->found = part->stepsFound;
+    }
+}
+
+void FilterRun::addSteps(Part &part, const Look &look)
+{
     std::size_t step = look.begin / perStep;
-    for (std::vector<quint16> &positions : look.positions) {
-        part->stepCounts.resize(std::max(part->stepCounts.size(), step + 1));
-        part->stepCounts[step] = quint16(part->stepCounts[step] + positions.size());
-        part->found += positions.size();
+    for (const std::vector<quint16> &positions : look.positions) {
+        part.stepCounts.resize(std::max(part.stepCounts.size(), step + 1));
+        part.stepCounts[step] = quint16(part.stepCounts[step] + positions.size());
+        part.stepsFound += positions.size();
         if (inOrder) {
-            part->positions.resize(part->stepCounts.size());
-            auto &all = part->positions[step];
+            part.positions.resize(part.stepCounts.size());
+            auto &all = part.positions[step];
             all.insert(all.end(), positions.begin(), positions.end());
         }
         ++step;
     }
+    part.stepsDone = look.end;
+}
+
+FilterRun::Found FilterRun::found()
+{
+    follow();
+    const MutexLock locker(mutex);
+    Found now{snapshot, generation, {}, 0, 0, true};
+    now.counts.reserve(parts.size());
+    for (const Part &part : parts) {
+        now.counts.push_back(part.found);
+        now.messages += part.segment->count();
+        now.messagesDone += part.isGone ? part.segment->count() : part.done;
+        now.isComplete = now.isComplete && part.isDone();
+    }
+    return now;
 }
 
 quint64 FilterRun::count()
 {
-    follow();
-    const MutexLock locker(mutex);
-    quint64 sum = 0;
-    for (const Part &part : parts)
-        sum += part.found;
-    return sum;
+    const Found now = found();
+    return std::accumulate(now.counts.begin(), now.counts.end(), Q_UINT64_C(0));
 }
 
 quint64 FilterRun::messagesDone()
 {
-    follow();
-    const MutexLock locker(mutex);
-    quint64 sum = 0;
-    for (const Part &part : parts)
-        sum += part.isGone ? part.segment->count() : part.done;
-    return sum;
+    return found().messagesDone;
 }
 
 quint64 FilterRun::messagesGone()
@@ -226,73 +245,62 @@ quint64 FilterRun::messagesGone()
 
 bool FilterRun::isComplete()
 {
-    follow();
-    const MutexLock locker(mutex);
-    return std::all_of(parts.begin(), parts.end(), [](const Part &part) { return part.isDone(); });
+    return found().isComplete;
 }
 
-EndCounts FilterRun::endsOf(const Part &part) const
+// Other threads may have the parts follow the timeline at any time, so that one is known by where
+// it begins.
+FilterRun::Part *FilterRun::partAt(quint64 begin)
 {
-    const TraceSegment &segment = *part.segment;
-    const KeyCounter::Span span = KeyCounter(filter).span(segment.index(), segment.isChunk());
-    const EndCounts::Steps within{span.begin / perStep, (span.end + perStep - 1) / perStep};
-    return {segment.index().stepCount(), within, part.found};
+    const auto part =
+        std::lower_bound(parts.begin(), parts.end(), begin,
+                         [](const Part &candidate, quint64 b) { return candidate.begin < b; });
+    return part != parts.end() && part->begin == begin ? &*part : nullptr;
 }
 
-// False when they are no longer there.
-bool FilterRun::countSteps(const TraceSegment &segment, EndCounts::Steps steps,
-                           std::vector<quint16> &found) const
+// A part that was counted by its keys is looked at once more where it matters which messages they
+// are. Others the threads look at.
+void FilterRun::findSteps(quint64 begin)
 {
-    const Notes notes = filter.needsNotes() ? segment.marks().notes : Notes();
-    const quint32 end = std::min(steps.end * perStep, segment.count());
-    const auto takeStep = [&found](quint32, const quint16 *, int count) {
-        found.push_back(quint16(count));
-        return true;
-    };
-    return segment.scan({filter, notes, nullptr, steps.begin * perStep, end}, takeStep);
-}
-
-// A part that was counted by its keys is looked at where it matters which messages they are. False
-// when they are no longer there.
-template <typename Known, typename Next>
-bool FilterRun::learn(std::size_t i, const Known &isKnown, const Next &next)
-{
-    SharedSegment segment;
-    EndCounts::Steps steps;
-    std::vector<quint16> found;
-    for (;;) {
-        {
-            const MutexLock locker(mutex);
-            if (i >= parts.size() || (segment && parts[i].segment != segment))
-                return false;
-            Part &part = parts[i];
-            if (part.hasSteps || part.found == 0)
-                return true;
-            if (part.ends.isEmpty())
-                part.ends = endsOf(part);
-            if (segment)
-                part.ends.set(steps, found);
-            if (isKnown(part.ends))
-                return true;
-            segment = part.segment;
-            steps = next(part.ends);
-        }
-        found.clear();
-        if (steps.begin >= steps.end || !countSteps(*segment, steps, found)
-            || found.size() != steps.end - steps.begin)
-            return false;
+    Look look;
+    {
+        const MutexLock locker(mutex);
+        const Part *part = partAt(begin);
+        if (!part || part->stepsDone >= part->done)
+            return;
+        look.segment = part->segment;
+        look.begin = part->stepsDone;
+        look.end = part->done;
     }
+    const Notes notes = filter.needsNotes() ? look.segment->marks().notes : Notes();
+    const KeyCounter::Span span =
+        KeyCounter(filter).span(look.segment->index(), look.segment->isChunk());
+    const quint32 first = std::max(look.begin, span.begin);
+    const bool isThere = look.segment->scan(
+        {filter, notes, nullptr, first, std::max(first, std::min(look.end, span.end))},
+        [&look](quint32 step, const quint16 *positions, int count) {
+            look.positions.resize(step - look.begin / perStep);
+            look.positions.emplace_back(positions, positions + count);
+            return true;
+        });
+    look.positions.resize((look.end + perStep - 1) / perStep - look.begin / perStep);
+    const MutexLock locker(mutex);
+    Part *part = partAt(begin);
+    if (isThere && part && part->stepsDone == look.begin && part->done >= look.end)
+        addSteps(*part, look);
 }
 
-std::vector<quint16> FilterRun::positionsIn(std::size_t i, quint32 step)
+std::vector<quint16> FilterRun::positionsIn(quint64 begin, quint32 step)
 {
     SharedSegment segment;
     {
         const MutexLock locker(mutex);
+        const Part *part = partAt(begin);
+        if (!part || step >= part->stepCounts.size())
+            return {};
         if (inOrder)
-            return step < parts[i].positions.size() ? parts[i].positions[step]
-                                                    : std::vector<quint16>();
-        segment = parts[i].segment;
+            return part->positions[step];
+        segment = part->segment;
         if (keptSegment == segment->id() && keptStep == step)
             return keptPositions;
     }
@@ -311,78 +319,72 @@ std::vector<quint16> FilterRun::positionsIn(std::size_t i, quint32 step)
     return found;
 }
 
-std::optional<quint64> FilterRun::at(quint64 n)
+std::optional<quint64> FilterRun::positionOf(quint64 begin, quint64 n)
 {
-    follow();
-    std::size_t i = 0;
-    {
-        const MutexLock locker(mutex);
-        while (i < parts.size() && n >= parts[i].found)
-            n -= parts[i++].found;
-    }
-    const bool isLearnt = learn(
-        i, [n](const EndCounts &ends) { return ends.find(n).has_value(); },
-        [n](const EndCounts &ends) { return ends.nextFor(n); });
-    if (!isLearnt)
-        return {};
+    findSteps(begin);
     quint32 step = 0;
-    quint64 begin = 0;
     {
         const MutexLock locker(mutex);
-        if (i >= parts.size())
+        const Part *part = partAt(begin);
+        if (!part)
             return {};
-        const Part &part = parts[i];
-        begin = part.begin;
-        if (!part.hasSteps) {
-            const auto place = part.ends.find(n);
-            if (!place)
-                return {};
-            step = place->step;
-            n -= place->before;
-        }
-        const std::vector<quint16> &counts = part.stepCounts;
-        while (part.hasSteps && step < counts.size() && n >= counts[step])
-            n -= counts[step++];
+        while (step < part->stepCounts.size() && n >= part->stepCounts[step])
+            n -= part->stepCounts[step++];
     }
-    const std::vector<quint16> positions = positionsIn(i, step);
+    const std::vector<quint16> positions = positionsIn(begin, step);
     if (n >= positions.size())
         return {};
     return begin + quint64(step) * perStep + positions[n];
 }
 
+quint64 FilterRun::countIn(quint64 begin, quint64 position)
+{
+    findSteps(begin);
+    const auto step = quint32((position - begin) / perStep);
+    quint64 sum = 0;
+    {
+        const MutexLock locker(mutex);
+        const Part *part = partAt(begin);
+        if (!part)
+            return 0;
+        for (quint32 s = 0; s < step && s < part->stepCounts.size(); ++s)
+            sum += part->stepCounts[s];
+    }
+    const std::vector<quint16> positions = positionsIn(begin, step);
+    const auto behind =
+        std::lower_bound(positions.begin(), positions.end(), quint16((position - begin) % perStep));
+    return sum + quint64(behind - positions.begin());
+}
+
+std::optional<quint64> FilterRun::at(quint64 n)
+{
+    follow();
+    quint64 begin = 0;
+    {
+        const MutexLock locker(mutex);
+        auto part = parts.begin();
+        while (part != parts.end() && n >= part->found)
+            n -= (part++)->found;
+        if (part == parts.end())
+            return {};
+        begin = part->begin;
+    }
+    return positionOf(begin, n);
+}
+
 quint64 FilterRun::countBefore(quint64 position)
 {
     follow();
-    std::size_t i = 0;
     quint64 sum = 0;
     quint64 begin = 0;
     {
         const MutexLock locker(mutex);
-        while (i < parts.size() && parts[i].begin + parts[i].segment->count() <= position)
-            sum += parts[i++].found;
-        if (i == parts.size() || position <= parts[i].begin)
+        auto part = parts.begin();
+        while (part != parts.end() && part->begin + part->segment->count() <= position)
+            sum += (part++)->found;
+        if (part == parts.end() || position <= part->begin)
             return sum;
-        begin = parts[i].begin;
+        begin = part->begin;
     }
-    const auto step = quint32((position - begin) / perStep);
-    const bool isLearnt = learn(
-        i, [step](const EndCounts &ends) { return ends.before(step).has_value(); },
-        [step](const EndCounts &ends) { return ends.nextForStep(step); });
-    if (!isLearnt)
-        return sum;
-    {
-        const MutexLock locker(mutex);
-        if (i >= parts.size())
-            return sum;
-        const Part &part = parts[i];
-        if (!part.hasSteps && !part.ends.isEmpty())
-            sum += part.ends.before(step).value_or(0);
-        for (quint32 s = 0; part.hasSteps && s < step && s < part.stepCounts.size(); ++s)
-            sum += part.stepCounts[s];
-    }
-    const auto positions = positionsIn(i, step);
-    return sum
-        + quint64(std::lower_bound(positions.begin(), positions.end(),
-                                   quint16((position - begin) % perStep))
-                  - positions.begin());
+    return sum + countIn(begin, position);
 }

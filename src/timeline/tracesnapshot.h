@@ -45,6 +45,8 @@ public:
     /// Index of the first segment that ends behind \a position.
     std::size_t indexOf(quint64 position) const;
 
+    /// The lowest time; 0 while there are no messages.
+    qint64 firstTime() const;
     /// The first message at whose place the highest time so far is \a time or later; count() when
     /// there is none.
     quint64 positionOfTime(qint64 time) const;

@@ -11,6 +11,11 @@
 
 #include <map>
 
+const std::shared_ptr<TraceTimeline::Data> &dataOf(const TraceTimeline &timeline)
+{
+    return timeline.data;
+}
+
 TraceTimeline::TraceTimeline(const QStringList &paths)
     : TraceTimeline(std::make_shared<FileSource>(paths))
 {
@@ -28,6 +33,11 @@ TraceTimeline &TraceTimeline::operator=(const TraceTimeline &) = default;
 bool TraceTimeline::refresh()
 {
     return data->refresh();
+}
+
+bool TraceTimeline::mayChange() const
+{
+    return data->source->mayChange();
 }
 
 bool TraceTimeline::isComplete() const
@@ -73,33 +83,12 @@ quint64 TraceTimeline::forEachFound(
 
 TraceRow TraceTimeline::row(quint64 position) const
 {
-    const SharedSnapshot snapshot = data->snapshot();
-    TraceRow row;
-    if (position >= snapshot->count())
-        return row;
-    row.state = TraceRow::Gone;
-    const TraceSnapshot::Place place = snapshot->at(position);
-    if (!place.placed)
-        return row;
-    const TraceSegment &segment = *place.placed->segment;
-    const auto messages = data->cache.messages(segment, place.offset / ChunkIndex::recordsPerStep);
-    if (!messages)
-        return row;
-    row.state = TraceRow::Known;
-    row.message = (*messages)[place.offset % ChunkIndex::recordsPerStep];
-    const auto marks = data->cache.marks(segment);
-    row.note = marks->notes.value(row.message.messageNumber);
-    row.bookmark = marks->bookmarks.value(row.message.messageNumber);
-    return row;
+    return data->cache.row(*data->snapshot(), position);
 }
 
 qint64 TraceTimeline::firstTime() const
 {
-    const SharedSnapshot snapshot = data->snapshot();
-    qint64 time = std::numeric_limits<qint64>::max();
-    for (const auto &placed : snapshot->segments())
-        time = std::min(time, placed.segment->index().minTime);
-    return snapshot->segments().empty() ? 0 : time;
+    return data->snapshot()->firstTime();
 }
 
 qint64 TraceTimeline::lastTime() const

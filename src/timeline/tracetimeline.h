@@ -86,8 +86,10 @@ public:
     bool refresh();
     /// Whether all that was there at the beginning of the last refresh is known.
     bool isComplete() const;
-    /// Waits until it is and refreshes, as long as \a keepGoing, which is asked again and again,
-    /// returns true. False when it did not.
+    /// Whether a refresh may ever find anything else: not once the store is gone.
+    bool mayChange() const;
+    /// Waits until it is complete and refreshes, as long as \a keepGoing, which is asked again and
+    /// again, returns true. False when it did not.
     bool waitForAll(const std::function<bool()> &keepGoing = {});
     /// What cannot be read, a sentence each, for the user.
     QStringList problems() const;
@@ -136,5 +138,7 @@ public:
     class Data;
 
 private:
+    friend const std::shared_ptr<Data> &dataOf(const TraceTimeline &timeline);
+
     std::shared_ptr<Data> data;
 };
