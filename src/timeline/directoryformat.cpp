@@ -29,7 +29,7 @@ constexpr int fixedSize = 116;          // of the payload
 constexpr int keySize = 18;
 constexpr int stepSize = 24;
 constexpr int longestName = 255;
-constexpr quint64 mostPayloadBytes = 64 * 1024 * 1024;
+constexpr quint64 mostPayloadBytes = 64ULL * 1024 * 1024;
 constexpr int mostLines = 256;
 
 constexpr quint32 cutRecordFlag = 1;
@@ -261,7 +261,7 @@ public:
     qint64 bytesAt(qint64 offset) const { return begin + filled - offset; }
 
 private:
-    static constexpr qint64 usualSize = 1024 * 1024;
+    static constexpr qint64 usualSize = 1024LL * 1024;
 
     const ReadAt &read;
     const qint64 size; // of the directory

@@ -15,7 +15,7 @@ namespace DirectoryFormat {
 constexpr quint32 version = 1;
 
 /// Longer directories are none.
-constexpr qint64 mostBytes = 256 * 1024 * 1024;
+constexpr qint64 mostBytes = 256LL * 1024 * 1024;
 
 /// What is this user's and this machine's alone, so that other directories are none.
 quint64 ownKey();

@@ -134,12 +134,13 @@ void FileSource::lookAtFolder(const QString &path)
     if (const auto identity = FileIdentity::ofAny(path))
         looked.insert(path, *identity);
     const QStringList files = ChunkListing::filesIn(path);
+    bool isAnyMissing = false;
     for (const QString &file : files) {
         lookAtFile(file);
-        known[file].isOfFolder = true;
+        Chunk &chunk = known[file];
+        chunk.isOfFolder = true;
+        isAnyMissing = isAnyMissing || !chunk.isRead;
     }
-    const bool isAnyMissing = std::any_of(
-        files.begin(), files.end(), [this](const QString &file) { return !known[file].isRead; });
     if (isAnyMissing)
         readDirectory(path);
 }
@@ -235,10 +236,13 @@ void FileSource::sortIntoRuns()
     std::stable_sort(runs.begin(), runs.end(),
                      [](const Run &a, const Run &b) { return a.firstTime < b.firstTime; });
     missing.clear();
-    for (const Run &run : runs)
-        std::copy_if(
-            run.chunks.begin(), run.chunks.end(), std::back_inserter(missing),
-            [this](const QString &name) { return !known[name].isRead && !known[name].isTaken; });
+    for (const Run &run : runs) {
+        for (const QString &name : run.chunks) {
+            const Chunk &chunk = known[name];
+            if (!chunk.isRead && !chunk.isTaken)
+                missing.push_back(name);
+        }
+    }
 }
 
 std::optional<FileSource::Task> FileSource::nextMissing()

@@ -348,7 +348,7 @@ std::optional<quint64> FilterRun::at(quint64 n)
     const std::vector<quint16> positions = positionsIn(i, step);
     if (n >= positions.size())
         return {};
-    return begin + step * perStep + positions[n];
+    return begin + quint64(step) * perStep + positions[n];
 }
 
 quint64 FilterRun::countBefore(quint64 position)
