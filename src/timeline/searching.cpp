@@ -40,7 +40,7 @@ std::optional<quint64> Searching::next(quint64 position)
         std::optional<quint64> found;
         const auto take = [&](quint32 step, const quint16 *positions, int count) {
             if (count > 0)
-                found = segments[i].begin + step * perStep + positions[0];
+                found = segments[i].begin + quint64(step) * perStep + positions[0];
             return !found && goesOn();
         };
         segment.scan(
@@ -79,7 +79,7 @@ std::optional<quint64> Searching::lastIn(const TraceSnapshot::Placed &placed,
     std::optional<quint64> found;
     const auto take = [&](quint32 step, const quint16 *positions, int count) {
         if (count > 0)
-            found = placed.begin + step * perStep + positions[count - 1];
+            found = placed.begin + quint64(step) * perStep + positions[count - 1];
         return true;
     };
     for (quint32 end = span.end; end > span.begin && !found && goesOn();) {
@@ -100,7 +100,7 @@ std::optional<quint64> Searching::changed(quint64 begin, quint64 end, bool wants
             break;
         const auto take = [&](quint32 step, const quint16 *positions, int count) {
             for (int i = 0; i < count && !(found && wantsFirst); ++i) {
-                const quint64 position = placed.begin + step * perStep + positions[i];
+                const quint64 position = placed.begin + quint64(step) * perStep + positions[i];
                 if (position >= begin)
                     found = position;
             }
@@ -130,7 +130,7 @@ std::optional<quint64> Searching::positionOfNumber(const TraceSnapshot &snapshot
                                                 return message.messageNumber == number;
                                             });
             if (found != messages.end())
-                return placed.begin + step * perStep + quint64(found - messages.begin());
+                return placed.begin + quint64(step) * perStep + quint64(found - messages.begin());
         }
     }
     return {};
