@@ -261,7 +261,7 @@ public:
     qint64 bytesAt(qint64 offset) const { return begin + filled - offset; }
 
 private:
-    static constexpr qint64 usualSize = 1024 * 1024;
+    static constexpr qint64 usualSize = 1024LL * 1024;
 
     const ReadAt &read;
     const qint64 size; // of the directory

@@ -157,13 +157,13 @@ void FileSource::lookAtFolder(const QString &path)
     if (const auto identity = FileIdentity::ofAny(path))
         looked.insert(path, *identity);
     const QStringList files = ChunkListing::filesIn(path);
+    bool isAnyMissing = false;
     for (const QString &file : files) {
         lookAtFile(file);
-        known[file].isOfFolder = true;
+        Chunk &chunk = known[file];
+        chunk.isOfFolder = true;
+        isAnyMissing = isAnyMissing || !chunk.isRead;
     }
-    bool isAnyMissing = false;
-    for (const QString &file : files)
-        isAnyMissing = isAnyMissing || !known[file].isRead;
     if (isAnyMissing)
         readDirectory(path + QLatin1Char('/'));
 }
@@ -268,7 +268,8 @@ void FileSource::sortIntoRuns()
     missing.clear();
     for (const Run &run : runs) {
         for (const QString &name : run.chunks) {
-            if (!known[name].isRead && !known[name].isTaken)
+            const Chunk &chunk = known[name];
+            if (!chunk.isRead && !chunk.isTaken)
                 missing.push_back(name);
         }
     }

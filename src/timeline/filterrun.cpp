@@ -78,8 +78,6 @@ void FilterRun::takeOver(std::vector<Part> &before)
             continue;
         const SharedSegment segment = part.segment;
         part = std::move(*old++);
-        if (part.segment != segment)
-            part.ends = {};
         part.segment = segment;
         part.isGone = false;
     }
