@@ -21,13 +21,11 @@ std::vector<CAN::CanRxMessage> messagesWith(int keys)
     constexpr int lines = 4;
     std::vector<CAN::CanRxMessage> all;
     quint32 random = 1;
-    for (int i = 0; i < messages; ++i) {
+    for (CAN::CanRxMessage message : generateTraffic(messages)) {
         random = random * 1664525u + 1013904223u;
-        CAN::CanRxMessage message = benchTraffic().at(i % benchTraffic().size());
         const auto key = int(random >> 8) % keys;
         message.id = 0x100 + quint32(key / lines) * 3;
         message.line = quint16(key % lines);
-        message.messageNumber = quint32(i);
         all.push_back(message);
     }
     return all;

@@ -19,4 +19,4 @@ if [ ! -e "$folder/tmpData0.dck" ]; then
     build/release/bench/datachunk-generate folder "$messages" "$folder"
 fi
 DATACHUNK_BENCH_FOLDER=$folder build/release/bench/datachunk-bench \
-    --benchmark_filter='^(timeline|encodeMessages|indexRecords)' --benchmark_counters_tabular=false
+    --benchmark_filter='^(timeline|encodeMessages|indexRecords)'
