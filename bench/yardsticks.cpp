@@ -93,3 +93,17 @@ void writePlain(const QString &fileName, qint64 bytes)
     for (; bytes > 0; bytes -= blockSize)
         file.write(block.data(), qMin<qint64>(bytes, blockSize));
 }
+
+qint64 readPlain(const QStringList &fileNames)
+{
+    static std::vector<char> buffer(8 * 1024 * 1024);
+    qint64 bytes = 0;
+    for (const QString &fileName : fileNames) {
+        QFile file(fileName);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+            qFatal("cannot read %s", qPrintable(fileName));
+        for (qint64 got = 1; got > 0; bytes += std::max<qint64>(got, 0))
+            got = file.read(buffer.data(), qint64(buffer.size()));
+    }
+    return bytes;
+}

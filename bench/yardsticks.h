@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// What a benchmark is measured against in the same process: work that cannot be done in less.
 
@@ -16,3 +17,6 @@ void turnEvents(int count);
 
 /// Writes so many bytes with plain write() in blocks.
 void writePlain(const QString &fileName, qint64 bytes);
+
+/// Reads all bytes of the files with read(2) into one buffer of 8 MiB; returns their number.
+qint64 readPlain(const QStringList &fileNames);

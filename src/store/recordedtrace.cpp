@@ -87,10 +87,28 @@ QHash<QString, DirectoryEntry> directoryOf(const QString &folder)
 SharedSnapshot StoreSource::refresh()
 {
     const MutexLock locker(mutex);
-    const auto state = recorded->state(generation, dropped + parts.size());
-    if (!state)
-        return snapshot;
-    takeOver(*state);
+    const auto now = recorded->state(generation, dropped + parts.size());
+    hasTrace = now.has_value();
+    if (now && !isShown(*now))
+        show(*now);
+    return snapshot;
+}
+
+// A buffer that is still to be saved is looked at again, and whether the oldest is still there.
+bool StoreSource::isShown(const RecordedTrace::State &state) const
+{
+    return generation == state.generation && state.rotated.empty()
+        && std::all_of(parts.begin(), parts.end(), [](const Part &part) { return part.isFinal; })
+        && (parts.empty() || QFile::exists(parts.front().fileName))
+        && state.live.size() == liveIndexed
+        && (liveIndexed == 0 || state.live.at(0).messageNumber == liveFirst)
+        && state.liveMarks.notes == liveMarks.notes
+        && state.liveMarks.bookmarks == liveMarks.bookmarks;
+}
+
+void StoreSource::show(const RecordedTrace::State &state)
+{
+    takeOver(state);
     dropGone();
     auto now = std::make_shared<TraceSnapshot>();
     now->setEpoch(generation);
@@ -106,10 +124,12 @@ SharedSnapshot StoreSource::refresh()
         if (part.segment)
             place(part.rotated.firstNumber, part.segment);
     }
-    if (!state->live.isEmpty())
-        place(state->live.at(0).messageNumber, liveSegment(*state));
+    if (state.live.isEmpty())
+        liveIndexed = 0;
+    else
+        place(state.live.at(0).messageNumber, liveSegment(state));
+    liveMarks = state.liveMarks;
     snapshot = now;
-    return snapshot;
 }
 
 void StoreSource::takeOver(const RecordedTrace::State &state)
@@ -117,6 +137,7 @@ void StoreSource::takeOver(const RecordedTrace::State &state)
     if (generation != state.generation) {
         parts.clear();
         dropped = 0;
+        liveIndexed = 0;
     }
     generation = state.generation;
     for (const RecordedTrace::Rotated &rotated : state.rotated)
@@ -161,7 +182,7 @@ void StoreSource::update(Part &part, Directory &directory)
 SharedSegment StoreSource::liveSegment(const RecordedTrace::State &state)
 {
     const quint32 first = state.live.at(0).messageNumber;
-    if (!liveIndexer || first != liveFirst || state.live.size() < liveIndexed) {
+    if (liveIndexed == 0 || first != liveFirst || state.live.size() < liveIndexed) {
         liveIndexer = std::make_unique<ChunkIndexer>(ChunkFormat::currentVersion, 0);
         liveFirst = first;
         liveIndexed = 0;

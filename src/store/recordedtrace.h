@@ -7,6 +7,7 @@
 
 #include <QHash>
 
+#include <atomic>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -68,6 +69,7 @@ public:
 
     SharedSnapshot refresh() override EXCLUDES(mutex);
     bool isComplete() const override { return true; }
+    bool mayChange() const override { return hasTrace; }
     QStringList problems() const override { return {}; }
 
 private:
@@ -86,9 +88,12 @@ private:
     void takeOver(const RecordedTrace::State &state) REQUIRES(mutex);
     void dropGone() REQUIRES(mutex);
     void update(Part &part, Directory &directory) REQUIRES(mutex);
+    bool isShown(const RecordedTrace::State &state) const REQUIRES(mutex);
+    void show(const RecordedTrace::State &state) REQUIRES(mutex);
     SharedSegment liveSegment(const RecordedTrace::State &state) REQUIRES(mutex);
 
     const std::shared_ptr<RecordedTrace> recorded;
+    std::atomic<bool> hasTrace{true};
     Mutex mutex;
     quint32 generation GUARDED_BY(mutex) = 0;
     std::deque<Part> parts GUARDED_BY(mutex);
@@ -96,5 +101,6 @@ private:
     std::unique_ptr<ChunkIndexer> liveIndexer GUARDED_BY(mutex);
     quint32 liveFirst GUARDED_BY(mutex) = 0; // number of the first message that it has
     int liveIndexed GUARDED_BY(mutex) = 0;   // messages that it has
+    TraceNotes::Marks liveMarks GUARDED_BY(mutex);
     SharedSnapshot snapshot GUARDED_BY(mutex) = std::make_shared<TraceSnapshot>();
 };

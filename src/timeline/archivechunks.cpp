@@ -47,6 +47,14 @@ QString ArchiveChunks::nameOf(std::size_t chunk) const
     return Damage::entryName(all[chunk].entry.name, reader.fileName());
 }
 
+QString ArchiveChunks::damageOf(std::size_t chunk, const Zip::EntryDevice &content,
+                                qint64 messages) const
+{
+    return content.isDamaged()
+        ? ChunkArchive::damageOf(reader, all[chunk], content, Damage::messagesRead(messages))
+        : QString();
+}
+
 bool ArchiveChunks::readWith(std::size_t chunk, const std::function<void(Zip::EntryDevice &)> &read,
                              const KeepGoing &keepGoing)
 {
@@ -102,8 +110,12 @@ IndexedChunk ArchiveChunkBytes::index(const KeepGoing &keepGoing) const
     const auto read = [&](Zip::EntryDevice &content) {
         // What damage cuts short is no record.
         indexed = indexChunk(content, bounds, [&content] { return content.isDamaged(); });
+        indexed.damage = archive->damageOf(chunk, content, indexed.index.count);
     };
-    if (!withinMemory([&] { archive->readWith(chunk, read, keepGoing); }))
+    bool isOpen = true;
+    if (!withinMemory([&] { isOpen = archive->readWith(chunk, read, keepGoing); }))
         indexed.result = Outcome::TooLarge;
+    if (!isOpen)
+        indexed.damage = Damage::notOpened(name());
     return indexed;
 }

@@ -22,6 +22,8 @@ public:
     /// All of them, in order of their start.
     const std::vector<ChunkArchive::Chunk> &chunks() const { return all; }
     QString nameOf(std::size_t chunk) const;
+    /// What is wrong with a chunk whose content has been read to its end, but for the chunk itself.
+    QString damageOf(std::size_t chunk, const Zip::EntryDevice &content, qint64 messages) const;
 
     std::shared_ptr<const ChunkHandle> open(std::size_t chunk) EXCLUDES(mutex);
     bool readWith(std::size_t chunk, const std::function<void(Zip::EntryDevice &)> &read,

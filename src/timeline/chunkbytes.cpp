@@ -22,7 +22,7 @@ ChunkHandle::~ChunkHandle()
     close(descriptor);
 }
 
-qint64 ChunkHandle::readSome(char *to, qint64 offset, qint64 size) const
+qint64 readSome(int descriptor, char *to, qint64 offset, qint64 size)
 {
     qint64 done = 0;
     while (done < size) {
@@ -35,6 +35,11 @@ qint64 ChunkHandle::readSome(char *to, qint64 offset, qint64 size) const
         done += got;
     }
     return done;
+}
+
+qint64 ChunkHandle::readSome(char *to, qint64 offset, qint64 size) const
+{
+    return ::readSome(descriptor, to, offset, size);
 }
 
 bool ChunkHandle::read(char *to, qint64 offset, qint64 size) const

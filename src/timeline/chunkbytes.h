@@ -9,6 +9,9 @@
 #include <memory>
 #include <optional>
 
+/// Reads as many bytes of an open file as can be had; their number.
+qint64 readSome(int descriptor, char *to, qint64 offset, qint64 size);
+
 /// An open file for reading at any place. Any thread.
 class ChunkHandle
 {

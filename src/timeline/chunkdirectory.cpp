@@ -1,5 +1,6 @@
 #include "chunkdirectory.h"
 
+#include "chunkbytes.h"
 #include "directoryformat.h"
 #include "fileerrors.h"
 #include "uninterrupted.h"
@@ -41,28 +42,20 @@ bool writeAll(int handle, const QByteArray &bytes)
     return true;
 }
 
-// As much as there is of the first \a size bytes.
-QByteArray readFrom(int handle, qint64 size)
+QByteArray readHead(int handle)
 {
-    QByteArray bytes(int(size), Qt::Uninitialized);
-    qint64 done = 0;
-    while (done < size) {
-        const auto got = pread(handle, bytes.data() + done, std::size_t(size - done), done);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got <= 0)
-            break;
-        done += got;
-    }
-    bytes.truncate(int(done));
+    QByteArray bytes(DirectoryFormat::headSize, Qt::Uninitialized);
+    bytes.truncate(int(readSome(handle, bytes.data(), 0, bytes.size())));
     return bytes;
 }
 
-QByteArray readWhole(int handle)
+std::vector<DirectoryEntry> entriesIn(int handle)
 {
     const auto file = FileIdentity::of(handle);
-    return file && file->size <= DirectoryFormat::mostBytes ? readFrom(handle, file->size)
-                                                            : QByteArray();
+    const auto read = [handle](char *to, qint64 offset, qint64 size) {
+        return readSome(handle, to, offset, size);
+    };
+    return DirectoryFormat::entries(read, file ? file->size : 0, DirectoryFormat::ownKey());
 }
 
 // Waits for others, who take a moment, but not for one who has been stopped with the lock.
@@ -155,7 +148,7 @@ bool Locked::append(const QByteArray &bytes, qint64 size) const
 
 std::vector<DirectoryEntry> Locked::current() const
 {
-    auto entries = DirectoryFormat::entries(readWhole(handle), key);
+    auto entries = entriesIn(handle);
     const auto isSuperseded = [this](const DirectoryEntry &entry) {
         const auto now = FileIdentity::of(folder + QLatin1Char('/') + entry.name);
         return !now || !describes(entry, *now);
@@ -174,8 +167,7 @@ bool Locked::add(const DirectoryEntry &entry) const
         return false;
     if (file->size == 0)
         return append(DirectoryFormat::head(0, key) + bytes, 0);
-    const auto compact =
-        DirectoryFormat::compactBytes(readFrom(handle, DirectoryFormat::headSize), key);
+    const auto compact = DirectoryFormat::compactBytes(readHead(handle), key);
     const qint64 most = compact ? qMin(2 * *compact + small, DirectoryFormat::mostBytes) : 0;
     if (file->size + bytes.size() <= most)
         return append(bytes, file->size);
@@ -235,8 +227,7 @@ std::vector<DirectoryEntry> read(const QString &folder)
     const int handle = openFile(QFile::encodeName(path(folder)), O_RDONLY);
     if (handle < 0)
         return entries;
-    const bool isRead = withinMemory(
-        [&] { entries = DirectoryFormat::entries(readWhole(handle), DirectoryFormat::ownKey()); });
+    const bool isRead = withinMemory([&] { entries = entriesIn(handle); });
     close(handle);
     return isRead ? std::move(entries) : std::vector<DirectoryEntry>();
 }

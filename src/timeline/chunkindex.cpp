@@ -1,5 +1,6 @@
 #include "chunkindex.h"
 
+#include <array>
 #include <numeric>
 #include <tuple>
 
@@ -9,35 +10,34 @@ bool operator==(const ChunkIndex &a, const ChunkIndex &b)
         return std::tie(i.version, i.recordsStart, i.recordsEnd, i.count, i.hasCutRecord,
                         i.firstNumber, i.numbersRise, i.timesRise, i.firstTime, i.lastTime,
                         i.minTime, i.maxTime, i.notes, i.bookmarks, i.hasAllKeys, i.lines,
-                        i.countsBefore);
-    };
-    const auto isSameKey = [](const ChunkIndex::Key &k, const ChunkIndex::Key &l) {
-        return std::tie(k.frame, k.count, k.first, k.last)
-            == std::tie(l.frame, l.count, l.first, l.last);
+                        i.countsBefore, i.keys);
     };
     const auto isSameStep = [](const ChunkIndex::Step &s, const ChunkIndex::Step &t) {
         return std::tie(s.offset, s.time, s.maxTime) == std::tie(t.offset, t.time, t.maxTime);
     };
     return plain(a) == plain(b)
-        && std::equal(a.keys.begin(), a.keys.end(), b.keys.begin(), b.keys.end(), isSameKey)
         && std::equal(a.steps.begin(), a.steps.end(), b.steps.begin(), b.steps.end(), isSameStep);
 }
 
 namespace {
 
+// Sound keys are the rule, so that all of them are looked at without a jump for each.
 bool keysAreSound(const ChunkIndex &index)
 {
+    const ChunkKeys &keys = index.keys;
+    std::array<bool, 256> occurs{};
+    for (const quint8 line : index.lines)
+        occurs[line] = true;
     quint64 counted = 0;
-    for (std::size_t i = 0; i < index.keys.size(); ++i) {
-        const ChunkIndex::Key &key = index.keys[i];
-        if (key.count == 0 || key.first > key.last || key.last >= index.count
-            || key.last - key.first + 1 < key.count
-            || (i > 0 && index.keys[i - 1].frame.value() >= key.frame.value())
-            || !std::binary_search(index.lines.begin(), index.lines.end(), key.frame.line()))
-            return false;
-        counted += key.count;
+    bool isSound = keys.frames->size() == keys.size();
+    for (std::size_t i = 0; i < keys.size() && isSound; ++i) {
+        const quint32 count = keys.counts[i];
+        isSound = (count > 0) & (keys.firsts[i] <= keys.lasts[i]) & (keys.lasts[i] < index.count)
+            & (keys.lasts[i] - keys.firsts[i] >= count - 1) & occurs[keys.frame(i).line()]
+            & (i == 0 || keys.frame(i - 1).value() < keys.frame(i).value());
+        counted += count;
     }
-    return counted == (index.hasAllKeys ? index.count : 0);
+    return isSound && counted == (index.hasAllKeys ? index.count : 0);
 }
 
 bool stepsAreSound(const ChunkIndex &index)
@@ -110,95 +110,47 @@ bool ChunkIndex::isSound(qint64 fileSize) const
 }
 
 ChunkIndexer::ChunkIndexer(quint32 version, qint64 recordsStart)
-    : hasLine(version >= ChunkFormat::lineFieldSince), table(std::size_t(1) << firstBits),
-      shift(64 - firstBits)
+    : hasLine(version >= ChunkFormat::lineFieldSince)
 {
     index.version = version;
     index.recordsStart = index.recordsEnd = recordsStart;
-}
-
-// The slot of the key, or the free one where it belongs.
-ChunkIndexer::Slot *ChunkIndexer::probe(quint64 value)
-{
-    std::size_t at = slotOf(value);
-    while (table[at].key != 0 && table[at].key != value + 1)
-        at = (at + 1) % table.size();
-    return &table[at];
-}
-
-// Null when there are too many different keys.
-ChunkIndexer::Slot *ChunkIndexer::findSlot(quint64 value)
-{
-    if (!index.hasAllKeys)
-        return nullptr;
-    Slot *slot = probe(value);
-    if (slot->key != 0)
-        return slot;
-    if (usedSlots == ChunkIndex::mostKeys) {
-        index.hasAllKeys = false;
-        table.assign(2, {});
-        shift = 63;
-        return nullptr;
-    }
-    if (2 * ++usedSlots > table.size()) {
-        grow();
-        slot = probe(value);
-    }
-    *slot = {value + 1, 0, index.count, index.count};
-    return slot;
-}
-
-void ChunkIndexer::grow()
-{
-    std::vector<Slot> old(2 * table.size());
-    old.swap(table);
-    --shift;
-    for (const Slot &slot : old) {
-        if (slot.key != 0)
-            *probe(slot.key - 1) = slot;
-    }
 }
 
 void ChunkIndexer::beginStep(qint64 time, quint32 number)
 {
     if (index.count == 0) {
         index.firstNumber = number;
-        index.firstTime = index.lastTime = time;
+        index.firstTime = index.lastTime = index.minTime = index.maxTime = time;
     } else {
         index.steps.back().maxTime = index.maxTime;
     }
     index.steps.push_back({index.recordsEnd, time, 0});
-    countsBefore.push_back(counts);
+    countsBefore.push_back(keys.countsSoFar());
 }
 
-void ChunkIndexer::finishKeys()
+// A time below the highest one.
+void ChunkIndexer::addEarlier(qint64 time)
 {
-    if (!index.hasAllKeys)
-        return;
-    index.keys.reserve(usedSlots);
-    for (const Slot &slot : table) {
-        if (slot.key != 0)
-            index.keys.push_back({FrameKey(slot.key - 1), slot.count, slot.first, slot.last});
-    }
-    std::sort(index.keys.begin(), index.keys.end(),
-              [](const ChunkIndex::Key &a, const ChunkIndex::Key &b) {
-                  return a.frame.value() < b.frame.value();
-              });
+    index.timesRise = index.timesRise && time >= index.lastTime;
+    index.lastTime = time;
+    index.minTime = std::min(index.minTime, time);
 }
 
 ChunkIndex ChunkIndexer::finish()
 {
-    finishKeys();
-    for (std::size_t line = 0; line < errors; ++line) {
+    const KeyTable::Counts &counts = keys.countsSoFar();
+    for (std::size_t line = 0; line < KeyTable::errors; ++line) {
         if (counts[line] != 0)
             index.lines.push_back(quint8(line));
     }
-    for (const Counts &before : countsBefore) {
+    for (const KeyTable::Counts &before : countsBefore) {
         for (const quint8 line : index.lines)
             index.countsBefore.push_back(before[line]);
-        index.countsBefore.push_back(before[errors]);
+        index.countsBefore.push_back(before[KeyTable::errors]);
     }
     if (index.count > 0)
         index.steps.back().maxTime = index.maxTime;
+    index.hasAllKeys = keys.hasAll();
+    index.keys = keys.take();
     return std::move(index);
 }

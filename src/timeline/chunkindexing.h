@@ -12,6 +12,7 @@ struct IndexedChunk
     ChunkIndex index;                          ///< where it is done
     ChunkReading::Front front;                 ///< with the notes and bookmarks
     ChunkFormat::RecordsEnd end;
+    QString damage; ///< of the archive that it is in, a sentence; mostly empty
 };
 
 /// Reads a chunk from its start to its end. What cannot be read of it is left out, as loading it

@@ -134,11 +134,13 @@ void putFixed(Writer &out, const Counts &counts, const DirectoryEntry &entry)
 void putLists(Writer &out, const ChunkIndex &index)
 {
     out.putBytes(index.lines.data(), int(index.lines.size()));
-    for (const ChunkIndex::Key &key : index.keys) {
-        out.put(key.frame.id());
-        out.put(key.frame.line());
-        out.put(key.frame.kind());
-        for (const quint32 value : {key.count, key.first, key.last})
+    for (std::size_t i = 0; i < index.keys.size(); ++i) {
+        const FrameKey frame = index.keys.frame(i);
+        out.put(frame.id());
+        out.put(frame.line());
+        out.put(frame.kind());
+        for (const quint32 value :
+             {index.keys.counts[i], index.keys.firsts[i], index.keys.lasts[i]})
             out.put(value);
     }
     for (const ChunkIndex::Step &step : index.steps) {
@@ -196,23 +198,22 @@ bool readName(const char *&from, quint32 size, QString &name)
         && bytes != "." && bytes != "..";
 }
 
-ChunkIndex::Key readKey(const char *&from)
+void readKeys(const char *&from, quint32 count, ChunkKeys &keys, Frames &frames)
 {
-    const auto id = get<quint32>(from);
-    const auto line = get<quint8>(from);
-    const auto kind = get<quint8>(from);
-    const auto count = get<quint32>(from);
-    const auto first = get<quint32>(from);
-    return {{id, line, kind}, count, first, get<quint32>(from)};
+    frames.resize(count);
+    keys.resize(count);
+    for (quint32 i = 0; i < count; ++i) {
+        const auto id = get<quint32>(from);
+        const auto line = get<quint8>(from);
+        frames[i] = {id, line, get<quint8>(from)};
+        keys.counts[i] = get<quint32>(from);
+        keys.firsts[i] = get<quint32>(from);
+        keys.lasts[i] = get<quint32>(from);
+    }
 }
 
 void readLists(const char *&from, const Counts &counts, ChunkIndex &index)
 {
-    index.lines.assign(from, from + counts.lines);
-    from += counts.lines;
-    index.keys.reserve(counts.keys);
-    for (quint32 i = 0; i < counts.keys; ++i)
-        index.keys.push_back(readKey(from));
     index.steps.resize(counts.steps);
     for (ChunkIndex::Step &step : index.steps) {
         for (qint64 *value : {&step.offset, &step.time, &step.maxTime})
@@ -223,8 +224,15 @@ void readLists(const char *&from, const Counts &counts, ChunkIndex &index)
         count = get<quint32>(from);
 }
 
+/// What several entries have in common, and what is used for one after the other.
+struct Common
+{
+    FramePool pool;
+    Frames frames;
+};
+
 // False when the payload is no entry; nothing is made room for that is not there.
-bool readPayload(const char *from, quint32 size, DirectoryEntry &entry)
+bool readPayload(const char *from, quint32 size, DirectoryEntry &entry, Common &common)
 {
     if (size < fixedSize)
         return false;
@@ -232,17 +240,56 @@ bool readPayload(const char *from, quint32 size, DirectoryEntry &entry)
     if (counts.payloadBytes() != size || counts.lines > mostLines || !readFixed(from, entry)
         || !readName(from, counts.nameBytes, entry.name))
         return false;
+    entry.index.lines.assign(from, from + counts.lines);
+    from += counts.lines;
+    readKeys(from, counts.keys, entry.index.keys, common.frames);
+    entry.index.keys.frames = common.pool.share(common.frames);
     readLists(from, counts, entry.index);
     return entry.index.isSound(entry.file.size);
+}
+
+/// The part of a directory that is in memory.
+class Window
+{
+public:
+    Window(const ReadAt &read, qint64 size) : read(read), size(size) { }
+
+    /// The bytes from \a offset on, at least \a bytes of them, until the next call; null where
+    /// there are fewer.
+    const char *at(qint64 offset, qint64 bytes);
+    /// How many there are.
+    qint64 bytesAt(qint64 offset) const { return begin + filled - offset; }
+
+private:
+    static constexpr qint64 usualSize = 1024LL * 1024;
+
+    const ReadAt &read;
+    const qint64 size; // of the directory
+    QByteArray buffer;
+    qint64 begin = 0;
+    qint64 filled = 0;
+};
+
+const char *Window::at(qint64 offset, qint64 bytes)
+{
+    if (offset + bytes > size)
+        return nullptr;
+    if (offset < begin || bytesAt(offset) < bytes) {
+        const qint64 wanted = std::min(std::max(bytes, usualSize), size - offset);
+        if (buffer.size() < wanted)
+            buffer = QByteArray(int(wanted), Qt::Uninitialized);
+        begin = offset;
+        filled = read(buffer.data(), offset, wanted);
+    }
+    return bytesAt(offset) < bytes ? nullptr : buffer.constData() + (offset - begin);
 }
 
 /// Goes through what lies behind the head of a directory.
 class Search
 {
 public:
-    Search(const QByteArray &bytes, quint64 key)
-        : at(bytes.constData() + headSize), end(bytes.constData() + bytes.size()), key(key),
-          mostInVain(4 * qint64(bytes.size()))
+    Search(const ReadAt &read, qint64 size, quint64 key)
+        : window(read, size), key(key), mostInVain(4 * size)
     {
     }
 
@@ -250,38 +297,46 @@ public:
     bool next(DirectoryEntry &entry);
 
 private:
-    bool findMark();
+    const char *findMark();
 
-    const char *at;
-    const char *const end;
+    Window window;
+    qint64 offset = headSize;
     const quint64 key;
     // Marks that promise much and hold nothing must not take for ever.
     qint64 mostInVain; // bytes
+    Common common;
 };
 
-bool Search::findMark()
+// Null at the end.
+const char *Search::findMark()
 {
-    const void *found = at < end ? memmem(at, std::size_t(end - at), mark, markSize) : nullptr;
-    at = found ? static_cast<const char *>(found) : end;
-    return end - at >= frontSize + sealSize;
+    while (const char *from = window.at(offset, frontSize + sealSize)) {
+        const qint64 bytes = window.bytesAt(offset);
+        const void *found = memmem(from, std::size_t(bytes), mark, markSize);
+        if (found == from)
+            return from;
+        offset += found ? static_cast<const char *>(found) - from : bytes - (markSize - 1);
+    }
+    return nullptr;
 }
 
 bool Search::next(DirectoryEntry &entry)
 {
-    while (mostInVain > 0 && findMark()) {
-        const char *const front = at;
+    while (mostInVain > 0) {
+        const char *front = findMark();
+        if (!front)
+            return false;
         const auto size = qFromLittleEndian<quint32>(front + markSize);
         const qint64 sealed = frontSize + qint64(size);
-        at += markSize;
-        if (end - front < sealed + sealSize)
-            continue;
-        if (!hasSeal(front, sealed, key)) {
-            mostInVain -= sealed;
+        front = size > mostPayloadBytes ? nullptr : window.at(offset, sealed + sealSize);
+        if (!front || !hasSeal(front, sealed, key)) {
+            mostInVain -= front ? sealed : 0;
+            offset += markSize;
             continue;
         }
-        at = front + sealed + sealSize;
+        offset += sealed + sealSize;
         entry = {};
-        if (readPayload(front + frontSize, size, entry))
+        if (readPayload(front + frontSize, size, entry, common))
             return true;
     }
     return false;
@@ -347,13 +402,15 @@ QByteArray framed(const QByteArray &payload, quint64 key)
     return out.sealed(key);
 }
 
-std::vector<DirectoryEntry> entries(const QByteArray &bytes, quint64 key)
+std::vector<DirectoryEntry> entries(const ReadAt &read, qint64 size, quint64 key)
 {
     std::vector<DirectoryEntry> all;
-    if (!compactBytes(bytes, key))
+    QByteArray front(headSize, Qt::Uninitialized);
+    front.truncate(int(read(front.data(), 0, std::min<qint64>(size, headSize))));
+    if (size > mostBytes || !compactBytes(front, key))
         return all;
     QHash<QString, std::size_t> places;
-    Search search(bytes, key);
+    Search search(read, size, key);
     for (DirectoryEntry entry; search.next(entry);) {
         const auto known = places.constFind(entry.name);
         if (known != places.constEnd()) {
@@ -364,6 +421,15 @@ std::vector<DirectoryEntry> entries(const QByteArray &bytes, quint64 key)
         all.push_back(std::move(entry));
     }
     return all;
+}
+
+std::vector<DirectoryEntry> entries(const QByteArray &bytes, quint64 key)
+{
+    const auto read = [&bytes](char *to, qint64 offset, qint64 size) {
+        std::memcpy(to, bytes.constData() + offset, std::size_t(size));
+        return size;
+    };
+    return entries(read, bytes.size(), key);
 }
 
 } // namespace DirectoryFormat

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -34,8 +35,14 @@ QByteArray encoded(const DirectoryEntry &entry, quint64 key);
 /// An entry with any \a payload, whole as far as its seal can tell.
 QByteArray framed(const QByteArray &payload, quint64 key);
 
-/// The entries in the directory \a bytes that are whole and sound, of equal names the last one.
-/// None when it has no head.
+/// Reads bytes of a directory from an offset in front of its end, and returns how many it could.
+using ReadAt = std::function<qint64(char *to, qint64 offset, qint64 size)>;
+
+/// The entries in a directory of \a size bytes that are whole and sound, of equal names the last
+/// one. None when it has no head. The directory is read from its start to its end, about 1 MiB at
+/// once.
+std::vector<DirectoryEntry> entries(const ReadAt &read, qint64 size, quint64 key);
+/// The same for one in memory.
 std::vector<DirectoryEntry> entries(const QByteArray &bytes, quint64 key);
 
 } // namespace DirectoryFormat

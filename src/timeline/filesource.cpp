@@ -6,7 +6,9 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <map>
 
@@ -19,6 +21,8 @@ QString tr(const char *text)
 
 QString problemOf(const QString &name, const IndexedChunk &chunk)
 {
+    if (!chunk.damage.isEmpty())
+        return chunk.damage;
     switch (chunk.result) {
     case Outcome::Done:
         // An empty file is a chunk of nothing.
@@ -55,10 +59,19 @@ qint64 firstTimeOf(const ChunkBytes &bytes)
     return time;
 }
 
+// Chunks are known by names that do not end in two slashes.
+QStringList cleaned(QStringList paths)
+{
+    for (QString &path : paths)
+        path = QDir::cleanPath(path);
+    return paths;
+}
+
 } // namespace
 
 FileSource::FileSource(const QStringList &paths)
-    : paths(paths), snapshot(std::make_shared<TraceSnapshot>()), reader([this] { readMissing(); })
+    : paths(cleaned(paths)), snapshot(std::make_shared<TraceSnapshot>()),
+      readers([this] { readMissing(); })
 {
     refresh();
 }
@@ -90,7 +103,7 @@ SharedSnapshot FileSource::refresh()
             publish();
         }
     }
-    if (!isComplete() && !reader.wake())
+    if (!isComplete() && !readers.wake())
         readMissing();
     const MutexLock locker(mutex);
     return snapshot;
@@ -122,15 +135,21 @@ void FileSource::look()
     looked.clear();
     for (Chunk &chunk : known)
         chunk.isGone = true;
+    QSet<QString> foldersOfFiles; // with the slash behind
     for (const QString &path : paths) {
         const QFileInfo info(path);
-        if (info.isDir())
+        if (info.isDir()) {
             lookAtFolder(path);
-        else if (ChunkListing::isArchive(path))
+        } else if (ChunkListing::isArchive(path)) {
             lookAtArchive(path);
-        else
+        } else {
             lookAtFile(path);
+            if (!known[path].isRead)
+                foldersOfFiles.insert(path.left(path.lastIndexOf(QLatin1Char('/')) + 1));
+        }
     }
+    for (const QString &folder : qAsConst(foldersOfFiles))
+        readDirectory(folder);
 }
 
 void FileSource::lookAtFolder(const QString &path)
@@ -138,24 +157,27 @@ void FileSource::lookAtFolder(const QString &path)
     if (const auto identity = FileIdentity::ofAny(path))
         looked.insert(path, *identity);
     const QStringList files = ChunkListing::filesIn(path);
+    bool isAnyMissing = false;
     for (const QString &file : files) {
         lookAtFile(file);
-        known[file].isOfFolder = true;
+        Chunk &chunk = known[file];
+        chunk.isOfFolder = true;
+        isAnyMissing = isAnyMissing || !chunk.isRead;
     }
-    bool isAnyMissing = false;
-    for (const QString &file : files)
-        isAnyMissing = isAnyMissing || !known[file].isRead;
     if (isAnyMissing)
-        readDirectory(path);
+        readDirectory(path + QLatin1Char('/'));
 }
 
+// Of a folder whose name ends in a slash, or has none for the current one.
 void FileSource::readDirectory(const QString &folder)
 {
-    for (DirectoryEntry &entry : ChunkDirectory::read(folder)) {
-        const auto chunk = known.find(folder + QLatin1Char('/') + entry.name);
+    for (DirectoryEntry &entry :
+         ChunkDirectory::read(folder.isEmpty() ? QStringLiteral(".") : folder)) {
+        const auto chunk = known.find(folder + entry.name);
         if (chunk == known.end() || chunk->isRead || !describes(entry, chunk->identity))
             continue;
         chunk->isRead = true;
+        pool.share(entry.index.keys);
         chunk->segment = std::make_shared<ChunkSegment>(chunk->bytes, std::move(entry.index));
     }
 }
@@ -246,42 +268,51 @@ void FileSource::sortIntoRuns()
     missing.clear();
     for (const Run &run : runs) {
         for (const QString &name : run.chunks) {
-            if (!known[name].isRead)
+            const Chunk &chunk = known[name];
+            if (!chunk.isRead && !chunk.isTaken)
                 missing.push_back(name);
         }
     }
 }
 
-std::shared_ptr<const ChunkBytes> FileSource::nextMissing()
+std::optional<FileSource::Task> FileSource::nextMissing()
 {
     const MutexLock locker(workMutex);
-    return missing.empty() ? nullptr : known[missing.front()].bytes;
+    if (missing.empty() || stopping)
+        return {};
+    Chunk &chunk = known[missing.front()];
+    chunk.isTaken = true;
+    Task task{missing.front(), chunk.bytes};
+    missing.pop_front();
+    return task;
 }
 
 void FileSource::readMissing()
 {
-    while (const auto bytes = stopping ? nullptr : nextMissing()) {
-        const IndexedChunk indexed = bytes->index([this] { return !stopping.load(); });
+    while (const auto task = nextMissing()) {
+        IndexedChunk indexed = task->bytes->index([this] { return !stopping.load(); });
         if (indexed.result != Outcome::GivenUp)
-            take(bytes, indexed);
+            take(*task, std::move(indexed));
     }
 }
 
-void FileSource::take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
+void FileSource::take(const Task &task, IndexedChunk indexed)
 {
     constexpr int millisecondsBetweenPublications = 20;
     const MutexLock locker(workMutex);
+    Chunk &chunk = known[task.chunk];
     // It may have been found in another state meanwhile.
-    if (missing.empty() || known[missing.front()].bytes != bytes)
+    if (chunk.bytes != task.bytes)
         return;
-    Chunk &chunk = known[missing.front()];
-    missing.pop_front();
+    chunk.isTaken = false;
     chunk.isRead = true;
-    chunk.problem = problemOf(bytes->name(), indexed);
+    chunk.problem = problemOf(task.bytes->name(), indexed);
     chunk.segment.reset();
     if (indexed.result == Outcome::Done) {
-        chunk.segment = std::make_shared<ChunkSegment>(bytes, indexed.index);
-        if (chunk.isOfFolder)
+        pool.share(indexed.index.keys);
+        chunk.segment = std::make_shared<ChunkSegment>(task.bytes, std::move(indexed.index));
+        // A damaged one is read again, so that its damage is told again.
+        if (chunk.isOfFolder && chunk.problem.isEmpty())
             keepInDirectory(chunk);
     }
     if (!missing.empty() && !nextPublication.hasExpired())

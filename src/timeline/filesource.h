@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archivechunks.h"
-#include "backgroundthread.h"
+#include "backgroundthreads.h"
 #include "chunklisting.h"
 #include "tracesource.h"
 
@@ -10,8 +10,8 @@
 #include <atomic>
 #include <deque>
 
-/// Chunk files, folders of them and archives as one trace. What no directory tells of is read on a
-/// thread of its own, one chunk after the other.
+/// Chunk files, folders of them and archives as one trace. What no directory tells of is read on
+/// threads of its own, a chunk on each, and is shown in order.
 class FileSource : public TraceSource
 {
 public:
@@ -33,12 +33,19 @@ private:
         std::shared_ptr<const ChunkBytes> bytes;
         quint64 lineage = 0;   ///< the same as long as the file only grows
         SharedSegment segment; ///< null as long as it is not read, and where that failed
+        bool isTaken = false;  ///< by a thread that reads it
         bool isRead = false;
         bool isOfFolder = false; ///< whose directory is ours to keep
         bool isGone = false;
         QString problem;
     };
     using Chunks = QHash<QString, Chunk>; ///< by a name of its own for each
+    /// A chunk to be read.
+    struct Task
+    {
+        QString chunk; ///< its name
+        std::shared_ptr<const ChunkBytes> bytes;
+    };
     /// One after the other, and what they are sorted by together.
     struct Run
     {
@@ -54,10 +61,9 @@ private:
     void lookAtArchive(const QString &path) REQUIRES(workMutex);
     void add(const QString &name, Chunk chunk) REQUIRES(workMutex);
     void sortIntoRuns() REQUIRES(workMutex);
-    std::shared_ptr<const ChunkBytes> nextMissing() EXCLUDES(workMutex);
+    std::optional<Task> nextMissing() EXCLUDES(workMutex);
     void readMissing() EXCLUDES(workMutex, mutex);
-    void take(const std::shared_ptr<const ChunkBytes> &bytes, const IndexedChunk &indexed)
-        EXCLUDES(workMutex, mutex);
+    void take(const Task &task, IndexedChunk indexed) EXCLUDES(workMutex, mutex);
     static void keepInDirectory(const Chunk &chunk);
     void publish() REQUIRES(workMutex) EXCLUDES(mutex);
 
@@ -66,12 +72,13 @@ private:
 
     Mutex workMutex; // held by whoever looks for chunks, but not while one is read
     Chunks known GUARDED_BY(workMutex);
+    FramePool pool GUARDED_BY(workMutex); // of the keys of all chunks
     std::vector<Run> runs GUARDED_BY(workMutex);
     quint64 lastLineage GUARDED_BY(workMutex) = 0;
     // Which files stand at which positions, as far as that was told.
     std::vector<std::pair<quint64, quint64>> published GUARDED_BY(workMutex);
     quint32 epoch GUARDED_BY(workMutex) = 0;
-    std::deque<QString> missing GUARDED_BY(workMutex); // not read yet, in order
+    std::deque<QString> missing GUARDED_BY(workMutex); // nobody reads them yet; in order
     QDeadlineTimer nextPublication GUARDED_BY(workMutex);
     QHash<QString, FileIdentity> looked GUARDED_BY(workMutex); // paths, as they were
 
@@ -80,5 +87,5 @@ private:
     QStringList told GUARDED_BY(mutex);
     bool complete GUARDED_BY(mutex) = false;
 
-    BackgroundThread reader; // last, so that it ends first
+    BackgroundThreads readers; // last, so that they end first
 };

@@ -1,6 +1,6 @@
 #include "filterrun.h"
 
-#include <QThread>
+#include <numeric>
 
 namespace {
 
@@ -16,11 +16,8 @@ quint64 distance(quint64 a, quint64 b)
 FilterRun::FilterRun(std::shared_ptr<TraceTimeline::Data> data, const TraceExpression &expression,
                      quint64 focus)
     : data(std::move(data)), expression(expression), filter(filterOf(this->expression)),
-      inOrder(filter.needsChanged()), focus(focus)
+      inOrder(filter.needsChanged()), focus(focus), threads([this] { work(); }, inOrder ? 1 : 0)
 {
-    const int wanted = inOrder ? 1 : std::max(1, QThread::idealThreadCount());
-    for (int i = 0; i < wanted; ++i)
-        threads.push_back(std::make_unique<BackgroundThread>([this] { work(); }));
     follow();
 }
 
@@ -42,16 +39,7 @@ void FilterRun::follow()
         isOpen = std::any_of(parts.begin(), parts.end(),
                              [](const Part &part) { return !part.isDone(); });
     }
-    if (isOpen && !stopping)
-        wakeThreads();
-}
-
-void FilterRun::wakeThreads()
-{
-    bool anyWakes = false;
-    for (const auto &thread : threads)
-        anyWakes = thread->wake() || anyWakes;
-    if (!anyWakes)
+    if (isOpen && !stopping && !threads.wake())
         work();
 }
 
@@ -70,9 +58,10 @@ void FilterRun::followLocked(const SharedSnapshot &now)
     else
         ++generation;
     snapshot = now;
+    KeyCounter counter(filter);
     for (Part &part : parts) {
-        if (!part.hasSteps && !part.isTaken)
-            countByKeys(part);
+        if (!part.isTaken)
+            countByKeys(counter, part);
     }
 }
 
@@ -104,9 +93,12 @@ void FilterRun::takeOver(std::vector<Part> &before)
     }
 }
 
-void FilterRun::countByKeys(Part &part) const
+// Whether a message is changed may depend on one that other words of the expression refuse.
+void FilterRun::countByKeys(KeyCounter &counter, Part &part) const
 {
-    const FrameFilter::Count known = filter.count(part.segment->index(), part.segment->isChunk());
+    if (inOrder)
+        return;
+    const FrameFilter::Count known = counter.count(part.segment->index(), part.segment->isChunk());
     if (!known.isExact)
         return;
     part.done = part.segment->count();
@@ -149,7 +141,7 @@ bool FilterRun::next(Look &look)
     look.generation = generation;
     look.partBegin = part->begin;
     look.segment = part->segment;
-    look.begin = look.end = part->done;
+    look.begin = look.end = part->stepsDone;
     return true;
 }
 
@@ -162,58 +154,81 @@ void FilterRun::lookAt(Look &look)
     const TraceSegment &segment = *look.segment;
     const Notes notes = filter.needsNotes() ? segment.marks().notes : Notes();
     const auto takeStep = [&](quint32 step, const quint16 *positions, int count) {
+        look.positions.resize(step - look.begin / perStep);
         look.positions.emplace_back(positions, positions + count);
         look.end = std::min((step + 1) * perStep, segment.count());
         return !stopping;
     };
+    if (inOrder) {
+        look.isGone =
+            !segment.scan({filter, notes, &changes, look.begin, segment.count()}, takeStep);
+        return;
+    }
+    const KeyCounter::Span span = KeyCounter(filter).span(segment.index(), segment.isChunk());
     look.isGone = !segment.scan(
-        {filter, notes, inOrder ? &changes : nullptr, look.begin, segment.count()}, takeStep);
+        {filter, notes, nullptr, std::max(look.begin, span.begin), span.end}, takeStep);
+    if (!look.isGone && !stopping)
+        look.end = segment.count();
 }
 
-void FilterRun::take(Look &look)
+void FilterRun::take(const Look &look)
 {
     const MutexLock locker(mutex);
-    const auto part = std::find_if(parts.begin(), parts.end(), [&look](const Part &candidate) {
-        return candidate.begin == look.partBegin;
-    });
-    if (part == parts.end() || generation != look.generation || part->done != look.begin)
+    Part *part = partAt(look.partBegin);
+    if (!part || generation != look.generation)
         return;
     part->isTaken = false;
+    if (part->stepsDone != look.begin)
+        return;
     part->isGone = look.isGone;
-    part->hasSteps = true;
-    part->done = look.end;
+    addSteps(*part, look);
+    if (part->stepsDone >= part->done) {
+        part->done = part->stepsDone;
+        part->found = part->stepsFound;
+    }
+}
+
+void FilterRun::addSteps(Part &part, const Look &look)
+{
     std::size_t step = look.begin / perStep;
-    for (std::vector<quint16> &positions : look.positions) {
-        part->stepCounts.resize(std::max(part->stepCounts.size(), step + 1));
-        part->stepCounts[step] = quint16(part->stepCounts[step] + positions.size());
-        part->found += positions.size();
+    for (const std::vector<quint16> &positions : look.positions) {
+        part.stepCounts.resize(std::max(part.stepCounts.size(), step + 1));
+        part.stepCounts[step] = quint16(part.stepCounts[step] + positions.size());
+        part.stepsFound += positions.size();
         if (inOrder) {
-            part->positions.resize(part->stepCounts.size());
-            auto &all = part->positions[step];
+            part.positions.resize(part.stepCounts.size());
+            auto &all = part.positions[step];
             all.insert(all.end(), positions.begin(), positions.end());
         }
         ++step;
     }
+    part.stepsDone = look.end;
+}
+
+FilterRun::Found FilterRun::found()
+{
+    follow();
+    const MutexLock locker(mutex);
+    Found now{snapshot, generation, {}, 0, 0, true};
+    now.counts.reserve(parts.size());
+    for (const Part &part : parts) {
+        now.counts.push_back(part.found);
+        now.messages += part.segment->count();
+        now.messagesDone += part.isGone ? part.segment->count() : part.done;
+        now.isComplete = now.isComplete && part.isDone();
+    }
+    return now;
 }
 
 quint64 FilterRun::count()
 {
-    follow();
-    const MutexLock locker(mutex);
-    quint64 sum = 0;
-    for (const Part &part : parts)
-        sum += part.found;
-    return sum;
+    const Found now = found();
+    return std::accumulate(now.counts.begin(), now.counts.end(), Q_UINT64_C(0));
 }
 
 quint64 FilterRun::messagesDone()
 {
-    follow();
-    const MutexLock locker(mutex);
-    quint64 sum = 0;
-    for (const Part &part : parts)
-        sum += part.isGone ? part.segment->count() : part.done;
-    return sum;
+    return found().messagesDone;
 }
 
 quint64 FilterRun::messagesGone()
@@ -228,45 +243,62 @@ quint64 FilterRun::messagesGone()
 
 bool FilterRun::isComplete()
 {
-    follow();
-    const MutexLock locker(mutex);
-    return std::all_of(parts.begin(), parts.end(), [](const Part &part) { return part.isDone(); });
+    return found().isComplete;
+}
+
+// Other threads may have the parts follow the timeline at any time, so that one is known by where
+// it begins.
+FilterRun::Part *FilterRun::partAt(quint64 begin)
+{
+    const auto part =
+        std::lower_bound(parts.begin(), parts.end(), begin,
+                         [](const Part &candidate, quint64 b) { return candidate.begin < b; });
+    return part != parts.end() && part->begin == begin ? &*part : nullptr;
 }
 
 // A part that was counted by its keys is looked at once more where it matters which messages they
-// are. False when they are no longer there.
-bool FilterRun::findSteps(std::size_t i)
+// are. Others the threads look at.
+void FilterRun::findSteps(quint64 begin)
 {
     Look look;
     {
         const MutexLock locker(mutex);
-        if (i >= parts.size() || parts[i].hasSteps)
-            return i < parts.size();
-        look.generation = generation;
-        look.partBegin = parts[i].begin;
-        look.segment = parts[i].segment;
+        const Part *part = partAt(begin);
+        if (!part || part->stepsDone >= part->done)
+            return;
+        look.segment = part->segment;
+        look.begin = part->stepsDone;
+        look.end = part->done;
     }
-    lookAt(look);
+    const Notes notes = filter.needsNotes() ? look.segment->marks().notes : Notes();
+    const KeyCounter::Span span =
+        KeyCounter(filter).span(look.segment->index(), look.segment->isChunk());
+    const quint32 first = std::max(look.begin, span.begin);
+    const bool isThere = look.segment->scan(
+        {filter, notes, nullptr, first, std::max(first, std::min(look.end, span.end))},
+        [&look](quint32 step, const quint16 *positions, int count) {
+            look.positions.resize(step - look.begin / perStep);
+            look.positions.emplace_back(positions, positions + count);
+            return true;
+        });
+    look.positions.resize((look.end + perStep - 1) / perStep - look.begin / perStep);
     const MutexLock locker(mutex);
-    if (look.isGone || look.end != look.segment->count() || generation != look.generation)
-        return false;
-    if (i < parts.size() && parts[i].segment == look.segment && !parts[i].hasSteps) {
-        parts[i].hasSteps = true;
-        for (const auto &positions : look.positions)
-            parts[i].stepCounts.push_back(quint16(positions.size()));
-    }
-    return true;
+    Part *part = partAt(begin);
+    if (isThere && part && part->stepsDone == look.begin && part->done >= look.end)
+        addSteps(*part, look);
 }
 
-std::vector<quint16> FilterRun::positionsIn(std::size_t i, quint32 step)
+std::vector<quint16> FilterRun::positionsIn(quint64 begin, quint32 step)
 {
     SharedSegment segment;
     {
         const MutexLock locker(mutex);
+        const Part *part = partAt(begin);
+        if (!part || step >= part->stepCounts.size())
+            return {};
         if (inOrder)
-            return step < parts[i].positions.size() ? parts[i].positions[step]
-                                                    : std::vector<quint16>();
-        segment = parts[i].segment;
+            return part->positions[step];
+        segment = part->segment;
         if (keptSegment == segment->id() && keptStep == step)
             return keptPositions;
     }
@@ -285,62 +317,72 @@ std::vector<quint16> FilterRun::positionsIn(std::size_t i, quint32 step)
     return found;
 }
 
-std::optional<quint64> FilterRun::at(quint64 n)
+std::optional<quint64> FilterRun::positionOf(quint64 begin, quint64 n)
 {
-    follow();
-    std::size_t i = 0;
-    {
-        const MutexLock locker(mutex);
-        while (i < parts.size() && n >= parts[i].found)
-            n -= parts[i++].found;
-    }
-    if (!findSteps(i))
-        return {};
+    findSteps(begin);
     quint32 step = 0;
-    quint64 begin = 0;
     {
         const MutexLock locker(mutex);
-        if (i >= parts.size())
+        const Part *part = partAt(begin);
+        if (!part)
             return {};
-        const std::vector<quint16> &counts = parts[i].stepCounts;
-        while (step < counts.size() && n >= counts[step])
-            n -= counts[step++];
-        begin = parts[i].begin;
+        while (step < part->stepCounts.size() && n >= part->stepCounts[step])
+            n -= part->stepCounts[step++];
     }
-    const std::vector<quint16> positions = positionsIn(i, step);
+    const std::vector<quint16> positions = positionsIn(begin, step);
     if (n >= positions.size())
         return {};
     return begin + quint64(step) * perStep + positions[n];
 }
 
+quint64 FilterRun::countIn(quint64 begin, quint64 position)
+{
+    findSteps(begin);
+    const auto step = quint32((position - begin) / perStep);
+    quint64 sum = 0;
+    {
+        const MutexLock locker(mutex);
+        const Part *part = partAt(begin);
+        if (!part)
+            return 0;
+        for (quint32 s = 0; s < step && s < part->stepCounts.size(); ++s)
+            sum += part->stepCounts[s];
+    }
+    const std::vector<quint16> positions = positionsIn(begin, step);
+    const auto behind =
+        std::lower_bound(positions.begin(), positions.end(), quint16((position - begin) % perStep));
+    return sum + quint64(behind - positions.begin());
+}
+
+std::optional<quint64> FilterRun::at(quint64 n)
+{
+    follow();
+    quint64 begin = 0;
+    {
+        const MutexLock locker(mutex);
+        auto part = parts.begin();
+        while (part != parts.end() && n >= part->found)
+            n -= (part++)->found;
+        if (part == parts.end())
+            return {};
+        begin = part->begin;
+    }
+    return positionOf(begin, n);
+}
+
 quint64 FilterRun::countBefore(quint64 position)
 {
     follow();
-    std::size_t i = 0;
     quint64 sum = 0;
     quint64 begin = 0;
     {
         const MutexLock locker(mutex);
-        while (i < parts.size() && parts[i].begin + parts[i].segment->count() <= position)
-            sum += parts[i++].found;
-        if (i == parts.size() || position <= parts[i].begin)
+        auto part = parts.begin();
+        while (part != parts.end() && part->begin + part->segment->count() <= position)
+            sum += (part++)->found;
+        if (part == parts.end() || position <= part->begin)
             return sum;
-        begin = parts[i].begin;
+        begin = part->begin;
     }
-    if (!findSteps(i))
-        return sum;
-    const auto step = quint32((position - begin) / perStep);
-    {
-        const MutexLock locker(mutex);
-        if (i >= parts.size())
-            return sum;
-        const std::vector<quint16> &counts = parts[i].stepCounts;
-        for (quint32 s = 0; s < step && s < counts.size(); ++s)
-            sum += counts[s];
-    }
-    const auto positions = positionsIn(i, step);
-    return sum
-        + quint64(std::lower_bound(positions.begin(), positions.end(),
-                                   quint16((position - begin) % perStep))
-                  - positions.begin());
+    return sum + countIn(begin, position);
 }

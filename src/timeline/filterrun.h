@@ -1,8 +1,8 @@
 #pragma once
 
-#include "backgroundthread.h"
+#include "backgroundthreads.h"
 #include "changetracker.h"
-#include "framefilter.h"
+#include "keycounter.h"
 #include "timelinedata.h"
 
 #include <atomic>
@@ -27,6 +27,24 @@ public:
     quint64 countBefore(quint64 position) EXCLUDES(mutex);
     void cancel() { stopping = true; }
 
+    /// What is found at one moment.
+    struct Found
+    {
+        SharedSnapshot snapshot;
+        /// While this stays, what is found in a segment grows at its end only.
+        quint32 generation = 0;
+        std::vector<quint64> counts; ///< in each of the segments
+        quint64 messages = 0;
+        quint64 messagesDone = 0; ///< of these
+        bool isComplete = false;
+    };
+    Found found() EXCLUDES(mutex);
+    /// The position of what was found as number \a n, from 0, in the segment that begins at
+    /// position \a begin. Nothing when it is no longer there.
+    std::optional<quint64> positionOf(quint64 begin, quint64 n) EXCLUDES(mutex);
+    /// How many are found in front of \a position in that segment, which it lies in.
+    quint64 countIn(quint64 begin, quint64 position) EXCLUDES(mutex);
+
 private:
     using Steps = std::vector<std::vector<quint16>>;
 
@@ -35,11 +53,12 @@ private:
     {
         SharedSegment segment;
         quint64 begin = 0;
-        quint32 done = 0;      ///< messages from its start on of which all is known
-        quint64 found = 0;     ///< among these
-        bool hasSteps = false; ///< whether stepCounts is known for them
-        bool isTaken = false;  ///< by a thread
+        quint32 done = 0;     ///< messages from its start on of which all is known
+        quint64 found = 0;    ///< among these
+        bool isTaken = false; ///< by a thread
         bool isGone = false;
+        quint32 stepsDone = 0;  ///< messages looked at; fewer than done where keys tell
+        quint64 stepsFound = 0; ///< among these
         std::vector<quint16> stepCounts;
         Steps positions; ///< in each step, where they cannot be found again alone
 
@@ -60,15 +79,16 @@ private:
     void follow() EXCLUDES(mutex);
     void followLocked(const SharedSnapshot &now) REQUIRES(mutex);
     void takeOver(std::vector<Part> &before) REQUIRES(mutex);
-    void countByKeys(Part &part) const;
-    void wakeThreads() EXCLUDES(mutex);
+    void countByKeys(KeyCounter &counter, Part &part) const;
     void work() EXCLUDES(mutex);
     bool next(Look &look) EXCLUDES(mutex);
     Part *nextPart() REQUIRES(mutex);
     void lookAt(Look &look);
-    void take(Look &look) EXCLUDES(mutex);
-    bool findSteps(std::size_t part) EXCLUDES(mutex);
-    std::vector<quint16> positionsIn(std::size_t part, quint32 step) EXCLUDES(mutex);
+    void take(const Look &look) EXCLUDES(mutex);
+    void addSteps(Part &part, const Look &look) REQUIRES(mutex);
+    Part *partAt(quint64 begin) REQUIRES(mutex);
+    void findSteps(quint64 begin) EXCLUDES(mutex);
+    std::vector<quint16> positionsIn(quint64 begin, quint32 step) EXCLUDES(mutex);
 
     const std::shared_ptr<TraceTimeline::Data> data;
     const TraceExpression expression;
@@ -89,5 +109,5 @@ private:
     quint32 keptStep GUARDED_BY(mutex) = 0;
     std::vector<quint16> keptPositions GUARDED_BY(mutex);
 
-    std::vector<std::unique_ptr<BackgroundThread>> threads; // last, so that they end first
+    BackgroundThreads threads; // last, so that they end first
 };

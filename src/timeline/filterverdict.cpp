@@ -1,6 +1,6 @@
 // What a filter knows of messages that it does not look at.
 
-#include "framefilter.h"
+#include "keycounter.h"
 
 ChunkFacts ChunkFacts::of(const ChunkIndex &index)
 {
@@ -92,22 +92,16 @@ FrameFilter::Verdict FrameFilter::judgeRange(const Step &step, const Range &poss
     return Verdict::Refuses;
 }
 
+std::vector<FrameFilter::Verdict> FrameFilter::judgeFacts(const ChunkFacts &facts) const
+{
+    std::vector<Verdict> verdicts;
+    verdicts.reserve(steps.size());
+    for (const Step &step : steps)
+        verdicts.push_back(judgeStep(step, nullptr, facts));
+    return verdicts;
+}
+
 FrameFilter::Count FrameFilter::count(const ChunkIndex &index, bool isChunk) const
 {
-    ChunkFacts facts = ChunkFacts::of(index);
-    facts.isChunk = isChunk;
-    const Verdict ofAll = judge(facts);
-    if (ofAll != Verdict::Depends)
-        return {ofAll == Verdict::Takes ? index.count : 0, true};
-    // Keys are in the order of their identifiers.
-    auto key = std::partition_point(
-        index.keys.begin(), index.keys.end(),
-        [this](const ChunkIndex::Key &each) { return each.frame.id() < possibleIds.low; });
-    Count count{0, index.hasAllKeys};
-    for (; key != index.keys.end() && key->frame.id() <= possibleIds.high; ++key) {
-        const Verdict verdict = judge(key->frame, facts);
-        count.surely += verdict == Verdict::Takes ? key->count : 0;
-        count.isExact &= verdict != Verdict::Depends;
-    }
-    return count;
+    return KeyCounter(*this).count(index, isChunk);
 }

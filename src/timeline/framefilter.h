@@ -72,6 +72,10 @@ public:
     /// What holds for all of them, whatever their keys.
     Verdict judge(const ChunkFacts &facts) const { return judgeAll(nullptr, facts); }
 
+    /// What the steps make of \a facts alone. Where it is the same of two chunks, so is what holds
+    /// for a key in them.
+    std::vector<Verdict> judgeFacts(const ChunkFacts &facts) const;
+
     /// No identifier outside is taken; a range inside which each may be.
     const Range &identifiers() const { return possibleIds; }
 

@@ -70,10 +70,12 @@ public:
     quint8 line() const { return hasLine ? quint8(tail[LineAt + 1]) : 0; } ///< its key
     quint8 kind() const
     {
-        return quint8(
-            (tail[ExtendedAt] ? FrameKey::Extended : 0) | (tail[RemoteAt] ? FrameKey::Remote : 0)
-            | (tail[FdFrameAt] ? FrameKey::FdFrame : 0) | (tail[FlagCAt] ? FrameKey::FlagC : 0)
-            | (tail[FlagBAt] ? FrameKey::FlagB : 0));
+        // Most frames have none of the flags that stand in a row.
+        const int flags = qFromUnaligned<quint32>(tail + RemoteAt) == 0
+            ? 0
+            : (tail[RemoteAt] ? FrameKey::Remote : 0) | (tail[FdFrameAt] ? FrameKey::FdFrame : 0)
+                | (tail[FlagCAt] ? FrameKey::FlagC : 0) | (tail[FlagBAt] ? FrameKey::FlagB : 0);
+        return quint8(flags | (tail[ExtendedAt] ? FrameKey::Extended : 0));
     }
     bool isRemote() const { return tail[RemoteAt] != 0; }
     FrameKey key() const { return {id(), line(), kind()}; }

@@ -30,3 +30,24 @@ RowCache::SharedMarks RowCache::marks(const TraceSegment &segment)
     notes.insert(segment.id(), new SharedMarks(read), cost);
     return read;
 }
+
+TraceRow RowCache::row(const TraceSnapshot &snapshot, quint64 position)
+{
+    TraceRow row;
+    if (position >= snapshot.count())
+        return row;
+    row.state = TraceRow::Gone;
+    const TraceSnapshot::Place place = snapshot.at(position);
+    if (!place.placed)
+        return row;
+    const TraceSegment &segment = *place.placed->segment;
+    const SharedMessages step = messages(segment, place.offset / ChunkIndex::recordsPerStep);
+    if (!step)
+        return row;
+    row.state = TraceRow::Known;
+    row.message = (*step)[place.offset % ChunkIndex::recordsPerStep];
+    const SharedMarks known = marks(segment);
+    row.note = known->notes.value(row.message.messageNumber);
+    row.bookmark = known->bookmarks.value(row.message.messageNumber);
+    return row;
+}

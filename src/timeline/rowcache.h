@@ -1,7 +1,8 @@
 #pragma once
 
 #include "locks.h"
-#include "tracesegment.h"
+#include "tracesnapshot.h"
+#include "tracetimeline.h"
 
 #include <QCache>
 #include <QPair>
@@ -17,6 +18,7 @@ public:
     /// The messages of a step; null when they are no longer there.
     SharedMessages messages(const TraceSegment &segment, quint32 step) EXCLUDES(mutex);
     SharedMarks marks(const TraceSegment &segment) EXCLUDES(mutex);
+    TraceRow row(const TraceSnapshot &snapshot, quint64 position) EXCLUDES(mutex);
 
 private:
     static constexpr int mostSteps = 64; // some 24 MiB

@@ -1,30 +1,39 @@
 #pragma once
 
-#include "framefilter.h"
+#include "keycounter.h"
 #include "timelinedata.h"
 
-/// Looks for one message of a timeline, on the caller's thread.
+class ChangeTracker;
+
+/// Looks for messages of a timeline, on the caller's thread.
 class Searching
 {
 public:
     using KeepGoing = std::function<bool()>;
+    using Visit = std::function<bool(const QVector<quint64> &positions)>;
 
     Searching(const TraceTimeline::Data &data, const TraceExpression &expression,
               const KeepGoing &keepGoing);
 
-    std::optional<quint64> next(quint64 position) const;
-    std::optional<quint64> previous(quint64 position) const;
+    std::optional<quint64> next(quint64 position);
+    std::optional<quint64> previous(quint64 position);
+
+    /// See TraceTimeline::forEachFound.
+    quint64 all(quint64 from, quint64 count, const Visit &visit);
 
     static std::optional<quint64> positionOfNumber(const TraceSnapshot &snapshot, quint32 number);
 
 private:
     bool goesOn() const { return !keepGoing || keepGoing(); }
-    bool mayHaveAny(const TraceSegment &segment) const;
-    std::optional<quint64> lastIn(const TraceSnapshot::Placed &placed, quint32 end) const;
+    KeyCounter::Span spanIn(const TraceSegment &segment);
+    std::optional<quint64> lastIn(const TraceSnapshot::Placed &placed, KeyCounter::Span span) const;
+    bool allIn(const TraceSnapshot::Placed &placed, quint64 from, quint64 end,
+               ChangeTracker &changes, const Visit &visit, quint64 &gone) const;
     std::optional<quint64> changed(quint64 begin, quint64 end, bool wantsFirst) const;
 
     const SharedSnapshot snapshot;
     const TraceExpression expression;
     const FrameFilter &filter;
+    KeyCounter counter;
     const KeepGoing keepGoing;
 };

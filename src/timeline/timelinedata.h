@@ -32,3 +32,5 @@ private:
     mutable Mutex mutex; // taken last
     SharedSnapshot current GUARDED_BY(mutex);
 };
+
+const std::shared_ptr<TraceTimeline::Data> &dataOf(const TraceTimeline &timeline);

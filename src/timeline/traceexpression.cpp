@@ -8,7 +8,8 @@
 struct TraceExpression::Data
 {
     QString text;
-    FrameFilter filter;
+    FilterNode tree{};
+    FrameFilter filter{};
 };
 
 const FrameFilter &filterOf(const TraceExpression &expression)
@@ -31,12 +32,23 @@ std::optional<TraceExpression> TraceExpression::parse(const QString &text, Error
             QCoreApplication::translate("TraceExpression", "A filter has at most %1 characters.")
                 .arg(mostCharacters)};
     } else if (isBlank || parseExpression(text, tree, first)) {
-        return TraceExpression(
-            std::make_shared<const Data>(Data{text, isBlank ? FrameFilter() : FrameFilter(tree)}));
+        return TraceExpression(std::make_shared<const Data>(
+            isBlank ? Data{text} : Data{text, tree, FrameFilter(tree)}));
     }
     if (error)
         *error = first;
     return std::nullopt;
+}
+
+TraceExpression TraceExpression::both(const TraceExpression &a, const TraceExpression &b)
+{
+    if (a.text().trimmed().isEmpty())
+        return b;
+    if (b.text().trimmed().isEmpty())
+        return a;
+    const FilterNode tree{FilterNode::All, false, {}, {a.d->tree, b.d->tree}};
+    const QString text = QStringLiteral("(%1) and (%2)").arg(a.text(), b.text());
+    return TraceExpression(std::make_shared<const Data>(Data{text, tree, FrameFilter(tree)}));
 }
 
 QString TraceExpression::text() const

@@ -36,6 +36,9 @@ public:
     /// error, where \a text is none. Takes a time that grows with the length only.
     static std::optional<TraceExpression> parse(const QString &text, Error *error = nullptr);
 
+    /// Takes what both \a a and \a b take.
+    static TraceExpression both(const TraceExpression &a, const TraceExpression &b);
+
     /// As it was written.
     QString text() const;
 

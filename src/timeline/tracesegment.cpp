@@ -63,11 +63,13 @@ std::vector<quint32> totalsOf(const ChunkIndex &index)
 {
     const auto perStep = std::size_t(index.countsPerStep());
     std::vector<quint32> totals(perStep);
-    for (const ChunkIndex::Key &key : index.keys) {
-        const auto line =
-            std::lower_bound(index.lines.begin(), index.lines.end(), key.frame.line());
-        totals[std::size_t(line - index.lines.begin())] += key.count;
-        totals.back() += key.frame.isError() ? key.count : 0;
+    std::array<std::size_t, 256> places{};
+    for (std::size_t i = 0; i < index.lines.size(); ++i)
+        places[index.lines[i]] = i;
+    for (std::size_t i = 0; i < index.keys.size(); ++i) {
+        const FrameKey frame = index.keys.frame(i);
+        totals[places[frame.line()]] += index.keys.counts[i];
+        totals.back() += frame.isError() ? index.keys.counts[i] : 0;
     }
     if (index.hasAllKeys || index.stepCount() < 2)
         return totals;

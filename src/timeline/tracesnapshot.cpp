@@ -46,6 +46,14 @@ TraceSnapshot::Place TraceSnapshot::at(quint64 position) const
     return {&all[i], quint32(position - all[i].begin)};
 }
 
+qint64 TraceSnapshot::firstTime() const
+{
+    qint64 time = std::numeric_limits<qint64>::max();
+    for (const Placed &placed : all)
+        time = std::min(time, placed.segment->index().minTime);
+    return all.empty() ? 0 : time;
+}
+
 quint64 TraceSnapshot::positionOfTime(qint64 time) const
 {
     const auto placed =

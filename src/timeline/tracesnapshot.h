@@ -36,10 +36,17 @@ public:
 
     const std::vector<Placed> &segments() const { return all; }
     quint64 count() const { return all.empty() ? 0 : all.back().end(); }
+    /// Behind the last of \a count messages from \a from on that there are.
+    quint64 endOf(quint64 from, quint64 count) const
+    {
+        return from < this->count() ? from + std::min(count, this->count() - from) : from;
+    }
     Place at(quint64 position) const;
     /// Index of the first segment that ends behind \a position.
     std::size_t indexOf(quint64 position) const;
 
+    /// The lowest time; 0 while there are no messages.
+    qint64 firstTime() const;
     /// The first message at whose place the highest time so far is \a time or later; count() when
     /// there is none.
     quint64 positionOfTime(qint64 time) const;

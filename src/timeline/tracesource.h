@@ -14,6 +14,8 @@ public:
     virtual SharedSnapshot refresh() = 0;
     /// Whether all that was there at the beginning of the last refresh is known.
     virtual bool isComplete() const = 0;
+    /// Whether a refresh may ever find anything else.
+    virtual bool mayChange() const { return true; }
     /// What cannot be read, a sentence each.
     virtual QStringList problems() const = 0;
 };

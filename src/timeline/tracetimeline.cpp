@@ -5,10 +5,16 @@
 #include "searching.h"
 #include "timelinedata.h"
 #include "tracefilter.h"
+#include "visiting.h"
 
 #include <QThread>
 
 #include <map>
+
+const std::shared_ptr<TraceTimeline::Data> &dataOf(const TraceTimeline &timeline)
+{
+    return timeline.data;
+}
 
 TraceTimeline::TraceTimeline(const QStringList &paths)
     : TraceTimeline(std::make_shared<FileSource>(paths))
@@ -27,6 +33,11 @@ TraceTimeline &TraceTimeline::operator=(const TraceTimeline &) = default;
 bool TraceTimeline::refresh()
 {
     return data->refresh();
+}
+
+bool TraceTimeline::mayChange() const
+{
+    return data->source->mayChange();
 }
 
 bool TraceTimeline::isComplete() const
@@ -56,35 +67,28 @@ quint64 TraceTimeline::count() const
     return data->snapshot()->count();
 }
 
-TraceRow TraceTimeline::row(quint64 position) const
+quint64 TraceTimeline::forEach(quint64 from, quint64 count,
+                               const std::function<bool(const TraceBlock &block)> &visit) const
 {
     const SharedSnapshot snapshot = data->snapshot();
-    TraceRow row;
-    if (position >= snapshot->count())
-        return row;
-    row.state = TraceRow::Gone;
-    const TraceSnapshot::Place place = snapshot->at(position);
-    if (!place.placed)
-        return row;
-    const TraceSegment &segment = *place.placed->segment;
-    const auto messages = data->cache.messages(segment, place.offset / ChunkIndex::recordsPerStep);
-    if (!messages)
-        return row;
-    row.state = TraceRow::Known;
-    row.message = (*messages)[place.offset % ChunkIndex::recordsPerStep];
-    const auto marks = data->cache.marks(segment);
-    row.note = marks->notes.value(row.message.messageNumber);
-    row.bookmark = marks->bookmarks.value(row.message.messageNumber);
-    return row;
+    return visitBlocks(*snapshot, from, snapshot->endOf(from, count), visit);
+}
+
+quint64 TraceTimeline::forEachFound(
+    const TraceExpression &expression, quint64 from, quint64 count,
+    const std::function<bool(const QVector<quint64> &positions)> &visit) const
+{
+    return Searching(*data, expression, {}).all(from, count, visit);
+}
+
+TraceRow TraceTimeline::row(quint64 position) const
+{
+    return data->cache.row(*data->snapshot(), position);
 }
 
 qint64 TraceTimeline::firstTime() const
 {
-    const SharedSnapshot snapshot = data->snapshot();
-    qint64 time = std::numeric_limits<qint64>::max();
-    for (const auto &placed : snapshot->segments())
-        time = std::min(time, placed.segment->index().minTime);
-    return snapshot->segments().empty() ? 0 : time;
+    return data->snapshot()->firstTime();
 }
 
 qint64 TraceTimeline::lastTime() const
@@ -103,29 +107,45 @@ std::optional<quint64> TraceTimeline::positionOfNumber(quint32 number) const
     return Searching::positionOfNumber(*data->snapshot(), number);
 }
 
+namespace {
+
+TraceIdentifier identifierOf(FrameKey frame, quint64 first)
+{
+    const quint8 kind = frame.kind();
+    return {frame.id(),
+            frame.line(),
+            (kind & FrameKey::Extended) != 0,
+            (kind & FrameKey::Remote) != 0,
+            (kind & FrameKey::FdFrame) != 0,
+            0,
+            first,
+            0};
+}
+
+} // namespace
+
 QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
 {
+    // A trace of nothing but different ones must not fill the memory.
+    constexpr std::size_t mostIdentifiers = 1000000;
     const SharedSnapshot snapshot = data->snapshot();
     std::map<quint64, TraceIdentifier> byKey;
     bool exact = true;
     for (const auto &placed : snapshot->segments()) {
         const ChunkIndex &index = placed.segment->index();
         exact = exact && index.hasAllKeys;
-        for (const ChunkIndex::Key &key : index.keys) {
-            TraceIdentifier &sum = byKey[key.frame.value()];
-            if (sum.count == 0) {
-                const quint8 kind = key.frame.kind();
-                sum = {key.frame.id(),
-                       key.frame.line(),
-                       (kind & FrameKey::Extended) != 0,
-                       (kind & FrameKey::Remote) != 0,
-                       (kind & FrameKey::FdFrame) != 0,
-                       0,
-                       placed.begin + key.first,
-                       0};
+        for (std::size_t i = 0; i < index.keys.size(); ++i) {
+            const FrameKey frame = index.keys.frame(i);
+            auto sum = byKey.find(frame.value());
+            if (sum == byKey.end() && byKey.size() < mostIdentifiers) {
+                const auto first = identifierOf(frame, placed.begin + index.keys.firsts[i]);
+                sum = byKey.emplace(frame.value(), first).first;
             }
-            sum.count += key.count;
-            sum.last = placed.begin + key.last;
+            exact = exact && sum != byKey.end();
+            if (sum == byKey.end())
+                continue;
+            sum->second.count += index.keys.counts[i];
+            sum->second.last = placed.begin + index.keys.lasts[i];
         }
     }
     if (isExact)

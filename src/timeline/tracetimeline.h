@@ -5,6 +5,7 @@
 #include "datachunkglobal.h"
 #include "traceexpression.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -28,6 +29,15 @@ struct TraceRow
     CAN::CanRxMessage message;   ///< where it is known
     QString note;                ///< mostly empty
     CanMessageBookmark bookmark; ///< mostly not valid
+};
+
+/// Messages one behind the other, while they are handed out.
+struct TraceBlock
+{
+    quint64 position; ///< of the first of them
+    const CAN::CanRxMessage *messages;
+    int count;
+    const QMap<unsigned int, QString> &notes; ///< by number, of more messages than these
 };
 
 /// How often messages came, in intervals of equal length.
@@ -76,14 +86,27 @@ public:
     bool refresh();
     /// Whether all that was there at the beginning of the last refresh is known.
     bool isComplete() const;
-    /// Waits until it is and refreshes, as long as \a keepGoing, which is asked again and again,
-    /// returns true. False when it did not.
+    /// Whether a refresh may ever find anything else: not once the store is gone.
+    bool mayChange() const;
+    /// Waits until it is complete and refreshes, as long as \a keepGoing, which is asked again and
+    /// again, returns true. False when it did not.
     bool waitForAll(const std::function<bool()> &keepGoing = {});
     /// What cannot be read, a sentence each, for the user.
     QStringList problems() const;
 
     quint64 count() const;
     TraceRow row(quint64 position) const;
+
+    /// Hands out \a count messages from \a from on, or those up to the end, some thousand at a
+    /// time, until \a visit returns false. Reads each once and keeps nothing: for going through
+    /// many of them. Returns how many were left out because they are no longer there.
+    quint64 forEach(quint64 from, quint64 count,
+                    const std::function<bool(const TraceBlock &block)> &visit) const;
+    /// The same with the positions, rising, of the messages that \a expression takes; \a visit is
+    /// called with none as well, so that it can stop a long search. Chunks without any are not
+    /// looked at.
+    quint64 forEachFound(const TraceExpression &expression, quint64 from, quint64 count,
+                         const std::function<bool(const QVector<quint64> &positions)> &visit) const;
 
     /// The highest and lowest time of all messages; 0 while there are none.
     qint64 firstTime() const;
@@ -95,7 +118,7 @@ public:
     std::optional<quint64> positionOfNumber(quint32 number) const;
 
     /// Every identifier with each line and kind, by identifier. False in \a isExact, and some are
-    /// missing, where a chunk has more than 65536 of them.
+    /// missing, where a chunk has more than 65536 of them, or all together more than 1000000.
     QVector<TraceIdentifier> identifiers(bool *isExact = nullptr) const;
 
     /// Counts between \a from and \a to in \a intervals of equal length. Exact where an interval
@@ -115,5 +138,7 @@ public:
     class Data;
 
 private:
+    friend const std::shared_ptr<Data> &dataOf(const TraceTimeline &timeline);
+
     std::shared_ptr<Data> data;
 };

@@ -35,6 +35,7 @@ private slots:
     void lyingEntriesAreNone_data();
     void lyingEntriesAreNone();
     void emptyPromisesTakeNoTime();
+    void entriesLieWhereReadingGoesOn();
 
     void whatIsAddedLastCounts();
     void otherFilesAreNotWritten_data();
@@ -251,6 +252,18 @@ void TestDirectory::emptyPromisesTakeNoTime()
     const DirectoryEntry first = smallEntry("a");
     QVERIFY(entries(directoryOf({first}) + promise.repeated(1000000), key)
             == std::vector<DirectoryEntry>{first});
+}
+
+// It is read a mebibyte at once.
+void TestDirectory::entriesLieWhereReadingGoesOn()
+{
+    const std::vector<DirectoryEntry> all{smallEntry("a"), smallEntry("b"), largeEntry("c")};
+    const QByteArray whole = directoryOf(all);
+    for (int inFront = 0; inFront < 700; inFront += 3) {
+        QByteArray bytes = whole;
+        bytes.insert(headSize, QByteArray(1024 * 1024 - inFront, '\xd1'));
+        QVERIFY2(entries(bytes, key) == all, QByteArray::number(inFront));
+    }
 }
 
 void TestDirectory::whatIsAddedLastCounts()

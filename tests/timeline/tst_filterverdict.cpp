@@ -153,7 +153,7 @@ void TestFilterVerdict::countsWithTooManyKeys()
 {
     ChunkIndex index = indexOf({makeMessage(1, ""), makeMessage(2, "")}, {});
     index.hasAllKeys = false;
-    index.keys.clear();
+    index.keys = {};
     const auto all = filterFor("number==0 or id==1").count(index);
     QVERIFY(all.isExact == false && all.surely == 0);
     const auto some = filterFor("time==0 and not note").count(index);

@@ -5,6 +5,7 @@
 #include "savejob.h"
 #include "storefixture.h"
 #include "tracefilter.h"
+#include "tracematcher.h"
 #include "tracetimeline.h"
 
 #include <QElapsedTimer>
@@ -136,6 +137,41 @@ void compareSearch(const TraceTimeline &timeline, const QVector<quint64> &wanted
     }
 }
 
+// What is found of \a count messages from \a from on, in one pass.
+void compareVisit(const TraceTimeline &timeline, const QVector<quint64> &wanted, const char *text,
+                  quint64 from, quint64 count)
+{
+    QVector<quint64> expected;
+    for (const quint64 position : wanted) {
+        if (position >= from && position - from < count)
+            expected.append(position);
+    }
+    QVector<quint64> visited;
+    const auto add = [&visited](const QVector<quint64> &positions) {
+        visited += positions;
+        return true;
+    };
+    QCOMPARE(timeline.forEachFound(expression(text), from, count, add), 0);
+    QVERIFY2(visited == expected, text);
+}
+
+// Blocks of messages, as a matcher for streams finds them.
+void compareBlocks(const TraceTimeline &timeline, const QVector<quint64> &wanted, const char *text)
+{
+    TraceMatcher matcher(expression(text));
+    QVector<quint64> taken;
+    const auto visit = [&](const TraceBlock &block) {
+        for (int i = 0; i < block.count; ++i) {
+            const CAN::CanRxMessage &message = block.messages[i];
+            if (matcher.takes(message, block.notes.value(message.messageNumber)))
+                taken.append(block.position + quint64(i));
+        }
+        return true;
+    };
+    QCOMPARE(timeline.forEach(0, timeline.count(), visit), 0);
+    QVERIFY2(taken == wanted, text);
+}
+
 void compareRows(const TraceTimeline &timeline, const Recording &recording)
 {
     QCOMPARE(timeline.count(), quint64(recording.messages.size()));
@@ -235,6 +271,9 @@ void TestTimeline::everyQuestionIsAnsweredAsByOneMessageAfterTheOther()
         const QVector<quint64> wanted = found(recording, text);
         compareFilter(timeline, wanted, text);
         compareSearch(timeline, wanted, text);
+        compareBlocks(timeline, wanted, text);
+        for (const quint64 from : {quint64(0), timeline.count() / 3, timeline.count() + 1})
+            compareVisit(timeline, wanted, text, from, from == 0 ? ~0ULL : timeline.count() / 2);
     }
     for (const quint32 number : {0U, quint32(recording.messages.size() / 2)})
         QCOMPARE(timeline.positionOfNumber(number).value_or(~0ULL), quint64(number));
@@ -357,6 +396,15 @@ void TestTimeline::chunksThatGoLeaveTheirPlaces()
     }
     QCOMPARE(byPayload.count(), quint64(wanted.size()));
     QCOMPARE(byPayload.at(byPayload.count() - 1).value_or(0), wanted.last());
+    quint64 visited = 0;
+    const auto visit = [&visited](const TraceBlock &block) {
+        visited += quint64(block.count);
+        return true;
+    };
+    QCOMPARE(timeline.forEach(100, 9950, visit), 5000ULL);
+    QCOMPARE(visited, 4950ULL);
+    const auto goOn = [](const QVector<quint64> &) { return true; };
+    QCOMPARE(timeline.forEachFound(expression("b0==2"), 5001, ~0ULL, goOn), 4999ULL);
     // What the index knows stays known; which messages they were is not.
     const QVector<quint64> all = found(recording, "id==5");
     QCOMPARE(byKey.count(), quint64(all.size()));

@@ -1,13 +1,9 @@
-#include "canframe.h"
 #include "commands.h"
-#include "errorframes.h"
+#include "messageprinter.h"
 #include "options.h"
-#include "savefileworker.h"
+#include "stopsignals.h"
 #include "terminal.h"
-#include "tracereading.h"
-
-#include <QJsonDocument>
-#include <QJsonObject>
+#include "traceinput.h"
 
 #include <limits>
 
@@ -29,6 +25,18 @@ struct Selection
         return (line == anyLine || quint8(message.line) == line)
             && (id == anyId || message.id == id);
     }
+
+    // The same as an expression; nothing where everything is taken, or where it cannot be said.
+    std::optional<TraceExpression> expression() const
+    {
+        QStringList tests;
+        if (line != anyLine)
+            tests.append(QStringLiteral("line==%1").arg(line));
+        if (id != anyId)
+            tests.append(QStringLiteral("id==%1").arg(id, 0, 16));
+        return tests.isEmpty() ? std::nullopt
+                               : TraceExpression::parse(tests.join(QLatin1String(" and ")));
+    }
 };
 
 bool readSelection(const QCommandLineParser &parser, Selection &selection)
@@ -40,70 +48,73 @@ bool readSelection(const QCommandLineParser &parser, Selection &selection)
         && number("line", anyLine - 1, selection.line) && number("id", anyId - 1, selection.id, 16);
 }
 
-QByteArray jsonLine(const CAN::CanRxMessage &message, const QString &note)
-{
-    const char *payload = reinterpret_cast<const char *>(message.data);
-    const QByteArray data = QByteArray(payload, CAN::payloadSize(message)).toHex();
-    QJsonObject object{
-        {QStringLiteral("number"), qint64(message.messageNumber)},
-        {QStringLiteral("seconds"), message.seconds},
-        {QStringLiteral("microseconds"), message.microseconds},
-        {QStringLiteral("id"), qint64(message.id)},
-        {QStringLiteral("line"), message.line},
-        {QStringLiteral("length"), message.length},
-        {QStringLiteral("data"), QString::fromLatin1(data)},
-        {QStringLiteral("extended"), message.extended},
-        {QStringLiteral("remote"), message.remote},
-        {QStringLiteral("fd"), message.fdFrame},
-        {QStringLiteral("error"), message.id == CAN::errorFrameId},
-        {QStringLiteral("flagB"), message.flagB},
-        {QStringLiteral("flagC"), message.flagC},
-        {QStringLiteral("flagD"), message.flagD},
-    };
-    if (!note.isEmpty())
-        object.insert(QStringLiteral("note"), note);
-    const QString errorType = errorTypeName(message);
-    if (!errorType.isEmpty())
-        object.insert(QStringLiteral("errorType"), errorType);
-    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
-}
-
-// The text form of a message, without its line end.
-QString textLine(const CAN::CanRxMessage &message, const QString &note)
-{
-    // A worker takes its notes when it is created, so a message with a note needs one of its own.
-    static SaveFileWorker withoutNote;
-    if (note.isEmpty())
-        return withoutNote.getOldStyleTxtOutput(message).chopped(1);
-    SaveFileWorker withNote(QString(), nullptr, DatachunkHelper::CurrentMessages, 0, 0,
-                            {{message.messageNumber, note}}, {}, 0, {});
-    return withNote.getOldStyleTxtOutput(message).chopped(1);
-}
-
 // Prints those of the messages that are selected.
 class Printer
 {
 public:
-    Printer(const Selection &selection, bool asJson) : selection(selection), asJson(asJson) { }
+    Printer(const Selection &selection, MessagePrinter::Form form)
+        : selection(selection), printer(form)
+    {
+    }
 
     // Returns false when nothing more is to be printed.
-    bool print(const TraceItem &item)
+    bool print(const CAN::CanRxMessage &message, const QString &note)
     {
-        if (printed >= selection.count)
+        if (isFull())
             return false;
-        if (position++ < selection.from || !selection.takes(item.message))
+        if (!selection.takes(message))
             return true;
-        const bool written = asJson ? writeOutput(jsonLine(item.message, item.note))
-                                    : writeLine(textLine(item.message, item.note));
-        return written && ++printed < selection.count;
+        return printer.print(message, note) && ++printed < selection.count;
     }
+
+    bool isFull() const { return printed >= selection.count; }
+    void flush() { printer.flush(); }
 
 private:
     const Selection selection;
-    const bool asJson;
-    quint64 position = 0;
+    MessagePrinter printer;
     quint64 printed = 0;
 };
+
+// Chunks without the identifier or the line need not be read.
+TraceReading::Result printFound(const TraceInput &input, const TraceExpression &expression,
+                                quint64 from, Printer &printer)
+{
+    const TraceTimeline &timeline = *input.timeline();
+    quint64 gone = 0;
+    const auto visit = [&](const QVector<quint64> &positions) {
+        for (const quint64 position : positions) {
+            const TraceRow row = timeline.row(position);
+            gone += row.state == TraceRow::Known ? 0 : 1;
+            if (row.state == TraceRow::Known && !printer.print(row.message, row.note))
+                return false;
+        }
+        QCoreApplication::processEvents();
+        return !StopSignals::received();
+    };
+    gone += timeline.forEachFound(expression, from, timeline.count(), visit);
+    return interrupted(input.subject()) ? TraceReading::Failed : tellGone(input.subject(), gone);
+}
+
+TraceReading::Result dump(TraceInput &input, const Selection &selection, quint64 &position,
+                          Printer &printer)
+{
+    const TraceReading::Result opened = input.open();
+    if (opened == TraceReading::Failed)
+        return opened;
+    const quint64 begin = position;
+    const quint64 from = selection.from > begin ? selection.from - begin : 0;
+    const auto expression = selection.expression();
+    if (input.timeline() && expression) {
+        position += input.timeline()->count();
+        return worse(opened, printFound(input, *expression, from, printer));
+    }
+    const auto visit = [&](quint64 at, const CAN::CanRxMessage &message, const QString &note) {
+        position = begin + at + 1;
+        return printer.print(message, note);
+    };
+    return worse(opened, input.forEachMessage(from, visit));
+}
 
 } // namespace
 
@@ -123,16 +134,21 @@ QList<QCommandLineOption> dumpOptions()
 
 int runDump(const QCommandLineParser &parser, const QStringList &files)
 {
-    TraceFile trace;
-    trace.name = files.first();
+    TraceInputs inputs;
     Selection selection;
-    if (!readTraceOptions(parser, trace) || !readSelection(parser, selection))
+    if (!inputs.readOptions(parser) || !readSelection(parser, selection))
         return WrongUsage;
-    TraceReading reading(trace);
-    if (!reading.open())
+    if (!inputs.open(files, TraceInputs::AsStream))
         return Failed;
-    Printer printer(selection, parser.isSet(QStringLiteral("json")));
-    const TraceReading::Result result =
-        reading.forEachMessage([&](const TraceItem &item) { return printer.print(item); });
+    const bool asJson = parser.isSet(QStringLiteral("json"));
+    Printer printer(selection, asJson ? MessagePrinter::Json : MessagePrinter::Text);
+    TraceReading::Result result = TraceReading::Complete;
+    quint64 position = 0;
+    for (const auto &input : inputs.all()) {
+        if (result != TraceReading::Failed
+            && (&input == &inputs.all().front() || !printer.isFull()))
+            result = worse(result, dump(*input, selection, position, printer));
+    }
+    printer.flush();
     return finishOutput() && result == TraceReading::Complete ? Succeeded : Failed;
 }

@@ -1,8 +1,10 @@
 #include "canframe.h"
 #include "commands.h"
 #include "errorframes.h"
+#include "stopsignals.h"
 #include "terminal.h"
-#include "tracereading.h"
+#include "timetext.h"
+#include "traceinput.h"
 
 #include <QMap>
 #include <QSet>
@@ -52,15 +54,6 @@ void addMessage(Summary &summary, const CAN::CanRxMessage &message)
         summary.identifiers.insert(quint64(message.id) | quint64(message.extended) << 32);
 }
 
-QString timeText(qint64 time)
-{
-    constexpr int fractionDigits = 6;
-    return QStringLiteral("%1%2.%3")
-        .arg(QLatin1String(time < 0 ? "-" : ""))
-        .arg(qAbs(time) / microsecondsPerSecond)
-        .arg(qAbs(time) % microsecondsPerSecond, fractionDigits, 10, QLatin1Char('0'));
-}
-
 QString identifierText(const Summary &summary)
 {
     const int count = summary.identifiers.size();
@@ -74,10 +67,14 @@ void printRow(const QString &title, const QString &value)
     writeLine(QStringLiteral("%1 %2").arg(title + QLatin1Char(':'), -titleWidth).arg(value));
 }
 
-void print(const QString &fileName, DatachunkHelper::ImportFileType type, const Summary &summary)
+void print(const TraceInputs &inputs, const Summary &summary)
 {
-    printRow(Cli::tr("file"), fileName);
-    printRow(Cli::tr("type"), typeName(type));
+    for (const auto &input : inputs.all()) {
+        for (const TraceInput::Name &name : input->names()) {
+            printRow(Cli::tr("file"), name.path);
+            printRow(Cli::tr("type"), name.type);
+        }
+    }
     printRow(Cli::tr("messages"), QString::number(summary.messages));
     printRow(Cli::tr("time"),
              QStringLiteral("%1 - %2").arg(timeText(summary.earliest), timeText(summary.latest)));
@@ -92,30 +89,86 @@ void print(const QString &fileName, DatachunkHelper::ImportFileType type, const 
     printRow(Cli::tr("notes"), QString::number(summary.notes));
 }
 
+// Adds up what the index tells. Error types stand in payloads, and notes have to have a message.
+TraceReading::Result addIndexed(Summary &summary, const TraceInput &input,
+                                const QVector<TraceIdentifier> &identifiers)
+{
+    const TraceTimeline &timeline = *input.timeline();
+    for (const TraceIdentifier &identifier : identifiers) {
+        const bool isError = identifier.id == CAN::errorFrameId;
+        summary.messages += identifier.count;
+        summary.lines[identifier.line] += identifier.count;
+        summary.fdFrames += identifier.fdFrame ? identifier.count : 0;
+        summary.remoteFrames += identifier.remote ? identifier.count : 0;
+        summary.errorFrames += isError ? identifier.count : 0;
+        if (!isError && summary.identifiers.size() < mostIdentifiers)
+            summary.identifiers.insert(quint64(identifier.id) | quint64(identifier.extended) << 32);
+    }
+    summary.earliest = std::min(summary.earliest, timeline.firstTime());
+    summary.latest = std::max(summary.latest, timeline.lastTime());
+    quint64 gone = 0;
+    const auto goesOn = [] {
+        QCoreApplication::processEvents();
+        return !StopSignals::received();
+    };
+    const auto addError = [&](const QVector<quint64> &positions) {
+        for (const quint64 position : positions) {
+            const TraceRow row = timeline.row(position);
+            gone += row.state == TraceRow::Known ? 0 : 1;
+            const QString errorType = errorTypeName(row.message);
+            if (!errorType.isEmpty())
+                ++summary.errorTypes[errorType];
+        }
+        return goesOn();
+    };
+    gone += timeline.forEachFound(*TraceExpression::parse(QStringLiteral("err")), 0,
+                                  timeline.count(), addError);
+    const auto addNotes = [&](const QVector<quint64> &positions) {
+        summary.notes += quint64(positions.size());
+        return goesOn();
+    };
+    gone += timeline.forEachFound(*TraceExpression::parse(QStringLiteral("note")), 0,
+                                  timeline.count(), addNotes);
+    return interrupted(input.subject()) ? TraceReading::Failed : tellGone(input.subject(), gone);
+}
+
+TraceReading::Result add(Summary &summary, TraceInput &input)
+{
+    const TraceReading::Result opened = input.open();
+    if (opened == TraceReading::Failed)
+        return opened;
+    if (input.timeline()) {
+        bool isExact = false;
+        const QVector<TraceIdentifier> identifiers = input.timeline()->identifiers(&isExact);
+        if (isExact)
+            return worse(opened, addIndexed(summary, input, identifiers));
+    }
+    Progress progress(input.subject());
+    const auto visit = [&](quint64, const CAN::CanRxMessage &message, const QString &note) {
+        addMessage(summary, message);
+        summary.notes += note.isEmpty() ? 0 : 1;
+        progress.countOne();
+        return true;
+    };
+    return worse(opened, input.forEachMessage(0, visit));
+}
+
 } // namespace
 
 int runInfo(const QCommandLineParser &parser, const QStringList &files)
 {
-    TraceFile trace;
-    trace.name = files.first();
-    if (!readTraceOptions(parser, trace))
+    TraceInputs inputs;
+    if (!inputs.readOptions(parser))
         return WrongUsage;
-    TraceReading reading(trace);
-    if (!reading.open())
+    if (!inputs.open(files, TraceInputs::AsStream))
         return Failed;
     Summary summary;
-    TraceReading::Result result = TraceReading::Failed;
-    {
-        Progress progress(trace.name);
-        result = reading.forEachMessage([&](const TraceItem &item) {
-            addMessage(summary, item.message);
-            summary.notes += item.note.isEmpty() ? 0 : 1;
-            progress.countOne();
-            return true;
-        });
+    TraceReading::Result result = TraceReading::Complete;
+    for (const auto &input : inputs.all()) {
+        result = worse(result, add(summary, *input));
+        if (result == TraceReading::Failed)
+            return Failed;
     }
-    if (result == TraceReading::Failed)
-        return Failed;
-    print(trace.name, reading.type(), summary);
+    print(inputs, summary);
     return finishOutput() && result == TraceReading::Complete ? Succeeded : Failed;
 }

@@ -11,14 +11,20 @@ namespace {
 
 QString generalHelp()
 {
-    return Cli::tr("Usage: datachunk COMMAND [options] [arguments]\n"
-                   "Records, converts and shows traces of CAN buses.\n"
-                   "\n"
-                   "Commands:\n"
-                   "%1"
-                   "\n"
-                   "\"datachunk COMMAND --help\" tells the options of a command.\n"
-                   "The exit status is 0, 1 when something failed, and 2 for wrong usage.\n")
+    return Cli::tr(
+               "Usage: datachunk COMMAND [options] [arguments]\n"
+               "Records, converts and shows traces of CAN buses.\n"
+               "\n"
+               "Commands:\n"
+               "%1"
+               "\n"
+               "A PATH is a trace of any kind, or a folder of chunk files. Several chunk files,\n"
+               "folders and archives are one trace in order of time; with a text of another\n"
+               "tool among them, all are read one after the other.\n"
+               "\n"
+               "\"datachunk COMMAND --help\" tells the options of a command.\n"
+               "The exit status is 0, 1 when something failed or nothing was found, and 2 for\n"
+               "wrong usage.\n")
         .arg(commandList());
 }
 

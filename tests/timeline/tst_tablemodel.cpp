@@ -1,0 +1,634 @@
+#include "chunkindex.h"
+#include "datachunkhandler.h"
+#include "messages.h"
+#include "scrollsteps.h"
+#include "storefixture.h"
+#include "tracesource.h"
+#include "tracetablemodel.h"
+
+#include <QAbstractItemModelTester>
+#include <QtTest>
+
+/// The table tells views of everything that changes, and shows what is there.
+class TestTableModel : public QObject
+{
+    Q_OBJECT
+private slots:
+    void showsWhatAnEngineerExpects_data();
+    void showsWhatAnEngineerExpects();
+    void countsTimesFromWhereItIsAsked();
+    void scrollBarsReachEveryEnd_data();
+    void scrollBarsReachEveryEnd();
+    void moreRowsThanAViewCanCount();
+    void foreignIndexesShowNothing();
+    void followsAStore();
+    void keepsItsRowsWhileAStoreRotates();
+    void aStoreIsClearedAndDeleted();
+    void filesThatGoAreSaidToBeGone();
+    void aFilterGrowsInTheMiddle();
+    void aFilterThatDoesNotFitKeepsTheCurrentRow();
+    void filtersOfAStoreGoOn();
+    void findsWithinTheFilter();
+};
+
+namespace {
+
+using Model = TraceTableModel;
+using CAN::CanRxMessage;
+
+TraceExpression expression(const QString &text)
+{
+    const auto read = TraceExpression::parse(text);
+    if (!read)
+        qFatal("%s is no expression", qPrintable(text));
+    return *read;
+}
+
+// Shows what it is told to.
+class HandSource : public TraceSource
+{
+public:
+    SharedSnapshot refresh() override
+    {
+        auto now = std::make_shared<TraceSnapshot>();
+        for (const SharedSegment &segment : segments)
+            now->append(segment);
+        now->setEpoch(epoch);
+        return now;
+    }
+    bool isComplete() const override { return true; }
+    bool mayChange() const override { return false; }
+    QStringList problems() const override { return {}; }
+
+    std::vector<SharedSegment> segments;
+    quint32 epoch = 0;
+};
+
+// Claims very many messages and makes them up where they are asked for.
+class HugeSegment : public TraceSegment
+{
+public:
+    explicit HugeSegment(quint32 count) : TraceSegment(indexOf(count)) { }
+
+    bool isChunk() const override { return true; }
+    bool decode(quint32 step, Messages &messages) const override
+    {
+        messages.clear();
+        for (quint32 i = 0; i < index().sizeOfStep(step); ++i) {
+            messages.emplace_back();
+            messages.back().messageNumber = step * ChunkIndex::recordsPerStep + i;
+        }
+        return true;
+    }
+    bool scan(const Scan &, const TakeStep &) const override { return false; }
+    TraceNotes::Marks marks() const override { return {}; }
+
+private:
+    static ChunkIndex indexOf(quint32 count)
+    {
+        ChunkIndex index;
+        index.count = count;
+        index.minTime = index.maxTime = 0;
+        return index;
+    }
+};
+
+// Can be looked through when its gate is open.
+class GatedSegment : public ListSegment
+{
+public:
+    using ListSegment::ListSegment;
+
+    bool scan(const Scan &scan, const TakeStep &take) const override
+    {
+        gate.acquire();
+        gate.release();
+        return ListSegment::scan(scan, take);
+    }
+
+    mutable QSemaphore gate;
+};
+
+template <typename Segment>
+std::shared_ptr<Segment> segmentOf(const QVector<CanRxMessage> &messages, const Notes &notes = {})
+{
+    ChunkIndexer indexer(ChunkFormat::currentVersion, 0);
+    MessageList list;
+    for (const CanRxMessage &message : messages) {
+        indexer.add(MessageView(message));
+        list.append(message);
+    }
+    ChunkIndex index = indexer.finish();
+    index.notes = quint32(notes.size());
+    return std::make_shared<Segment>(list, index, TraceNotes::Marks{notes, {}});
+}
+
+QVector<CanRxMessage> numbered(quint32 first, int count)
+{
+    QVector<CanRxMessage> messages;
+    for (int i = 0; i < count; ++i) {
+        messages.append(makeMessage(first + quint32(i), QByteArray(i % 2 ? "11" : "22")));
+        messages.back().messageNumber = first + quint32(i);
+        messages.back().seconds = qint32(first) + i;
+    }
+    return messages;
+}
+
+// A source of segments that can be looked through one by one.
+class GatedSource : public HandSource
+{
+public:
+    GatedSource(int count, int messagesInEach)
+    {
+        for (int i = 0; i < count; ++i) {
+            gated.push_back(
+                segmentOf<GatedSegment>(numbered(quint32(i * messagesInEach), messagesInEach)));
+            segments.push_back(gated.back());
+        }
+    }
+
+    void open(std::size_t segment) { gated[segment]->gate.release(); }
+
+    // A filter ends when its threads have come through.
+    struct OpenAll
+    {
+        GatedSource &source;
+        ~OpenAll()
+        {
+            for (std::size_t i = 0; i < source.gated.size(); ++i)
+                source.open(i);
+        }
+    };
+
+private:
+    std::vector<std::shared_ptr<GatedSegment>> gated;
+};
+
+// What a view knows that believes nothing but the signals.
+class Mirror : public QObject
+{
+public:
+    explicit Mirror(Model &model)
+        : model(model), tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal)
+    {
+        connect(&model, &Model::modelReset, this, [this] {
+            ++resets;
+            readAll();
+        });
+        connect(&model, &Model::rowsInserted, this, [this](const QModelIndex &, int from, int to) {
+            for (int row = from; row <= to; ++row)
+                rows.insert(row, textOf(row));
+        });
+        connect(&model, &Model::dataChanged, this,
+                [this](const QModelIndex &from, const QModelIndex &to) {
+                    for (int row = from.row(); row <= to.row(); ++row)
+                        rows[row] = textOf(row);
+                });
+        readAll();
+    }
+
+    bool isRight() const
+    {
+        for (int row = 0; row < rows.size(); ++row) {
+            if (rows[row] != textOf(row))
+                return false;
+        }
+        return rows.size() == model.rowCount();
+    }
+
+    int resets = 0;
+
+private:
+    QString textOf(int row) const
+    {
+        QStringList texts;
+        for (const int column : {Model::PositionColumn, Model::DataColumn, Model::NoteColumn})
+            texts += model.index(row, column).data().toString();
+        return texts.join(' ');
+    }
+    void readAll()
+    {
+        rows.clear();
+        for (int row = 0; row < model.rowCount(); ++row)
+            rows.append(textOf(row));
+    }
+
+    Model &model;
+    QAbstractItemModelTester tester;
+    QStringList rows;
+};
+
+QString text(const Model &model, int row, Model::Column column)
+{
+    return model.index(row, column).data().toString();
+}
+
+QVector<quint64> positions(const Model &model)
+{
+    QVector<quint64> all;
+    for (int row = 0; row < model.rowCount(); ++row)
+        all.append(model.index(row, 0).data(Model::PositionRole).toULongLong());
+    return all;
+}
+
+void append(DatachunkHandler &store, int count, quint32 firstId = 0x100)
+{
+    for (int i = 0; i < count; ++i)
+        store.appendCanMessage(makeMessage(firstId + quint32(i % 10), i % 2 ? "11" : "22"));
+}
+
+// A table whose refreshes come when the test says so.
+std::unique_ptr<Model> quietModel(const TraceTimeline &timeline)
+{
+    auto model = std::make_unique<Model>(timeline);
+    model->setRefreshInterval(0);
+    return model;
+}
+
+} // namespace
+
+void TestTableModel::showsWhatAnEngineerExpects_data()
+{
+    QTest::addColumn<CanRxMessage>("message");
+    QTest::addColumn<QString>("expected");
+
+    CanRxMessage message = makeMessage(0x7A, "00FF1e", 0x203);
+    message.seconds = 12;
+    message.microseconds = 345678;
+    QTest::newRow("a standard frame") << message << "12.345678|3|Rx|07A||3|00 FF 1E";
+    message.extended = true;
+    message.transmitted = true;
+    QTest::newRow("an extended frame that was sent")
+        << message << "12.345678|3|Tx|0000007A|EXT|3|00 FF 1E";
+    message.remote = true;
+    QTest::newRow("a remote frame has no data") << message << "12.345678|3|Tx|0000007A|EXT RTR|3|";
+    CanRxMessage fd = makeMessage(0x123, QByteArray(128, 'a'));
+    fd.fdFrame = fd.flagC = fd.flagB = true;
+    fd.microseconds = -500000;
+    QTest::newRow("a CAN FD frame in front of the time's start")
+        << fd
+        << "-0.500000|0|Rx|123|FD BRS ESI|64|"
+            + QStringList(QVector<QString>(64, "AA").toList()).join(' ');
+    CanRxMessage lying;
+    lying.length = 127;
+    QTest::newRow("a length that cannot be")
+        << lying
+        << "0.000000|0|Rx|000||64|" + QStringList(QVector<QString>(64, "00").toList()).join(' ');
+    CanRxMessage error;
+    error.id = CAN::errorFrameId;
+    QTest::newRow("an error frame") << error << "0.000000|0|Rx||ERR|0|";
+}
+
+void TestTableModel::showsWhatAnEngineerExpects()
+{
+    QFETCH(CanRxMessage, message);
+    QFETCH(QString, expected);
+    const auto source = std::make_shared<HandSource>();
+    source->segments = {segmentOf<ListSegment>({message})};
+    const auto model = quietModel(TraceTimeline(source));
+    QStringList texts;
+    for (int column = Model::TimeColumn; column <= Model::DataColumn; ++column)
+        texts += text(*model, 0, Model::Column(column));
+    QCOMPARE(texts.join('|'), expected);
+}
+
+void TestTableModel::countsTimesFromWhereItIsAsked()
+{
+    const auto source = std::make_shared<HandSource>();
+    auto messages = numbered(7, 3);
+    messages[2].seconds = 5;
+    source->segments = {segmentOf<ListSegment>(messages)};
+    const auto model = quietModel(TraceTimeline(source));
+    const Mirror mirror(*model);
+    const auto times = [&] {
+        QStringList all;
+        for (int row = 0; row < model->rowCount(); ++row)
+            all += text(*model, row, Model::TimeColumn);
+        return all.join(' ');
+    };
+    QCOMPARE(times(), QString("7.000000 8.000000 5.000000"));
+    model->setTimeForm(Model::SinceStart);
+    QCOMPARE(times(), QString("2.000000 3.000000 0.000000"));
+    model->setTimeForm(Model::SinceRowBefore);
+    QCOMPARE(times(), QString(" 1.000000 -3.000000"));
+    model->setFilter(expression("b0==22"));
+    QTRY_COMPARE((model->refresh(), times()), QString(" -2.000000"));
+}
+
+void TestTableModel::scrollBarsReachEveryEnd_data()
+{
+    QTest::addColumn<quint64>("total");
+    QTest::newRow("nothing") << Q_UINT64_C(0);
+    QTest::newRow("one row") << Q_UINT64_C(1);
+    QTest::newRow("a row for each step") << Q_UINT64_C(1000001);
+    QTest::newRow("one row more") << Q_UINT64_C(1000002);
+    QTest::newRow("more than 32 bits") << Q_UINT64_C(100000000003);
+    QTest::newRow("more than products fit") << ~Q_UINT64_C(0);
+}
+
+void TestTableModel::scrollBarsReachEveryEnd()
+{
+    QFETCH(quint64, total);
+    const ScrollSteps steps(total);
+    const quint64 last = total == 0 ? 0 : total - 1;
+    QCOMPARE(quint64(steps.lastStep()), std::min<quint64>(last, 1000000));
+    QCOMPARE(steps.rowAt(-1), Q_UINT64_C(0));
+    QCOMPARE(steps.rowAt(INT_MAX), last);
+    for (int step = 0; step <= steps.lastStep(); step += 1 + steps.lastStep() / 1000) {
+        const quint64 row = steps.rowAt(step);
+        QCOMPARE(steps.stepOf(row), step);
+        QCOMPARE(steps.stepOf(row == 0 ? 0 : row - 1), std::max(0, step - 1));
+    }
+    QCOMPARE(steps.stepOf(last), steps.lastStep());
+}
+
+void TestTableModel::moreRowsThanAViewCanCount()
+{
+    constexpr quint64 each = 4000000000;
+    const auto source = std::make_shared<HandSource>();
+    source->segments = {std::make_shared<HugeSegment>(quint32(each)),
+                        std::make_shared<HugeSegment>(quint32(each))};
+    const auto model = quietModel(TraceTimeline(source));
+    Mirror mirror(*model);
+    QCOMPARE(model->total(), 2 * each);
+    QCOMPARE(model->rowCount(), 100000);
+    QCOMPARE(model->showRow(each + 5).data(Model::PositionRole).toULongLong(), each + 5);
+    QCOMPARE(text(*model, model->rowOf(each + 5), Model::NumberColumn), QString("5"));
+    QCOMPARE(model->rowOf(each - 60000), -1);
+    QVERIFY(mirror.isRight());
+    mirror.resets = 0;
+    model->showRow(each + 30000);
+    QCOMPARE(mirror.resets, 0);
+    model->showRow(each + 45000);
+    QCOMPARE(mirror.resets, 1);
+    QCOMPARE(model->showRow(~Q_UINT64_C(0)).row(), 99999);
+    QCOMPARE(model->headerData(99999, Qt::Vertical).toULongLong(), 2 * each);
+    QCOMPARE(model->rowAtScroll(model->scrollRange()), 2 * each - 1);
+    QCOMPARE(model->showRow(0).row(), 0);
+    QVERIFY(mirror.isRight());
+
+    // What comes behind the window is counted, what belongs into it is not shown beyond its limit.
+    mirror.resets = 0;
+    source->segments.push_back(std::make_shared<HugeSegment>(3));
+    model->refresh();
+    QCOMPARE(model->total(), 2 * each + 3);
+    QCOMPARE(mirror.resets, 0);
+    QVERIFY(mirror.isRight());
+}
+
+void TestTableModel::foreignIndexesShowNothing()
+{
+    const auto source = std::make_shared<HandSource>();
+    const auto model = quietModel(TraceTimeline(source));
+    const Mirror mirror(*model);
+    QCOMPARE(model->rowCount(), 0);
+    QVERIFY(!model->showRow(0).isValid());
+    QVERIFY(!model->jumpToTime(0).isValid());
+    QVERIFY(!model->jumpToNumber(0).isValid());
+    source->segments = {segmentOf<ListSegment>(numbered(0, 10))};
+    model->refresh();
+    const QModelIndex last = model->index(9, Model::DataColumn);
+    QCOMPARE(last.data().toString(), QString("11"));
+    source->segments = {segmentOf<ListSegment>(numbered(0, 5))};
+    source->epoch = 1;
+    model->refresh();
+    QVERIFY(!model->data(last, Qt::DisplayRole).isValid());
+    QVERIFY(!model->data(QModelIndex(), Qt::DisplayRole).isValid());
+    const auto other = quietModel(TraceTimeline(source));
+    QVERIFY(!model->data(other->index(0, 0), Qt::DisplayRole).isValid());
+    QVERIFY(mirror.isRight());
+}
+
+void TestTableModel::followsAStore()
+{
+    DatachunkHandler store(45000);
+    Model model(store.timeline());
+    const Mirror mirror(model);
+    model.setFollowing(true);
+    QSignalSpy totals(&model, &Model::totalChanged);
+    quint64 expected = 0;
+    for (int i = 0; i < 6; ++i) {
+        append(store, 25001);
+        expected += 25001;
+        QTRY_COMPARE(model.total(), expected);
+        QCOMPARE(model.origin(), expected > 100000 ? expected - 100000 : 0);
+        QVERIFY(mirror.isRight());
+    }
+    QCOMPARE(totals.last().at(0).toULongLong(), expected);
+
+    // Who looks back is left alone.
+    QSignalSpy follows(&model, &Model::followingChanged);
+    const QModelIndex row = model.jumpToNumber(20);
+    QCOMPARE(row.data(Model::PositionRole).toULongLong(), Q_UINT64_C(20));
+    QCOMPARE(follows.count(), 1);
+    const int resets = mirror.resets;
+    append(store, 40000);
+    QTRY_COMPARE(model.total(), expected + 40000);
+    QCOMPARE(mirror.resets, resets);
+    QCOMPARE(model.origin(), Q_UINT64_C(0));
+    QVERIFY(mirror.isRight());
+}
+
+void TestTableModel::keepsItsRowsWhileAStoreRotates()
+{
+    DatachunkHandler store(6000);
+    const auto model = quietModel(store.timeline());
+    const Mirror mirror(*model);
+    append(store, 10);
+    model->refresh();
+    const int resets = mirror.resets;
+    const QPersistentModelIndex kept = model->index(3, 0);
+    for (int i = 1; i <= 30; ++i) {
+        append(store, 333);
+        store.setMessageNote(quint32(9 + i * 333), "note");
+        model->refresh();
+        QCOMPARE(model->total(), quint64(10 + i * 333));
+        QVERIFY(mirror.isRight());
+    }
+    const int last = model->rowCount() - 1;
+    store.setMessageNote(quint32(last), "later");
+    model->refresh();
+    QVERIFY(mirror.isRight());
+    QCOMPARE(text(*model, last, Model::NoteColumn), QString("later"));
+    store.setMessageNote(quint32(last), "note");
+    model->refresh();
+    QCOMPARE(mirror.resets, resets);
+    QCOMPARE(kept.data(Model::PositionRole).toULongLong(), Q_UINT64_C(3));
+    for (int row = 0; row < model->rowCount(); ++row) {
+        QCOMPARE(text(*model, row, Model::NumberColumn), QString::number(row));
+        QCOMPARE(text(*model, row, Model::NoteColumn), row > 9 && row % 333 == 9 ? "note" : "");
+    }
+}
+
+void TestTableModel::aStoreIsClearedAndDeleted()
+{
+    auto store = std::make_unique<DatachunkHandler>(20000);
+    Model model(store->timeline());
+    const Mirror mirror(model);
+    append(*store, 3000, 0x300);
+    model.refresh();
+    store->clearAllMessages();
+    // More than there were, so that nothing but the content tells that they are others.
+    append(*store, 3500);
+    model.setFilter(expression("id==101"));
+    model.refresh();
+    QCOMPARE(model.total(), Q_UINT64_C(350));
+    QVERIFY(mirror.isRight());
+    model.setFilter(std::nullopt);
+    QCOMPARE(model.total(), Q_UINT64_C(3500));
+    auto *timer = model.findChild<QTimer *>();
+    QVERIFY(timer->isActive());
+
+    store.reset();
+    QTRY_VERIFY(!timer->isActive());
+    model.setFilter(expression("b0==11"));
+    QTRY_VERIFY((model.refresh(), !timer->isActive()));
+    QVERIFY(mirror.isRight());
+    model.setFilter(std::nullopt);
+    QCOMPARE(model.rowCount(), 3500);
+    QCOMPARE(text(model, 3499, Model::DataColumn), QString("11"));
+}
+
+void TestTableModel::filesThatGoAreSaidToBeGone()
+{
+    DatachunkHandler store(6000);
+    append(store, 3500);
+    TraceTimeline timeline({store.chunkFolderPath()});
+    QTRY_COMPARE((timeline.refresh(), timeline.count()), Q_UINT64_C(3000));
+    QVERIFY(QFile::remove(store.chunkFolderPath() + "/tmpData1.dck"));
+    const auto model = quietModel(timeline);
+    const Mirror mirror(*model);
+    QCOMPARE(text(*model, 999, Model::NumberColumn), QString("999"));
+    const QModelIndex gone = model->index(1000, Model::DataColumn);
+    QCOMPARE(gone.data().toString(), QString("no longer there"));
+    QCOMPARE(gone.data(Model::StateRole).toInt(), int(TraceRow::Gone));
+    QCOMPARE(gone.data(Model::PositionRole).toULongLong(), Q_UINT64_C(1000));
+    QVERIFY(!gone.data(Model::MessageRole).isValid());
+    model->setFilter(expression("id==105"));
+    QCOMPARE(model->total(), Q_UINT64_C(300));
+    QCOMPARE(text(*model, 100, Model::DataColumn), QString("no longer there"));
+    QCOMPARE(text(*model, 200, Model::NumberColumn), QString("2005"));
+    model->refresh();
+    QVERIFY(mirror.isRight());
+}
+
+void TestTableModel::aFilterGrowsInTheMiddle()
+{
+    if (QThread::idealThreadCount() < 2)
+        QSKIP("One thread looks from front to back.");
+    const auto source = std::make_shared<GatedSource>(4, 5000);
+    const auto model = quietModel(TraceTimeline(source));
+    const GatedSource::OpenAll atEnd{*source};
+    Mirror mirror(*model);
+    model->setFilter(expression("b0==22"));
+    QSignalSpy complete(model.get(), &Model::filterComplete);
+    QSignalSpy progress(model.get(), &Model::filterProgress);
+    mirror.resets = 0;
+    quint64 expected = 0;
+    // Two are looked through at a time, so that the gates in front must not stay closed.
+    for (const std::size_t open : {1, 0, 3, 2}) {
+        source->open(open);
+        expected += 2500;
+        QTRY_COMPARE((model->refresh(), model->total()), expected);
+        const auto all = positions(*model);
+        QVERIFY(std::is_sorted(all.begin(), all.end()));
+        QVERIFY(mirror.isRight());
+    }
+    QCOMPARE(mirror.resets, 0);
+    QCOMPARE(complete.count(), 1);
+    QCOMPARE(progress.last(), QVariantList({Q_UINT64_C(20000), Q_UINT64_C(20000)}));
+    QCOMPARE(positions(*model).at(5000), Q_UINT64_C(10000));
+}
+
+void TestTableModel::aFilterThatDoesNotFitKeepsTheCurrentRow()
+{
+    if (QThread::idealThreadCount() < 2)
+        QSKIP("One thread looks from front to back.");
+    const auto source = std::make_shared<GatedSource>(3, 60000);
+    const auto model = quietModel(TraceTimeline(source));
+    const GatedSource::OpenAll atEnd{*source};
+    Mirror mirror(*model);
+    constexpr quint64 current = 170000;
+    model->setCurrentPosition(current);
+    model->setFilter(expression("b0<=ff"));
+    source->open(2);
+    QTRY_COMPARE((model->refresh(), model->total()), Q_UINT64_C(60000));
+    QCOMPARE(model->rowOf(current), 50000);
+    source->open(1);
+    QTRY_COMPARE((model->refresh(), model->total()), Q_UINT64_C(120000));
+    const int row = model->rowOf(current);
+    QVERIFY(row >= 0);
+    QCOMPARE(model->rowCount(), 100000);
+    QVERIFY(mirror.isRight());
+
+    // What comes in front of the window leaves it where it is.
+    mirror.resets = 0;
+    source->open(0);
+    QTRY_COMPARE((model->refresh(), model->total()), Q_UINT64_C(180000));
+    QCOMPARE(model->rowOf(current), row);
+    QCOMPARE(mirror.resets, 0);
+    QCOMPARE(model->origin() + quint64(row), current);
+    QVERIFY(mirror.isRight());
+}
+
+void TestTableModel::filtersOfAStoreGoOn()
+{
+    DatachunkHandler store(6000);
+    const auto model = quietModel(store.timeline());
+    const Mirror mirror(*model);
+    model->setFilter(expression("id==103"));
+    const int resets = mirror.resets;
+    for (quint64 i = 1; i <= 30; ++i) {
+        append(store, 400);
+        // Another copy goes on, and the table must not show it before it has told.
+        TraceTimeline(store.timeline()).refresh();
+        QVERIFY(mirror.isRight());
+        model->refresh();
+        QCOMPARE(model->total(), i * 40);
+        QVERIFY(mirror.isRight());
+    }
+    QCOMPARE(mirror.resets, resets);
+    const auto all = positions(*model);
+    for (int row = 0; row < all.size(); ++row)
+        QCOMPARE(all[row], quint64(row * 10 + 3));
+    QCOMPARE(model->rowOf(1234), -1);
+    QCOMPARE(model->rowOf(1233), 123);
+    QCOMPARE(model->showPosition(1234).row(), 124);
+}
+
+void TestTableModel::findsWithinTheFilter()
+{
+    const auto source = std::make_shared<HandSource>();
+    source->segments = {segmentOf<ListSegment>(numbered(0, 150000), {{149999, "here"}})};
+    const auto model = quietModel(TraceTimeline(source));
+    const Mirror mirror(*model);
+    QSignalSpy found(model.get(), &Model::found);
+    QSignalSpy notFound(model.get(), &Model::notFound);
+    model->findNext(expression("note"));
+    QVERIFY(found.wait());
+    QCOMPARE(model->currentPosition().value_or(0), Q_UINT64_C(149999));
+    QCOMPARE(text(*model, model->rowOf(149999), Model::NoteColumn), QString("here"));
+    model->findNext(expression("b0==22"));
+    QVERIFY(notFound.wait());
+    // A search that another one supersedes is not heard of.
+    model->findNext(expression("b0==22"));
+    model->findPrevious(expression("b0==22"));
+    QVERIFY(found.wait());
+    QCOMPARE(notFound.count(), 1);
+    QCOMPARE(model->currentPosition().value_or(0), Q_UINT64_C(149998));
+
+    model->setFilter(expression("number ..1000"));
+    QTRY_COMPARE((model->refresh(), model->total()), Q_UINT64_C(1001));
+    model->findPrevious(expression("b0==11"));
+    QVERIFY(found.wait());
+    QCOMPARE(model->currentPosition().value_or(0), Q_UINT64_C(999));
+    QCOMPARE(model->rowOf(999), 999);
+    model->findNext(expression(""));
+    QVERIFY(found.wait());
+    QCOMPARE(model->currentPosition().value_or(0), Q_UINT64_C(1000));
+    QVERIFY(mirror.isRight());
+}
+
+QTEST_GUILESS_MAIN(TestTableModel)
+
+#include "tst_tablemodel.moc"

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "messageprinter.h"
+#include "traceinput.h"
+
+#include <limits>
+
+/// What the user looks for, and how it is printed. Positions are those of all inputs.
+struct FindRequest
+{
+    TraceExpression expression;
+    quint64 from = 0;
+    quint64 first = std::numeric_limits<qint64>::max();
+    quint64 before = 0;
+    quint64 after = 0;
+    bool counts = false;
+    bool asJson = false;
+
+    bool hasContext() const { return before > 0 || after > 0; }
+};
+
+/// Prints what is found and what stands around it, each message once.
+class FindOutput
+{
+public:
+    explicit FindOutput(const FindRequest &request)
+        : request(request), printer(request.asJson ? MessagePrinter::Json : MessagePrinter::Text)
+    {
+    }
+
+    bool isFull() const { return found >= request.first; }
+    quint64 count() const { return found; }
+    void addCount(quint64 messages) { found += std::min(messages, request.first - found); }
+    /// The first position that is not printed, and the end of what stands behind the last hit.
+    quint64 next() const { return nextPosition; }
+    quint64 contextEnd() const { return endOfContext; }
+
+    bool print(const CAN::CanRxMessage &message, const QString &note, quint64 position, bool isHit)
+    {
+        const bool isApart = hasPrinted && position != nextPosition;
+        if (isApart && request.hasContext() && !request.asJson && !printer.printPart())
+            return false;
+        hasPrinted = true;
+        nextPosition = position + 1;
+        if (isHit) {
+            ++found;
+            endOfContext = nextPosition + request.after;
+        }
+        const FoundPlace place{position, !isHit};
+        const bool showsPlace = request.asJson || request.hasContext();
+        return printer.print(message, note, showsPlace ? &place : nullptr);
+    }
+    void flush() { printer.flush(); }
+
+private:
+    const FindRequest &request;
+    MessagePrinter printer;
+    quint64 found = 0;
+    quint64 nextPosition = 0;
+    quint64 endOfContext = 0;
+    bool hasPrinted = false;
+};
+
+/// Looks through an input whose first message has \a position, which then is that behind it.
+TraceReading::Result findIn(TraceInput &input, const FindRequest &request, quint64 &position,
+                            FindOutput &output);
