@@ -74,6 +74,21 @@ SharedSegment segmentOf(const std::shared_ptr<const ChunkBytes> &bytes)
     return std::make_shared<ChunkSegment>(bytes, std::move(chunk.index));
 }
 
+// The records of a chunk are what it held in memory, behind its header. Null where they are not.
+SharedSegment movedInto(const std::shared_ptr<const ChunkBytes> &bytes,
+                        const TraceSegment &inMemory, qint64 fileSize)
+{
+    ChunkIndex index = inMemory.index();
+    index.moveBy(fileSize - index.recordsEnd);
+    if (index.recordsStart < 0 || index.count == 0)
+        return {};
+    auto segment = std::make_shared<ChunkSegment>(bytes, std::move(index));
+    TraceSegment::Messages messages;
+    const bool isThere =
+        segment->decode(0, messages) && segment->decode(segment->index().stepCount() - 1, messages);
+    return isThere ? segment : nullptr;
+}
+
 QHash<QString, DirectoryEntry> directoryOf(const QString &folder)
 {
     QHash<QString, DirectoryEntry> byName;
@@ -163,15 +178,18 @@ void StoreSource::update(Part &part, Directory &directory)
         return;
     }
     part.isFinal = true;
+    const SharedSegment inMemory = std::move(part.segment);
     part.segment.reset();
     part.fileName = recorded->chunkPath(part.rotated.chunkIndex);
     const auto identity = FileIdentity::of(part.fileName);
     if (!identity)
         return;
+    const auto bytes = std::make_shared<ChunkFileBytes>(part.fileName, *identity);
+    if (inMemory && (part.segment = movedInto(bytes, *inMemory, identity->size)))
+        return;
     const QFileInfo file(part.fileName);
     if (!directory)
         directory = directoryOf(file.path());
-    const auto bytes = std::make_shared<ChunkFileBytes>(part.fileName, *identity);
     const auto entry = directory->constFind(file.fileName());
     part.segment = entry != directory->cend() && describes(*entry, *identity)
         ? std::make_shared<ChunkSegment>(bytes, entry->index)
