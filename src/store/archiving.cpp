@@ -1,6 +1,7 @@
 #include "archiving.h"
 
 #include "archivelimits.h"
+#include "chunkmove.h"
 
 #include <utility>
 
@@ -135,9 +136,9 @@ bool Archiving::unpack(const QString &archive)
     const QString name = ArchiveLimits::archiveName(archive);
     const bool isOnStoreThread = caller.isOnStoreThread();
     QVector<std::function<void()>> held;
-    bool anything = false;
+    QString unpackedInto; // empty as long as nothing is
     const auto unpacked = [&](const QString &file, const QDir &folder, const QString &time) {
-        anything = true;
+        unpackedInto = folder.path();
         const auto report = [=] {
             caller.tellLast(&DatachunkHandler::newZippedFile, file, name, folder, time);
         };
@@ -151,8 +152,11 @@ bool Archiving::unpack(const QString &archive)
     const Outcome outcome = desk.unpack(archive, unpacked, damage);
     if (outcome.kind == Outcome::GivenUp) {
         held.clear();
-        anything = false;
+        unpackedInto.clear();
     }
+    const bool anything = !unpackedInto.isEmpty();
+    if (anything)
+        indexChunks(unpackedInto);
     const bool failed = !anything || !outcome.isDone() || !outcome.text.isEmpty();
     for (const std::function<void()> &report : qAsConst(held))
         report();

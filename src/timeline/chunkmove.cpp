@@ -1,8 +1,12 @@
 #include "chunkmove.h"
 
+#include "chunkbytes.h"
 #include "chunkdirectory.h"
+#include "chunklisting.h"
+#include "damage.h"
 
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 
@@ -38,4 +42,27 @@ bool moveChunk(const QString &from, const QString &to, const std::function<bool(
     if (describes(*entry, *now))
         ChunkDirectory::add(QFileInfo(to).absolutePath(), *entry);
     return true;
+}
+
+bool indexChunks(const QString &folder)
+{
+    QHash<QString, FileIdentity> known;
+    for (const DirectoryEntry &entry : ChunkDirectory::read(folder))
+        known.insert(entry.name, entry.file);
+    bool isWritten = true;
+    const QStringList files = ChunkListing::filesIn(folder);
+    for (const QString &path : files) {
+        const QString name = QFileInfo(path).fileName();
+        const auto file = FileIdentity::of(path);
+        if (!file || (known.contains(name) && known.value(name) == *file))
+            continue;
+        IndexedChunk chunk = ChunkFileBytes(path, *file).index([] { return true; });
+        // A damaged chunk is read by whoever opens it, and its damage told.
+        const bool isGood = chunk.result == Outcome::Done
+            && Damage::ofChunk(name, chunk.front, chunk.end, chunk.index.count).isEmpty();
+        if (isGood)
+            isWritten =
+                ChunkDirectory::add(folder, {name, *file, std::move(chunk.index)}) && isWritten;
+    }
+    return isWritten;
 }

@@ -11,3 +11,7 @@
 /// thread; nobody else may write to the chunk meanwhile.
 DATACHUNK_EXPORT bool moveChunk(const QString &from, const QString &to,
                                 const std::function<bool()> &move);
+
+/// Has the directory of \a folder know all chunks in it; those that it does not know are read.
+/// False when it cannot be written. Any thread; nobody may write to the chunks meanwhile.
+DATACHUNK_EXPORT bool indexChunks(const QString &folder);

@@ -183,3 +183,24 @@ std::optional<quint64> Searching::positionOfNumber(const TraceSnapshot &snapshot
     }
     return {};
 }
+
+std::vector<quint32> Searching::offsetsOf(const TraceSegment &segment, const Bookmarks &bookmarks)
+{
+    const ChunkIndex &index = segment.index();
+    std::vector<quint32> offsets;
+    TraceSegment::Messages messages;
+    for (quint32 step = 0; step < index.stepCount(); ++step) {
+        const quint32 first = step * perStep;
+        // Where numbers rise, few steps need be looked at.
+        const auto next = bookmarks.lowerBound(index.firstNumber + first);
+        const bool hasAny = next != bookmarks.end()
+            && next.key() < quint64(index.firstNumber) + first + index.sizeOfStep(step);
+        if ((index.numbersRise && !hasAny) || !segment.decode(step, messages))
+            continue;
+        for (std::size_t i = 0; i < messages.size(); ++i) {
+            if (bookmarks.contains(messages[i].messageNumber))
+                offsets.push_back(first + quint32(i));
+        }
+    }
+    return offsets;
+}

@@ -21,6 +21,9 @@ public:
     /// See TraceTimeline::forEachFound.
     quint64 all(quint64 from, quint64 count, const Visit &visit);
 
+    /// Where in a segment the messages are that have a bookmark, rising.
+    static std::vector<quint32> offsetsOf(const TraceSegment &segment, const Bookmarks &bookmarks);
+
     static std::optional<quint64> positionOfNumber(const TraceSnapshot &snapshot, quint32 number);
 
 private:

@@ -124,6 +124,20 @@ TraceIdentifier identifierOf(FrameKey frame, quint64 first)
 
 } // namespace
 
+QVector<quint64> TraceTimeline::bookmarkPositions() const
+{
+    const SharedSnapshot snapshot = data->snapshot();
+    QVector<quint64> positions;
+    for (const auto &placed : snapshot->segments()) {
+        if (placed.segment->index().bookmarks == 0)
+            continue;
+        const auto marks = data->cache.marks(*placed.segment);
+        for (const quint32 offset : Searching::offsetsOf(*placed.segment, marks->bookmarks))
+            positions.append(placed.begin + offset);
+    }
+    return positions;
+}
+
 QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const
 {
     // A trace of nothing but different ones must not fill the memory.

@@ -117,6 +117,10 @@ public:
     /// The first message with that number.
     std::optional<quint64> positionOfNumber(quint32 number) const;
 
+    /// Where messages have a bookmark, rising. Reads the notes and bookmarks of chunks that have
+    /// any.
+    QVector<quint64> bookmarkPositions() const;
+
     /// Every identifier with each line and kind, by identifier. False in \a isExact, and some are
     /// missing, where a chunk has more than 65536 of them, or all together more than 1000000.
     QVector<TraceIdentifier> identifiers(bool *isExact = nullptr) const;

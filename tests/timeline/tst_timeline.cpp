@@ -1,6 +1,7 @@
 #include "archives.h"
 #include "changetracker.h"
 #include "chunkdirectory.h"
+#include "chunkmove.h"
 #include "messages.h"
 #include "savejob.h"
 #include "storefixture.h"
@@ -223,6 +224,8 @@ private slots:
     void chunksThatGoLeaveTheirPlaces();
     void chunksThatComeOrGrowAreTakenIn();
     void directoryOfAnotherStateIsNotBelieved();
+    void indexedChunksAreKnownAtOnce();
+    void bookmarksAreFoundWhereverTheirNumbersAre();
 };
 
 void TestTimeline::everyQuestionIsAnsweredAsByOneMessageAfterTheOther_data()
@@ -464,6 +467,50 @@ void TestTimeline::directoryOfAnotherStateIsNotBelieved()
     QVERIFY(timeline.waitForAll());
     compareRows(timeline, recording);
     compareFilter(timeline, found(recording, "id==5"), "id==5");
+}
+
+void TestTimeline::indexedChunksAreKnownAtOnce()
+{
+    QTemporaryDir folder;
+    const Recording recording = record(folder.path(), 1, {5000, 4096});
+    writeFile(folder.filePath(QStringLiteral("damaged.dck")),
+              readFile(folder.filePath(QStringLiteral("tmpData0.dck"))).left(1000));
+    QVERIFY(indexChunks(folder.path()));
+    QVERIFY(indexChunks(folder.path()));
+    const auto entries = ChunkDirectory::read(folder.path());
+    QCOMPARE(int(entries.size()), 2);
+    QFile::remove(folder.filePath(QStringLiteral("damaged.dck")));
+    const TraceTimeline timeline({folder.path()});
+    QVERIFY(timeline.isComplete());
+    compareRows(timeline, recording);
+}
+
+void TestTimeline::bookmarksAreFoundWhereverTheirNumbersAre()
+{
+    QTemporaryDir folder;
+    QVector<quint64> wanted;
+    for (int chunk = 0; chunk < 3; ++chunk) {
+        SaveJob job;
+        job.fileName = folder.filePath(QStringLiteral("a%1.dck").arg(chunk));
+        for (quint32 i = 0; i < 10000; ++i) {
+            CAN::CanRxMessage message = makeMessage(i, 8);
+            // The numbers of the last one fall.
+            message.messageNumber = chunk < 2 ? 10000 * quint32(chunk) + i : 40000 - i;
+            job.messages.append(message);
+            if (i % 3001 == 1 && chunk > 0) {
+                const quint32 number = message.messageNumber;
+                job.bookmarks.insert(number, CanMessageBookmark(number, QStringLiteral("here")));
+                wanted.append(10000 * quint64(chunk) + i);
+            }
+        }
+        job.endPosition = 10000;
+        job.bookmarks.insert(77777, CanMessageBookmark(77777, QStringLiteral("of no message")));
+        QVERIFY(writeChunkFile(job).isDone());
+    }
+    TraceTimeline timeline({folder.path()});
+    QVERIFY(timeline.waitForAll());
+    QCOMPARE(timeline.bookmarkPositions(), wanted);
+    QCOMPARE(timeline.row(wanted.first()).bookmark.text(), QStringLiteral("here"));
 }
 
 QTEST_GUILESS_MAIN(TestTimeline)

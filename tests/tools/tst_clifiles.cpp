@@ -53,6 +53,7 @@ void TestCliFiles::importMakesNumberedChunks()
     QCOMPARE(secondsInChunk("new/place/day.1_1.dck"), numbersFrom(100, 100));
     QCOMPARE(secondsInChunk("new/place/day.1_2.dck"), numbersFrom(200, 50));
     QCOMPARE(namesIn("new/place").size(), 3);
+    QVERIFY(QFile::exists("new/place/.chunk-directory"));
 }
 
 void TestCliFiles::splitMakesParts()

@@ -99,7 +99,7 @@ bool importTrace(const TraceFile &trace, const QDir &folder, const QString &base
     printReport(trace, report);
     if (!parts.imported && !parts.errorPrinted)
         printError(trace.name, Cli::tr("The file could not be imported."));
-    return parts.imported && moveFiles(parts.files, partNames(folder, base, parts.files.size()))
+    return parts.imported && moveChunks(parts.files, partNames(folder, base, parts.files.size()))
         && !parts.errorPrinted && !failsOnLoss(trace, report);
 }
 

@@ -1,9 +1,11 @@
 #include "movefiles.h"
 
+#include "chunkmove.h"
 #include "filechecks.h"
 #include "terminal.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
@@ -62,5 +64,15 @@ bool moveFiles(const QStringList &files, const QStringList &names)
     }
     for (const QString &name : names)
         writeLine(name);
+    return true;
+}
+
+bool moveChunks(const QStringList &files, const QStringList &names)
+{
+    if (!moveFiles(files, names))
+        return false;
+    // What the directory lacks is found by whoever opens the folder.
+    if (!names.isEmpty())
+        indexChunks(QFileInfo(names.first()).absolutePath());
     return true;
 }

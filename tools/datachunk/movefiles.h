@@ -9,3 +9,6 @@ int moveFile(const QString &from, const QString &to);
 /// Moves each of the \a files to the name at the same place of \a names, and prints the names.
 /// All of them are moved or, with a text printed, none: nothing is ever overwritten.
 bool moveFiles(const QStringList &files, const QStringList &names);
+
+/// The same for the chunks of a folder, which is told of them in its directory.
+bool moveChunks(const QStringList &files, const QStringList &names);

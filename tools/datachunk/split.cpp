@@ -89,7 +89,7 @@ bool moveParts(const QStringList &files, const QDir &folder)
     QStringList names;
     for (const QString &file : files)
         names.append(folder.filePath(QFileInfo(file).fileName()));
-    return makeFolder(folder) && moveFiles(files, names);
+    return makeFolder(folder) && moveChunks(files, names);
 }
 
 // The folder for the parts is created only when all of them are written.

@@ -47,7 +47,7 @@ bool unpack(const QString &zipName, const QDir &folder)
     QStringList names;
     for (const QString &chunk : unpacked.chunks)
         names.append(folder.filePath(QFileInfo(chunk).fileName()));
-    return moveFiles(unpacked.chunks, names) && !unpacked.damaged;
+    return moveChunks(unpacked.chunks, names) && !unpacked.damaged;
 }
 
 } // namespace
