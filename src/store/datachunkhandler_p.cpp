@@ -4,16 +4,15 @@
 
 DatachunkHandlerPrivate::DatachunkHandlerPrivate(DatachunkHandler *store,
                                                  unsigned int maxMessageCount)
-    : teller(store), trace(maxMessageCount, *this),
-      browsing(teller, trace),
+    : teller(store), trace(maxMessageCount, *this), browsing(teller, trace),
       continuousOutput(teller),
       saveReports(teller, trace, [this] { archives.later([this] { archiving.pack(); }); }),
       chunkSaver([this](const SaveReport &report) { saveReports.post(report, chunkSaver); },
                  addSavedChunk),
       exports(chunkSaver.folder(),
               [this](const SaveReport &report) { saveReports.post(report, chunkSaver); }),
-      archives(chunkSaver, exports),
-      recorded(std::make_shared<RecordedTrace>(trace, chunkSaver)), partialChunks(trace, chunkSaver), archiving(browsing, archives)
+      archives(chunkSaver, exports), recorded(std::make_shared<RecordedTrace>(trace, chunkSaver)),
+      partialChunks(trace, chunkSaver), archiving(browsing, archives)
 {
 }
 
