@@ -1,5 +1,7 @@
 #include "directoryformat.h"
 
+#include "directorywindow.h"
+
 #include <QFile>
 #include <QHash>
 #include <QSysInfo>
@@ -248,42 +250,6 @@ bool readPayload(const char *from, quint32 size, DirectoryEntry &entry, Common &
     return entry.index.isSound(entry.file.size);
 }
 
-/// The part of a directory that is in memory.
-class Window
-{
-public:
-    Window(const ReadAt &read, qint64 size) : read(read), size(size) { }
-
-    /// The bytes from \a offset on, at least \a bytes of them, until the next call; null where
-    /// there are fewer.
-    const char *at(qint64 offset, qint64 bytes);
-    /// How many there are.
-    qint64 bytesAt(qint64 offset) const { return begin + filled - offset; }
-
-private:
-    static constexpr qint64 usualSize = 1024LL * 1024;
-
-    const ReadAt &read;
-    const qint64 size; // of the directory
-    QByteArray buffer;
-    qint64 begin = 0;
-    qint64 filled = 0;
-};
-
-const char *Window::at(qint64 offset, qint64 bytes)
-{
-    if (offset + bytes > size)
-        return nullptr;
-    if (offset < begin || bytesAt(offset) < bytes) {
-        const qint64 wanted = std::min(std::max(bytes, usualSize), size - offset);
-        if (buffer.size() < wanted)
-            buffer = QByteArray(int(wanted), Qt::Uninitialized);
-        begin = offset;
-        filled = read(buffer.data(), offset, wanted);
-    }
-    return bytesAt(offset) < bytes ? nullptr : buffer.constData() + (offset - begin);
-}
-
 /// Goes through what lies behind the head of a directory.
 class Search
 {
@@ -299,7 +265,7 @@ public:
 private:
     const char *findMark();
 
-    Window window;
+    DirectoryWindow window;
     qint64 offset = headSize;
     const quint64 key;
     // Marks that promise much and hold nothing must not take for ever.
