@@ -21,7 +21,6 @@ bool operator==(const ChunkIndex &a, const ChunkIndex &b)
 
 namespace {
 
-// Sound keys are the rule, so that all of them are looked at without a jump for each.
 bool keysAreSound(const ChunkIndex &index)
 {
     const ChunkKeys &keys = index.keys;
@@ -32,9 +31,9 @@ bool keysAreSound(const ChunkIndex &index)
     bool isSound = keys.frames->size() == keys.size();
     for (std::size_t i = 0; i < keys.size() && isSound; ++i) {
         const quint32 count = keys.counts[i];
-        isSound = (count > 0) & (keys.firsts[i] <= keys.lasts[i]) & (keys.lasts[i] < index.count)
-            & (keys.lasts[i] - keys.firsts[i] >= count - 1) & occurs[keys.frame(i).line()]
-            & (i == 0 || keys.frame(i - 1).value() < keys.frame(i).value());
+        isSound = count > 0 && keys.firsts[i] <= keys.lasts[i] && keys.lasts[i] < index.count
+            && keys.lasts[i] - keys.firsts[i] >= count - 1 && occurs[keys.frame(i).line()]
+            && (i == 0 || keys.frame(i - 1).value() < keys.frame(i).value());
         counted += count;
     }
     return isSound && counted == (index.hasAllKeys ? index.count : 0);
