@@ -93,7 +93,7 @@ QHash<QString, DirectoryEntry> directoryOf(const QString &folder)
 {
     QHash<QString, DirectoryEntry> byName;
     for (DirectoryEntry &entry : ChunkDirectory::read(folder))
-        byName.insert(entry.name, std::move(entry));
+        byName[QString(entry.name)] = std::move(entry);
     return byName;
 }
 
