@@ -16,7 +16,6 @@ namespace {
 constexpr quint32 errorFlag = 0x20000000;
 constexpr std::size_t maxIdDigits = 8;
 constexpr std::size_t standardIdDigits = 3;
-constexpr quint32 maxClassicLength = 8;
 
 // With a "#" in front it may also be what a shell was told as root.
 template <typename Char> bool isComment(Text<Char> line)
@@ -73,8 +72,7 @@ bool setLengthOfCode(unsigned code, WrittenFrame &frame)
 {
     if (code > 15)
         return frame.fail(ImportReport::UnparsableNumber);
-    frame.message.length = qint8(std::min(code, maxClassicLength));
-    frame.isChanged[ImportReport::ChangedLength] = code > maxClassicLength;
+    frame.setClassicLength(code);
     return true;
 }
 
@@ -83,7 +81,7 @@ template <typename Char> bool readLengthCode(Text<Char> text, WrittenFrame &fram
 {
     return text.empty()
         || (text.size() == 2 && text.front() == '_'
-            && quint32(frame.message.length) == maxClassicLength
+            && quint32(frame.message.length) == maxClassicBytes
             && setLengthOfCode(digitValue(text[1]), frame));
 }
 
@@ -94,7 +92,7 @@ template <typename Char> bool readRemote(Text<Char> text, WrittenFrame &frame)
     if (text.empty())
         return true;
     const unsigned length = digitValue(text.front());
-    if (length > maxClassicLength)
+    if (length > maxClassicBytes)
         return frame.fail(ImportReport::UnparsableNumber);
     frame.message.length = qint8(length);
     return readLengthCode(text.substr(1), frame);
