@@ -3,48 +3,145 @@
 #include "terminal.h"
 
 #include <climits>
+#include <iterator>
 
 namespace {
 
 constexpr Command commands[] = {
-    {"detect", "FILE...", QT_TRANSLATE_NOOP("Cli", "Tell the type of each file."), 1, INT_MAX,
-     detectOptions, runDetect},
-    {"info", "PATH...", QT_TRANSLATE_NOOP("Cli", "Tell what a trace holds."), 1, INT_MAX,
-     traceOptions, runInfo},
-    {"dump", "PATH...", QT_TRANSLATE_NOOP("Cli", "Print the messages of a trace, one a line."), 1,
-     INT_MAX, dumpOptions, runDump},
-    {"find", "EXPRESSION PATH...",
-     QT_TRANSLATE_NOOP("Cli", "Print the messages of a trace that a filter takes."), 2, INT_MAX,
-     findOptions, runFind},
-    {"stats", "PATH...",
-     QT_TRANSLATE_NOOP("Cli", "Tell periods, loads and gaps of the messages of a trace."), 1,
-     INT_MAX, statsOptions, runStats},
-    {"export", "FILE --to OUT",
+    {"detect",
+     "FILE...",
+     QT_TRANSLATE_NOOP("Cli", "Tell the type of each file."),
+     1,
+     INT_MAX,
+     detectOptions,
+     runDetect,
+     {{{"detect *.log", QT_TRANSLATE_NOOP("Cli", "the type of each file")},
+       {"detect --explain drive.trc", QT_TRANSLATE_NOOP("Cli", "why, and which line decided")}}}},
+    {"info",
+     "PATH...",
+     QT_TRANSLATE_NOOP("Cli", "Tell what a trace holds."),
+     1,
+     INT_MAX,
+     traceOptions,
+     runInfo,
+     {{{"info drive.log", QT_TRANSLATE_NOOP("Cli", "what a log of another tool holds")},
+       {"info recording drive.zip",
+        QT_TRANSLATE_NOOP("Cli", "a folder and an archive as one trace")}}}},
+    {"dump",
+     "PATH...",
+     QT_TRANSLATE_NOOP("Cli", "Print the messages of a trace, one a line."),
+     1,
+     INT_MAX,
+     dumpOptions,
+     runDump,
+     {{{"dump --id 1a0 --count 20 drive.log",
+        QT_TRANSLATE_NOOP("Cli", "the first 20 messages of an identifier")},
+       {"dump --json recording | jq .data",
+        QT_TRANSLATE_NOOP("Cli", "every message as an object")}}}},
+    {"find",
+     "EXPRESSION PATH...",
+     QT_TRANSLATE_NOOP("Cli", "Print the messages of a trace that a filter takes."),
+     2,
+     INT_MAX,
+     findOptions,
+     runFind,
+     {{{"find 'id in 100..1ff and b0==a0' recording --before 2",
+        QT_TRANSLATE_NOOP("Cli", "with the two messages in front of each")},
+       {"find --count 'err or rtr' drive.log recording",
+        QT_TRANSLATE_NOOP("Cli", "only how many there are")}}}},
+    {"stats",
+     "PATH...",
+     QT_TRANSLATE_NOOP("Cli", "Tell periods, loads and gaps of the messages of a trace."),
+     1,
+     INT_MAX,
+     statsOptions,
+     runStats,
+     {{{"stats recording --bitrate 500000",
+        QT_TRANSLATE_NOOP("Cli", "periods, gaps and the load of the bus")},
+       {"stats --json --gap 0.2 drive.log",
+        QT_TRANSLATE_NOOP("Cli", "with every pause above 0.2 s, as an object")}}}},
+    {"export",
+     "FILE --to OUT",
      QT_TRANSLATE_NOOP("Cli", "Save a trace, or some of its messages, as a chunk file or a text."),
-     1, 1, exportOptions, runExport},
-    {"import", "FILE --into FOLDER",
-     QT_TRANSLATE_NOOP("Cli", "Turn a trace of another tool into numbered chunk files."), 1, 1,
-     importOptions, runImport},
-    {"record", "--into FOLDER",
+     1,
+     1,
+     exportOptions,
+     runExport,
+     {{{"export drive.log --range 100:199 --to part.txt",
+        QT_TRANSLATE_NOOP("Cli", "100 messages as a text")},
+       {"export drive.zip --to part.dck",
+        QT_TRANSLATE_NOOP("Cli", "an archive as one chunk file")}}}},
+    {"import",
+     "FILE --into FOLDER",
+     QT_TRANSLATE_NOOP("Cli", "Turn a trace of another tool into numbered chunk files."),
+     1,
+     1,
+     importOptions,
+     runImport,
+     {{{"import drive.log --into chunks", QT_TRANSLATE_NOOP("Cli", "any trace as chunk files")},
+       {"import --messages 10000 --fail-on-loss drive.asc --into chunks",
+        QT_TRANSLATE_NOOP("Cli", "small chunks, and nothing left out")}}}},
+    {"record",
+     "--into FOLDER",
      QT_TRANSLATE_NOOP("Cli",
                        "Record frames into chunk files: candump lines from standard input, "
                        "or from a CAN bus plug-in."),
-     0, 0, recordOptions, runRecord},
-    {"split", "FILE --messages N",
-     QT_TRANSLATE_NOOP("Cli", "Cut a chunk file into smaller ones, in a folder beside it."), 1, 1,
-     splitOptions, runSplit},
-    {"pack", "FOLDER|FILE... --to X.zip",
-     QT_TRANSLATE_NOOP("Cli", "Pack chunk files into a ZIP archive."), 1, INT_MAX, packOptions,
-     runPack},
-    {"unpack", "X.zip --into FOLDER",
-     QT_TRANSLATE_NOOP("Cli", "Unpack the chunk files of an archive."), 1, 1, unpackOptions,
-     runUnpack},
-    {"merge", "X.zip --to OUT",
-     QT_TRANSLATE_NOOP("Cli", "Join the chunk files of an archive into one file."), 1, 1,
-     mergeOptions, runMerge},
+     0,
+     0,
+     recordOptions,
+     runRecord,
+     {{{"record --plugin socketcan --interface can0 --into today",
+        QT_TRANSLATE_NOOP("Cli", "until Ctrl-C")},
+       {"record --into ring --budget 4000",
+        QT_TRANSLATE_NOOP("Cli", "candump lines from standard input; the newest 4000 MiB stay")}}}},
+    {"split",
+     "FILE --messages N",
+     QT_TRANSLATE_NOOP("Cli", "Cut a chunk file into smaller ones, in a folder beside it."),
+     1,
+     1,
+     splitOptions,
+     runSplit,
+     {{{"split drive_0.dck --messages 10000",
+        QT_TRANSLATE_NOOP("Cli", "into a folder beside the file")},
+       {"split --messages 1000000 big.dck", QT_TRANSLATE_NOOP("Cli", "fewer and larger parts")}}}},
+    {"pack",
+     "FOLDER|FILE... --to X.zip",
+     QT_TRANSLATE_NOOP("Cli", "Pack chunk files into a ZIP archive."),
+     1,
+     INT_MAX,
+     packOptions,
+     runPack,
+     {{{"pack recording --to drive.zip", QT_TRANSLATE_NOOP("Cli", "a whole recording in one file")},
+       {"pack tmpData1.dck tmpData2.dck --to part.zip",
+        QT_TRANSLATE_NOOP("Cli", "some of its chunks")}}}},
+    {"unpack",
+     "X.zip --into FOLDER",
+     QT_TRANSLATE_NOOP("Cli", "Unpack the chunk files of an archive."),
+     1,
+     1,
+     unpackOptions,
+     runUnpack,
+     {{{"unpack drive.zip --into again", QT_TRANSLATE_NOOP("Cli", "the chunks of an archive")},
+       {"unpack colleague.zip --into shared/drive",
+        QT_TRANSLATE_NOOP("Cli", "the folder is made if need be")}}}},
+    {"merge",
+     "X.zip --to OUT",
+     QT_TRANSLATE_NOOP("Cli", "Join the chunk files of an archive into one file."),
+     1,
+     1,
+     mergeOptions,
+     runMerge,
+     {{{"merge drive.zip --to drive.dck", QT_TRANSLATE_NOOP("Cli", "all chunks as one")},
+       {"merge drive.zip --notes --to - | less",
+        QT_TRANSLATE_NOOP("Cli", "as a text on standard output")}}}},
 };
 
 } // namespace
+
+std::vector<Command> allCommands()
+{
+    return {std::begin(commands), std::end(commands)};
+}
 
 const Command *findCommand(const QString &name)
 {
@@ -53,16 +150,4 @@ const Command *findCommand(const QString &name)
             return &command;
     }
     return nullptr;
-}
-
-QString commandList()
-{
-    constexpr int nameWidth = 8;
-    QString list;
-    for (const Command &command : commands) {
-        list += QStringLiteral("  %1 %2\n")
-                    .arg(QLatin1String(command.name), -nameWidth)
-                    .arg(Cli::tr(command.description));
-    }
-    return list;
 }

@@ -4,7 +4,18 @@
 #include <QList>
 #include <QStringList>
 
-/// A command of the program: how it is used, and the function that does it.
+#include <array>
+#include <vector>
+
+/// A line that the user may type behind the name of the program, and what it is for.
+struct Example
+{
+    const char *line;
+    const char *purpose;
+};
+
+/// A command of the program: how it is used, and the function that does it. Help, manual page and
+/// completion are made of it.
 struct Command
 {
     const char *name;
@@ -14,13 +25,14 @@ struct Command
     int mostFiles;
     QList<QCommandLineOption> (*options)();
     int (*run)(const QCommandLineParser &parser, const QStringList &files); ///< exit status
+    std::array<Example, 2> examples;
 };
+
+/// All of them, in the order in which the user sees them.
+std::vector<Command> allCommands();
 
 /// Null when there is no such command.
 const Command *findCommand(const QString &name);
-
-/// One line on each command.
-QString commandList();
 
 QList<QCommandLineOption> traceOptions();
 QList<QCommandLineOption> detectOptions();

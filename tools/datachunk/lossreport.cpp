@@ -109,7 +109,10 @@ void printReport(const TraceFile &trace, const ImportReport &report)
         addRow(ImportReport::changeText(ImportReport::Change(i)), report.changed[std::size_t(i)],
                text);
     addRow(unlikelyText(), report.unlikely, text);
-    printError(trace.name, text);
+    if (report.hasLoss())
+        printError(trace.name, text);
+    else
+        printRemark(trace.name, text);
 }
 
 bool failsOnLoss(const TraceFile &trace, const ImportReport &report)

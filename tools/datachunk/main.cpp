@@ -1,5 +1,6 @@
 #include "commands.h"
 #include "filechecks.h"
+#include "manual.h"
 #include "stopsignals.h"
 #include "terminal.h"
 
@@ -9,31 +10,10 @@
 
 namespace {
 
-QString generalHelp()
+// False when nobody took all of the text.
+ExitStatus print(const QByteArray &text)
 {
-    return Cli::tr(
-               "Usage: datachunk COMMAND [options] [arguments]\n"
-               "Records, converts and shows traces of CAN buses.\n"
-               "\n"
-               "Commands:\n"
-               "%1"
-               "\n"
-               "A PATH is a trace of any kind, or a folder of chunk files. Several chunk files,\n"
-               "folders and archives are one trace in order of time; with a text of another\n"
-               "tool among them, all are read one after the other.\n"
-               "\n"
-               "\"datachunk COMMAND --help\" tells the options of a command.\n"
-               "The exit status is 0, 1 when something failed or nothing was found, and 2 for\n"
-               "wrong usage.\n")
-        .arg(commandList());
-}
-
-// The parser knows no commands: its own usage line would put the options in front of them.
-QString commandHelp(const Command &command, const QCommandLineParser &parser)
-{
-    return Cli::tr("Usage: datachunk %1 [options] %2\n")
-               .arg(QLatin1String(command.name), QLatin1String(command.arguments))
-        + parser.helpText().section(QLatin1Char('\n'), 1);
+    return writeOutput(text) && finishOutput() ? Succeeded : Failed;
 }
 
 QString fileCountText(const Command &command, const QStringList &files)
@@ -49,25 +29,18 @@ QString fileCountText(const Command &command, const QStringList &files)
 int runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(Cli::tr(command.description));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  Cli::tr("Print this help."));
-    parser.addOption(help);
-    const QCommandLineOption verbose(QStringLiteral("verbose"),
-                                     Cli::tr("Print the debug lines of the library."));
-    parser.addOption(verbose);
-    parser.addOptions(command.options());
+    parser.addOptions(optionsOf(command));
     if (!parser.parse(arguments))
         return usageError(parser.errorText());
-    if (parser.isSet(help))
-        return writeOutput(commandHelp(command, parser).toLocal8Bit()) && finishOutput() ? Succeeded
-                                                                                         : Failed;
+    if (parser.isSet(QStringLiteral("help")))
+        return print(commandHelp(command).toLocal8Bit());
     const QStringList files = parser.positionalArguments().mid(1);
     if (files.size() < command.leastFiles || files.size() > command.mostFiles)
         return usageError(fileCountText(command, files));
     if (!checkOutputIsNoInput(files))
         return Failed;
-    if (!parser.isSet(verbose))
+    setQuiet(parser.isSet(QStringLiteral("quiet")));
+    if (!parser.isSet(QStringLiteral("verbose")))
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     return command.run(parser, files);
 }
@@ -84,10 +57,17 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     const StopSignals stopSignals;
     QCoreApplication::setApplicationName(QStringLiteral("datachunk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(DATACHUNK_VERSION));
     const QStringList arguments = QCoreApplication::arguments();
     const QString name = arguments.value(1);
     if (name == QLatin1String("--help") || name == QLatin1String("-h"))
-        return writeOutput(generalHelp().toLocal8Bit()) && finishOutput() ? Succeeded : Failed;
+        return print(generalHelp().toLocal8Bit());
+    if (name == QLatin1String("--version"))
+        return print("datachunk " DATACHUNK_VERSION "\n");
+    if (name == QLatin1String("--man"))
+        return print(manualPage());
+    if (name == QLatin1String("--completion"))
+        return print(bashCompletion());
     if (name.isEmpty())
         return usageError(Cli::tr("a command is missing"));
     const Command *command = findCommand(name);

@@ -35,7 +35,10 @@ bool interrupted(const QString &subject)
 {
     if (!StopSignals::received())
         return false;
-    printError(subject, Cli::tr("Stopped by a signal."));
+    const quint64 done = Progress::lastCount();
+    printError(subject,
+               done == 0 ? Cli::tr("Stopped by a signal.")
+                         : Cli::tr("Stopped by a signal after %1 messages.").arg(done));
     return true;
 }
 

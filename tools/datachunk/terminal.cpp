@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
@@ -12,6 +13,37 @@ namespace {
 constexpr int millisecondsBetweenPrints = 500;
 
 int outputError = 0; // errno of the first write that failed
+bool isQuiet = false;
+
+// Null where the variable is not set. Nothing in the program sets any.
+const char *environment(const char *name)
+{
+    return std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+}
+
+bool hasColours()
+{
+    static const bool has = [] {
+        const char *none = environment("NO_COLOR");
+        const char *terminal = environment("TERM");
+        return isatty(STDERR_FILENO) && !(none && *none) && terminal
+            && std::strcmp(terminal, "dumb") != 0;
+    }();
+    return has;
+}
+
+constexpr char red[] = "\033[1;31m";
+constexpr char bold[] = "\033[1m";
+
+void printTold(const char *colour, const QString &subject, const QByteArray &text)
+{
+    // Clears the progress line, if there is one.
+    const char *start = isatty(STDERR_FILENO) ? "\r\033[K" : "";
+    const char *begin = hasColours() ? colour : "";
+    const char *end = hasColours() ? "\033[m" : "";
+    std::fprintf(stderr, "%s%sdatachunk: %s:%s %s\n", start, begin,
+                 subject.toLocal8Bit().constData(), end, text.constData());
+}
 
 bool checkOutput(bool ok)
 {
@@ -71,12 +103,20 @@ QString systemErrorText(int error)
     return QString::fromLocal8Bit(std::strerror(error));
 }
 
+void setQuiet(bool quiet)
+{
+    isQuiet = quiet;
+}
+
 void printError(const QString &subject, const QString &text)
 {
-    // Clears the progress line, if there is one.
-    const char *start = isatty(STDERR_FILENO) ? "\r\033[K" : "";
-    std::fprintf(stderr, "%sdatachunk: %s: %s\n", start, visible(subject).toLocal8Bit().constData(),
-                 visibleLines(text).constData());
+    printTold(red, visible(subject), visibleLines(text));
+}
+
+void printRemark(const QString &subject, const QString &text)
+{
+    if (!isQuiet)
+        printTold(bold, visible(subject), visibleLines(text));
 }
 
 int usageError(const QString &text)
@@ -106,8 +146,13 @@ bool finishOutput()
     return false;
 }
 
-Progress::Progress(const QString &subject) : subject(subject), active(isatty(STDERR_FILENO))
+const Progress *Progress::current = nullptr;
+quint64 Progress::countAtEnd = 0;
+
+Progress::Progress(const QString &subject, Part part)
+    : subject(visible(subject)), part(std::move(part)), active(!isQuiet && isatty(STDERR_FILENO))
 {
+    current = this;
     elapsed.start();
     if (!active)
         return;
@@ -117,8 +162,21 @@ Progress::Progress(const QString &subject) : subject(subject), active(isatty(STD
 
 Progress::~Progress()
 {
+    current = nullptr;
+    countAtEnd = count;
     if (active)
         print("\n");
+}
+
+QString Progress::timeLeft(double seconds) const
+{
+    // Before that it would jump.
+    constexpr double leastPart = 0.01;
+    const double done = part ? part() : -1;
+    if (done < leastPart || done > 1)
+        return {};
+    return Cli::tr(", %1 %, %2 s left")
+        .arg(QString::number(int(done * 100)), QString::number(seconds / done - seconds, 'f', 0));
 }
 
 void Progress::print(const char *lineEnd) const
@@ -126,8 +184,9 @@ void Progress::print(const char *lineEnd) const
     const double seconds = double(elapsed.elapsed()) / 1000;
     const double rate = seconds > 0 ? double(count) / seconds : 0;
     const QString text = Cli::tr("%1: %2 messages, %3 messages/s, %4 s")
-                             .arg(visible(subject), QString::number(count),
-                                  QString::number(rate, 'f', 0), QString::number(seconds, 'f', 1));
+                             .arg(subject, QString::number(count), QString::number(rate, 'f', 0),
+                                  QString::number(seconds, 'f', 1))
+        + timeLeft(seconds);
     std::fprintf(stderr, "\r\033[K%s%s", text.toLocal8Bit().constData(), lineEnd);
     std::fflush(stderr);
 }

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTimer>
 
+#include <functional>
+
 /// The texts of the program.
 struct Cli
 {
@@ -24,12 +26,18 @@ void installMessageHandler();
 /// The system's text for \a error, an errno, in the language of its user. Any thread.
 QString systemErrorText(int error);
 
+/// Has nothing but failures told from now on.
+void setQuiet(bool quiet);
+
 // What is printed comes from files that anybody may have made, so control characters, with which a
-// terminal is steered, are shown as "\x1b" and never sent.
+// terminal is steered, are shown as "\x1b" and never sent. Colours are for terminals alone, and not
+// where NO_COLOR is set.
 
 /// Prints "datachunk: subject: text" to standard error. Line feeds of the text begin an indented
 /// line.
 void printError(const QString &subject, const QString &text);
+/// The same for what is no failure.
+void printRemark(const QString &subject, const QString &text);
 /// Prints a wrong use of the program and returns the exit status for it.
 int usageError(const QString &text);
 
@@ -47,7 +55,10 @@ bool finishOutput();
 class Progress
 {
 public:
-    explicit Progress(const QString &subject);
+    /// The part that is done, from 0 to 1, or less than 0 where nobody knows.
+    using Part = std::function<double()>;
+
+    explicit Progress(const QString &subject, Part part = {});
     ~Progress();
 
     Progress(const Progress &) = delete;
@@ -56,10 +67,18 @@ public:
     void setCount(quint64 messages) { count = messages; }
     void countOne() { ++count; }
 
+    /// What the one that lives, or the one that went last, has counted.
+    static quint64 lastCount() { return current ? current->count : countAtEnd; }
+
 private:
     void print(const char *lineEnd) const;
+    QString timeLeft(double seconds) const;
+
+    static const Progress *current;
+    static quint64 countAtEnd;
 
     const QString subject;
+    const Part part;
     const bool active;
     quint64 count = 0;
     QElapsedTimer elapsed;

@@ -16,10 +16,7 @@ QMetaEnum typeEnum()
 
 QString allTypeNames()
 {
-    QStringList names;
-    for (int i = 0; i < typeEnum().keyCount(); ++i)
-        names.append(QLatin1String(typeEnum().key(i)));
-    return names.join(QLatin1String(", "));
+    return typeNames().join(QLatin1String(", "));
 }
 
 } // namespace
@@ -36,11 +33,18 @@ QList<QCommandLineOption> traceOptions()
         {QStringLiteral("strict"),
          Cli::tr("Read texts by the letter, as other programs of this kind do, instead of taking "
                  "only what has the shape of a frame.")},
-        {QStringLiteral("report"),
-         Cli::tr("Tell what became of the lines in this form: text or json."),
-         QStringLiteral("FORM")},
+        {QStringLiteral("report"), Cli::tr("Tell what became of the lines in this form."),
+         QStringLiteral("text|json")},
         {QStringLiteral("fail-on-loss"),
          Cli::tr("Fail when a line was left out or something of a frame was changed.")}};
+}
+
+QStringList typeNames()
+{
+    QStringList names;
+    for (int i = 0; i < typeEnum().keyCount(); ++i)
+        names.append(QLatin1String(typeEnum().key(i)));
+    return names;
 }
 
 QString typeName(DatachunkHelper::ImportFileType type)

@@ -24,4 +24,6 @@ bool readTraceOptions(const QCommandLineParser &parser, TraceFile &trace);
 /// or is of no type that can be read.
 bool checkTrace(TraceFile &trace);
 
+/// The names of all types.
+QStringList typeNames();
 QString typeName(DatachunkHelper::ImportFileType type);
