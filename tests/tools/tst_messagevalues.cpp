@@ -1,10 +1,10 @@
 #include "canframe.h"
 #include "errorframes.h"
 #include "framebits.h"
+#include "jsontext.h"
 #include "messagejson.h"
 #include "periods.h"
 
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QRandomGenerator>
 #include <QtTest>
@@ -87,7 +87,7 @@ QByteArray documentOf(const CAN::CanRxMessage &message, const QString &note,
         object.insert("position", qint64(place->position));
     if (place && place->isContext)
         object.insert("context", true);
-    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+    return jsonText(QJsonDocument(object)) + '\n';
 }
 
 } // namespace

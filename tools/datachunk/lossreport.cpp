@@ -1,9 +1,9 @@
 #include "lossreport.h"
 
+#include "jsontext.h"
 #include "terminal.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <cstdio>
@@ -79,7 +79,7 @@ QByteArray jsonOf(const TraceFile &trace, const ImportReport &report)
         object.insert(QStringLiteral("start"), report.start.toString(Qt::ISODateWithMs));
     if (!report.timeBase.isEmpty())
         object.insert(QStringLiteral("timeBase"), report.timeBase);
-    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+    return jsonText(QJsonDocument(object)) + '\n';
 }
 
 } // namespace

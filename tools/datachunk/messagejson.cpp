@@ -1,9 +1,9 @@
 #include "messagejson.h"
 
 #include "errorframes.h"
+#include "jsontext.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include <charconv>
 #include <cstring>
@@ -57,7 +57,7 @@ private:
 // With its quotes.
 QByteArray jsonString(const QString &text)
 {
-    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    const QByteArray array = jsonText(QJsonDocument(QJsonArray{text}));
     return array.mid(1, array.size() - 2);
 }
 

@@ -1,11 +1,11 @@
 #include "statsreport.h"
 
 #include "canframe.h"
+#include "jsontext.h"
 #include "terminal.h"
 #include "timetext.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <cmath>
@@ -221,5 +221,5 @@ QByteArray statsJson(const TraceStatistics &statistics, const StatsRequest &requ
     for (const Identifier *identifier : known)
         identifiers.append(jsonOf(*identifier));
     object.insert(QStringLiteral("identifiers"), identifiers);
-    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+    return jsonText(QJsonDocument(object)) + '\n';
 }
