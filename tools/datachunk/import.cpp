@@ -63,7 +63,7 @@ struct Parts
 Parts importParts(DatachunkHandler &store, const TraceFile &trace, quint32 messagesPerPart)
 {
     Parts parts;
-    Progress progress(trace.name);
+    Progress progress(trace.name, store);
     QObject::connect(&store, &DatachunkHandler::newErrorMessage, &store, [&](const QString &text) {
         printError(trace.name, text);
         parts.errorPrinted = true;

@@ -106,6 +106,7 @@ bool packInto(DatachunkHandler &store, const QString &archive, const QString &su
 {
     bool failed = false;
     QEventLoop loop;
+    const Progress progress(subject, store);
     QObject::connect(&store, &DatachunkHandler::newErrorMessage, &loop, [&](const QString &text) {
         printError(subject, QString(text).replace(archive, subject));
         failed = true;

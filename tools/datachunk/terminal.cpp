@@ -1,5 +1,7 @@
 #include "terminal.h"
 
+#include "datachunkhandler.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -160,6 +162,14 @@ Progress::Progress(const QString &subject, Part part)
     timer.start(millisecondsBetweenPrints);
 }
 
+Progress::Progress(const QString &subject, const DatachunkHandler &store)
+    : Progress(subject, [&store] {
+          const ImportProgress progress = store.importProgress();
+          return progress.bytes == 0 ? -1 : double(progress.bytesRead) / double(progress.bytes);
+      })
+{
+}
+
 Progress::~Progress()
 {
     current = nullptr;
@@ -183,10 +193,12 @@ void Progress::print(const char *lineEnd) const
 {
     const double seconds = double(elapsed.elapsed()) / 1000;
     const double rate = seconds > 0 ? double(count) / seconds : 0;
-    const QString text = Cli::tr("%1: %2 messages, %3 messages/s, %4 s")
-                             .arg(subject, QString::number(count), QString::number(rate, 'f', 0),
-                                  QString::number(seconds, 'f', 1))
-        + timeLeft(seconds);
+    const QString messages = count == 0
+        ? QString()
+        : Cli::tr("%1 messages, %2 messages/s, ")
+              .arg(QString::number(count), QString::number(rate, 'f', 0));
+    const QString text = subject + QLatin1String(": ") + messages
+        + Cli::tr("%1 s").arg(seconds, 0, 'f', 1) + timeLeft(seconds);
     std::fprintf(stderr, "\r\033[K%s%s", text.toLocal8Bit().constData(), lineEnd);
     std::fflush(stderr);
 }

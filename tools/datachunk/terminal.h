@@ -14,6 +14,8 @@ struct Cli
     Q_DECLARE_TR_FUNCTIONS(Cli)
 };
 
+class DatachunkHandler;
+
 enum ExitStatus { Succeeded = 0, Failed = 1, WrongUsage = 2 };
 
 /// Makes a closed standard stream fail when it is used. Must be called before any file is opened: a
@@ -59,6 +61,8 @@ public:
     using Part = std::function<double()>;
 
     explicit Progress(const QString &subject, Part part = {});
+    /// That of what a store imports, packs or unpacks.
+    Progress(const QString &subject, const DatachunkHandler &store);
     ~Progress();
 
     Progress(const Progress &) = delete;

@@ -21,6 +21,7 @@ Unpacked unpackArchive(DatachunkHandler &store, const QString &zipName)
 {
     Unpacked unpacked;
     QEventLoop loop;
+    const Progress progress(zipName, store);
     QObject::connect(&store, &DatachunkHandler::newErrorMessage, &loop, [&](const QString &text) {
         printError(zipName, text);
         unpacked.damaged = true;
