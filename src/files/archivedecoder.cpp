@@ -24,6 +24,7 @@ protected:
 private:
     static la_ssize_t readNext(archive *, void *self, const void **block);
     bool begin();
+    void checkEnd();
     void failedIn();
 
     const int filter;
@@ -38,12 +39,18 @@ qint64 ArchiveDecoder::step(char *to, qint64 room)
     const la_ssize_t got = archive_read_data(reader.get(), to, std::size_t(room));
     if (got < 0)
         failedIn();
-    if (got != 0)
-        return got < 0 ? 0 : got;
-    if (archive_filter_bytes(reader.get(), -1) < fileSize())
-        failed(moreBehindEnd());
+    else if (got == 0)
+        checkEnd();
+    return got < 0 ? 0 : got;
+}
+
+// What is too short for a member is passed over by the reader.
+void ArchiveDecoder::checkEnd()
+{
+    const qint64 used = archive_filter_bytes(reader.get(), -1);
+    if (used < fileSize())
+        failed(used > 0 ? moreBehindEnd() : cut());
     ended();
-    return 0;
 }
 
 // The reader unpacks the first block while it is opened, and takes a failure for an empty file.
@@ -60,7 +67,7 @@ bool ArchiveDecoder::begin()
         && archive_errno(from) == 0;
     const int header = isOpen ? archive_read_next_header(from, &entry) : ARCHIVE_FATAL;
     if (header == ARCHIVE_EOF)
-        ended();
+        checkEnd();
     else if (header != ARCHIVE_OK)
         failedIn();
     return header == ARCHIVE_OK;
