@@ -41,6 +41,7 @@ kind_of() {
     case "$1" in
     archiveroundtrip | chunk* | bookmarks) echo chunks 512 ;;
     archive*) echo archives 1024 ;;
+    compressed) echo compressed 1024 ;;
     directory*) echo directories 1024 ;;
     expression) echo expressions 256 ;;
     *) echo traces 512 ;;

@@ -15,6 +15,7 @@ packages=(
     qtbase5-dev
     libqt5serialbus5-dev libqt5serialbus5-plugins
     libquazip1-qt5-dev zlib1g-dev libxxhash-dev
+    libarchive-dev liblzma-dev
     libbenchmark-dev
 )
 

@@ -33,11 +33,16 @@ QString folderName(const QString &archiveName)
     return usable ? archiveName : QStringLiteral("archive");
 }
 
-bool isBomb(qint64 packedSize, qint64 size)
+qint64 mostUnpacked(qint64 packedSize)
 {
     constexpr qint64 harmlessSize = 64LL * 1024 * 1024;
     constexpr qint64 maxRatio = 1000;
-    return size > harmlessSize && size > maxRatio * packedSize;
+    return std::max(harmlessSize, maxRatio * packedSize);
+}
+
+bool isBomb(qint64 packedSize, qint64 size)
+{
+    return size > mostUnpacked(packedSize);
 }
 
 qint64 memoryLimit()

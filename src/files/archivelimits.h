@@ -19,8 +19,10 @@ QString archiveName(const QString &zipName);
 /// cannot be taken for a chunk file, otherwise "archive".
 QString folderName(const QString &archiveName);
 
-/// Whether \a size bytes are too many for \a packedSize packed ones: above 64 MiB, and more than
-/// 1000 for each packed byte.
+/// The most that \a packedSize packed bytes can honestly hold: 1000 for each of them, or 64 MiB.
+qint64 mostUnpacked(qint64 packedSize);
+
+/// Whether \a size bytes are more than that.
 bool isBomb(qint64 packedSize, qint64 size);
 
 /// The memory in bytes that a load may take: half of the machine's, or of what the control groups

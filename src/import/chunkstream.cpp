@@ -4,7 +4,7 @@
 #include "chunkarchive.h"
 #include "chunkreading.h"
 #include "fileerrors.h"
-#include "regularfile.h"
+#include "unpackedfile.h"
 
 #include <QCoreApplication>
 
@@ -135,9 +135,11 @@ TraceStream::Result failed(const QString &error, QStringList &errors)
 TraceStream::Result readFile(const QString &fileName, const TraceStream::Take &take,
                              const TraceStream::GoesOn &goesOn, QStringList &errors)
 {
-    RegularFile file(fileName);
-    if (!file.openForReading())
-        return failed(FileErrors::notRead(fileName, file.errorString()), errors);
+    UnpackedFile file(fileName);
+    if (!file.openForReading()) {
+        const QString error = FileErrors::notRead(fileName, file.errorString());
+        return failed(file.refusal().isEmpty() ? error : file.refusal(), errors);
+    }
     Streamer streamer(take, goesOn);
     const Outcome::Kind step = streamer.read(file, 0, [] { return false; });
     if (step == Outcome::GivenUp)
@@ -147,7 +149,7 @@ TraceStream::Result readFile(const QString &fileName, const TraceStream::Take &t
     if (step == Outcome::TooLarge)
         return failed(FileErrors::outOfMemory(fileName), errors);
     QString error = file.readErrorText();
-    if (error.isEmpty() && file.size() > 0)
+    if (error.isEmpty() && file.bytes() > 0)
         error = streamer.damage(fileName);
     if (!error.isEmpty())
         errors.append(error);

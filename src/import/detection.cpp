@@ -1,4 +1,4 @@
-#include "datachunkhelper.h"
+#include "detection.h"
 
 #include "chunknames.h"
 #include "linesource.h"
@@ -80,6 +80,50 @@ DatachunkHelper::ImportFileType typeOfText(const QString &head)
     return DatachunkHelper::Unknown;
 }
 
+using Look = DatachunkHelper::ImportFileType (*)(QIODevice &content);
+
+DatachunkHelper::ImportFileType typeOfHead(QIODevice &content)
+{
+    QTextStream stream(&content);
+    return typeOfText(stream.read(headSize));
+}
+
+DatachunkHelper::ImportFileType versionOfPeak(QIODevice &content)
+{
+    LineSource lines(content, LineSource::CarriageReturns::Kept);
+    if (!lines.next())
+        return DatachunkHelper::Unknown;
+    QString line = lines.visit([](auto text) { return toQString(text); });
+    if (lines.endsWithLineFeed() && line.endsWith(QLatin1Char('\r')))
+        line.chop(1);
+    if (!line.contains(ascii("FILEVERSION")))
+        return DatachunkHelper::Unknown;
+    QString version = line.section(QLatin1Char('='), -1);
+    version.remove(QLatin1Char('.'));
+    // toUInt would pass over a blank at the end, and no version ends with one.
+    if (version.isEmpty() || version.at(version.size() - 1).isSpace())
+        return DatachunkHelper::Unknown;
+    return peakType(version.toUInt());
+}
+
+// What the end of a name has the content looked at by; null for no name of a text.
+Look lookFor(const QString &fileName)
+{
+    if (fileName.endsWith(ascii("trc")))
+        return versionOfPeak;
+    for (const char *ending : {"txt", "log", "asc", "csv"}) {
+        if (fileName.endsWith(ascii(ending)))
+            return typeOfHead;
+    }
+    return nullptr;
+}
+
+DatachunkHelper::ImportFileType lookInto(const QString &fileName, Look look)
+{
+    RegularFile file(fileName);
+    return look && file.openForReading() ? look(file) : DatachunkHelper::Unknown;
+}
+
 } // namespace
 
 DatachunkHelper::ImportFileType DatachunkHelper::getImportFileType(QString fileName)
@@ -88,41 +132,23 @@ DatachunkHelper::ImportFileType DatachunkHelper::getImportFileType(QString fileN
         return ChunkFile;
     if (fileName.endsWith(ascii("zip")))
         return ZipArchive;
-    if (fileName.endsWith(ascii("trc")))
-        return checkPeakVersion(fileName);
-    for (const char *ending : {"txt", "log", "asc", "csv"}) {
-        if (fileName.endsWith(ascii(ending)))
-            return checkTxtFile(fileName);
-    }
-    return Unknown;
+    return lookInto(fileName, lookFor(fileName));
 }
 
 DatachunkHelper::ImportFileType DatachunkHelper::checkPeakVersion(QString fileName)
 {
-    RegularFile file(fileName);
-    if (!file.openForReading())
-        return Unknown;
-    LineSource lines(file, LineSource::CarriageReturns::Kept);
-    if (!lines.next())
-        return Unknown;
-    QString line = lines.visit([](auto text) { return toQString(text); });
-    if (lines.endsWithLineFeed() && line.endsWith(QLatin1Char('\r')))
-        line.chop(1);
-    if (!line.contains(ascii("FILEVERSION")))
-        return Unknown;
-    QString version = line.section(QLatin1Char('='), -1);
-    version.remove(QLatin1Char('.'));
-    // toUInt would pass over a blank at the end, and no version ends with one.
-    if (version.isEmpty() || version.at(version.size() - 1).isSpace())
-        return Unknown;
-    return peakType(version.toUInt());
+    return lookInto(fileName, versionOfPeak);
 }
 
 DatachunkHelper::ImportFileType DatachunkHelper::checkTxtFile(QString fileName)
 {
-    RegularFile file(fileName);
-    if (!file.openForReading())
-        return Unknown;
-    QTextStream stream(&file);
-    return typeOfText(stream.read(headSize));
+    return lookInto(fileName, typeOfHead);
+}
+
+DatachunkHelper::ImportFileType strictTypeOf(const QString &name, QIODevice &content)
+{
+    if (isChunkName(name))
+        return DatachunkHelper::ChunkFile;
+    const Look look = lookFor(name);
+    return look ? look(content) : DatachunkHelper::Unknown;
 }

@@ -12,7 +12,8 @@
 struct ImportProgress
 {
     qint64 bytesRead = 0; ///< also those packed
-    qint64 bytes = 0;     ///< of the file, or of all chunks; 0 when nothing is imported
+    qint64 bytes = 0; ///< of the file, compressed or not, or of all that is in an archive; 0 when
+                      ///< nothing is imported
     quint64 messages = 0;
 };
 

@@ -1,7 +1,7 @@
 #include "tracereader.h"
 
 #include "loadertable.h"
-#include "regularfile.h"
+#include "unpackedfile.h"
 
 #include <QCoreApplication>
 
@@ -24,9 +24,11 @@ Outcome leaveOutRest(LineSource &lines, TraceSink &sink)
 Outcome readTraceFile(const TraceRequest &request, TraceSink &sink)
 {
     const TraceReader reader = traceReaderFor(request);
-    RegularFile file(request.fileName);
+    const auto unpacking =
+        request.readsCompressed() ? UnpackedFile::WhereCompressed : UnpackedFile::Never;
+    UnpackedFile file(request.fileName, unpacking);
     if (!file.openForReading())
-        return Outcome::notOpened();
+        return Outcome::notOpened(file.refusal());
     sink.begin(file);
     LineSource lines(file, reader.carriageReturns);
     Outcome result = reader.read(lines, sink, request);

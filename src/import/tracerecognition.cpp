@@ -1,9 +1,9 @@
 #include "tracerecognition.h"
 
-#include "chunkformat.h"
 #include "chunknames.h"
+#include "detection.h"
 #include "loadertable.h"
-#include "regularfile.h"
+#include "unpackedfile.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -51,15 +51,6 @@ constexpr ForeignFile foreignFiles[] = {
      QT_TRANSLATE_NOOP(
          "TraceRecognition",
          "This is a packet capture (pcapng). Export it as CSV text and import that.")},
-    {"\x1F\x8B", 2,
-     QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (gzip). Unpack it first.")},
-    {"\xFD"
-     "7zXZ",
-     5, QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (xz). Unpack it first.")},
-    {"BZh", 3,
-     QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (bzip2). Unpack it first.")},
-    {"\x28\xB5\x2F\xFD", 4,
-     QT_TRANSLATE_NOOP("TraceRecognition", "This file is compressed (zstd). Unpack it first.")},
 };
 
 // In such an encoding a byte that looks like a line feed may be half of a character.
@@ -69,7 +60,7 @@ bool isWide(const QByteArray &sample)
 }
 
 // The beginning, and whole lines from further on.
-QByteArray sampleOf(RegularFile &file)
+QByteArray sampleOf(QFile &file)
 {
     QByteArray sample = file.read(headSize);
     if (file.size() <= sample.size() || isWide(sample))
@@ -192,23 +183,8 @@ TraceRecognition refused(const QString &explanation)
     return found;
 }
 
-} // namespace
-
-TraceRecognition TraceRecognition::of(const QString &fileName)
+TraceRecognition ofSample(QByteArray &sample, DatachunkHelper::ImportFileType strict)
 {
-    RegularFile file(fileName);
-    if (!file.openForReading())
-        return refused(text("The file cannot be opened: %1").arg(file.errorString()));
-    if (isChunkName(fileName))
-        return recognised(DatachunkHelper::ChunkFile,
-                          QT_TRANSLATE_NOOP("TraceRecognition",
-                                            "The name of the file ends as that of a chunk file."));
-    const DatachunkHelper::ImportFileType strict = DatachunkHelper().getImportFileType(fileName);
-    QByteArray sample = sampleOf(file);
-    if (strict == DatachunkHelper::ZipArchive || sample.startsWith("PK\x03\x04"))
-        return recognised(
-            DatachunkHelper::ZipArchive,
-            QT_TRANSLATE_NOOP("TraceRecognition", "The file begins or is named as a ZIP archive."));
     if (sample.isEmpty())
         return refused(text("The file is empty."));
     for (const ForeignFile &foreign : foreignFiles) {
@@ -222,4 +198,66 @@ TraceRecognition TraceRecognition::of(const QString &fileName)
         return found;
     return refused(text("None of the lines looked at is a frame of a known format. A text of "
                         "fields between blanks can be read by describing its layout."));
+}
+
+TraceRecognition chunkFile()
+{
+    return recognised(DatachunkHelper::ChunkFile,
+                      QT_TRANSLATE_NOOP("TraceRecognition",
+                                        "The name of the file ends as that of a chunk file."));
+}
+
+// To look further on it would have to be unpacked up to there.
+TraceRecognition insideOf(UnpackedFile &file)
+{
+    if (isChunkName(file.name()))
+        return chunkFile();
+    const DatachunkHelper::ImportFileType strict = strictTypeOf(file.name(), file);
+    file.seek(0);
+    constexpr qint64 mostRead = headSize + sampleCount * sampleSize;
+    QByteArray sample = file.read(mostRead);
+    if (sample.size() == mostRead && !isWide(sample) && sample.contains('\n'))
+        sample.truncate(sample.lastIndexOf('\n') + 1);
+    if (sample.isEmpty() && !file.readErrorText().isEmpty())
+        return refused(file.readErrorText());
+    return ofSample(sample, strict);
+}
+
+} // namespace
+
+TraceRecognition TraceRecognition::of(const QString &fileName)
+{
+    UnpackedFile file(fileName);
+    const bool isOpen = file.openForReading();
+    if (!isOpen && file.refusal().isEmpty())
+        return refused(text("The file cannot be opened: %1").arg(file.errorString()));
+    if (isChunkName(fileName))
+        return chunkFile();
+    if (!isOpen)
+        return refused(file.refusal());
+    if (file.isCompressed()) {
+        TraceRecognition found = insideOf(file);
+        const QString compressed = text("The file is compressed (%1).").arg(file.compression());
+        found.explanation = compressed + QLatin1Char(' ') + found.explanation;
+        return found;
+    }
+    const DatachunkHelper::ImportFileType strict = DatachunkHelper().getImportFileType(fileName);
+    QByteArray sample = sampleOf(file.packed());
+    if (strict == DatachunkHelper::ZipArchive || sample.startsWith("PK\x03\x04"))
+        return recognised(
+            DatachunkHelper::ZipArchive,
+            QT_TRANSLATE_NOOP("TraceRecognition", "The file begins or is named as a ZIP archive."));
+    return ofSample(sample, strict);
+}
+
+TraceRecognition TraceRecognition::strictly(const QString &fileName)
+{
+    TraceRecognition found;
+    UnpackedFile file(fileName);
+    const bool isOpen = !isChunkName(fileName) && file.openForReading();
+    if (!isOpen && !file.refusal().isEmpty())
+        return refused(file.refusal());
+    found.type = isOpen && file.isCompressed() ? strictTypeOf(file.name(), file)
+                                               : DatachunkHelper().getImportFileType(fileName);
+    return found;
 }

@@ -13,8 +13,14 @@
 /// finds most frames. So a word in a comment decides nothing.
 struct DATACHUNK_EXPORT TraceRecognition
 {
-    /// Looks at a file, and changes nothing. Any thread.
+    /// Looks at a file, and changes nothing. Of a compressed one it is what is inside that is
+    /// looked at, its first 300 kB: gzip, bzip2, xz, zstd, and a ZIP archive of one file and no
+    /// chunks. Any thread.
     static TraceRecognition of(const QString &fileName);
+
+    /// The type that DatachunkHelper gives a file, and a compressed one for what is inside and what
+    /// that is called. Explains only why a compressed file is refused. Any thread.
+    static TraceRecognition strictly(const QString &fileName);
 
     /// What takes the file when it is read tolerantly; Unknown when nobody does.
     DatachunkHelper::ImportFileType type = DatachunkHelper::Unknown;
@@ -26,6 +32,7 @@ struct DATACHUNK_EXPORT TraceRecognition
     quint64 line = 0; ///< the first line that is a frame, counted from 1; 0 where none decided
     QString lineText; ///< that line, its first 200 characters
 
-    /// One sentence: why the type is taken, or why nobody takes the file and what to do.
+    /// One sentence, behind one on the compression where there is any: why the type is taken, or
+    /// why nobody takes the file and what to do.
     QString explanation;
 };

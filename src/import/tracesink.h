@@ -3,8 +3,9 @@
 #include "canrxmessage.h"
 #include "importreport.h"
 
-#include <QIODevice>
 #include <QString>
+
+class UnpackedFile;
 
 /// Takes what a reader finds in a trace, in the order of the file.
 class TraceSink
@@ -24,8 +25,9 @@ public:
     /// Tells whether the trace holds CAN FD frames; only some formats say so.
     virtual void fdFrames(bool seen) = 0;
 
-    /// Reading \a file begins. It lives until the end of the reading, which its position tells.
-    virtual void begin(const QIODevice &) { }
+    /// Reading a file begins. It lives until the end of the reading, of which it tells how far it
+    /// has come.
+    virtual void begin(const UnpackedFile &) { }
 
     /// What became of the lines, once all are read.
     virtual void report(const ImportReport &) { }

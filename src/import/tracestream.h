@@ -24,8 +24,9 @@ struct TraceItem
 /// the memory of a line, or of the notes and bookmarks of a chunk, and no room on the disk. Uses
 /// neither a store nor an event loop; any thread, one at a time.
 ///
-/// Reads chunk files, archives of them and texts. Of an archive every chunk is read, ordered by the
-/// starts; those with equal starts come in the order of the archive.
+/// Reads chunk files, archives of them and texts; chunk files and texts in gzip, bzip2, xz and
+/// zstd, too, and a text that is alone in a ZIP archive. Of an archive every chunk is read, ordered
+/// by the starts; those with equal starts come in the order of the archive.
 class DATACHUNK_EXPORT TraceStream
 {
 public:

@@ -53,6 +53,8 @@ public:
 
     void setImportMode(DatachunkHelper::ImportMode mode) { modeOfImports = mode; }
     DatachunkHelper::ImportMode importMode() const { return modeOfImports; }
+    void setReadsCompressed(bool always) { readsCompressedAlways = always; }
+    bool readsCompressed() const { return readsCompressedAlways; }
     void setImportReport(const ImportReport &report) { lastReport = report; }
     ImportReport importReport() const { return lastReport; }
 
@@ -66,6 +68,7 @@ private:
     std::atomic<bool> importDiscarded{false};
     QString lastError;
     DatachunkHelper::ImportMode modeOfImports = DatachunkHelper::Strict;
+    bool readsCompressedAlways = false;
     std::atomic<qint64> bytesRead{0};
     std::atomic<qint64> bytesOfFile{0};
     std::atomic<quint64> messagesRead{0};

@@ -248,6 +248,10 @@ public:
     void setImportMode(ImportMode mode);
     ImportMode importMode() const;
 
+    /// Whether importMessages() and loadFile() read a compressed text as what is inside it, in
+    /// strict mode as well. In tolerant mode they always do; false at first. See docs/import.md.
+    void setReadsCompressed(bool always);
+
     /// How far the import, load or splitting has come that runs now, or else the archive that is
     /// merged, unpacked or packed now; zeros when nothing is. Of an archive the bytes count
     /// unpacked, 0 in all while it is looked through, and the messages only where it is merged. Any

@@ -49,7 +49,9 @@ bool DatachunkHandler::loadFile(QString fileName, bool clearFileName,
         return false;
     file.close();
     const bool save = savedType == DatachunkHelper::CurrentMessages;
-    return d->loadFile({fileName, type, formatDescription, d->browsing.importMode()}, save);
+    return d->loadFile({fileName, type, formatDescription, d->browsing.importMode(),
+                        d->browsing.readsCompressed()},
+                       save);
 }
 
 bool DatachunkHandlerPrivate::loadFile(const TraceRequest &request, bool save)
@@ -235,6 +237,11 @@ void DatachunkHandler::setImportMode(ImportMode mode)
 DatachunkHandler::ImportMode DatachunkHandler::importMode() const
 {
     return d->browsing.importMode();
+}
+
+void DatachunkHandler::setReadsCompressed(bool always)
+{
+    d->browsing.setReadsCompressed(always);
 }
 
 ImportProgress DatachunkHandler::importProgress() const

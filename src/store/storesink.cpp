@@ -3,6 +3,7 @@
 #include "fileerrors.h"
 #include "loadertable.h"
 #include "partialchunks.h"
+#include "unpackedfile.h"
 
 #include <utility>
 
@@ -69,7 +70,7 @@ void StoreSink::report(const ImportReport &report)
 bool StoreSink::turnEventLoop()
 {
     if (run.storeExists())
-        browsing.setProgress({source->pos(), source->size(), messages});
+        browsing.setProgress({source->bytesRead(), source->bytes(), messages});
     return run.turn();
 }
 

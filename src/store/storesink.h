@@ -15,7 +15,7 @@ public:
     void note(quint32 number, const QString &text) override;
     void appendNote(quint32 number, const QString &text) override;
     void fdFrames(bool seen) override;
-    void begin(const QIODevice &file) override { source = &file; }
+    void begin(const UnpackedFile &file) override { source = &file; }
     void report(const ImportReport &report) override;
     bool turnEventLoop() override;
 
@@ -25,7 +25,7 @@ protected:
 
 private:
     Browsing &browsing;
-    const QIODevice *source = nullptr; // while a file is read
+    const UnpackedFile *source = nullptr; // while a file is read
     quint64 messages = 0;
     PartialChunks &chunks;
 };

@@ -1,5 +1,6 @@
 #include "archives.h"
 #include "chunkmerge.h"
+#include "compressed.h"
 #include "datachunkhandler.h"
 #include "peakmemory.h"
 #include "recordingsink.h"
@@ -23,6 +24,8 @@ class TestHostileTraces : public QObject
 private slots:
     void hugeLineTakesLittleMemory_data();
     void hugeLineTakesLittleMemory();
+    void hugeLineInACompressedTrace_data();
+    void hugeLineInACompressedTrace();
     void onlyRegularFilesAreRead();
     void traceCutWhileItIsReadEndsThere();
     void archiveCutWhileItIsReadEndsThere();
@@ -80,6 +83,30 @@ void TestHostileTraces::hugeLineTakesLittleMemory()
     readTraceFile({file, Type(type), QStringLiteral("t n i l d")}, sink);
     QVERIFY2(heapPeak() < memory, QByteArray::number(heapPeak()));
     QVERIFY(sink.messages.size() <= 2);
+}
+
+void TestHostileTraces::hugeLineInACompressedTrace_data()
+{
+    QTest::addColumn<QByteArray>("packed");
+    const QByteArray text = "(1.5) can0 123#11\n" + QByteArray(int(48 * mebibyte), 'x');
+    for (const Compression kind : compressions)
+        QTest::newRow(qPrintable(compressionName(kind))) << compressed(kind, text);
+    QTest::newRow("zip") << archiveOf({{"a.log", text}});
+}
+
+void TestHostileTraces::hugeLineInACompressedTrace()
+{
+    constexpr qint64 memory = 24 * mebibyte;
+    QFETCH(QByteArray, packed);
+    const QString file = path(QStringLiteral("huge.gz"));
+    writeFile(file, packed);
+    resetHeapPeak();
+    RecordingSink sink;
+    QVERIFY(
+        readTraceFile({file, DatachunkHelper::SocketCanDump, {}, DatachunkHelper::Tolerant}, sink)
+            .text.isEmpty());
+    QVERIFY2(heapPeak() < memory, QByteArray::number(heapPeak()));
+    QCOMPARE(sink.messages.size(), 1);
 }
 
 void TestHostileTraces::onlyRegularFilesAreRead()

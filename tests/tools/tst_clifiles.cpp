@@ -1,4 +1,5 @@
 #include "archives.h"
+#include "compressed.h"
 #include "program.h"
 
 #include <QProcess>
@@ -23,6 +24,7 @@ private slots:
     void archivesAreReadAsOneTrace();
     void everyChunkOfAnArchiveIsRead();
     void whatIsLeftOfADamagedTraceIsDelivered();
+    void compressedTracesAreReadAsTheyAre();
 };
 
 namespace {
@@ -254,6 +256,37 @@ void TestCliFiles::whatIsLeftOfADamagedTraceIsDelivered()
     QCOMPARE(result.status, 1);
     QCOMPARE(result.output.count('\n'), 3);
     QVERIFY2(result.errors.contains("ends in the middle of record 3"), result.errors);
+}
+
+void TestCliFiles::compressedTracesAreReadAsTheyAre()
+{
+    const QByteArray log = candumpLines(0, 300);
+    writeFile("a.log", log);
+    writeFile("a.log.gz", compressed(Compression::Gzip, log));
+    QVERIFY(writeArchive("a.zip", {{"a.log", log}}));
+    const QByteArray lines = outputOf("dump a.log");
+    for (const QString name : {"a.log.gz", "a.zip"}) {
+        QCOMPARE(outputOf("detect " + name), ("SocketCanDump " + name + '\n').toUtf8());
+        for (const QString mode : {"", " --strict"}) {
+            QCOMPARE(run("dump " + name + mode, {}, "ulimit -f 0;").output, lines);
+            QCOMPARE(run("import " + name + mode + " --into x").status, 0);
+            QCOMPARE(secondsInChunk("x/" + QFileInfo(name).completeBaseName() + "_0.dck"),
+                     numbersFrom(0, 300));
+            QVERIFY(QDir("x").removeRecursively());
+        }
+        QCOMPARE(outputOf("find --count 'id>=0' " + name + " a.log"), "600\n");
+    }
+    QCOMPARE(outputOf("export a.log --to a.dck"), "a.dck\n");
+    writeFile("b.dck.xz", compressed(Compression::Xz, readFile("a.dck")));
+    QCOMPARE(outputOf("find --count 'id>=0' b.dck.xz a.dck"), "600\n");
+    writeFile("cut.log.gz", readFile("a.log.gz").chopped(4));
+    const ProgramResult cut = run("dump cut.log.gz");
+    QCOMPARE(cut.status, 1);
+    QCOMPARE(cut.output, lines);
+    QVERIFY2(cut.errors.contains("its end is missing"), cut.errors);
+    QVERIFY(writeArchive("two.zip", {{"a.log", log}, {"b.log", log}}));
+    for (const QString mode : {"", " --strict"})
+        QVERIFY(errorsOf("info two.zip" + mode).contains("several files and no chunk"));
 }
 
 QTEST_GUILESS_MAIN(TestCliFiles)

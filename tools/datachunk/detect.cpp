@@ -49,7 +49,7 @@ int runDetect(const QCommandLineParser &parser, const QStringList &files)
                 break;
             continue;
         }
-        const DatachunkHelper::ImportFileType type = DatachunkHelper().getImportFileType(file);
+        const DatachunkHelper::ImportFileType type = TraceRecognition::strictly(file).type;
         if (!writeLine(QStringLiteral("%1 %2").arg(typeName(type), file)))
             break;
     }

@@ -77,6 +77,7 @@ Parts importParts(DatachunkHandler &store, const TraceFile &trace, quint32 messa
                      [&](const QString &name) { parts.imported = !name.isEmpty(); });
     StopSignals::whenStopped(&store, [&store] { store.goLive(); });
     store.setImportMode(trace.mode);
+    store.setReadsCompressed(true);
     store.importMessages(trace.name, trace.type, trace.formatDescription);
     store.disconnect();
     if (parts.imported)

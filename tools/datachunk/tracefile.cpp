@@ -94,12 +94,13 @@ bool checkTrace(TraceFile &trace)
     if (!checkReadable(trace.name))
         return false;
     QString explanation = Cli::tr("The type of the file is unknown.");
-    if (trace.detectsType && trace.mode == DatachunkHelper::Strict) {
-        trace.type = DatachunkHelper().getImportFileType(trace.name);
-    } else if (trace.detectsType) {
-        const TraceRecognition found = TraceRecognition::of(trace.name);
+    if (trace.detectsType) {
+        const bool isStrict = trace.mode == DatachunkHelper::Strict;
+        const TraceRecognition found =
+            isStrict ? TraceRecognition::strictly(trace.name) : TraceRecognition::of(trace.name);
         trace.type = found.type;
-        explanation = found.explanation;
+        if (!found.explanation.isEmpty())
+            explanation = found.explanation;
     }
     if (trace.type == DatachunkHelper::Unknown)
         printError(trace.name, explanation);

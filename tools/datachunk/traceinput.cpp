@@ -1,5 +1,6 @@
 #include "traceinput.h"
 
+#include "chunknames.h"
 #include "stopsignals.h"
 #include "terminal.h"
 
@@ -100,11 +101,15 @@ bool isChunkOrArchive(const TraceFile &trace)
     return trace.type == DatachunkHelper::ChunkFile || trace.type == DatachunkHelper::ZipArchive;
 }
 
-// A timeline tells an archive by its name.
+// A timeline tells an archive by its name, and goes to and fro in a chunk file, which it cannot in
+// a compressed one.
 bool canBeInTimeline(const TraceFile &trace)
 {
     const bool isNamedSo = trace.name.endsWith(QLatin1String(".zip"), Qt::CaseInsensitive);
-    return isChunkOrArchive(trace) && isNamedSo == (trace.type == DatachunkHelper::ZipArchive);
+    const bool isCompressed =
+        trace.detectsType && trace.type == DatachunkHelper::ChunkFile && !isChunkName(trace.name);
+    return isChunkOrArchive(trace) && !isCompressed
+        && isNamedSo == (trace.type == DatachunkHelper::ZipArchive);
 }
 
 } // namespace
