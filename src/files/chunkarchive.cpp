@@ -1,9 +1,8 @@
 #include "chunkarchive.h"
 
 #include "archivelimits.h"
+#include "chunkformat.h"
 #include "chunknames.h"
-
-#include <QDataStream>
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +17,7 @@ Chunk readHeader(const Zip::Entry &entry, QIODevice &content)
 {
     constexpr qint64 headerBlock = 4096;
     const QByteArray head = content.read(headerBlock);
-    QDataStream stream(head);
+    ChunkFormat::Stream stream(head);
     Chunk chunk{entry, {}, std::numeric_limits<double>::infinity()};
     stream >> chunk.timeText;
     if (stream.status() != QDataStream::Ok)

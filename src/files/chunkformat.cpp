@@ -40,6 +40,16 @@ int bufferSizeFor(const QIODevice &device)
         : int(qBound(smallestSize, device.bytesAvailable() + 1, qint64(blockSize)));
 }
 
+// The order of the entries is that of Qt 5, the highest number first. Qt 6 turns it round.
+template <typename Value> void writeMap(QDataStream &stream, const QMap<unsigned int, Value> &map)
+{
+    stream << quint32(map.size());
+    for (auto entry = map.constEnd(); entry != map.constBegin();) {
+        --entry;
+        stream << entry.key() << entry.value();
+    }
+}
+
 } // namespace
 
 QString timeText(const CAN::CanRxMessage &first, const CAN::CanRxMessage &last)
@@ -54,7 +64,9 @@ QString timeText(const CAN::CanRxMessage &first, const CAN::CanRxMessage &last)
 void writeHeader(QDataStream &stream, const QString &timeText, const Notes &notes,
                  const Bookmarks &bookmarks)
 {
-    stream << timeText << QString::number(currentVersion) << notes << bookmarks;
+    stream << timeText << QString::number(currentVersion);
+    writeMap(stream, notes);
+    writeMap(stream, bookmarks);
 }
 
 Preamble readPreamble(QDataStream &stream)
@@ -172,7 +184,7 @@ bool RecordReader::readCutRecord(CAN::CanRxMessage &message)
     const QByteArray rest = QByteArray::fromRawData(buffer.constData() + position, size - position);
     position = size;
     cause = RecordsEnd::Cut;
-    QDataStream stream(rest);
+    Stream stream(rest);
     return readRecord(stream, message, version);
 }
 

@@ -21,6 +21,14 @@ constexpr quint32 lineFieldSince = 103;
 constexpr quint32 bookmarksSince = 104;
 constexpr quint32 currentVersion = 104;
 
+/// A stream in the layout of chunk files, which is the same with each Qt that writes them.
+class Stream : public QDataStream
+{
+public:
+    explicit Stream(QIODevice *device) : QDataStream(device) { setVersion(Qt_5_15); }
+    explicit Stream(const QByteArray &bytes) : QDataStream(bytes) { setVersion(Qt_5_15); }
+};
+
 /// Size of a record with a full payload in the current version.
 constexpr int maxRecordSize = 25 + CAN::maxDataBytes;
 

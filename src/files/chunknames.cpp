@@ -20,7 +20,7 @@ qint64 rotatedNumber(const QString &name)
         return -1;
     const int digits = name.size() - prefix.size() - ending.size();
     bool ok = false;
-    const uint number = name.midRef(prefix.size(), digits).toUInt(&ok);
+    const uint number = QStringView(name).mid(prefix.size(), digits).toUInt(&ok);
     return ok ? qint64(number) : -1;
 }
 

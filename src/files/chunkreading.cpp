@@ -4,10 +4,17 @@
 
 #include <algorithm>
 #include <climits>
+#include <type_traits>
 
 namespace ChunkReading {
 
 namespace {
+
+// A file may name a number twice. The last entry counts; a map of Qt 5 keeps the others, too, for
+// the next file, and one of Qt 6 cannot.
+template <typename Value, typename Map = QMap<unsigned int, Value>,
+          typename MultiMap = QMultiMap<unsigned int, Value>>
+using EntriesOf = std::conditional_t<std::is_base_of_v<Map, MultiMap>, MultiMap, Map>;
 
 class FrontReader
 {
@@ -29,7 +36,7 @@ private:
     const Bounds &bounds;
     Front &front;
     BoundedDevice device;
-    QDataStream stream;
+    ChunkFormat::Stream stream;
     bool tooLarge = false;
 };
 
@@ -59,7 +66,7 @@ template <typename Value> void FrontReader::readMap(QMap<unsigned int, Value> &m
     // The memory of an entry besides its text: the node in the map and the head of the string.
     constexpr qint64 memoryPerEntry = 96;
     const qint64 start = device.bytesRead();
-    QMultiMap<unsigned int, Value> read;
+    EntriesOf<Value> read;
     stream.resetStatus();
     quint32 count = 0;
     limitNextItem();
@@ -118,7 +125,7 @@ Outcome::Kind readRecords(ChunkFormat::RecordReader &reader, const Bounds &bound
                           bool &hasFdFrame, const std::function<bool()> &dropsCut)
 {
     const int allowed =
-        int(qBound<qint64>(0, bounds.memory / qint64(sizeof(CAN::CanRxMessage)), INT_MAX / 2));
+        int(std::clamp<qint64>(bounds.memory / qint64(sizeof(CAN::CanRxMessage)), 0, INT_MAX / 2));
     MessageList &messages = records.messages;
     CAN::CanRxMessage message;
     for (;;) {

@@ -23,7 +23,7 @@ bool ContinuousOutput::create(const QString &fileName, const QString &timeText,
     file.setFileName(fileName);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate))
         return false;
-    QDataStream stream(&file);
+    ChunkFormat::Stream stream(&file);
     ChunkFormat::writeHeader(stream, timeText, notes, bookmarks);
     return true;
 }

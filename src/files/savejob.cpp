@@ -71,7 +71,7 @@ void makePrivate(const SaveJob &job)
 
 void writeChunk(const SaveJob &job, QFile &file)
 {
-    QDataStream stream(&file);
+    ChunkFormat::Stream stream(&file);
     ChunkFormat::writeHeader(stream, chunkTimeText(job), job.notes, job.bookmarks);
     setCurrentChunkVersion(ChunkFormat::currentVersion);
     ChunkFormat::RecordWriter writer(file, ChunkFormat::currentVersion);

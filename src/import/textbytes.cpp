@@ -51,7 +51,7 @@ qint64 TextBytes::read(char *to, int maximum)
         }
         transcoded = text.toUtf8();
     }
-    const int bytes = std::min(maximum, transcoded.size());
+    const int bytes = std::min(maximum, int(transcoded.size()));
     std::memcpy(to, transcoded.constData(), std::size_t(bytes));
     transcoded.remove(0, bytes);
     return bytes;

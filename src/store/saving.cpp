@@ -34,7 +34,8 @@ void DatachunkHandler::saveMessagesToFile(QString fileName, DatachunkHelper::Sav
     job->messages = isExport ? d->trace.liveMessages() : d->trace.rotatedMessages();
     job->endPosition = quint32(job->messages.size());
     if (lastPosition != 0)
-        job->endPosition = quint32(qBound<qint64>(0, qint64(lastPosition) + 1, job->endPosition));
+        job->endPosition =
+            quint32(std::clamp<qint64>(qint64(lastPosition) + 1, 0, job->endPosition));
     if (isExport) {
         d->exports.add(job);
         return;

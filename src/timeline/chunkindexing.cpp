@@ -2,8 +2,6 @@
 
 #include "recordwalk.h"
 
-#include <QDataStream>
-
 #include <cstring>
 
 namespace {
@@ -76,7 +74,7 @@ void Indexing::end()
     }
     isCut = isCut && !(dropsCut && dropsCut());
     if (isCut) {
-        QDataStream stream(QByteArray::fromRawData(buffer.constData(), size));
+        ChunkFormat::Stream stream(QByteArray::fromRawData(buffer.constData(), size));
         ChunkFormat::readRecord(stream, last, version);
         indexer.addCut(MessageView(last));
     }

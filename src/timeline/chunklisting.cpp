@@ -13,7 +13,7 @@ Place placeOf(const QString &path)
 {
     constexpr quint64 behindAll = std::numeric_limits<quint64>::max();
     const int nameAt = path.lastIndexOf(QLatin1Char('/')) + 1;
-    if (path.midRef(nameAt) == ChunkNames::last())
+    if (QStringView(path).mid(nameAt) == ChunkNames::last())
         return {path.left(nameAt) + ChunkNames::rotatedTemplate(), behindAll};
     int end = path.size();
     while (end > nameAt && !path.at(end - 1).isDigit())
@@ -22,7 +22,7 @@ Place placeOf(const QString &path)
     while (begin > nameAt && path.at(begin - 1).isDigit())
         --begin;
     bool isNumber = false;
-    const quint64 number = path.midRef(begin, end - begin).toULongLong(&isNumber);
+    const quint64 number = QStringView(path).mid(begin, end - begin).toULongLong(&isNumber);
     if (!isNumber)
         return {path, 0};
     return {path.left(begin) + QLatin1String("%1") + path.mid(end), number};

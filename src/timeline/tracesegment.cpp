@@ -3,8 +3,6 @@
 #include "changetracker.h"
 #include "recordwalk.h"
 
-#include <QDataStream>
-
 #include <array>
 #include <atomic>
 
@@ -164,7 +162,7 @@ bool ChunkSegment::decodeCut(const ChunkHandle &handle, Messages &messages) cons
     }
     QByteArray rest(ChunkFormat::maxRecordSize, Qt::Uninitialized);
     rest.resize(int(handle.readSome(rest.data(), index().recordsEnd, rest.size())));
-    QDataStream stream(rest);
+    ChunkFormat::Stream stream(rest);
     if (!ChunkFormat::readRecord(stream, message, index().version))
         return false;
     messages.push_back(message);

@@ -9,7 +9,7 @@
 #include <QTimer>
 
 /// The moment that a table shows, its window, and their ways to the next.
-class TraceTableModel::Private
+class Q_DECL_HIDDEN TraceTableModel::Private
 {
 public:
     /// A row with what it shows.

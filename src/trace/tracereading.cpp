@@ -2,6 +2,8 @@
 
 #include "trace.h"
 
+#include <algorithm>
+
 const MessageList &Trace::shownLocked() const
 {
     static const MessageList nothing;
@@ -85,7 +87,7 @@ CAN::CanRxMessage Trace::lastOfLine(quint8 line) const
 
 int Trace::startIndexLocked(quint32 position) const
 {
-    return int(qBound<qint64>(0, qint64(position) - dropped, shownLocked().size()));
+    return int(std::clamp<qint64>(qint64(position) - dropped, 0, shownLocked().size()));
 }
 
 bool Trace::findOfLine(CAN::CanRxMessage &out, quint8 line, quint32 &position) const

@@ -2,7 +2,7 @@
 #include "messages.h"
 #include "storefixture.h"
 
-#include <QtConcurrent>
+#include <QThreadPool>
 #include <QtTest>
 
 #include <thread>
@@ -33,7 +33,7 @@ void TestRotation::viewShowsTheRotatedBufferUntilThePoolGetsToIt()
     const auto release = std::make_shared<QSemaphore>();
     QThreadPool &pool = *QThreadPool::globalInstance();
     for (int i = 0; i < pool.maxThreadCount(); ++i)
-        QtConcurrent::run([release] { release->acquire(); });
+        pool.start([release] { release->acquire(); });
     DatachunkHandler store(5010);
     QSignalSpy saved(&store, &DatachunkHandler::newDataFile);
     QVector<bool> cleared;
