@@ -23,6 +23,7 @@ const Command *findCommand(const QString &name);
 QString commandList();
 
 QList<QCommandLineOption> traceOptions();
+QList<QCommandLineOption> convertOptions();
 QList<QCommandLineOption> detectOptions();
 QList<QCommandLineOption> dumpOptions();
 QList<QCommandLineOption> exportOptions();
@@ -35,6 +36,7 @@ QList<QCommandLineOption> splitOptions();
 QList<QCommandLineOption> statsOptions();
 QList<QCommandLineOption> unpackOptions();
 
+int runConvert(const QCommandLineParser &parser, const QStringList &files);
 int runDetect(const QCommandLineParser &parser, const QStringList &files);
 int runInfo(const QCommandLineParser &parser, const QStringList &files);
 int runDump(const QCommandLineParser &parser, const QStringList &files);

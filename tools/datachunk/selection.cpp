@@ -186,6 +186,13 @@ bool Selection::readTests(const QCommandLineParser &parser)
     return true;
 }
 
+Selection Selection::withoutPositions() const
+{
+    Selection everywhere;
+    everywhere.taken = taken;
+    return everywhere;
+}
+
 void Selection::narrow(const TraceExpression &other)
 {
     taken = TraceExpression::both(taken, other);

@@ -19,6 +19,9 @@ public:
     bool read(const QCommandLineParser &parser,
               const QString &countOption = QStringLiteral("count"));
 
+    /// The same expression for all messages, however many.
+    Selection withoutPositions() const;
+
     /// Leaves of the messages only those that \a other takes.
     void narrow(const TraceExpression &other);
 

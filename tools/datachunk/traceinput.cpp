@@ -5,6 +5,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 using Result = TraceReading::Result;
@@ -42,14 +44,26 @@ public:
     }
     const TraceTimeline *timeline() const override { return trace.get(); }
     Result open() override;
+    void keepBookmarks() override { keepsBookmarks = true; }
     Result forEachMessage(quint64 from, const Visit &visit) override;
 
 private:
+    Result read();
+
     const std::vector<Name> all;
     std::unique_ptr<TraceTimeline> trace;
+    Result opened = Result::Complete;
+    bool keepsBookmarks = false;
 };
 
 Result TimelineInput::open()
+{
+    if (!trace)
+        opened = read();
+    return opened;
+}
+
+Result TimelineInput::read()
 {
     QStringList paths;
     for (const Name &name : all)
@@ -79,13 +93,19 @@ Result TimelineInput::open()
 Result TimelineInput::forEachMessage(quint64 from, const Visit &visit)
 {
     TraceItem item;
+    const QVector<quint64> marked =
+        keepsBookmarks ? trace->bookmarkPositions() : QVector<quint64>();
+    auto nextMarked = std::lower_bound(marked.begin(), marked.end(), from);
     const auto visitBlock = [&](const TraceBlock &block) {
         QCoreApplication::processEvents();
         for (int i = 0; i < block.count; ++i) {
             item.message = block.messages[i];
             if (!block.notes.isEmpty() || !item.note.isEmpty())
                 item.note = block.notes.value(item.message.messageNumber);
-            if (!visit(block.position + quint64(i), item))
+            const quint64 position = block.position + quint64(i);
+            const bool isMarked = nextMarked != marked.end() && *nextMarked == position;
+            item.bookmark = isMarked ? trace->row(*nextMarked++).bookmark : CanMessageBookmark();
+            if (!visit(position, item))
                 return false;
         }
         return !StopSignals::received();

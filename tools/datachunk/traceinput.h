@@ -26,14 +26,18 @@ public:
     /// What errors and the progress are said to be about.
     virtual QString subject() const = 0;
 
-    /// To be called first. Anything but Complete is told.
+    /// To be called first; again, it only returns the same. Anything but Complete is told.
     virtual Result open() { return Result::Complete; }
 
     /// Null where it is read from front to back alone.
     virtual const TraceTimeline *timeline() const { return nullptr; }
 
+    /// Has the messages of a timeline come with their bookmarks, which takes a look at all chunks
+    /// that have notes; those of a stream always do.
+    virtual void keepBookmarks() { }
+
     /// Hands on the messages at \a from and behind, the first one having position 0, until \a visit
-    /// returns false, which is no failure. Those of a timeline come without their bookmarks.
+    /// returns false, which is no failure.
     virtual Result forEachMessage(quint64 from, const Visit &visit) = 0;
 };
 
