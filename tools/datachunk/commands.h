@@ -35,6 +35,7 @@ std::vector<Command> allCommands();
 const Command *findCommand(const QString &name);
 
 QList<QCommandLineOption> traceOptions();
+QList<QCommandLineOption> convertOptions();
 QList<QCommandLineOption> detectOptions();
 QList<QCommandLineOption> dumpOptions();
 QList<QCommandLineOption> exportOptions();
@@ -47,6 +48,7 @@ QList<QCommandLineOption> splitOptions();
 QList<QCommandLineOption> statsOptions();
 QList<QCommandLineOption> unpackOptions();
 
+int runConvert(const QCommandLineParser &parser, const QStringList &files);
 int runDetect(const QCommandLineParser &parser, const QStringList &files);
 int runInfo(const QCommandLineParser &parser, const QStringList &files);
 int runDump(const QCommandLineParser &parser, const QStringList &files);

@@ -1,28 +1,44 @@
 #include "chunknames.h"
 #include "commands.h"
+#include "conversion.h"
 #include "filechecks.h"
-#include "movefiles.h"
-#include "positions.h"
 #include "terminal.h"
-#include "tracereading.h"
-#include "tracewriter.h"
-#include "workfolder.h"
-
-#include <QFileInfo>
-
-#include <algorithm>
 
 namespace {
 
-struct Export
+bool readTarget(const QCommandLineParser &parser, Conversion &wanted)
 {
-    QString target;
-    Positions positions;
-    bool withNotes = false;
-    bool withBookmarks = false;
-};
+    wanted.target = parser.value(QStringLiteral("to"));
+    if (!wanted.target.isEmpty())
+        return true;
+    usageError(Cli::tr("--to is missing"));
+    return false;
+}
 
-QList<QCommandLineOption> outputOptions()
+int exportTrace(const TraceFile &trace, const Conversion &wanted)
+{
+    if (!checkReadable(trace.name) || !(wanted.goesToOutput() || checkFree(wanted.target)))
+        return Failed;
+    TraceInputs inputs(trace);
+    const bool done = inputs.open({trace.name}, TraceInputs::AsStream)
+        && convert({inputs.all().front().get()}, wanted);
+    return finishOutput() && done ? Succeeded : Failed;
+}
+
+} // namespace
+
+QList<QCommandLineOption> exportOptions()
+{
+    return traceOptions()
+        + QList<QCommandLineOption>{{QStringLiteral("to"),
+                                     Cli::tr("Write this file, in the format that its name ends "
+                                             "in, or as a text. With \"-\" it goes to standard "
+                                             "output."),
+                                     QStringLiteral("OUT")}}
+    + conversionOptions() + Selection::options({QStringLiteral("to")});
+}
+
+QList<QCommandLineOption> mergeOptions()
 {
     return {{QStringLiteral("to"),
              Cli::tr("Write this file: a chunk file when the name ends in \"dck\", a text "
@@ -32,153 +48,13 @@ QList<QCommandLineOption> outputOptions()
              Cli::tr("Write the notes into a text, too; a chunk file always has them.")}};
 }
 
-bool readTarget(const QCommandLineParser &parser, Export &wanted)
-{
-    wanted.target = parser.value(QStringLiteral("to"));
-    wanted.withBookmarks = isChunkName(wanted.target);
-    wanted.withNotes = wanted.withBookmarks || parser.isSet(QStringLiteral("notes"));
-    if (!wanted.target.isEmpty())
-        return true;
-    usageError(Cli::tr("--to is missing"));
-    return false;
-}
-
-bool goesToOutput(const Export &wanted)
-{
-    return wanted.target == QLatin1String("-");
-}
-
-// Chunks of an archive may come from several traces, each numbered from 0. Notes and bookmarks
-// belong to message numbers, so every number may occur only once in a file.
-class UniqueNumbers
-{
-public:
-    void apply(TraceItem &item)
-    {
-        quint32 &number = item.message.messageNumber;
-        if (item.part != part)
-            shift = number <= highest ? highest + 1 - number : 0;
-        part = item.part;
-        number += shift;
-        highest = std::max(highest, number);
-        if (shift != 0 && item.bookmark.isValid())
-            item.bookmark = CanMessageBookmark(number, item.bookmark.text());
-    }
-
-private:
-    int part = 0;
-    quint32 shift = 0;
-    quint32 highest = 0;
-};
-
-// Calls take(item) for the messages at the positions, numbered anew where need be, until it returns
-// false.
-template <typename Take>
-TraceReading::Result forEachSelected(TraceReading &reading, const QString &fileName,
-                                     const Positions &positions, const Take &take)
-{
-    quint64 position = 0;
-    UniqueNumbers numbers;
-    Progress progress(fileName);
-    return reading.forEachMessage([&](TraceItem item) {
-        numbers.apply(item);
-        progress.countOne();
-        if (positions.contains(position) && !take(item))
-            return false;
-        return position++ < positions.last();
-    });
-}
-
-// What stands in front of the messages depends on all of them, so the trace is gone through
-// before it is written.
-TraceReading::Result survey(TraceReading &reading, const QString &fileName, const Export &wanted,
-                            TraceFrame &frame)
-{
-    const auto add = [&](const TraceItem &item) {
-        if (frame.count++ == 0)
-            frame.first = item.message;
-        frame.last = item.message;
-        const quint32 number = item.message.messageNumber;
-        if (wanted.withNotes && !item.note.isEmpty())
-            frame.notes.insert(number, item.note);
-        if (wanted.withBookmarks && item.bookmark.isValid())
-            frame.bookmarks.insert(number, item.bookmark);
-        return true;
-    };
-    const auto result = forEachSelected(reading, fileName, wanted.positions, add);
-    if (result != TraceReading::Failed && frame.count == 0) {
-        printError(fileName, Cli::tr("Nothing to export."));
-        return TraceReading::Failed;
-    }
-    return result;
-}
-
-bool writeTrace(TraceReading &reading, const QString &fileName, const Export &wanted,
-                const TraceFrame &frame, TraceWriter &writer)
-{
-    quint64 count = 0;
-    bool written = writer.open();
-    const auto write = [&](const TraceItem &item) {
-        written = writer.write(item.message);
-        return written && ++count < frame.count;
-    };
-    if (written
-        && forEachSelected(reading, fileName, wanted.positions, write) == TraceReading::Failed)
-        return false;
-    const bool closed = writer.close();
-    if (written && closed && count == frame.count)
-        return true;
-    // An error of standard output is reported at the end of the program.
-    if (!goesToOutput(wanted))
-        printError(wanted.target, Cli::tr("The file could not be written completely."));
-    return false;
-}
-
-int exportTrace(const TraceFile &trace, const Export &wanted)
-{
-    const bool toOutput = goesToOutput(wanted);
-    const QFileInfo target(wanted.target);
-    const QString folder = toOutput ? QDir::tempPath() : target.path();
-    if (!checkReadable(trace.name) || !(toOutput || checkFree(wanted.target)))
-        return Failed;
-    const WorkFolder work(folder);
-    if (!work.isValid()) {
-        printError(toOutput ? folder : wanted.target, work.errorText());
-        return Failed;
-    }
-    TraceReading reading(trace);
-    TraceFrame frame;
-    if (!reading.open())
-        return Failed;
-    const TraceReading::Result result = survey(reading, trace.name, wanted, frame);
-    if (result == TraceReading::Failed)
-        return Failed;
-    const QString unfinished = work.filePath(toOutput ? QStringLiteral("text") : target.fileName());
-    TraceWriter writer(unfinished, frame, toOutput);
-    const bool done = writeTrace(reading, trace.name, wanted, frame, writer)
-        && (toOutput || moveFiles({unfinished}, {wanted.target}));
-    return finishOutput() && done && result == TraceReading::Complete ? Succeeded : Failed;
-}
-
-} // namespace
-
-QList<QCommandLineOption> exportOptions()
-{
-    return traceOptions() + outputOptions() + positionOptions();
-}
-
-QList<QCommandLineOption> mergeOptions()
-{
-    return outputOptions();
-}
-
 int runExport(const QCommandLineParser &parser, const QStringList &files)
 {
     TraceFile trace;
     trace.name = files.first();
-    Export wanted;
-    if (!readTarget(parser, wanted) || !wanted.positions.read(parser)
-        || !readTraceOptions(parser, trace))
+    Conversion wanted;
+    if (!readTarget(parser, wanted) || !readTraceOptions(parser, trace)
+        || !readConversion(parser, trace, TargetFormat(), wanted))
         return WrongUsage;
     return exportTrace(trace, wanted);
 }
@@ -188,6 +64,11 @@ int runMerge(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     trace.name = files.first();
     trace.type = DatachunkHelper::ZipArchive;
-    Export wanted;
-    return readTarget(parser, wanted) ? exportTrace(trace, wanted) : WrongUsage;
+    Conversion wanted;
+    if (!readTarget(parser, wanted))
+        return WrongUsage;
+    wanted.format.kind =
+        isChunkName(wanted.target) ? TargetFormat::OwnChunk : TargetFormat::OwnText;
+    wanted.withNotes = parser.isSet(QStringLiteral("notes"));
+    return exportTrace(trace, wanted);
 }

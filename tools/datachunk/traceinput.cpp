@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 using Result = TraceReading::Result;
@@ -22,7 +24,7 @@ public:
         quint64 position = 0;
         return reading.forEachMessage([&](const TraceItem &item) {
             const quint64 at = position++;
-            return at < from || visit(at, item.message, item.note);
+            return at < from || visit(at, item);
         });
     }
 
@@ -43,14 +45,26 @@ public:
     }
     const TraceTimeline *timeline() const override { return trace.get(); }
     Result open() override;
+    void keepBookmarks() override { keepsBookmarks = true; }
     Result forEachMessage(quint64 from, const Visit &visit) override;
 
 private:
+    Result read();
+
     const std::vector<Name> all;
     std::unique_ptr<TraceTimeline> trace;
+    Result opened = Result::Complete;
+    bool keepsBookmarks = false;
 };
 
 Result TimelineInput::open()
+{
+    if (!trace)
+        opened = read();
+    return opened;
+}
+
+Result TimelineInput::read()
 {
     QStringList paths;
     for (const Name &name : all)
@@ -79,13 +93,20 @@ Result TimelineInput::open()
 
 Result TimelineInput::forEachMessage(quint64 from, const Visit &visit)
 {
-    const auto visitBlock = [&visit](const TraceBlock &block) {
+    TraceItem item;
+    const QVector<quint64> marked =
+        keepsBookmarks ? trace->bookmarkPositions() : QVector<quint64>();
+    auto nextMarked = std::lower_bound(marked.begin(), marked.end(), from);
+    const auto visitBlock = [&](const TraceBlock &block) {
         QCoreApplication::processEvents();
         for (int i = 0; i < block.count; ++i) {
-            const CAN::CanRxMessage &message = block.messages[i];
-            const QString note =
-                block.notes.isEmpty() ? QString() : block.notes.value(message.messageNumber);
-            if (!visit(block.position + quint64(i), message, note))
+            item.message = block.messages[i];
+            if (!block.notes.isEmpty() || !item.note.isEmpty())
+                item.note = block.notes.value(item.message.messageNumber);
+            const quint64 position = block.position + quint64(i);
+            const bool isMarked = nextMarked != marked.end() && *nextMarked == position;
+            item.bookmark = isMarked ? trace->row(*nextMarked++).bookmark : CanMessageBookmark();
+            if (!visit(position, item))
                 return false;
         }
         return !StopSignals::received();

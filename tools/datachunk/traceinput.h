@@ -11,8 +11,7 @@ class TraceInput
 {
 public:
     using Result = TraceReading::Result;
-    using Visit = std::function<bool(quint64 position, const CAN::CanRxMessage &message,
-                                     const QString &note)>;
+    using Visit = std::function<bool(quint64 position, const TraceItem &item)>;
 
     /// How a path is named to the user, and what it is.
     struct Name
@@ -27,11 +26,15 @@ public:
     /// What errors and the progress are said to be about.
     virtual QString subject() const = 0;
 
-    /// To be called first. Anything but Complete is told.
+    /// To be called first; again, it only returns the same. Anything but Complete is told.
     virtual Result open() { return Result::Complete; }
 
     /// Null where it is read from front to back alone.
     virtual const TraceTimeline *timeline() const { return nullptr; }
+
+    /// Has the messages of a timeline come with their bookmarks, which takes a look at all chunks
+    /// that have notes; those of a stream always do.
+    virtual void keepBookmarks() { }
 
     /// Hands on the messages at \a from and behind, the first one having position 0, until \a visit
     /// returns false, which is no failure.
@@ -53,6 +56,9 @@ class TraceInputs
 public:
     /// How a chunk file or an archive is read that is named alone.
     enum Alone { AsStream, AsTimeline };
+
+    /// Reads each path as \a options say.
+    explicit TraceInputs(TraceFile options = {}) : options(std::move(options)) { }
 
     /// Takes over the options of a trace. False, with the usage error printed, for wrong ones.
     bool readOptions(const QCommandLineParser &parser) { return readTraceOptions(parser, options); }

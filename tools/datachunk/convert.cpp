@@ -1,0 +1,123 @@
+#include "commands.h"
+#include "conversion.h"
+#include "filechecks.h"
+#include "stopsignals.h"
+#include "terminal.h"
+#include "workfolder.h"
+
+#include <QFileInfo>
+
+namespace {
+
+bool readPaths(const QCommandLineParser &parser, QStringList &inputs, Conversion &wanted)
+{
+    const bool hasTarget = parser.isSet(QStringLiteral("to"));
+    const bool hasFolder = parser.isSet(QStringLiteral("into"));
+    if (hasTarget && hasFolder)
+        usageError(Cli::tr("--to and --into exclude each other"));
+    else if (hasFolder && !parser.isSet(QStringLiteral("as")))
+        usageError(Cli::tr("--into needs --as"));
+    else if (!hasTarget && !hasFolder && inputs.size() < 2)
+        usageError(Cli::tr("the name of the file to write is missing"));
+    else {
+        if (!hasFolder)
+            wanted.target = hasTarget ? parser.value(QStringLiteral("to")) : inputs.takeLast();
+        return true;
+    }
+    return false;
+}
+
+// Each path is an input of its own. False, with a text printed, when one is no trace.
+bool openInputs(const QStringList &paths, const TraceFile &trace, std::vector<TraceInputs> &opened)
+{
+    if (paths.size() > int(MergedTrace::mostInputs)) {
+        printError(Cli::tr("%1 paths").arg(paths.size()),
+                   Cli::tr("At most %1 traces are merged at a time. Chunk files in a folder are "
+                           "one: name the folder.")
+                       .arg(MergedTrace::mostInputs));
+        return false;
+    }
+    for (const QString &path : paths) {
+        opened.emplace_back(trace);
+        if (!opened.back().open({path}, TraceInputs::AsStream))
+            return false;
+    }
+    return true;
+}
+
+bool convertPaths(const QStringList &paths, const TraceFile &trace, const Conversion &wanted)
+{
+    if (!wanted.goesToOutput() && !checkFree(wanted.target))
+        return false;
+    std::vector<TraceInputs> opened;
+    if (!openInputs(paths, trace, opened))
+        return false;
+    std::vector<TraceInput *> inputs;
+    for (const TraceInputs &each : opened)
+        inputs.push_back(each.all().front().get());
+    return convert(inputs, wanted);
+}
+
+bool isTaken(const QString &fileName)
+{
+    const QFileInfo file(fileName);
+    return file.exists() || file.isSymLink();
+}
+
+// The name that a trace gets in the folder: its own one, with a number where that is taken.
+QString freeName(const QDir &folder, const QString &path, const QString &suffix)
+{
+    const QFileInfo file(QDir::cleanPath(path));
+    const QString base = file.isDir() ? file.fileName() : file.completeBaseName();
+    QString name = QStringLiteral("%1.%2").arg(base, suffix);
+    for (int number = 2; isTaken(folder.filePath(name)); ++number)
+        name = QStringLiteral("%1-%2.%3").arg(base).arg(number).arg(suffix);
+    return folder.filePath(name);
+}
+
+bool convertEach(const QStringList &paths, const TraceFile &trace, Conversion wanted,
+                 const QDir &folder)
+{
+    wanted.tellsCounts = true;
+    bool areDone = makeFolder(folder);
+    if (!areDone)
+        return false;
+    for (const QString &path : paths) {
+        wanted.target = freeName(folder, path, wanted.format.suffix());
+        areDone = convertPaths({path}, trace, wanted) && areDone;
+        if (StopSignals::received())
+            return false;
+    }
+    return areDone;
+}
+
+} // namespace
+
+QList<QCommandLineOption> convertOptions()
+{
+    return traceOptions()
+        + QList<QCommandLineOption>{{QStringLiteral("to"),
+                                     Cli::tr("Write this file, so that all arguments are traces "
+                                             "to read. With \"-\" it goes to standard output."),
+                                     QStringLiteral("OUT")},
+                                    {QStringLiteral("into"),
+                                     Cli::tr("Write a file for each trace into this folder, in "
+                                             "the format of --as."),
+                                     QStringLiteral("FOLDER")}}
+    + conversionOptions() + Selection::options({QStringLiteral("to")});
+}
+
+int runConvert(const QCommandLineParser &parser, const QStringList &files)
+{
+    TraceFile trace;
+    Conversion wanted;
+    QStringList inputs = files;
+    if (!readPaths(parser, inputs, wanted) || !readTraceOptions(parser, trace)
+        || !readConversion(parser, trace, std::nullopt, wanted))
+        return WrongUsage;
+    const bool isEach = parser.isSet(QStringLiteral("into"));
+    const bool done = isEach
+        ? convertEach(inputs, trace, wanted, QDir(parser.value(QStringLiteral("into"))))
+        : convertPaths(inputs, trace, wanted);
+    return finishOutput() && done ? Succeeded : Failed;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "traceexport.h"
+
+#include <QStringList>
+
+#include <optional>
+
+/// What a trace is written as: a chunk file or a text of ours, or a format of another tool.
+struct TargetFormat
+{
+    enum Kind { OwnChunk, OwnText, Foreign };
+    Kind kind = OwnText;
+    TraceExport::Format foreign = TraceExport::Candump; ///< where it is one
+
+    /// Of "dck", "txt" or a name that TraceExport knows.
+    static std::optional<TargetFormat> named(const QString &name);
+    /// By the end of the name.
+    static std::optional<TargetFormat> ofFile(const QString &fileName);
+    /// Of all formats, with commas between.
+    static QString allNames();
+
+    QString name() const;
+    /// What the name of a file of the format ends in.
+    QString suffix() const;
+};

@@ -1,0 +1,39 @@
+#include "traceoutput.h"
+
+#include "terminal.h"
+
+TraceOutput::TraceOutput(const QString &fileName, TraceExport::Format format,
+                         TraceExport::Times times)
+    : file(fileName), toOutput(fileName.isEmpty()), text(format, times)
+{
+}
+
+bool TraceOutput::open()
+{
+    return toOutput || file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+bool TraceOutput::write(const MessageBlock &block)
+{
+    for (BlockCursor cursor(block); !cursor.isAtEnd(); cursor.moveOn())
+        text.append(cursor.message(), cursor.note(), bytes);
+    bookmarks += block.bookmarks.size();
+    constexpr int leastWritten = 256 * 1024;
+    return bytes.size() < leastWritten || flush();
+}
+
+bool TraceOutput::close()
+{
+    text.finish(bytes);
+    const bool isWritten = flush();
+    file.close();
+    return isWritten && file.error() == QFileDevice::NoError;
+}
+
+bool TraceOutput::flush()
+{
+    const bool isWritten =
+        toOutput ? writeOutput(bytes) : file.write(bytes) == qint64(bytes.size());
+    bytes.resize(0);
+    return isWritten;
+}
