@@ -81,9 +81,9 @@ private:
     // checksum and bit timings, of which only the flags are known.
     static void writeFdFrame(const ExportFrame &frame, LineBuffer &line)
     {
-        constexpr int channelSize = 4;
+        constexpr int channelSize = 3;
         constexpr int idSize = 11;
-        line.add(" CANFD");
+        line.add(" CANFD ");
         int start = line.count();
         line.addNumber(frame.line);
         line.alignRight(start, start + channelSize);
