@@ -271,9 +271,11 @@ QVector<Loss> differences(const ReadBack::Message &written, const ReadBack::Mess
     addIf(time.start != 0, TraceExport::StartTime);
     addIf(difference < 0 || difference >= time.unit, TraceExport::Time);
     addIf(difference > 0 && difference < time.unit, TraceExport::TimeDigits);
-    const int commonSize = isError ? CAN::payloadSize(b) : CAN::payloadSize(a);
+    const int common = isError ? CAN::payloadSize(b) : CAN::payloadSize(a);
+    const auto isSet = [](quint8 byte) { return byte != 0; };
     addIf(a.id != b.id || (!isError && a.remote != b.remote)
-              || (!isRemote && !samePayload(a, b, commonSize)),
+              || (!isRemote && !samePayload(a, b, common))
+              || std::any_of(b.data + common, std::end(b.data), isSet),
           TraceExport::lossCount);
     return found;
 }

@@ -88,8 +88,9 @@ ReadBack::Message randomRecord(QRandomGenerator &random, Records records, int in
         message.flagC = isSet();
         message.flagD = isSet();
     }
-    for (int i = 0; i < CAN::payloadSize(message); ++i)
-        message.data[i] = message.remote && records != AnyRecords ? 0 : quint8(random.generate());
+    // Bytes behind the payload mean nothing.
+    for (quint8 &byte : message.data)
+        byte = message.remote && records != AnyRecords ? 0 : quint8(random.generate());
     const QStringList notes{"plain", "two, \"quoted\"\r\nlines", u8"\u00fcber \U0001F697"};
     if (random.bounded(8) == 0)
         item.note = notes.at(random.bounded(notes.size()));
