@@ -2,17 +2,17 @@
 
 #include "canerrortypes.h"
 #include "canframe.h"
+#include "jsontext.h"
 #include "linebuffer.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 
 namespace {
 
 // With its quotes.
 QByteArray jsonString(const QString &text)
 {
-    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    const QByteArray array = jsonText(QJsonDocument(QJsonArray{text}));
     return array.mid(1, array.size() - 2);
 }
 

@@ -1,6 +1,11 @@
-#include "jsontext.h"
+#pragma once
 
-QByteArray jsonText(const QJsonDocument &document)
+#include <QByteArray>
+#include <QJsonDocument>
+
+/// A document in one line, without a line end. Control characters above ASCII, which a terminal
+/// obeys and JSON allows, are escaped as well.
+inline QByteArray jsonText(const QJsonDocument &document)
 {
     constexpr char firstByte = '\xC2'; // of the UTF-8 of U+0080 to U+009F
     constexpr uchar behindLast = 0xA0;
