@@ -1,0 +1,28 @@
+#pragma once
+
+#include "recordview.h"
+
+/// Finds where the records of a chunk end that was left in the middle. Bytes count from the start
+/// of the first record.
+class RecordsTail
+{
+public:
+    void look(RecordView record);
+
+    struct Zeros
+    {
+        qint64 begin = 0; ///< of the first byte that does not count
+        qint64 records = 0;
+    };
+    /// Records at the end that hold nothing but zeros, \a hasRest when zeros that are no whole
+    /// record follow. The first record begins at byte \a recordsStart of the file.
+    Zeros zeros(qint64 recordsStart, bool hasRest) const;
+
+private:
+    qint64 end = 0;
+    qint64 zeroRecords = 0; // in a row up to here
+    qint64 lastBegin = 0;   // of the record in front of them
+    qint64 lastEnd = 0;
+    qint64 lastZeros = 0; // bytes that it ends with
+    bool hasLast = false;
+};
