@@ -42,6 +42,12 @@ constexpr Command commands[] = {
     {"merge", "X.zip --to OUT",
      QT_TRANSLATE_NOOP("Cli", "Join the chunk files of an archive into one file."), 1, 1,
      mergeOptions, runMerge},
+    {"verify", "PATH...",
+     QT_TRANSLATE_NOOP("Cli", "Check chunk files, folders of them and archives for damage."), 1,
+     INT_MAX, verifyOptions, runVerify},
+    {"recover", "FOLDER|FILE... --into FOLDER",
+     QT_TRANSLATE_NOOP("Cli", "Save the chunk files that a killed application left behind."), 0,
+     INT_MAX, recoverOptions, runRecover},
 };
 
 } // namespace
