@@ -28,6 +28,8 @@ struct Part
     qint64 bytes = 0; ///< from the start of the file
     qint64 messages = 0;
     QString text;
+    quint32 firstNumber = 0;
+    quint32 lastNumber = 0;
 };
 
 bool endsInZeros(QFile &file, qint64 from)
@@ -75,15 +77,22 @@ Part partToSave(QFile &file, const std::function<bool()> &goesOn)
     const QString damage = frontText(chunk);
     if (!damage.isEmpty())
         return {RecoveredChunk::Unreadable, 0, 0, damage};
-    Part part{RecoveredChunk::Saved, chunk.front.size + chunk.end.offset,
-              chunk.index.count - (chunk.index.hasCutRecord ? 1 : 0), endText(chunk.end, false)};
+    Part part;
+    part.result = RecoveredChunk::Saved;
+    part.bytes = chunk.front.size + chunk.end.offset;
+    part.messages = chunk.index.count - (chunk.index.hasCutRecord ? 1 : 0);
     const bool hasRest = chunk.end.cause != ChunkFormat::RecordsEnd::Whole;
     const RecordsTail::Zeros zeros = tail.zeros(chunk.front.size, hasRest);
-    if (zeros.records > 0 && (!hasRest || endsInZeros(file, part.bytes)))
-        part = {RecoveredChunk::Saved, chunk.front.size + zeros.begin,
-                part.messages - zeros.records, endText(chunk.end, true)};
+    const bool areAtEnd = zeros.records > 0 && (!hasRest || endsInZeros(file, part.bytes));
+    if (areAtEnd) {
+        part.bytes = chunk.front.size + zeros.begin;
+        part.messages -= zeros.records;
+    }
+    part.text = endText(chunk.end, areAtEnd);
+    part.firstNumber = chunk.index.firstNumber;
+    part.lastNumber = areAtEnd ? zeros.lastNumber : tail.lastNumber();
     if (part.messages == 0)
-        part = {RecoveredChunk::Nothing, 0, 0,
+        return {RecoveredChunk::Nothing, 0, 0,
                 part.text.isEmpty() ? Texts::tr("There are no messages in it.") : part.text};
     return part;
 }
@@ -142,7 +151,8 @@ RecoveredChunk recoverChunk(const QString &from, const QString &to,
     const QString readError = file.readErrorText();
     if (!readError.isEmpty() && part.result != RecoveredChunk::Saved)
         return {RecoveredChunk::Unreadable, 0, 0, readError};
-    RecoveredChunk recovered{part.result, part.messages, file.size() - part.bytes, part.text};
+    RecoveredChunk recovered{part.result, part.messages,    file.size() - part.bytes,
+                             part.text,   part.firstNumber, part.lastNumber};
     if (part.result != RecoveredChunk::Saved)
         return recovered;
     if (!readError.isEmpty())

@@ -19,6 +19,8 @@ struct RecoveredChunk
     qint64 messages = 0;     ///< that were saved
     qint64 bytesTrimmed = 0; ///< that were not
     QString text;            ///< why, in whole sentences; empty when everything was saved
+    quint32 firstNumber = 0; ///< of the first message saved
+    quint32 lastNumber = 0;  ///< of the last one
 };
 
 /// Copies a chunk file up to the end of its last whole record, with all notes and bookmarks, into

@@ -1,6 +1,7 @@
 #include "recordstail.h"
 
 #include <algorithm>
+#include <utility>
 
 void RecordsTail::look(RecordView record)
 {
@@ -20,6 +21,7 @@ void RecordsTail::look(RecordView record)
     lastBegin = start;
     lastEnd = end;
     lastZeros = behind - nonZero;
+    numberBefore = std::exchange(number, record.number());
 }
 
 RecordsTail::Zeros RecordsTail::zeros(qint64 recordsStart, bool hasRest) const
@@ -28,12 +30,13 @@ RecordsTail::Zeros RecordsTail::zeros(qint64 recordsStart, bool hasRest) const
     constexpr qint64 sector = 512;
     // The first message of a trace may be all zeros, and no other one.
     if (zeroRecords == 0 || (!hasLast && zeroRecords == 1 && !hasRest))
-        return {end, 0};
+        return {end, 0, number};
     const qint64 fileEnd = recordsStart + lastEnd;
     const qint64 lastSector = (fileEnd - 1) / sector * sector;
     // Nobody can tell whether the zeros of a record are its own when they go on from the start of a
     // sector to its end.
     const bool isTorn =
         hasLast && lastSector > recordsStart + lastBegin && lastSector >= fileEnd - lastZeros;
-    return {isTorn ? lastBegin : lastEnd, zeroRecords + (isTorn ? 1 : 0)};
+    return isTorn ? Zeros{lastBegin, zeroRecords + 1, numberBefore}
+                  : Zeros{lastEnd, zeroRecords, number};
 }

@@ -4,12 +4,16 @@
 #include "commands.h"
 #include "filechecks.h"
 #include "leftchunks.h"
+#include "movefiles.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "workfolder.h"
 
 #include <QFileInfo>
 #include <QStandardPaths>
+
+#include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -29,7 +33,8 @@ public:
 
 private:
     bool saveFolder(const LeftChunks &chunks, const QDir &into);
-    bool saveFile(const QString &file, const QDir &into);
+    bool saveFile(const QString &file, const QDir &into, std::optional<quint32> &lastNumber);
+    static QString setAside(const QString &file);
     QString subfolder(const QString &folder) const;
 
     const QDir target;
@@ -81,8 +86,9 @@ bool Recovery::save(const std::vector<LeftChunks> &all)
 bool Recovery::saveFolder(const LeftChunks &chunks, const QDir &into)
 {
     bool isSaved = true;
+    std::optional<quint32> lastNumber;
     for (const QString &file : chunks.files) {
-        isSaved = saveFile(file, into) && isSaved;
+        isSaved = saveFile(file, into, lastNumber) && isSaved;
         if (interrupted(file))
             return false;
     }
@@ -102,19 +108,41 @@ QString freeName(const QDir &into, const QString &name)
     return free;
 }
 
-bool Recovery::saveFile(const QString &file, const QDir &into)
+// A store that goes on when all was exported leaves a last chunk whose messages come again in the
+// chunks behind it.
+QString Recovery::setAside(const QString &file)
 {
-    const QString to = freeName(into, QFileInfo(file).fileName());
+    const QFileInfo chunk(file);
+    const QDir aside(chunk.absoluteDir().filePath(QStringLiteral("earlier")));
+    const QString to = aside.filePath(chunk.fileName());
+    if (!makeFolder(aside) || moveFile(file, to) != 0)
+        return Cli::tr("It does not follow the chunks in front of it.");
+    return Cli::tr("It does not follow the chunks in front of it and is now %1.").arg(to);
+}
+
+// \a lastNumber is that of the rotated chunks so far.
+bool Recovery::saveFile(const QString &file, const QDir &into, std::optional<quint32> &lastNumber)
+{
+    const QString name = QFileInfo(file).fileName();
+    const QString to = freeName(into, name);
     const RecoveredChunk chunk = recoverChunk(file, to, [] { return !StopSignals::received(); });
     if (chunk.result == RecoveredChunk::NotWritten) {
         printError(file, chunk.text);
         return false;
     }
+    QStringList reasons(chunk.text);
+    if (chunk.result == RecoveredChunk::Saved) {
+        if (name == ChunkNames::last() && lastNumber && chunk.firstNumber <= *lastNumber)
+            reasons.append(setAside(to));
+        if (ChunkNames::rotatedNumber(name) >= 0)
+            lastNumber = chunk.lastNumber;
+    }
+    reasons.removeAll(QString());
     QString line = Cli::tr("%1: %2 messages kept").arg(file).arg(chunk.messages);
     if (chunk.bytesTrimmed > 0)
         line += Cli::tr(", %1 bytes trimmed").arg(chunk.bytesTrimmed);
-    if (!chunk.text.isEmpty())
-        line += QLatin1String(": ") + chunk.text;
+    if (!reasons.isEmpty())
+        line += QLatin1String(": ") + reasons.join(QLatin1Char(' '));
     writeLine(line);
     return chunk.result != RecoveredChunk::Unreadable;
 }
@@ -125,9 +153,7 @@ bool liesApart(const QDir &target, const QStringList &sources)
     const QString path = target.canonicalPath() + QLatin1Char('/');
     for (const QString &source : sources) {
         const QFileInfo info(source);
-        const QString folder =
-            (info.isDir() ? info.canonicalFilePath() : info.canonicalPath()) + QLatin1Char('/');
-        if (!path.startsWith(folder))
+        if (!info.isDir() || !path.startsWith(info.canonicalFilePath() + QLatin1Char('/')))
             continue;
         printError(target.path(),
                    Cli::tr("The folder lies in %1, which is to be left as it is.").arg(source));
