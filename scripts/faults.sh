@@ -1,6 +1,6 @@
 #!/bin/bash
 # Runs what takes too long for every day: every fault at every call of every operation, and 500
-# kills. faults.sh [faults|kills [SEED]]; both without an argument.
+# kills, once more with what is left recovered. faults.sh [faults|kills [SEED]]; both without an argument.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
@@ -22,6 +22,8 @@ if [ "$what" != kills ]; then
     FAULTS_ALL=1 run_test faults threads
 fi
 if [ "$what" != faults ]; then
-    build dev --target tst_kills
-    KILLS="${KILLS:-500}" KILLS_SEED="${2:-$RANDOM}" run_test kills
+    build dev --target tst_kills tst_recovery
+    export KILLS="${KILLS:-500}" KILLS_SEED="${2:-$RANDOM}"
+    run_test kills
+    run_test recovery
 fi

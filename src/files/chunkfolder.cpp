@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
@@ -54,6 +55,10 @@ ChunkFolder::ChunkFolder()
     device = status.st_dev;
     inode = status.st_ino;
     heldHandle = open();
+    // Shows other processes that somebody uses the folder; the system ends the lock with the
+    // process, however that one ends. Where folders cannot be locked, nobody can tell.
+    if (heldHandle >= 0)
+        flock(heldHandle, LOCK_EX | LOCK_NB);
 }
 
 ChunkFolder::~ChunkFolder()

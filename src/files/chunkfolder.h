@@ -9,7 +9,8 @@
 #include <sys/stat.h>
 
 /// The folder of one store's chunk files: the application's writable data location, then
-/// "datachunks", then a random number. Created by the constructor for its user alone (mode 0700);
+/// "datachunks", then a random number. Created by the constructor for its user alone (mode 0700),
+/// and locked (flock) as long as the store lives, which shows others that it is in use;
 /// the destructor removes it with everything in it, and the files beside it. Symbolic links are
 /// never followed, and a folder that is not the one created is left alone, whatever it is called.
 /// Any thread.

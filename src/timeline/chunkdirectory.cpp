@@ -49,13 +49,14 @@ QByteArray readHead(int handle)
     return bytes;
 }
 
-std::vector<DirectoryEntry> entriesIn(int handle)
+std::vector<DirectoryEntry> entriesIn(int handle, qint64 *damagedAt = nullptr)
 {
     const auto file = FileIdentity::of(handle);
     const auto read = [handle](char *to, qint64 offset, qint64 size) {
         return readSome(handle, to, offset, size);
     };
-    return DirectoryFormat::entries(read, file ? file->size : 0, DirectoryFormat::ownKey());
+    return DirectoryFormat::entries(read, file ? file->size : 0, DirectoryFormat::ownKey(),
+                                    damagedAt);
 }
 
 // Waits for others, who take a moment, but not for one who has been stopped with the lock.
@@ -223,13 +224,28 @@ QString path(const QString &folder)
 
 std::vector<DirectoryEntry> read(const QString &folder)
 {
-    std::vector<DirectoryEntry> entries;
+    return look(folder).entries;
+}
+
+Content look(const QString &folder)
+{
+    Content content;
     const int handle = openFile(QFile::encodeName(path(folder)), O_RDONLY);
-    if (handle < 0)
-        return entries;
-    const bool isRead = withinMemory([&] { entries = entriesIn(handle); });
+    if (handle < 0) {
+        content.state = errno == ENOENT ? Content::Missing : Content::Unreadable;
+        return content;
+    }
+    const bool isFile = FileIdentity::of(handle).has_value();
+    const bool isRead =
+        withinMemory([&] { content.entries = entriesIn(handle, &content.damagedAt); });
     close(handle);
-    return isRead ? std::move(entries) : std::vector<DirectoryEntry>();
+    if (!isFile || !isRead)
+        return {Content::Unreadable, -1, {}};
+    if (content.damagedAt < 0)
+        content.state = Content::Whole;
+    else
+        content.state = content.damagedAt == 0 ? Content::Foreign : Content::Damaged;
+    return content;
 }
 
 bool add(const QString &folder, const DirectoryEntry &entry)

@@ -19,6 +19,22 @@ QString path(const QString &folder);
 /// that is there is for the caller to find out.
 std::vector<DirectoryEntry> read(const QString &folder);
 
+/// The same, with what reading it was like.
+struct Content
+{
+    enum State {
+        Missing,
+        Unreadable, ///< something of that name that is no file, or cannot be read
+        Foreign,    ///< it does not begin as those of this user on this machine do
+        Damaged,    ///< some of it is no entry
+        Whole
+    };
+    State state = Missing;
+    qint64 damagedAt = -1; ///< its first byte that belongs to no entry, where it is damaged
+    std::vector<DirectoryEntry> entries;
+};
+Content look(const QString &folder);
+
 /// Adds \a entry in place of those of the same name, and creates the directory where there is none.
 /// False when it cannot be written.
 bool add(const QString &folder, const DirectoryEntry &entry);

@@ -10,8 +10,9 @@ class Indexing
 {
 public:
     Indexing(QIODevice &device, const ChunkReading::Bounds &bounds,
-             const std::function<bool()> &dropsCut, IndexedChunk &chunk)
-        : device(device), bounds(bounds), dropsCut(dropsCut), chunk(chunk),
+             const std::function<bool()> &dropsCut, const std::function<void(RecordView)> &look,
+             IndexedChunk &chunk)
+        : device(device), bounds(bounds), dropsCut(dropsCut), look(look), chunk(chunk),
           version(chunk.front.preamble.version), indexer(version, chunk.front.size),
           buffer(blockSize, Qt::Uninitialized)
     {
@@ -29,6 +30,7 @@ private:
     QIODevice &device;
     const ChunkReading::Bounds &bounds;
     const std::function<bool()> &dropsCut;
+    const std::function<void(RecordView)> &look;
     IndexedChunk &chunk;
     const quint32 version;
     ChunkIndexer indexer;
@@ -52,6 +54,8 @@ void Indexing::takeRecords()
     const bool hasLine = version >= ChunkFormat::lineFieldSince;
     const char *const rest = walkRecords(begin, begin + size, hasLine, [&](RecordView record) {
         indexer.add(record);
+        if (look)
+            look(record);
         lastRecord = record.bytes();
         return true;
     });
@@ -103,12 +107,13 @@ Outcome::Kind Indexing::read()
 } // namespace
 
 IndexedChunk indexChunk(QIODevice &device, const ChunkReading::Bounds &bounds,
-                        const std::function<bool()> &dropsCut)
+                        const std::function<bool()> &dropsCut,
+                        const std::function<void(RecordView)> &look)
 {
     IndexedChunk chunk;
     chunk.result =
         ChunkReading::readFront(device, ChunkFormat::BookmarkMap::Read, bounds, chunk.front);
     if (chunk.result == Outcome::Done)
-        chunk.result = Indexing(device, bounds, dropsCut, chunk).read();
+        chunk.result = Indexing(device, bounds, dropsCut, look, chunk).read();
     return chunk;
 }

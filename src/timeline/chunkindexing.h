@@ -2,6 +2,7 @@
 
 #include "chunkindex.h"
 #include "chunkreading.h"
+#include "recordview.h"
 
 #include <QString>
 
@@ -16,6 +17,8 @@ struct IndexedChunk
 };
 
 /// Reads a chunk from its start to its end. What cannot be read of it is left out, as loading it
-/// does: a last record that is cut short counts, unless \a dropsCut is set and returns true.
+/// does: a last record that is cut short counts, unless \a dropsCut is set and returns true. Each
+/// whole record is shown to \a look, where that is set.
 IndexedChunk indexChunk(QIODevice &device, const ChunkReading::Bounds &bounds,
-                        const std::function<bool()> &dropsCut = {});
+                        const std::function<bool()> &dropsCut = {},
+                        const std::function<void(RecordView)> &look = {});

@@ -255,18 +255,25 @@ class Search
 {
 public:
     Search(const ReadAt &read, qint64 size, quint64 key)
-        : window(read, size), key(key), mostInVain(4 * size)
+        : window(read, size), size(size), key(key), mostInVain(4 * size)
     {
     }
 
     /// The next entry that is whole; false at the end.
     bool next(DirectoryEntry &entry);
 
+    /// The first byte passed over so far; -1 for none.
+    qint64 damagedAt() const { return firstDamage; }
+
 private:
     const char *findMark();
+    void passOver(qint64 end);
 
     DirectoryWindow window;
+    const qint64 size;
     qint64 offset = headSize;
+    qint64 wholeEnd = headSize; // behind the last entry
+    qint64 firstDamage = -1;
     const quint64 key;
     // Marks that promise much and hold nothing must not take for ever.
     qint64 mostInVain; // bytes
@@ -286,12 +293,19 @@ const char *Search::findMark()
     return nullptr;
 }
 
+// What lies between the last entry and \a end belongs to none.
+void Search::passOver(qint64 end)
+{
+    if (firstDamage < 0 && end > wholeEnd)
+        firstDamage = wholeEnd;
+}
+
 bool Search::next(DirectoryEntry &entry)
 {
     while (mostInVain > 0) {
         const char *front = findMark();
         if (!front)
-            return false;
+            break;
         const auto size = qFromLittleEndian<quint32>(front + markSize);
         const qint64 sealed = frontSize + qint64(size);
         front = size > mostPayloadBytes ? nullptr : window.at(offset, sealed + sealSize);
@@ -300,11 +314,16 @@ bool Search::next(DirectoryEntry &entry)
             offset += markSize;
             continue;
         }
+        const qint64 begin = offset;
         offset += sealed + sealSize;
         entry = {};
-        if (readPayload(front + frontSize, size, entry, common))
-            return true;
+        if (!readPayload(front + frontSize, size, entry, common))
+            continue;
+        passOver(begin);
+        wholeEnd = offset;
+        return true;
     }
+    passOver(size);
     return false;
 }
 
@@ -368,9 +387,12 @@ QByteArray framed(const QByteArray &payload, quint64 key)
     return out.sealed(key);
 }
 
-std::vector<DirectoryEntry> entries(const ReadAt &read, qint64 size, quint64 key)
+std::vector<DirectoryEntry> entries(const ReadAt &read, qint64 size, quint64 key, qint64 *damagedAt)
 {
     std::vector<DirectoryEntry> all;
+    qint64 ignored = 0;
+    qint64 &damage = damagedAt ? *damagedAt : ignored;
+    damage = 0;
     QByteArray front(headSize, Qt::Uninitialized);
     front.truncate(int(read(front.data(), 0, std::min<qint64>(size, headSize))));
     if (size > mostBytes || !compactBytes(front, key))
@@ -386,6 +408,7 @@ std::vector<DirectoryEntry> entries(const ReadAt &read, qint64 size, quint64 key
         places.insert(entry.name, all.size());
         all.push_back(std::move(entry));
     }
+    damage = search.damagedAt();
     return all;
 }
 

@@ -40,8 +40,10 @@ using ReadAt = std::function<qint64(char *to, qint64 offset, qint64 size)>;
 
 /// The entries in a directory of \a size bytes that are whole and sound, of equal names the last
 /// one. None when it has no head. The directory is read from its start to its end, about 1 MiB at
-/// once.
-std::vector<DirectoryEntry> entries(const ReadAt &read, qint64 size, quint64 key);
+/// once. \a damagedAt, where it is set, becomes the offset of the first byte that belongs to
+/// nothing whole and sound: 0 without a head, -1 when there is none.
+std::vector<DirectoryEntry> entries(const ReadAt &read, qint64 size, quint64 key,
+                                    qint64 *damagedAt = nullptr);
 /// The same for one in memory.
 std::vector<DirectoryEntry> entries(const QByteArray &bytes, quint64 key);
 

@@ -4,6 +4,8 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+
 /// What messages are counted by: identifier, line and kind, in one number.
 class FrameKey
 {
@@ -60,6 +62,7 @@ public:
     }
 
     const char *bytes() const { return record; }
+    const char *end() const { return record + size(length(), hasLine); }
 
     /// Bytes of a record with a payload of \a length bytes.
     static constexpr int size(int length, bool hasLine) { return (hasLine ? 25 : 23) + length; }
@@ -78,12 +81,19 @@ public:
         return quint8(flags | (tail[ExtendedAt] ? FrameKey::Extended : 0));
     }
     bool isRemote() const { return tail[RemoteAt] != 0; }
+    /// Whether every flag is 0 or 1, as it was written.
+    bool hasPlainFlags() const
+    {
+        const auto isPlain = [](char flag) { return flag == 0 || flag == 1; };
+        return isPlain(tail[ExtendedAt])
+            && std::all_of(tail + RemoteAt, tail + MicrosecondsAt, isPlain);
+    }
     FrameKey key() const { return {id(), line(), kind()}; }
     quint32 number() const { return qFromBigEndian<quint32>(tail + NumberAt); }
+    qint32 microseconds() const { return qFromBigEndian<qint32>(tail + MicrosecondsAt); }
     qint64 time() const ///< in microseconds
     {
-        return microsecondsOf(qFromBigEndian<qint32>(tail + SecondsAt),
-                              qFromBigEndian<qint32>(tail + MicrosecondsAt));
+        return microsecondsOf(qFromBigEndian<qint32>(tail + SecondsAt), microseconds());
     }
 
 private:

@@ -1,120 +1,13 @@
 #include "archives.h"
-#include "datachunkhandler.h"
 #include "messages.h"
 #include "storefixture.h"
+#include "storeprocess.h"
 
 #include <QtTest>
 
-#include <cstdio>
 #include <random>
 
 namespace {
-
-constexpr int hangLimit = 20000;
-constexpr quint32 chunkSize = 200;
-constexpr quint32 traceSize = 500;
-
-// Another process with a store, and what it has announced.
-class Recorder : public QProcess
-{
-public:
-    Recorder(const QString &archive, const QString &trace)
-    {
-        setProcessChannelMode(ForwardedErrorChannel);
-        start(QCoreApplication::applicationFilePath(), {"record", archive, trace});
-    }
-
-    // Reads on until this many chunks have been announced; false when that takes too long.
-    bool waitForChunks(int count)
-    {
-        while (told["chunk"].size() < count) {
-            if (!canReadLine() && !waitForReadyRead(hangLimit))
-                return false;
-            readLines();
-        }
-        return true;
-    }
-
-    // Waits for its end, which has been brought about; whether that came without a crash.
-    bool hasEnded()
-    {
-        const bool ended = waitForFinished(hangLimit);
-        readLines();
-        return ended && exitStatus() == NormalExit && exitCode() == 0;
-    }
-
-    // Whether everything announced is there, whole and exact.
-    bool isKept()
-    {
-        for (int i = 0; i < told["chunk"].size(); ++i) {
-            const quint32 first = quint32(i) * chunkSize;
-            if (!holds(told["chunk"].at(i), first, first + chunkSize - 1))
-                return false;
-        }
-        for (int i = 0; i < told["partial"].size(); ++i) {
-            const quint32 first = quint32(i) * chunkSize % (3 * chunkSize);
-            const quint32 last = std::min(first + chunkSize, traceSize) - 1;
-            if (numbersOf(readChunkFile(told["partial"].at(i)).messages)
-                != numbersFromTo(first, last))
-                return false;
-        }
-        return told["error"].isEmpty();
-    }
-
-    QString folder() { return told["folder"].value(0); }
-
-    QMap<QString, QStringList> told;
-
-private:
-    void readLines()
-    {
-        while (canReadLine()) {
-            const QString line = QString::fromUtf8(readLine()).trimmed();
-            told[line.section(' ', 0, 0)] += line.section(' ', 1);
-        }
-    }
-};
-
-// What the other process does: it records, imports and packs without end. Writes a line for all
-// that the store announces; ends cleanly when its standard input is closed.
-int record(const QString &archive, const QString &trace)
-{
-    constexpr int messagesPerTurn = 37;
-    const auto tell = [](const char *what) {
-        return [what](const QString &argument) {
-            std::printf("%s %s\n", what, qPrintable(argument));
-            std::fflush(stdout);
-        };
-    };
-    using H = DatachunkHandler;
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    H store(5000 + chunkSize);
-    store.setZipFileName(archive);
-    const QString chunk = store.chunkFolderPath() + "/tmpData%1.dck";
-    QObject::connect(&store, &H::newDataFile, [=](quint32 i) { tell("chunk")(chunk.arg(i)); });
-    QObject::connect(&store, &H::newPartialDataFile, tell("partial"));
-    QObject::connect(&store, &H::newErrorMessage, tell("error"));
-    tell("folder")(store.chunkFolderPath());
-
-    QSocketNotifier input(fileno(stdin), QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, &QCoreApplication::quit);
-    QTimer timer;
-    quint32 number = 0;
-    int turn = 0;
-    QObject::connect(&timer, &QTimer::timeout, [&] {
-        for (int i = 0; i < messagesPerTurn; ++i, ++number)
-            store.appendCanMessage(makeMessage(number, 64));
-        if (++turn % 20 == 5) {
-            store.importMessages(trace, DatachunkHelper::SocketCanDump);
-            store.goLive();
-        } else if (turn % 20 == 15) {
-            store.setZipAfterSaving(true);
-            store.exportAllMessages(QStringLiteral("x.dck"), {});
-        }
-    });
-    timer.start(0);
-    return QCoreApplication::exec();
-}
 
 bool isWholeArchive(const QString &fileName, const QString &chunkFolder)
 {
@@ -153,7 +46,7 @@ void TestKills::init()
     folder = std::make_unique<QTemporaryDir>();
     qputenv("XDG_DATA_HOME", QFile::encodeName(path("data")));
     clearLocation();
-    writeFile(path("trace.log"), candumpLines(0, traceSize));
+    writeFile(path("trace.log"), candumpLines(0, StoreProcess::traceSize));
 }
 
 void TestKills::clearLocation()
@@ -184,7 +77,7 @@ void TestKills::announcedChunksSurvive()
         std::mt19937 random(seed + quint32(i));
         const QByteArray oldArchive = readFile(path("a.zip"));
         const QMap<QString, QByteArray> others = filesBelow(path("data"));
-        Recorder recorder(path("a.zip"), path("trace.log"));
+        StoreProcess recorder(path("a.zip"), path("trace.log"));
         QVERIFY2(recorder.waitForChunks(int(random() % 25)), complaint);
         QThread::usleep(random() % 4000);
         recorder.kill();
@@ -223,19 +116,19 @@ void TestKills::instancesShareNothing()
 {
     QFETCH(bool, together);
     QFETCH(bool, firstEndsFirst);
-    Recorder killed(path("killed.zip"), path("trace.log"));
+    StoreProcess killed(path("killed.zip"), path("trace.log"));
     QVERIFY(killed.waitForChunks(3));
     killed.kill();
     QVERIFY(!killed.hasEnded());
     const QMap<QString, QByteArray> leftovers = filesBelow(path("data"));
 
-    Recorder first(path("first.zip"), path("trace.log"));
+    StoreProcess first(path("first.zip"), path("trace.log"));
     QVERIFY(together || first.waitForChunks(3));
-    Recorder second(path("second.zip"), path("trace.log"));
+    StoreProcess second(path("second.zip"), path("trace.log"));
     QVERIFY(first.waitForChunks(6) && second.waitForChunks(6));
     QCOMPARE(QSet<QString>({killed.folder(), first.folder(), second.folder()}).size(), 3);
-    Recorder &one = firstEndsFirst ? first : second;
-    Recorder &other = firstEndsFirst ? second : first;
+    StoreProcess &one = firstEndsFirst ? first : second;
+    StoreProcess &other = firstEndsFirst ? second : first;
     one.closeWriteChannel();
     QVERIFY(one.hasEnded());
     QVERIFY(other.waitForChunks(other.told["chunk"].size() + 6));
@@ -251,7 +144,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
     if (argc == 4 && QByteArray(argv[1]) == "record")
-        return record(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
+        return recordAndImport(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
     TestKills test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -34,7 +34,7 @@ OwnerLock::~OwnerLock()
 
 OwnerLock::State OwnerLock::lockFolder(const QString &path)
 {
-    return lock(path, O_RDONLY | O_DIRECTORY);
+    return lock(path, O_RDONLY | O_DIRECTORY, LOCK_EX);
 }
 
 OwnerLock::State OwnerLock::lockByFile(const QString &path)
@@ -42,7 +42,7 @@ OwnerLock::State OwnerLock::lockByFile(const QString &path)
     constexpr int attempts = 100;
     State state = Impossible;
     for (int i = 0; i < attempts && state == Impossible; ++i) {
-        state = lock(path, O_RDWR | O_CREAT);
+        state = lock(path, O_RDWR | O_CREAT, LOCK_EX);
         if (error != ENOENT)
             break;
     }
@@ -51,11 +51,16 @@ OwnerLock::State OwnerLock::lockByFile(const QString &path)
     return state;
 }
 
-OwnerLock::State OwnerLock::lock(const QString &path, int flags)
+OwnerLock::State OwnerLock::keepFree(const QString &path)
+{
+    return lock(path, O_RDONLY, LOCK_SH);
+}
+
+OwnerLock::State OwnerLock::lock(const QString &path, int flags, int operation)
 {
     const QByteArray name = QFile::encodeName(path);
     descriptor = open(name.constData(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600);
-    const bool locked = descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    const bool locked = descriptor >= 0 && flock(descriptor, operation | LOCK_NB) == 0;
     error = locked ? 0 : errno;
     if (locked && isStillThere(descriptor, name))
         return Held;

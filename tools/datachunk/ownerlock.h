@@ -27,10 +27,14 @@ public:
     /// not followed.
     State lockByFile(const QString &path);
 
+    /// Keeps owners away from a folder or a lock file of theirs that is there, while others may do
+    /// the same. HeldByOther as long as it has an owner. Nothing is changed or created.
+    State keepFree(const QString &path);
+
     QString errorText() const;
 
 private:
-    State lock(const QString &path, int flags);
+    State lock(const QString &path, int flags, int operation);
     void release();
 
     int descriptor = -1;

@@ -26,11 +26,16 @@ bool RecordingFolder::open()
                        : Cli::tr("The folder cannot be locked: %1").arg(lock.errorText()));
         return false;
     }
-    removeLeftWorkFolders(folder.path());
     const QStringList names = {ChunkNames::rotatedTemplate().arg(QLatin1Char('*')),
                                ChunkNames::last()};
     if (!folder.entryList(names, QDir::AllEntries | QDir::Hidden | QDir::System).isEmpty()) {
         printError(folder.path(), Cli::tr("The folder holds a recording already."));
+        return false;
+    }
+    if (hasLeftChunks(folder.path())) {
+        printError(folder.path(),
+                   Cli::tr("The folder holds chunks of a recording that was killed; \"datachunk "
+                           "recover\" saves them."));
         return false;
     }
     work = std::make_unique<WorkFolder>(folder.path());

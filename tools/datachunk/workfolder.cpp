@@ -1,7 +1,9 @@
 #include "workfolder.h"
 
+#include "chunknames.h"
 #include "terminal.h"
 
+#include <QDirIterator>
 #include <QFile>
 
 #include <cerrno>
@@ -73,13 +75,35 @@ bool WorkFolder::create(const QString &nameTemplate)
     return true;
 }
 
-void removeLeftWorkFolders(const QString &parent)
+namespace {
+
+QStringList workFoldersIn(const QString &parent)
 {
     const QDir folder(parent);
-    const QStringList names = folder.entryList({QStringLiteral(".datachunk-work-??????")},
-                                               QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
-    for (const QString &name : names) {
-        const QString path = folder.absoluteFilePath(name);
+    QStringList paths = folder.entryList({QStringLiteral(".datachunk-work-??????")},
+                                         QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
+    for (QString &path : paths)
+        path = folder.absoluteFilePath(path);
+    return paths;
+}
+
+} // namespace
+
+bool hasLeftChunks(const QString &parent)
+{
+    for (const QString &path : workFoldersIn(parent)) {
+        QDirIterator files(path, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            if (isChunkName(files.next()) && files.fileInfo().size() > 0)
+                return true;
+        }
+    }
+    return false;
+}
+
+void removeLeftWorkFolders(const QString &parent)
+{
+    for (const QString &path : workFoldersIn(parent)) {
         OwnerLock lock;
         if (isOurFolder(path) && lock.lockFolder(path) == OwnerLock::Held)
             removeTree(path);

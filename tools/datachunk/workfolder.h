@@ -38,6 +38,9 @@ private:
 /// Removes the work folders in \a parent whose owners are gone.
 void removeLeftWorkFolders(const QString &parent);
 
+/// Whether such a folder, be its owner gone or not, has messages in a chunk file.
+bool hasLeftChunks(const QString &parent);
+
 /// A store with its chunk folder in \a work. Null, with a text on \a subject printed, when there is
 /// no place for that.
 std::unique_ptr<DatachunkHandler> createStore(const WorkFolder &work, quint32 maxMessageCount,
