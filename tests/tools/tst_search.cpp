@@ -22,6 +22,8 @@ private slots:
     void aWrongFilterIsShown();
     void severalTracesAreOne();
     void infoOfAFolderIsThatOfItsFiles();
+    void everyCommandSelectsAlike_data();
+    void everyCommandSelectsAlike();
     void dumpOfAFolderSelects_data();
     void dumpOfAFolderSelects();
     void damageIsToldEachTime();
@@ -61,6 +63,17 @@ QByteArrayList marks(const QByteArray &output)
     QByteArrayList all;
     for (const QByteArray &line : output.chopped(1).split('\n'))
         all.append(line == "--" ? line : line.left(line.indexOf(' ')));
+    return all;
+}
+
+// The times of the messages in tenths of a second.
+QList<int> tenthsInText(const QByteArray &text)
+{
+    QList<int> all;
+    for (const QByteArray &line : text.split('\n')) {
+        if (!line.isEmpty() && !line.startsWith('#'))
+            all.append(qRound(line.trimmed().split(' ').first().toDouble() * 10));
+    }
     return all;
 }
 
@@ -194,6 +207,47 @@ void TestSearch::infoOfAFolderIsThatOfItsFiles()
     const QByteArray ofFolder = outputOf("info folder");
     QVERIFY(ofFolder.startsWith("file:           folder\ntype:           folder\n"));
     QCOMPARE(ofFolder.mid(ofFolder.indexOf("messages")), ofFile.mid(ofFile.indexOf("messages")));
+}
+
+void TestSearch::everyCommandSelectsAlike_data()
+{
+    QTest::addColumn<QList<int>>("positions");
+    const auto row = [](const char *options, const QList<int> &positions) {
+        QTest::newRow(options) << positions;
+    };
+    row("--from 98 --until 101", {98, 99, 100, 101});
+    row("--until 1", {0, 1});
+    row("--from 248", {248, 249});
+    row("--from 5 --until 4", {});
+    row("--time 9.8..10.1", {98, 99, 100, 101});
+    row("--time ..0.100000", {0, 1});
+    row("--time 24.85..", {249});
+    row("--time 0:00:24.8..1970-01-01T00:00:24.9", {248, 249});
+    row("--time '1970-01-01 00:00:24.800001Z..1970-01-02'", {249});
+    row("--time -5..0", {0});
+    row("--id 2ff,300 --from 8", {57, 107, 157, 207});
+    row("--id 2ff..0x300 --line 0,2", {57, 107, 207});
+    row("--id ffff00ef,300 --until 7", {7});
+    row("--filter 'changed and id==300' --from 7 --until 60", {7, 57});
+    row("--filter 'b0==5 or b0==9' --line 2", {5});
+    row("--filter 'b0==5 or b0==9' --time 0.9..30 --id 101", {9});
+}
+
+void TestSearch::everyCommandSelectsAlike()
+{
+    QFETCH(QList<int>, positions);
+    makeTraces();
+    const QString options = QTest::currentDataTag();
+    for (const QString path : {"day.log", "day", "day.dck", "day.zip"}) {
+        QCOMPARE(tenthsInText(outputOf("dump " + path + ' ' + options)), positions);
+        QCOMPARE(tenthsInText(run("find '' " + path + ' ' + options).output), positions);
+        QCOMPARE(run("find --count '' " + path + ' ' + options).output,
+                 QByteArray::number(positions.size()) + '\n');
+        QCOMPARE(jsonOf("stats --json " + path + ' ' + options).value("messages").toInt(),
+                 positions.size());
+        if (path != "day")
+            QCOMPARE(tenthsInText(run("export --to - " + path + ' ' + options).output), positions);
+    }
 }
 
 void TestSearch::dumpOfAFolderSelects_data()

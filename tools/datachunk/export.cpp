@@ -2,22 +2,20 @@
 #include "commands.h"
 #include "filechecks.h"
 #include "movefiles.h"
-#include "positions.h"
+#include "selectedmessages.h"
 #include "terminal.h"
-#include "tracereading.h"
 #include "tracewriter.h"
+#include "uniquenumbers.h"
 #include "workfolder.h"
 
 #include <QFileInfo>
-
-#include <algorithm>
 
 namespace {
 
 struct Export
 {
     QString target;
-    Positions positions;
+    Selection selection;
     bool withNotes = false;
     bool withBookmarks = false;
 };
@@ -48,51 +46,23 @@ bool goesToOutput(const Export &wanted)
     return wanted.target == QLatin1String("-");
 }
 
-// Chunks of an archive may come from several traces, each numbered from 0. Notes and bookmarks
-// belong to message numbers, so every number may occur only once in a file.
-class UniqueNumbers
-{
-public:
-    void apply(TraceItem &item)
-    {
-        quint32 &number = item.message.messageNumber;
-        if (item.part != part)
-            shift = number <= highest ? highest + 1 - number : 0;
-        part = item.part;
-        number += shift;
-        highest = std::max(highest, number);
-        if (shift != 0 && item.bookmark.isValid())
-            item.bookmark = CanMessageBookmark(number, item.bookmark.text());
-    }
-
-private:
-    int part = 0;
-    quint32 shift = 0;
-    quint32 highest = 0;
-};
-
-// Calls take(item) for the messages at the positions, numbered anew where need be, until it returns
-// false.
+// Calls take(item) for the messages that are wanted, until it returns false.
 template <typename Take>
-TraceReading::Result forEachSelected(TraceReading &reading, const QString &fileName,
-                                     const Positions &positions, const Take &take)
+TraceReading::Result forEachSelected(TraceInput &input, const Selection &selection,
+                                     const Take &take)
 {
-    quint64 position = 0;
-    UniqueNumbers numbers;
-    Progress progress(fileName);
-    return reading.forEachMessage([&](TraceItem item) {
-        numbers.apply(item);
+    UniqueNumbers numbered(input);
+    SelectedMessages selected(selection);
+    Progress progress(input.subject());
+    return selected.forEachIn(numbered, [&](quint64, const TraceItem &item) {
         progress.countOne();
-        if (positions.contains(position) && !take(item))
-            return false;
-        return position++ < positions.last();
+        return take(item);
     });
 }
 
 // What stands in front of the messages depends on all of them, so the trace is gone through
 // before it is written.
-TraceReading::Result survey(TraceReading &reading, const QString &fileName, const Export &wanted,
-                            TraceFrame &frame)
+TraceReading::Result survey(TraceInput &input, const Export &wanted, TraceFrame &frame)
 {
     const auto add = [&](const TraceItem &item) {
         if (frame.count++ == 0)
@@ -105,16 +75,16 @@ TraceReading::Result survey(TraceReading &reading, const QString &fileName, cons
             frame.bookmarks.insert(number, item.bookmark);
         return true;
     };
-    const auto result = forEachSelected(reading, fileName, wanted.positions, add);
+    const auto result = forEachSelected(input, wanted.selection, add);
     if (result != TraceReading::Failed && frame.count == 0) {
-        printError(fileName, Cli::tr("Nothing to export."));
+        printError(input.subject(), Cli::tr("Nothing to export."));
         return TraceReading::Failed;
     }
     return result;
 }
 
-bool writeTrace(TraceReading &reading, const QString &fileName, const Export &wanted,
-                const TraceFrame &frame, TraceWriter &writer)
+bool writeTrace(TraceInput &input, const Export &wanted, const TraceFrame &frame,
+                TraceWriter &writer)
 {
     quint64 count = 0;
     bool written = writer.open();
@@ -122,8 +92,7 @@ bool writeTrace(TraceReading &reading, const QString &fileName, const Export &wa
         written = writer.write(item.message);
         return written && ++count < frame.count;
     };
-    if (written
-        && forEachSelected(reading, fileName, wanted.positions, write) == TraceReading::Failed)
+    if (written && forEachSelected(input, wanted.selection, write) == TraceReading::Failed)
         return false;
     const bool closed = writer.close();
     if (written && closed && count == frame.count)
@@ -146,16 +115,17 @@ int exportTrace(const TraceFile &trace, const Export &wanted)
         printError(toOutput ? folder : wanted.target, work.errorText());
         return Failed;
     }
-    TraceReading reading(trace);
+    TraceInputs inputs(trace);
     TraceFrame frame;
-    if (!reading.open())
+    if (!inputs.open({trace.name}, TraceInputs::AsStream))
         return Failed;
-    const TraceReading::Result result = survey(reading, trace.name, wanted, frame);
+    TraceInput &input = *inputs.all().front();
+    const TraceReading::Result result = survey(input, wanted, frame);
     if (result == TraceReading::Failed)
         return Failed;
     const QString unfinished = work.filePath(toOutput ? QStringLiteral("text") : target.fileName());
     TraceWriter writer(unfinished, frame, toOutput);
-    const bool done = writeTrace(reading, trace.name, wanted, frame, writer)
+    const bool done = writeTrace(input, wanted, frame, writer)
         && (toOutput || moveFiles({unfinished}, {wanted.target}));
     return finishOutput() && done && result == TraceReading::Complete ? Succeeded : Failed;
 }
@@ -164,7 +134,7 @@ int exportTrace(const TraceFile &trace, const Export &wanted)
 
 QList<QCommandLineOption> exportOptions()
 {
-    return traceOptions() + outputOptions() + positionOptions();
+    return traceOptions() + outputOptions() + Selection::options({QStringLiteral("to")});
 }
 
 QList<QCommandLineOption> mergeOptions()
@@ -177,7 +147,7 @@ int runExport(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     trace.name = files.first();
     Export wanted;
-    if (!readTarget(parser, wanted) || !wanted.positions.read(parser)
+    if (!readTarget(parser, wanted) || !wanted.selection.read(parser)
         || !readTraceOptions(parser, trace))
         return WrongUsage;
     return exportTrace(trace, wanted);

@@ -7,39 +7,23 @@ namespace {
 
 using Result = TraceReading::Result;
 
-// Shows where a text is no expression.
-int expressionError(QString text, const TraceExpression::Error &error)
-{
-    for (QChar &c : text) {
-        if (!c.isPrint())
-            c = QLatin1Char(' ');
-    }
-    return usageError(
-        Cli::tr("The filter is wrong in column %1: %2").arg(error.column).arg(error.text)
-        + QLatin1Char('\n') + text + QLatin1Char('\n') + QString(error.column - 1, QLatin1Char(' '))
-        + QLatin1Char('^'));
-}
-
 bool readRequest(const QCommandLineParser &parser, const QString &text, FindRequest &request)
 {
-    constexpr quint64 unlimited = std::numeric_limits<qint64>::max();
     constexpr quint64 mostContext = 100000; // that of a text waits in memory
     const auto number = [&parser](const char *name, quint64 most, quint64 &value) {
         return numberOption(parser, QLatin1String(name), 0, most, value, value);
     };
-    if (!number("from", unlimited, request.from) || !number("first", unlimited, request.first)
+    if (!request.selection.read(parser, QStringLiteral("first"))
         || !number("before", mostContext, request.before)
         || !number("after", mostContext, request.after))
         return false;
     request.counts = parser.isSet(QStringLiteral("count"));
     request.asJson = parser.isSet(QStringLiteral("json"));
-    TraceExpression::Error error;
-    const auto expression = TraceExpression::parse(text, &error);
-    if (expression)
-        request.expression = *expression;
-    else
-        expressionError(text, error);
-    return expression.has_value();
+    TraceExpression expression;
+    if (!readExpression(text, expression))
+        return false;
+    request.selection.narrow(expression);
+    return true;
 }
 
 } // namespace
@@ -47,19 +31,24 @@ bool readRequest(const QCommandLineParser &parser, const QString &text, FindRequ
 QList<QCommandLineOption> findOptions()
 {
     return traceOptions()
-        + QList<QCommandLineOption>{
-            {QStringLiteral("count"), Cli::tr("Print only how many messages are found.")},
-            {QStringLiteral("from"), Cli::tr("Begin at this position; the first message is at 0."),
-             QStringLiteral("N")},
-            {QStringLiteral("first"), Cli::tr("Find at most N messages."), QStringLiteral("N")},
-            {QStringLiteral("before"),
-             Cli::tr("Print N messages in front of each as well. Lines then begin with the "
-                     "position and \":\" for what is found, \"-\" for what stands around it."),
-             QStringLiteral("N")},
-            {QStringLiteral("after"), Cli::tr("Print N messages behind each as well."),
-             QStringLiteral("N")},
-            {QStringLiteral("json"),
-             Cli::tr("Print each message as a JSON object with its position.")}};
+        + QList<QCommandLineOption>{{QStringLiteral("count"),
+                                     Cli::tr("Print only how many messages are found.")},
+                                    {QStringLiteral("first"), Cli::tr("Find at most N messages."),
+                                     QStringLiteral("N")},
+                                    {QStringLiteral("before"),
+                                     Cli::tr("Print N messages in front of each as well. Lines "
+                                             "then begin with the "
+                                             "position and \":\" for what is found, \"-\" for what "
+                                             "stands around it."),
+                                     QStringLiteral("N")},
+                                    {QStringLiteral("after"),
+                                     Cli::tr("Print N messages behind each as well."),
+                                     QStringLiteral("N")},
+                                    {QStringLiteral("json"),
+                                     Cli::tr(
+                                         "Print each message as a JSON object with its position.")}}
+    + Selection::options(
+               {QStringLiteral("count"), QStringLiteral("range"), QStringLiteral("select")});
 }
 
 int runFind(const QCommandLineParser &parser, const QStringList &arguments)
@@ -74,8 +63,7 @@ int runFind(const QCommandLineParser &parser, const QStringList &arguments)
     Result result = Result::Complete;
     quint64 position = 0;
     for (const auto &input : inputs.all()) {
-        const bool isDone = output.isFull() && output.next() >= output.contextEnd();
-        if (result != Result::Failed && !isDone)
+        if (result != Result::Failed && !output.isDone(position))
             result = worse(result, findIn(*input, request, position, output));
     }
     if (request.counts && result != Result::Failed)

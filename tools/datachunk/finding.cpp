@@ -17,17 +17,16 @@ class StreamSearch
 {
 public:
     StreamSearch(const FindRequest &request, quint64 begin, FindOutput &output)
-        : request(request), begin(begin), output(output), matcher(request.expression)
+        : request(request), begin(begin), output(output), matcher(request.selection.expression())
     {
     }
 
     Result run(TraceInput &input)
     {
-        return input.forEachMessage(
-            0, [this](quint64 at, const CAN::CanRxMessage &message, const QString &note) {
-                end = at + 1;
-                return take(begin + at, message, note);
-            });
+        return input.forEachMessage(0, [this](quint64 at, const TraceItem &item) {
+            end = at + 1;
+            return take(begin + at, item.message, item.note);
+        });
     }
     quint64 count() const { return end; }
 
@@ -41,25 +40,25 @@ private:
     // False when nothing more is wanted.
     bool take(quint64 position, const CAN::CanRxMessage &message, const QString &note)
     {
-        const bool isTaken = matcher.takes(message, note) && position >= request.from;
+        const Positions &wanted = request.selection.positions();
+        const bool isTaken = matcher.takes(message, note) && wanted.contains(position);
         const bool isHit = isTaken && !output.isFull();
         if (request.counts) {
             output.addCount(isHit ? 1 : 0);
-            return !output.isFull();
+            return !output.isFull() && position < wanted.last();
         }
         if (isHit)
             return printWaiting(position) && output.print(message, note, position, true)
-                && goesOn();
+                && !output.isDone(position + 1);
         if (position < output.contextEnd() && output.count() > 0)
-            return output.print(message, note, position, false) && goesOn();
+            return output.print(message, note, position, false) && !output.isDone(position + 1);
         if (request.before > 0) {
             waiting.push_back({message, note});
             if (waiting.size() > request.before)
                 waiting.pop_front();
         }
-        return goesOn();
+        return !output.isDone(position + 1);
     }
-    bool goesOn() const { return !output.isFull() || output.next() < output.contextEnd(); }
 
     bool printWaiting(quint64 end)
     {
@@ -105,26 +104,31 @@ private:
         QCoreApplication::processEvents();
         return !StopSignals::received();
     }
-    quint64 from() const { return request.from > begin ? request.from - begin : 0; }
+    // The ends of what may be a hit, the second not included.
+    quint64 from() const { return request.selection.positions().firstIn(begin); }
+    quint64 end() const
+    {
+        return std::max(from(), request.selection.positions().endIn(begin, timeline->count()));
+    }
 
     void count()
     {
-        const TraceFilter filter = timeline->filter(request.expression);
+        const TraceFilter filter = timeline->filter(request.selection.expression());
         if (!filter.wait(goesOn))
             return;
-        output.addCount(filter.count() - (from() > 0 ? filter.countBefore(from()) : 0));
+        output.addCount(filter.countBefore(end()) - (from() > 0 ? filter.countBefore(from()) : 0));
         gone = filter.messagesGone();
     }
 
     void print()
     {
-        gone += timeline->forEachFound(
-            request.expression, from(), timeline->count(), [this](const QVector<quint64> &found) {
-                const bool goesOnPrinting =
-                    std::all_of(found.begin(), found.end(),
-                                [this](quint64 position) { return take(position); });
-                return goesOnPrinting && !output.isFull() && goesOn();
-            });
+        gone += timeline->forEachFound(request.selection.expression(), from(), end() - from(),
+                                       [this](const QVector<quint64> &found) {
+                                           const bool goesOnPrinting = std::all_of(
+                                               found.begin(), found.end(),
+                                               [this](quint64 position) { return take(position); });
+                                           return goesOnPrinting && !output.isFull() && goesOn();
+                                       });
         printContext(timeline->count());
     }
 

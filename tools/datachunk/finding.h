@@ -1,16 +1,13 @@
 #pragma once
 
 #include "messageprinter.h"
+#include "selection.h"
 #include "traceinput.h"
-
-#include <limits>
 
 /// What the user looks for, and how it is printed. Positions are those of all inputs.
 struct FindRequest
 {
-    TraceExpression expression;
-    quint64 from = 0;
-    quint64 first = std::numeric_limits<qint64>::max();
+    Selection selection;
     quint64 before = 0;
     quint64 after = 0;
     bool counts = false;
@@ -28,9 +25,12 @@ public:
     {
     }
 
-    bool isFull() const { return found >= request.first; }
+    bool isFull() const { return found >= request.selection.most(); }
     quint64 count() const { return found; }
-    void addCount(quint64 messages) { found += std::min(messages, request.first - found); }
+    void addCount(quint64 messages)
+    {
+        found += std::min(messages, request.selection.most() - found);
+    }
     /// The first position that is not printed, and the end of what stands behind the last hit.
     quint64 next() const { return nextPosition; }
     quint64 contextEnd() const { return endOfContext; }
@@ -49,6 +49,12 @@ public:
         const FoundPlace place{position, !isHit};
         const bool showsPlace = request.asJson || request.hasContext();
         return printer.print(message, note, showsPlace ? &place : nullptr);
+    }
+    /// Whether nothing at \a position and behind is wanted.
+    bool isDone(quint64 position) const
+    {
+        const bool mayBeHit = !isFull() && position <= request.selection.positions().last();
+        return !mayBeHit && nextPosition >= endOfContext;
     }
     void flush() { printer.flush(); }
 

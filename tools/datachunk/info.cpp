@@ -144,9 +144,9 @@ TraceReading::Result add(Summary &summary, TraceInput &input)
             return worse(opened, addIndexed(summary, input, identifiers));
     }
     Progress progress(input.subject());
-    const auto visit = [&](quint64, const CAN::CanRxMessage &message, const QString &note) {
-        addMessage(summary, message);
-        summary.notes += note.isEmpty() ? 0 : 1;
+    const auto visit = [&](quint64, const TraceItem &item) {
+        addMessage(summary, item.message);
+        summary.notes += item.note.isEmpty() ? 0 : 1;
         progress.countOne();
         return true;
     };

@@ -1,31 +1,35 @@
 #include "positions.h"
 
+#include "options.h"
 #include "terminal.h"
 
 #include <QStringList>
 
-#include <algorithm>
+namespace {
 
-QList<QCommandLineOption> positionOptions()
+// An option that a command does not have is one that is not set.
+QString valueOf(const QCommandLineParser &parser, const QString &name)
 {
-    return {{QStringLiteral("range"),
-             Cli::tr("Take only the messages from position A to B, both included; the first "
-                     "message is at 0."),
-             QStringLiteral("A:B")},
-            {QStringLiteral("select"), Cli::tr("Take only the messages at these positions."),
-             QStringLiteral("N,N,...")}};
+    return parser.optionNames().contains(name) ? parser.value(name) : QString();
 }
+
+bool isSet(const QCommandLineParser &parser, const QString &name)
+{
+    return parser.optionNames().contains(name);
+}
+
+} // namespace
 
 bool Positions::read(const QCommandLineParser &parser)
 {
-    const bool hasRange = parser.isSet(QStringLiteral("range"));
-    const bool hasSingle = parser.isSet(QStringLiteral("select"));
+    const bool hasRange = isSet(parser, QStringLiteral("range"));
+    const bool hasSingle = isSet(parser, QStringLiteral("select"));
     if (hasRange && hasSingle) {
         usageError(Cli::tr("--range and --select exclude each other"));
         return false;
     }
-    const QString range = parser.value(QStringLiteral("range"));
-    const QString select = parser.value(QStringLiteral("select"));
+    const QString range = valueOf(parser, QStringLiteral("range"));
+    const QString select = valueOf(parser, QStringLiteral("select"));
     if (hasRange && !readRange(range)) {
         usageError(
             Cli::tr("--range takes two positions in order, as in 10:19, not \"%1\"").arg(range));
@@ -35,14 +39,20 @@ bool Positions::read(const QCommandLineParser &parser)
         usageError(Cli::tr("--select takes positions, as in 1,5,7, not \"%1\"").arg(select));
         return false;
     }
-    return true;
+    return readEnds(parser);
 }
 
-bool Positions::contains(quint64 position) const
+bool Positions::readEnds(const QCommandLineParser &parser)
 {
-    if (!single.empty())
-        return std::binary_search(single.begin(), single.end(), position);
-    return position >= begin && position <= end;
+    constexpr quint64 unlimited = std::numeric_limits<qint64>::max();
+    quint64 from = 0;
+    quint64 until = most;
+    if (!numberOption(parser, QStringLiteral("from"), 0, unlimited, from, from)
+        || !numberOption(parser, QStringLiteral("until"), 0, unlimited, until, until))
+        return false;
+    begin = std::max(begin, from);
+    end = std::min(end, until);
+    return true;
 }
 
 bool Positions::readRange(const QString &text)

@@ -1,8 +1,8 @@
 #include "commands.h"
 #include "options.h"
+#include "selectedmessages.h"
 #include "statsreport.h"
 #include "terminal.h"
-#include "traceinput.h"
 
 #include <cmath>
 
@@ -43,19 +43,14 @@ bool readRequest(const QCommandLineParser &parser, StatsRequest &request)
     return readPause(parser, request.longestPause);
 }
 
-TraceReading::Result add(TraceStatistics &statistics, TraceInput &input)
+TraceReading::Result add(TraceStatistics &statistics, SelectedMessages &selected, TraceInput &input)
 {
-    const TraceReading::Result opened = input.open();
-    if (opened == TraceReading::Failed)
-        return opened;
-    const quint64 begin = statistics.all().count;
     Progress progress(input.subject());
-    const auto visit = [&](quint64 position, const CAN::CanRxMessage &message, const QString &) {
-        statistics.add(message, begin + position);
+    return selected.forEachIn(input, [&](quint64 position, const TraceItem &item) {
+        statistics.add(item.message, position);
         progress.countOne();
         return true;
-    };
-    return worse(opened, input.forEachMessage(0, visit));
+    });
 }
 
 } // namespace
@@ -63,32 +58,39 @@ TraceReading::Result add(TraceStatistics &statistics, TraceInput &input)
 QList<QCommandLineOption> statsOptions()
 {
     return traceOptions()
-        + QList<QCommandLineOption>{
-            {QStringLiteral("bitrate"),
-             Cli::tr("Tell the load of each line at N bit/s. Every frame counts with exactly the "
-                     "stuff bits that it has on the bus."),
-             QStringLiteral("N")},
-            {QStringLiteral("data-bitrate"),
-             Cli::tr("The data of CAN FD frames come at N bit/s; otherwise at that of --bitrate."),
-             QStringLiteral("N")},
-            {QStringLiteral("gap"),
-             Cli::tr("Count pauses of more than S seconds; otherwise of more than 1."),
-             QStringLiteral("S")},
-            {QStringLiteral("json"), Cli::tr("Print a JSON object, with times in microseconds.")}};
+        + QList<QCommandLineOption>{{QStringLiteral("bitrate"),
+                                     Cli::tr("Tell the load of each line at N bit/s. Every frame "
+                                             "counts with exactly the "
+                                             "stuff bits that it has on the bus."),
+                                     QStringLiteral("N")},
+                                    {QStringLiteral("data-bitrate"),
+                                     Cli::tr("The data of CAN FD frames come at N bit/s; otherwise "
+                                             "at that of --bitrate."),
+                                     QStringLiteral("N")},
+                                    {QStringLiteral("gap"),
+                                     Cli::tr("Count pauses of more than S seconds; otherwise of "
+                                             "more than 1."),
+                                     QStringLiteral("S")},
+                                    {QStringLiteral("json"),
+                                     Cli::tr("Print a JSON object, with times in microseconds.")}}
+    + Selection::options();
 }
 
 int runStats(const QCommandLineParser &parser, const QStringList &files)
 {
     TraceInputs inputs;
     StatsRequest request;
-    if (!inputs.readOptions(parser) || !readRequest(parser, request))
+    Selection selection;
+    if (!inputs.readOptions(parser) || !readRequest(parser, request) || !selection.read(parser))
         return WrongUsage;
     if (!inputs.open(files, TraceInputs::AsTimeline))
         return Failed;
     TraceStatistics statistics(request.longestPause, request.bitrate > 0);
+    SelectedMessages selected(selection);
     TraceReading::Result result = TraceReading::Complete;
     for (const auto &input : inputs.all()) {
-        result = worse(result, add(statistics, *input));
+        if (!selected.isDone())
+            result = worse(result, add(statistics, selected, *input));
         if (result == TraceReading::Failed)
             return Failed;
     }

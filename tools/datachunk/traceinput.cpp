@@ -21,7 +21,7 @@ public:
         quint64 position = 0;
         return reading.forEachMessage([&](const TraceItem &item) {
             const quint64 at = position++;
-            return at < from || visit(at, item.message, item.note);
+            return at < from || visit(at, item);
         });
     }
 
@@ -78,13 +78,14 @@ Result TimelineInput::open()
 
 Result TimelineInput::forEachMessage(quint64 from, const Visit &visit)
 {
-    const auto visitBlock = [&visit](const TraceBlock &block) {
+    TraceItem item;
+    const auto visitBlock = [&](const TraceBlock &block) {
         QCoreApplication::processEvents();
         for (int i = 0; i < block.count; ++i) {
-            const CAN::CanRxMessage &message = block.messages[i];
-            const QString note =
-                block.notes.isEmpty() ? QString() : block.notes.value(message.messageNumber);
-            if (!visit(block.position + quint64(i), message, note))
+            item.message = block.messages[i];
+            if (!block.notes.isEmpty() || !item.note.isEmpty())
+                item.note = block.notes.value(item.message.messageNumber);
+            if (!visit(block.position + quint64(i), item))
                 return false;
         }
         return !StopSignals::received();

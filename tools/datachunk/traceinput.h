@@ -11,8 +11,7 @@ class TraceInput
 {
 public:
     using Result = TraceReading::Result;
-    using Visit = std::function<bool(quint64 position, const CAN::CanRxMessage &message,
-                                     const QString &note)>;
+    using Visit = std::function<bool(quint64 position, const TraceItem &item)>;
 
     /// How a path is named to the user, and what it is.
     struct Name
@@ -34,7 +33,7 @@ public:
     virtual const TraceTimeline *timeline() const { return nullptr; }
 
     /// Hands on the messages at \a from and behind, the first one having position 0, until \a visit
-    /// returns false, which is no failure.
+    /// returns false, which is no failure. Those of a timeline come without their bookmarks.
     virtual Result forEachMessage(quint64 from, const Visit &visit) = 0;
 };
 
@@ -53,6 +52,9 @@ class TraceInputs
 public:
     /// How a chunk file or an archive is read that is named alone.
     enum Alone { AsStream, AsTimeline };
+
+    /// Reads each path as \a options say.
+    explicit TraceInputs(TraceFile options = {}) : options(std::move(options)) { }
 
     /// Takes over the options of a trace. False, with the usage error printed, for wrong ones.
     bool readOptions(const QCommandLineParser &parser) { return readTraceOptions(parser, options); }
