@@ -78,16 +78,21 @@ void FrameCapture::trigger(qint64 time)
 void FrameCapture::keepHeld()
 {
     std::deque<Held> others;
+    QString passed; // by messages that are not kept
     for (; !ring.empty(); ring.pop_front()) {
         Held &held = ring.front();
+        heldBytes -= bytesOf(held);
+        const QString note = joinedNotes(std::exchange(passed, {}), held.note);
         if (window->contains(timeOf(held.message))) {
-            keepNow(held.message, held.note);
-            heldBytes -= bytesOf(held);
-        } else {
-            others.push_back(std::move(held));
+            keepNow(held.message, note);
+            continue;
         }
+        passed = note;
+        others.push_back({held.message, {}});
+        heldBytes += bytesOf(others.back());
     }
     ring = std::move(others);
+    carriedNote = joinedNotes(passed, carriedNote);
 }
 
 void FrameCapture::keepNow(const CAN::CanRxMessage &message, const QString &note)

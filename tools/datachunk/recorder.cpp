@@ -31,11 +31,13 @@ Recorder::Recorder(RecordingFolder &folder, FrameSource &source, const ChunkLimi
 
 bool Recorder::start()
 {
-    if (output.check() && checkReserve() && !source.start()) {
-        printError(source.name(), source.errorText());
-        stopFailed();
-    }
-    return !hasFailed();
+    if (!output.check() || !checkReserve())
+        return false;
+    // The first frames may come, with a gap in front of them, while the source starts.
+    if (source.start())
+        return true;
+    printError(source.name(), source.errorText());
+    return false;
 }
 
 void Recorder::take(const CAN::CanRxMessage &message)
