@@ -77,6 +77,14 @@ void DatachunkHandler::appendCanMessage(CAN::CanRxMessage message)
         emit newLine(static_cast<unsigned char>(message.line));
 }
 
+bool DatachunkHandler::rotate()
+{
+    const bool rotated = d->trace.rotate();
+    if (rotated)
+        d->finishRotation();
+    return rotated;
+}
+
 void DatachunkHandler::appendCanMessageContinuesMode(CAN::CanRxMessage &message)
 {
     if (d->trace.appendContinuous(message))

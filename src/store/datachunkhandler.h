@@ -76,6 +76,11 @@ public:
     /// The append of continuous mode; numbers \a message. Any thread; takes the write lock.
     void appendCanMessageContinuesMode(CAN::CanRxMessage &message);
 
+    /// Moves the live messages to a chunk file before their number reaches the limit, in all else
+    /// as a full buffer is moved. False, and nothing happens, when there are none or the mode is
+    /// continuous. Any thread; takes the write lock.
+    bool rotate();
+
     // Each of these emits newErrorMessage; application's thread.
 
     void showDataChunkVersionMismatch();

@@ -69,6 +69,15 @@ Trace::Appended Trace::append(CAN::CanRxMessage &message)
     return done;
 }
 
+bool Trace::rotate()
+{
+    const WriteLock locker(lock);
+    if (continuous || current.isEmpty())
+        return false;
+    rotateLocked();
+    return true;
+}
+
 bool Trace::appendContinuous(CAN::CanRxMessage &message)
 {
     {

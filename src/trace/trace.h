@@ -61,6 +61,9 @@ public:
     Appended append(CAN::CanRxMessage &message) EXCLUDES(lock);
     /// The same in continuous mode, where the oldest makes room. Returns whether the line is new.
     bool appendContinuous(CAN::CanRxMessage &message) EXCLUDES(lock);
+    /// Rotates the live list however few messages it holds. False, and nothing happens, when it is
+    /// empty or the mode is continuous.
+    bool rotate() EXCLUDES(lock);
     MessageList liveMessages() const EXCLUDES(lock);
     /// The same, with \a meanwhile called under the read lock.
     MessageList liveMessages(const std::function<void()> &meanwhile) const EXCLUDES(lock);

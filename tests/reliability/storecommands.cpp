@@ -8,6 +8,7 @@
 
 const StoreDriver::Command StoreDriver::commands[] = {
     {"append", 40, 65, &StoreDriver::append},
+    {"rotate", 3, 3, &StoreDriver::rotate},
     {"note", 8, 5, &StoreDriver::writeNote},
     {"bookmark", 8, 5, &StoreDriver::writeBookmark},
     {"note on the next", 4, 2, &StoreDriver::noteNextMessage},
@@ -80,6 +81,15 @@ void StoreDriver::appendBurst(int count)
         store->appendCanMessage(messageOf(model->nextSerial() + quint32(i), MessageRun::Received));
     model->append(quint32(count));
     appended += quint32(count);
+}
+
+void StoreDriver::rotate()
+{
+    const bool rotates = !model->continuousMode && model->live.count > 0;
+    compare("rotates:", store->rotate(), rotates);
+    if (rotates)
+        model->rotate();
+    appendBurst(1);
 }
 
 void StoreDriver::writeNote()

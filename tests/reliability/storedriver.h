@@ -48,6 +48,7 @@ private:
     void note(const QString &details) { commandLog.last() += QLatin1Char(' ') + details; }
 
     void append();
+    void rotate();
     void appendBurst(int count);
     void writeNote();
     void writeBookmark();

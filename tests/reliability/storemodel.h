@@ -58,6 +58,7 @@ public:
     StoreModel(quint32 maxMessageCount, bool hasBookmarks, quint32 serials, quint32 imports);
 
     void append(quint32 count);
+    void rotate();
     void page(const ModelFile &chunk);
     void merge(const QVector<ModelFile> &entriesInArchiveOrder, const QString &archive);
     void goLive();
@@ -105,7 +106,6 @@ public:
 
 private:
     bool isFull(quint32 size) const;
-    void rotate();
     void enforceBudget();
     bool isExportable(bool any, const QString &file);
     void savePartial(const MessageRun &messages, const ChunkFormat::Notes &notes);

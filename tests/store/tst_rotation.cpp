@@ -1,6 +1,7 @@
 #include "datachunkhandler.h"
 #include "messages.h"
 #include "storefixture.h"
+#include "tracetimeline.h"
 
 #include <QThreadPool>
 #include <QtTest>
@@ -13,6 +14,7 @@ class TestRotation : public QObject
     Q_OBJECT
 private slots:
     void viewShowsTheRotatedBufferUntilThePoolGetsToIt();
+    void aStoreRotatesOnDemand();
     void severalFeedersGetNumbersInOrder();
     void continuousModeDropsTheOldest();
     void clearingKeepsOtherFiles();
@@ -50,6 +52,33 @@ void TestRotation::viewShowsTheRotatedBufferUntilThePoolGetsToIt()
     QTRY_COMPARE(cleared, QVector<bool>{true});
     QCOMPARE(store.getMessageCount(), 1u);
     QCOMPARE(store.messageAt(0).messageNumber, 10u);
+}
+
+void TestRotation::aStoreRotatesOnDemand()
+{
+    DatachunkHandler store(5010);
+    QSignalSpy saved(&store, &DatachunkHandler::newDataFile);
+    QVERIFY(!store.rotate());
+    append(store, 4);
+    store.setMessageNote(3, "noted");
+    QVERIFY(store.rotate());
+    QVERIFY(!store.rotate());
+    TraceTimeline timeline = store.timeline();
+    QCOMPARE(timeline.count(), 4u);
+    append(store, 10); // one more would be too many
+    timeline.refresh();
+    QCOMPARE(timeline.count(), 14u);
+    QVERIFY(store.rotate());
+    QTRY_COMPARE(saved.count(), 2);
+    QCOMPARE(saved.at(1).first().toInt(), 1);
+    const ReadChunk first = readChunkFile(store.chunkFolderPath() + "/tmpData0.dck");
+    QCOMPARE(first.messages.size(), 4);
+    QCOMPARE(first.notes.value(3), QStringLiteral("noted"));
+    QCOMPARE(readChunkFile(store.chunkFolderPath() + "/tmpData1.dck").messages.size(), 10);
+    store.setContinuesMode(true);
+    append(store, 1);
+    QVERIFY(!store.rotate());
+    QCOMPARE(store.getMessageCount(), 1u);
 }
 
 void TestRotation::severalFeedersGetNumbersInOrder()

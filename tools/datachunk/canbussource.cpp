@@ -7,9 +7,17 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 namespace {
+
+constexpr QLatin1String socketCan("socketcan");
 
 quint16 trailingNumber(const QString &name)
 {
@@ -36,6 +44,32 @@ bool toMessage(const QCanBusFrame &frame, CAN::CanRxMessage &message)
     message.length = qint8(payload.size());
     std::copy(payload.begin(), payload.end(), message.data);
     return true;
+}
+
+// Of the error frames of SocketCAN: the class "controller", and in the second byte "RX overflow".
+bool isOverflow(const QCanBusFrame &frame)
+{
+    constexpr char receiveOverflow = 1;
+    return frame.frameType() == QCanBusFrame::ErrorFrame
+        && frame.error().testFlag(QCanBusFrame::ControllerError) && frame.payload().size() > 1
+        && (frame.payload().at(1) & receiveOverflow) != 0;
+}
+
+// The number of a network interface that is up; 0 for any other name.
+quint32 runningInterface(const QString &name)
+{
+    ifreq request = {};
+    const QByteArray bytes = name.toLocal8Bit();
+    if (bytes.isEmpty() || bytes.size() >= int(sizeof(request.ifr_name)))
+        return 0;
+    std::copy(bytes.begin(), bytes.end(), request.ifr_name);
+    const int socket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    const bool isUp =
+        ioctl(socket, SIOCGIFFLAGS, &request) == 0 && (request.ifr_flags & IFF_UP) != 0;
+    const bool isFound = isUp && ioctl(socket, SIOCGIFINDEX, &request) == 0;
+    if (socket >= 0)
+        close(socket);
+    return isFound ? quint32(request.ifr_ifindex) : 0;
 }
 
 } // namespace
@@ -66,8 +100,7 @@ CanBusSource::~CanBusSource()
 
 void CanBusSource::configure()
 {
-    const bool fd = options.fd || options.plugin == QLatin1String("socketcan");
-    if (fd)
+    if (options.fd || options.plugin == socketCan)
         device->setConfigurationParameter(QCanBusDevice::CanFdKey, true);
     if (options.bitrate != 0)
         device->setConfigurationParameter(QCanBusDevice::BitRateKey, options.bitrate);
@@ -84,11 +117,15 @@ bool CanBusSource::start()
     configure();
     connecting = error.isEmpty();
     if (connecting && !device->connectDevice())
-        end(device->errorString());
+        lose(device->errorString());
     if (!error.isEmpty())
         return false;
     connect(device.get(), &QCanBusDevice::stateChanged, this, &CanBusSource::takeState);
     running = true;
+    networkInterface = socketInterface();
+    connect(&timer, &QTimer::timeout, this, &CanBusSource::look);
+    if (options.retry != 0)
+        timer.start(options.retry);
     return true;
 }
 
@@ -98,6 +135,8 @@ void CanBusSource::takeFrames()
     for (const QCanBusFrame &frame : frames) {
         CAN::CanRxMessage message;
         message.line = line;
+        if (isOverflow(frame))
+            emit gap(Cli::tr("The receive buffer of the CAN controller ran over."));
         if (toMessage(frame, message))
             emit received(message);
         else
@@ -109,13 +148,58 @@ void CanBusSource::takeError(QCanBusDevice::CanBusError code)
 {
     // Errors of sending do not concern a recording.
     if (code != QCanBusDevice::NoError && code != QCanBusDevice::WriteError)
-        end(device->errorString());
+        lose(device->errorString());
 }
 
 void CanBusSource::takeState(QCanBusDevice::CanBusDeviceState state)
 {
     if (state == QCanBusDevice::UnconnectedState)
-        end(Cli::tr("The CAN interface was disconnected."));
+        lose(Cli::tr("The CAN interface was disconnected."));
+    if (state != QCanBusDevice::ConnectedState || !lost)
+        return;
+    lost = false;
+    networkInterface = socketInterface();
+    printError(name(), Cli::tr("The CAN interface is back, and the recording goes on."));
+}
+
+void CanBusSource::lose(const QString &text)
+{
+    const QString reason = text.isEmpty() ? Cli::tr("The CAN interface failed.") : text;
+    if (options.retry == 0 || !running) {
+        end(reason);
+        return;
+    }
+    if (std::exchange(lost, true))
+        return;
+    emit gap(Cli::tr("%1 The recording goes on when the interface is back.").arg(reason));
+}
+
+// The device is connected anew from here only: inside its own signals it may not be ready for it.
+void CanBusSource::look()
+{
+    if (lost)
+        connectAgain();
+    else if (networkInterface == 0)
+        networkInterface = socketInterface();
+    else if (socketInterface() != networkInterface)
+        // The plug-in does not tell that its socket receives nothing any more.
+        lose(Cli::tr("The CAN interface went down or was unplugged."));
+}
+
+quint32 CanBusSource::socketInterface() const
+{
+    return options.plugin == socketCan ? runningInterface(options.interface) : 0;
+}
+
+void CanBusSource::connectAgain()
+{
+    // A socket can be bound to an interface that is down.
+    if (networkInterface != 0 && socketInterface() == 0)
+        return;
+    if (device->state() != QCanBusDevice::UnconnectedState)
+        device->disconnectDevice();
+    if (device->state() == QCanBusDevice::UnconnectedState)
+        device->connectDevice();
 }
 
 // Only the first error is reported; later ones follow from it.
@@ -123,7 +207,7 @@ void CanBusSource::end(const QString &text)
 {
     if (!error.isEmpty())
         return;
-    error = text.isEmpty() ? Cli::tr("The CAN interface failed.") : text;
+    error = text;
     // A failure during the start is what start() returns.
     if (running)
         emit ended();

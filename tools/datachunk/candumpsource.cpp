@@ -89,8 +89,17 @@ void CandumpSource::keepRest(std::string_view rest)
 
 void CandumpSource::takeLine(std::string_view line)
 {
+    // How "candump -d" tells that frames came faster than it could print them.
+    constexpr std::string_view dropMark = "DROPCOUNT: dropped ";
     if (line.find_first_not_of(" \t\r") == line.npos)
         return;
+    if (line.substr(0, dropMark.size()) == dropMark) {
+        line.remove_prefix(dropMark.size());
+        const std::string_view number = line.substr(0, line.find_first_not_of("0123456789"));
+        emit gap(Cli::tr("candump has dropped %1 frames.")
+                     .arg(QString::fromLatin1(number.data(), int(number.size()))));
+        return;
+    }
     std::optional<CandumpLine> frame = readCandumpLine(line);
     if (!frame) {
         ++unreadable;

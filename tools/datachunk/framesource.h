@@ -27,6 +27,8 @@ public:
 
 signals:
     void received(const CAN::CanRxMessage &message);
+    /// Frames are missing in front of those that come next: why, as a sentence.
+    void gap(const QString &text);
     /// No more frames come; errorText() is empty at a regular end.
     void ended();
 };

@@ -1,92 +1,16 @@
-#include "canbussource.h"
 #include "candumpsource.h"
+#include "clocktimer.h"
 #include "commands.h"
 #include "diskspace.h"
-#include "options.h"
 #include "recorder.h"
-#include "rotation.h"
+#include "recordoptions.h"
+#include "servicemanager.h"
 #include "stopsignals.h"
 #include "terminal.h"
 
-#include <limits>
+#include <QDateTime>
 
 namespace {
-
-constexpr quint64 mostMessages = 100000000;
-constexpr quint64 defaultMessagesPerChunk = 100000;
-constexpr quint64 mostMebibytes = std::numeric_limits<quint32>::max();
-constexpr quint64 mostBitrate = 100000000;
-
-struct Options
-{
-    QString into;
-    CanBusOptions bus;
-    RecordingLimits limits;
-    bool hasReserve = false;
-};
-
-bool readBusOptions(const QCommandLineParser &parser, CanBusOptions &bus)
-{
-    bus.plugin = parser.value(QStringLiteral("plugin"));
-    bus.interface = parser.value(QStringLiteral("interface"));
-    bus.fd = parser.isSet(QStringLiteral("fd"));
-    const auto bitrate = [&parser](const char *name, quint32 &value) {
-        quint64 number = 0;
-        const bool good = numberOption(parser, QLatin1String(name), 1, mostBitrate, 0, number);
-        value = quint32(number);
-        return good;
-    };
-    if (!bitrate("bitrate", bus.bitrate) || !bitrate("data-bitrate", bus.dataBitrate))
-        return false;
-    const bool isConfigured = bus.fd || bus.bitrate != 0 || bus.dataBitrate != 0;
-    if (bus.plugin.isEmpty() && !bus.interface.isEmpty())
-        usageError(Cli::tr("--interface needs --plugin"));
-    else if (!bus.plugin.isEmpty() && bus.interface.isEmpty())
-        usageError(Cli::tr("--plugin needs --interface"));
-    else if (bus.plugin.isEmpty() && isConfigured)
-        usageError(Cli::tr("--fd, --bitrate and --data-bitrate need --plugin"));
-    else
-        return true;
-    return false;
-}
-
-// Several chunks must fit into a small budget, even with the longest messages.
-quint64 defaultLimit(qint64 budget)
-{
-    constexpr qint64 mostRecordBytes = 89;
-    constexpr qint64 chunksInBudget = 4;
-    const quint64 fitting = quint64(budget / mostRecordBytes / chunksInBudget);
-    return rotationMargin
-        + (budget == 0 ? defaultMessagesPerChunk : qMin(fitting, defaultMessagesPerChunk));
-}
-
-bool readLimits(const QCommandLineParser &parser, Options &options)
-{
-    quint64 budget = 0;
-    quint64 reserve = 0;
-    quint64 limit = 0;
-    options.hasReserve = parser.isSet(QStringLiteral("reserve"));
-    if (!numberOption(parser, QStringLiteral("budget"), 1, mostMebibytes, 0, budget)
-        || !numberOption(parser, QStringLiteral("reserve"), 0, mostMebibytes, 0, reserve))
-        return false;
-    options.limits.budget = qint64(budget) * bytesPerMebibyte;
-    options.limits.reserve = qint64(reserve) * bytesPerMebibyte;
-    if (!numberOption(parser, QStringLiteral("limit"), rotationMargin + 1, mostMessages,
-                      defaultLimit(options.limits.budget), limit))
-        return false;
-    options.limits.storeMessages = quint32(limit);
-    return true;
-}
-
-bool readOptions(const QCommandLineParser &parser, Options &options)
-{
-    options.into = parser.value(QStringLiteral("into"));
-    if (options.into.isEmpty()) {
-        usageError(Cli::tr("--into is missing"));
-        return false;
-    }
-    return readBusOptions(parser, options.bus) && readLimits(parser, options);
-}
 
 // Leaves enough for the rest of the system, but at most a tenth of a small disk.
 qint64 defaultReserve(const QString &folder)
@@ -97,18 +21,24 @@ qint64 defaultReserve(const QString &folder)
     return space ? qMin(most, space->size / part) : 0;
 }
 
-std::unique_ptr<FrameSource> makeSource(const Options &options)
+std::unique_ptr<FrameSource> makeSource(const RecordOptions &options)
 {
     if (options.bus.plugin.isEmpty())
         return std::make_unique<CandumpSource>();
     return std::make_unique<CanBusSource>(options.bus);
 }
 
-void printTotals(const Recorder::Totals &totals)
+void printTotals(const Recorder::Totals &totals, const CaptureRules &rules)
 {
     writeLine(Cli::tr("messages taken:   %1").arg(totals.taken));
     writeLine(Cli::tr("messages stored:  %1").arg(totals.stored));
     writeLine(Cli::tr("messages dropped: %1").arg(totals.dropped));
+    if (rules.trigger || !rules.filter.text().isEmpty())
+        writeLine(Cli::tr("not asked for:    %1").arg(totals.filtered));
+    if (rules.trigger)
+        writeLine(Cli::tr("captures:         %1").arg(totals.captures));
+    if (totals.gaps > 0)
+        writeLine(Cli::tr("gaps:             %1").arg(totals.gaps));
 }
 
 bool checkInput(const FrameSource &source, const Recorder::Totals &totals)
@@ -118,71 +48,92 @@ bool checkInput(const FrameSource &source, const Recorder::Totals &totals)
     return totals.taken > 0 || source.unreadableCount() == 0;
 }
 
-// True when every message that came is in the folder or was deleted for the budget.
-bool record(const Options &options, RecordingFolder &folder)
+QString stateText(const Recorder &recorder, const QString &folder)
+{
+    return Cli::tr("%1 messages taken, %2 gaps, into %3")
+        .arg(recorder.totals().taken)
+        .arg(recorder.totals().gaps)
+        .arg(folder);
+}
+
+// What ends chunk files besides what they hold.
+void rotateByClockAndSignal(Recorder &recorder, ServiceManager &manager, qint64 every)
+{
+    if (every != 0)
+        QObject::connect(new ClockTimer(every, &recorder), &ClockTimer::due, &recorder,
+                         &Recorder::rotate);
+    StopSignals::whenHungUp(&recorder, [&] {
+        manager.tellReloading();
+        recorder.rotate();
+        manager.tellReady();
+    });
+}
+
+// True when every message that came is in the folder, was not asked for or was deleted for the
+// budget.
+bool record(const RecordOptions &options, qint64 reserve, RecordingFolder &folder)
 {
     const std::unique_ptr<FrameSource> source = makeSource(options);
-    Recorder recorder(folder, *source, options.limits);
+    Recorder recorder(folder, *source, options.limits, reserve, options.rules);
+    ServiceManager manager([&] { return stateText(recorder, folder.path()); });
+    QObject::connect(&recorder, &Recorder::stillWaiting, &manager, &ServiceManager::tellAlive);
     QObject::connect(&recorder, &Recorder::ended, qApp, &QCoreApplication::quit);
     StopSignals::whenStopped(qApp, [] { QCoreApplication::quit(); });
+    rotateByClockAndSignal(recorder, manager, options.every);
     if (!recorder.start())
         return false;
+    manager.tellReady();
     {
-        Progress progress(options.into);
+        Progress progress(folder.path());
         QObject::connect(source.get(), &FrameSource::received, source.get(),
                          [&] { progress.setCount(recorder.totals().taken); });
         QCoreApplication::exec();
         source->disconnect(source.get());
     }
+    manager.tellStopping();
     recorder.finish();
-    printTotals(recorder.totals());
+    printTotals(recorder.totals(), options.rules);
     return checkInput(*source, recorder.totals()) && !recorder.hasFailed();
+}
+
+// Empty, with a text printed, when there can be none.
+QString createFolderIn(const QString &parent)
+{
+    constexpr int attempts = 1000;
+    const QDir folder(parent);
+    if (!makeFolder(folder))
+        return {};
+    const QString name =
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH-mm-ss"));
+    for (int i = 1; i <= attempts; ++i) {
+        const QString path =
+            folder.filePath(i == 1 ? name : name + QLatin1Char('-') + QString::number(i));
+        if (folder.mkdir(QFileInfo(path).fileName()))
+            return path;
+        if (!QFileInfo::exists(path))
+            break;
+    }
+    printError(folder.filePath(name), Cli::tr("The folder could not be created."));
+    return {};
+}
+
+bool recordInto(const QString &path, const RecordOptions &options)
+{
+    RecordingFolder folder(path);
+    return folder.open() && record(options, options.reserve.value_or(defaultReserve(path)), folder);
 }
 
 } // namespace
 
-QList<QCommandLineOption> recordOptions()
-{
-    return {
-        {QStringLiteral("into"), Cli::tr("Record into this folder, which is created if need be."),
-         QStringLiteral("FOLDER")},
-        {QStringLiteral("plugin"),
-         Cli::tr("Take the frames from this CAN bus plug-in, such as socketcan."),
-         QStringLiteral("NAME")},
-        {QStringLiteral("interface"),
-         Cli::tr("Take the frames from this interface of the plug-in, such as can0."),
-         QStringLiteral("NAME")},
-        {QStringLiteral("fd"),
-         Cli::tr("Take CAN FD frames, too, as is always done with socketcan.")},
-        {QStringLiteral("bitrate"), Cli::tr("Set the bitrate of the interface, in bit/s."),
-         QStringLiteral("N")},
-        {QStringLiteral("data-bitrate"),
-         Cli::tr("Set the bitrate for the data of CAN FD frames, in bit/s."), QStringLiteral("N")},
-        {QStringLiteral("reserve"),
-         Cli::tr("End the recording when only N MiB of the disk are free; by default 1024, or "
-                 "a tenth of the disk where that is less."),
-         QStringLiteral("N")},
-        {QStringLiteral("budget"),
-         Cli::tr("Keep all files of the recording within N MiB together: the oldest chunk "
-                 "files are deleted. Nothing is deleted by default."),
-         QStringLiteral("N")},
-        {QStringLiteral("limit"),
-         Cli::tr("Message limit of the store, 105000 by default or less for a small budget. A "
-                 "chunk file holds %1 messages less.")
-             .arg(rotationMargin),
-         QStringLiteral("N")}};
-}
-
 int runRecord(const QCommandLineParser &parser, const QStringList &)
 {
-    Options options;
-    if (!readOptions(parser, options))
+    const std::optional<RecordOptions> options = readRecordOptions(parser);
+    if (!options)
         return WrongUsage;
-    RecordingFolder folder(options.into);
-    if (!folder.open())
-        return Failed;
-    if (!options.hasReserve)
-        options.limits.reserve = defaultReserve(options.into);
-    const bool recorded = record(options, folder);
+    const QString path = options->newFolder ? createFolderIn(options->into) : options->into;
+    const bool recorded = !path.isEmpty() && recordInto(path, *options);
+    // A start that fails again and again must not leave folders behind. Others are not empty.
+    if (options->newFolder && !path.isEmpty())
+        QDir().rmdir(path);
     return finishOutput() && recorded ? Succeeded : Failed;
 }

@@ -1,46 +1,42 @@
 #pragma once
 
-#include "datachunkhandler.h"
+#include "framecapture.h"
 #include "framesource.h"
-#include "recordingfolder.h"
+#include "recordingstore.h"
 
-#include <memory>
-#include <queue>
-
-/// How much a recording may hold.
-struct RecordingLimits
-{
-    quint32 storeMessages = 0; ///< limit of the store, which rotates 5000 messages below it
-    qint64 budget = 0;         ///< bytes of all files together; 0 for any number
-    qint64 reserve = 0;        ///< bytes of the disk that are left free
-};
-
-/// Brings the frames of a source through a store into a folder.
+/// Brings the frames of a source that are wanted into the folder of a recording.
 class Recorder : public QObject
 {
     Q_OBJECT
 public:
-    /// How many messages came in, how many can be read in the folder, and how many were given up:
-    /// for the budget, because they came faster than the disk takes them, or because it failed.
-    /// Every message that was taken is one or the other.
+    /// How many messages came in, how many can be read in the folder, how many nobody wanted, and
+    /// how many were given up: for the budget, because they came faster than the disk takes them,
+    /// because it failed, or because the ring in front of a trigger was too small. Every message
+    /// that was taken is one of the last three.
     struct Totals
     {
         quint64 taken = 0;
         quint64 stored = 0;
+        quint64 filtered = 0;
         quint64 dropped = 0;
+        quint64 captures = 0;
+        quint64 gaps = 0; ///< places where messages are missing, those included that never came
     };
 
-    /// \a folder is open.
-    Recorder(RecordingFolder &folder, FrameSource &source, const RecordingLimits &limits);
-    ~Recorder() override;
+    /// \a folder is open. The recording ends when \a reserve bytes of the disk are left.
+    Recorder(RecordingFolder &folder, FrameSource &source, const ChunkLimits &limits,
+             qint64 reserve, const CaptureRules &rules);
 
     /// False, with a text printed, when the source or the store has no place to work.
     bool start();
 
+    /// Ends the chunk file that has begun.
+    void rotate();
+
     /// Takes no more messages and brings all that came into the folder.
     void finish();
 
-    /// Final after finish().
+    /// Final after finish(); before, only what came and the gaps are known.
     const Totals &totals() const { return total; }
 
     /// Whether the recording ended, or has a gap, for another reason than its source or its user.
@@ -49,38 +45,34 @@ public:
 signals:
     /// Nothing more is to be expected; finish() has to follow.
     void ended();
+    /// The disk takes its time; several times a second while the recorder waits for it.
+    void stillWaiting();
 
 private:
     void take(const CAN::CanRxMessage &message);
+    void keep(const CAN::CanRxMessage &message, const QString &note);
+    void noteGap(const QString &text);
     bool checkReserve();
-    bool makeRoom(qint64 bytes);
-    bool deleteOldest();
-    bool waitForChunk();
-    bool isBehind() const;
     void holdBack();
-    void chunkWritten(quint32 index);
-    void fail(const QString &subject, const QString &text);
-    void storeFailed(QString text);
+    void goOn();
+    void tellDrop(bool &told, const QString &text);
     void stopFailed();
-    void stopIncomplete(const QString &text);
     void end();
     void sourceEnded();
-    qint64 saveLastMessages();
 
-    RecordingFolder &folder;
+    const QString path; // of the folder
+    const qint64 reserve;
     FrameSource &source;
-    const RecordingLimits limits;
-    const quint32 messagesPerChunk;
-    std::unique_ptr<DatachunkHandler> store; // gone after finish()
+    RecordingStore output;
+    FrameCapture capture;
     Totals total;
-    quint32 liveMessages = 0;   // in the store
-    qint64 liveBytes = 0;       // that they will take in a file
-    std::queue<qint64> waiting; // bytes of each rotated chunk that is not in the folder yet
-    qint64 waitingBytes = 0;
-    bool paused = false;
+    QString keptNote;         // for the next message that is stored
+    quint64 droppedInGap = 0; // since a message was stored
+    bool ringTold = false;
+    bool diskTold = false;
+    bool paused = false;     // because of the disk
     bool discarding = false; // the source cannot wait
-    bool deletionTold = false;
-    bool failed = false; // what the folder holds has to be counted
+    bool failed = false;
     bool incomplete = false;
     bool ending = false;
 };

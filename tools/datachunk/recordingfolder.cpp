@@ -61,14 +61,15 @@ bool RecordingFolder::take(const QString &from, const QString &to)
     return error == 0;
 }
 
-bool RecordingFolder::addChunk(quint32 index)
+bool RecordingFolder::addChunk(quint32 index, quint32 messageCount)
 {
     const QString path = chunkPath(index);
     if (!take(chunkFolder.absoluteFilePath(ChunkNames::rotated(index)), path))
         return false;
     const qint64 size = QFileInfo(path).size();
-    chunks.insert(index, size);
+    chunks.insert(index, {size, messageCount});
     bytes += size;
+    messages += messageCount;
     return true;
 }
 
@@ -96,7 +97,9 @@ bool RecordingFolder::removeOldest()
         printError(file.fileName(), file.errorString());
         return false;
     }
-    bytes -= chunks.take(chunks.firstKey());
+    const Chunk oldest = chunks.take(chunks.firstKey());
+    bytes -= oldest.bytes;
+    messages -= oldest.messages;
     return true;
 }
 

@@ -24,8 +24,9 @@ public:
     /// Tells where the store writes its chunks.
     void setChunkFolder(const QString &path) { chunkFolder.setPath(path); }
 
-    /// Takes chunk \a index into the recording. False, with a text printed, when that fails.
-    bool addChunk(quint32 index);
+    /// Takes chunk \a index, which has \a messageCount messages, into the recording. False, with a
+    /// text printed, when that fails.
+    bool addChunk(quint32 index, quint32 messageCount);
 
     /// Where to write the messages behind the last chunk.
     QString unfinishedLastChunk() const;
@@ -41,6 +42,7 @@ public:
     QString workPath() const { return work->filePath(QString()).chopped(1); }
     qint64 byteCount() const { return bytes; } ///< of all chunks
     int chunkCount() const { return chunks.size(); }
+    quint64 messageCount() const { return messages; } ///< of all chunks
 
     /// Cuts every chunk to its whole records and returns their number; chunks without any go.
     qint64 countRecords();
@@ -53,6 +55,12 @@ private:
     OwnerLock lock;
     std::unique_ptr<WorkFolder> work;
     QDir chunkFolder;
-    QMap<quint32, qint64> chunks; // their sizes in bytes
+    struct Chunk
+    {
+        qint64 bytes = 0;
+        quint32 messages = 0;
+    };
+    QMap<quint32, Chunk> chunks;
     qint64 bytes = 0;
+    quint64 messages = 0;
 };

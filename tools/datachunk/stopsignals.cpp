@@ -4,6 +4,7 @@
 
 #include <QSocketNotifier>
 
+#include <array>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -13,6 +14,10 @@ namespace {
 
 volatile std::sig_atomic_t signalReceived = 0;
 volatile std::sig_atomic_t writeEnd = -1;
+volatile std::sig_atomic_t hangUpEnds = 1;
+
+constexpr char stopMark = 's';
+constexpr char hangUpMark = 'h';
 
 void onSignal(int signal, siginfo_t *info, void *)
 {
@@ -20,11 +25,28 @@ void onSignal(int signal, siginfo_t *info, void *)
     if (signal == SIGXFSZ && info->si_pid == getpid())
         return;
     const int savedError = errno;
-    signalReceived = 1;
-    const char byte = 0;
+    const bool isStop = signal != SIGHUP || hangUpEnds;
+    if (isStop)
+        signalReceived = 1;
+    const char byte = isStop ? stopMark : hangUpMark;
     // A full pipe does not matter: it wakes the event loop anyway.
     if (write(writeEnd, &byte, 1) < 0)
         errno = savedError;
+}
+
+bool isIgnored(int signal)
+{
+    struct sigaction now = {};
+    sigaction(signal, nullptr, &now);
+    return !(now.sa_flags & SA_SIGINFO) && now.sa_handler == SIG_IGN;
+}
+
+bool hasTerminal()
+{
+    const int terminal = open("/dev/tty", O_RDONLY | O_NOCTTY | O_CLOEXEC);
+    if (terminal >= 0)
+        close(terminal);
+    return terminal >= 0;
 }
 
 } // namespace
@@ -49,26 +71,48 @@ StopSignals::StopSignals()
         return;
     writeEnd = pipeEnds[1];
     auto *notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
-        notifier->setEnabled(false);
-        emit stop();
-    });
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXFSZ})
+    connect(notifier, &QSocketNotifier::activated, this, &StopSignals::readPipe);
+    for (const int signal : {SIGINT, SIGTERM, SIGQUIT, SIGXFSZ})
         handle(signal);
+    // Ignored, it stays ignored, so that a program started with "nohup" survives its terminal.
+    if (!isIgnored(SIGHUP))
+        handle(SIGHUP);
 }
 
 void StopSignals::handle(int signal)
 {
     struct sigaction before = {};
     sigaction(signal, nullptr, &before);
-    // Ignored signals stay ignored, so that a program started with "nohup" survives its terminal.
-    if (signal == SIGHUP && before.sa_handler == SIG_IGN)
-        return;
     struct sigaction action = {};
     action.sa_sigaction = onSignal;
     action.sa_flags = SA_RESTART | SA_SIGINFO;
     sigaction(signal, &action, nullptr);
     handled.push_back({signal, before});
+}
+
+bool StopSignals::takeHangUps()
+{
+    const bool wasIgnored = isIgnored(SIGHUP);
+    if (!wasIgnored && hasTerminal())
+        return false;
+    hangUpEnds = 0;
+    if (wasIgnored)
+        handle(SIGHUP);
+    return true;
+}
+
+// A full pipe drops what comes, so that whether to stop is not asked of what it holds.
+void StopSignals::readPipe()
+{
+    std::array<char, 64> marks;
+    const ssize_t size = read(pipeEnds[0], marks.data(), marks.size());
+    if (received()) {
+        findChild<QSocketNotifier *>()->setEnabled(false);
+        emit stop();
+        return;
+    }
+    if (size > 0)
+        emit hangUp();
 }
 
 StopSignals::~StopSignals()

@@ -30,8 +30,20 @@ public:
             QMetaObject::invokeMethod(context, function, Qt::QueuedConnection);
     }
 
+    /// Has \a function called for each SIGHUP, as long as \a context lives, in place of an end.
+    /// False, and SIGHUP still ends the program, where it may come from a terminal that is closed:
+    /// there has to be none, or the program was told to ignore the signal, as "nohup" does.
+    template <typename Function> static bool whenHungUp(QObject *context, Function function)
+    {
+        if (!instance->takeHangUps())
+            return false;
+        QObject::connect(instance, &StopSignals::hangUp, context, function);
+        return true;
+    }
+
 signals:
     void stop();
+    void hangUp();
 
 private:
     struct Handled
@@ -41,6 +53,8 @@ private:
     };
 
     void handle(int signal);
+    bool takeHangUps();
+    void readPipe();
 
     static StopSignals *instance;
     int pipeEnds[2] = {-1, -1};

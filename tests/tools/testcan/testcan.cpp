@@ -2,18 +2,21 @@
 #include <QCanBusFactory>
 #include <QtEndian>
 #include <QThread>
+#include <QTimer>
 #include <QVariant>
 
 // A CAN bus that needs no hardware. Its first frame tells how the device was configured: whether
-// CAN FD is on, then both bitrates in kbit/s; a remote and an error frame follow. The interface
-// "broken" fails in the way that ends a program which deletes the device.
+// CAN FD is on, then both bitrates in kbit/s; a remote and an error frame follow. Other interfaces:
+// "broken" fails in the way that ends a program which deletes the device, "stream" counts and never
+// ends, "flaky" is lost after each frame and not there at each second attempt, "full" tells that
+// its controller had no room.
 class TestCanDevice : public QCanBusDevice
 {
     Q_OBJECT
 public:
-    explicit TestCanDevice(const QString &interface)
-        : isBroken(interface == QLatin1String("broken"))
+    explicit TestCanDevice(const QString &interface) : interface(interface)
     {
+        connect(&timer, &QTimer::timeout, this, &TestCanDevice::stream);
     }
 
     bool writeFrame(const QCanBusFrame &) override { return false; }
@@ -22,12 +25,31 @@ public:
 protected:
     bool open() override
     {
-        if (isBroken) {
+        if (interface == QLatin1String("broken")) {
             thread.start();
             QMetaObject::invokeMethod(this, &TestCanDevice::fail, Qt::QueuedConnection);
             return true;
         }
+        if (interface == QLatin1String("flaky") && ++attempts % 2 == 0) {
+            setError(QStringLiteral("It is not there."), ConnectionError);
+            return false;
+        }
         setState(ConnectedState);
+        if (interface == QLatin1String("flaky"))
+            lose();
+        else if (interface == QLatin1String("stream"))
+            timer.start(1);
+        else if (interface == QLatin1String("full"))
+            overflow();
+        else
+            introduce();
+        return true;
+    }
+    void close() override { setState(UnconnectedState); }
+
+private:
+    void introduce()
+    {
         QCanBusFrame data(0x123, configuration());
         data.setFlexibleDataRateFormat(configurationParameter(CanFdKey).toBool());
         QCanBusFrame remote(0x124, QByteArray(2, '\0'));
@@ -35,11 +57,38 @@ protected:
         QCanBusFrame error(0, QByteArray(1, '\x04'));
         error.setFrameType(QCanBusFrame::ErrorFrame);
         enqueueReceivedFrames({data, remote, error});
-        return true;
     }
-    void close() override { setState(UnconnectedState); }
 
-private:
+    QCanBusFrame counted()
+    {
+        QByteArray number(4, '\0');
+        qToBigEndian(frames++, number.data());
+        return QCanBusFrame(0x100, number);
+    }
+
+    void stream()
+    {
+        constexpr int framesAtOnce = 20;
+        QVector<QCanBusFrame> block;
+        for (int i = 0; i < framesAtOnce; ++i)
+            block.append(counted());
+        enqueueReceivedFrames(block);
+    }
+
+    void lose()
+    {
+        enqueueReceivedFrames({counted()});
+        QTimer::singleShot(1, this, [this] { setState(UnconnectedState); });
+    }
+
+    void overflow()
+    {
+        QCanBusFrame error(0, QByteArray(8, '\1'));
+        error.setFrameType(QCanBusFrame::ErrorFrame);
+        error.setError(QCanBusFrame::ControllerError);
+        enqueueReceivedFrames({counted(), error, counted()});
+    }
+
     void fail()
     {
         setError(QStringLiteral("It is broken."), ConnectionError);
@@ -57,8 +106,11 @@ private:
         return bytes;
     }
 
-    const bool isBroken;
+    const QString interface;
     QThread thread;
+    QTimer timer;
+    int attempts = 0;
+    quint32 frames = 0;
 };
 
 class TestCanFactory : public QObject, public QCanBusFactoryV2
