@@ -5,8 +5,7 @@
 #include "chunkreading.h"
 #include "fileerrors.h"
 #include "regularfile.h"
-
-#include <QCoreApplication>
+#include "storetexts.h"
 
 namespace ChunkStream {
 
@@ -14,9 +13,8 @@ namespace {
 
 QString newerVersion()
 {
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "This import file was created with a newer version of this "
-                                       "tool and could not be imported.");
+    return StoreTexts::tr("This import file was created with a newer version of this "
+                          "tool and could not be imported.");
 }
 
 // Hands on the messages of one chunk after the other.

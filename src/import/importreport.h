@@ -80,7 +80,10 @@ struct DATACHUNK_EXPORT ImportReport
     /// Whether any line was lost, anything of a frame was changed or a frame is unlikely.
     bool hasLoss() const;
 
-    /// "no frame: wrong shape" and so on, for the user.
+    /// "not the shape of a frame" and so on, for the user, in the language that is installed.
     static QString reasonText(Reason reason);
     static QString changeText(Change change);
+    /// The same in English always, for what other programs read; empty where there is no such one.
+    static const char *reasonName(Reason reason);
+    static const char *changeName(Change change);
 };
