@@ -2,6 +2,7 @@
 #include "filechecks.h"
 #include "stopsignals.h"
 #include "terminal.h"
+#include "translations.h"
 
 #include <QLoggingCategory>
 
@@ -82,6 +83,7 @@ int main(int argc, char *argv[])
     guardStandardStreams();
     installMessageHandler();
     const QCoreApplication application(argc, argv);
+    installTranslations();
     const StopSignals stopSignals;
     QCoreApplication::setApplicationName(QStringLiteral("datachunk"));
     const QStringList arguments = QCoreApplication::arguments();
