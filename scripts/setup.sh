@@ -12,7 +12,7 @@ fi
 
 packages=(
     cmake ninja-build g++ pkg-config
-    qtbase5-dev
+    qtbase5-dev qttools5-dev qttools5-dev-tools
     libqt5serialbus5-dev libqt5serialbus5-plugins
     libquazip1-qt5-dev zlib1g-dev libxxhash-dev
     libarchive-dev liblzma-dev

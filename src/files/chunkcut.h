@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// Making a cut chunk file whole.
+
 #include "datachunkglobal.h"
 
 #include <QString>

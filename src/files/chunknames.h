@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// How chunk files are named.
+
 #include "datachunkglobal.h"
 
 #include <QString>

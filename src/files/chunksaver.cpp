@@ -4,8 +4,8 @@
 #include "diskbudget.h"
 #include "fileerrors.h"
 #include "locks.h"
+#include "storetexts.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -193,8 +193,7 @@ void ChunkSaver::State::run(const SharedSaveJob &job)
 Outcome ChunkSaver::State::saveIntoFolder(const SaveJob &job)
 {
     if (!folder.isInPlace()) {
-        return Outcome::notOpened(
-            QCoreApplication::translate("DatachunkHandler", "The folder for chunk files is gone."));
+        return Outcome::notOpened(StoreTexts::tr("The folder for chunk files is gone."));
     }
     diskBudget.beginChange();
     const Outcome outcome =

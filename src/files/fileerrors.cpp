@@ -1,45 +1,37 @@
 #include "fileerrors.h"
 
-#include <QCoreApplication>
+#include "storetexts.h"
 
 namespace FileErrors {
 
 QString notRead(const QString &fileName, const QString &reason)
 {
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "The file %1 could not be read to its end: %2")
-        .arg(fileName, reason);
+    return StoreTexts::tr("The file %1 could not be read to its end: %2").arg(fileName, reason);
 }
 
 QString notWritten(const QString &fileName, const QString &reason)
 {
-    return QCoreApplication::translate("DatachunkHandler", "The file %1 could not be written: %2")
-        .arg(fileName, reason);
+    return StoreTexts::tr("The file %1 could not be written: %2").arg(fileName, reason);
 }
 
 QString outOfMemory(const QString &fileName)
 {
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "There is not enough memory for the file %1.")
-        .arg(fileName);
+    return StoreTexts::tr("There is not enough memory for the file %1.").arg(fileName);
 }
 
 QString tooManyFiles(int most)
 {
-    return QCoreApplication::translate("DatachunkHandler", "An archive takes at most %1 files.")
-        .arg(most);
+    return StoreTexts::tr("An archive takes at most %1 files.").arg(most);
 }
 
 QString nothingImported()
 {
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "File seems to be empty or broken, nothing imported.");
+    return StoreTexts::tr("File seems to be empty or broken, nothing imported.");
 }
 
 QString bomb(const QString &archive)
 {
-    return QCoreApplication::translate(
-               "DatachunkHandler",
+    return StoreTexts::tr(
                "The archive %1 claims to hold more than can be in it and was not unpacked.")
         .arg(archive);
 }

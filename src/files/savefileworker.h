@@ -71,6 +71,7 @@ public:
     /// Adds one message; does nothing without an open continuous output file.
     void appendToContinuousOutputFile(CAN::CanRxMessage message);
 
+    /// Writes what is left and closes the file; does nothing without an open one.
     void finishContinousOutput();
 
     /// Hands what was appended so far to the operating system.
@@ -85,7 +86,8 @@ public slots:
     void saveToFile();
 
 signals:
-    // All on the thread that saves. A time is the text of the chunk's header.
+    /// \name On the thread that saves; a time is the text of the chunk's header
+    /// \{
 
     /// Saving has ended, whatever came of it.
     void ready();
@@ -97,6 +99,7 @@ signals:
     void newPartialDataFile(QString fileName, QString time);
     /// A chunk of type CurrentMessages was written (true), or one of any type could not be created.
     void savingFinished(bool success);
+    /// \}
 
 private:
     void readMessages();

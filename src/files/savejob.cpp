@@ -3,10 +3,10 @@
 #include "chunkversion.h"
 #include "fileerrors.h"
 #include "pipes.h"
+#include "storetexts.h"
 #include "textexport.h"
 #include "uninterrupted.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
 #include <QFile>
@@ -152,8 +152,7 @@ Outcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened)
     QFile file(job.fileName);
     // Opened for reading as well, a pipe would never tell that nobody reads it.
     if (Pipes::isPipe(job.fileName))
-        return Outcome::notOpened(QCoreApplication::translate(
-            "DatachunkHandler", "A chunk cannot be written into a pipe."));
+        return Outcome::notOpened(StoreTexts::tr("A chunk cannot be written into a pipe."));
     if (job.isPrivate)
         makePrivate(job);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate)) {

@@ -8,6 +8,7 @@
 class FRAMEKIT_EXPORT CanTimeStamp
 {
 public:
+    /// Milliseconds of \a time become microseconds.
     explicit CanTimeStamp(const QTime &time);
 
     /// Whole seconds since midnight.

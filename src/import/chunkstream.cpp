@@ -4,9 +4,8 @@
 #include "chunkarchive.h"
 #include "chunkreading.h"
 #include "fileerrors.h"
+#include "storetexts.h"
 #include "unpackedfile.h"
-
-#include <QCoreApplication>
 
 namespace ChunkStream {
 
@@ -14,9 +13,8 @@ namespace {
 
 QString newerVersion()
 {
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "This import file was created with a newer version of this "
-                                       "tool and could not be imported.");
+    return StoreTexts::tr("This import file was created with a newer version of this "
+                          "tool and could not be imported.");
 }
 
 // Hands on the messages of one chunk after the other.

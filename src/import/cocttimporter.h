@@ -13,6 +13,7 @@ class DATACHUNK_EXPORT CoCTTImporter : public QObject
 {
     Q_OBJECT
 public:
+    /// One that has read nothing yet.
     explicit CoCTTImporter(QObject *parent = nullptr);
 
     /// Appends the messages to \a messages, numbered from 0, and adds to \a notes, which may be

@@ -6,9 +6,30 @@
 
 namespace {
 
-QString text(const char *source)
+constexpr std::array<const char *, ImportReport::reasonCount> reasonNames = {
+    QT_TRANSLATE_NOOP("ImportReport", "empty"),
+    QT_TRANSLATE_NOOP("ImportReport", "header"),
+    QT_TRANSLATE_NOOP("ImportReport", "comment"),
+    QT_TRANSLATE_NOOP("ImportReport", "statistics"),
+    QT_TRANSLATE_NOOP("ImportReport", "too few fields"),
+    QT_TRANSLATE_NOOP("ImportReport", "not the shape of a frame"),
+    QT_TRANSLATE_NOOP("ImportReport", "a number that cannot be read"),
+    QT_TRANSLATE_NOOP("ImportReport", "a kind of frame that cannot be kept"),
+    QT_TRANSLATE_NOOP("ImportReport", "behind the end of the trace"),
+    QT_TRANSLATE_NOOP("ImportReport", "longer than a line may be"),
+};
+
+constexpr std::array<const char *, ImportReport::changeCount> changeNames = {
+    QT_TRANSLATE_NOOP("ImportReport", "data cut or changed"),
+    QT_TRANSLATE_NOOP("ImportReport", "length changed"),
+    QT_TRANSLATE_NOOP("ImportReport", "identifier changed"),
+    QT_TRANSLATE_NOOP("ImportReport", "time cut or changed"),
+};
+
+template <std::size_t Count>
+const char *nameAt(const std::array<const char *, Count> &names, int index)
 {
-    return QCoreApplication::translate("ImportReport", source);
+    return index >= 0 && std::size_t(index) < Count ? names[std::size_t(index)] : "";
 }
 
 quint64 addCount(quint64 sum, const ImportReport::Lines &lines)
@@ -43,44 +64,22 @@ bool ImportReport::hasLoss() const
     return linesLost() + changes + unlikely.count > 0;
 }
 
+const char *ImportReport::reasonName(Reason reason)
+{
+    return nameAt(reasonNames, reason);
+}
+
+const char *ImportReport::changeName(Change change)
+{
+    return nameAt(changeNames, change);
+}
+
 QString ImportReport::reasonText(Reason reason)
 {
-    switch (reason) {
-    case Empty:
-        return text("empty");
-    case Header:
-        return text("header");
-    case Comment:
-        return text("comment");
-    case Statistics:
-        return text("statistics");
-    case TooFewFields:
-        return text("too few fields");
-    case WrongShape:
-        return text("not the shape of a frame");
-    case UnparsableNumber:
-        return text("a number that cannot be read");
-    case UnkeptFrameKind:
-        return text("a kind of frame that cannot be kept");
-    case BehindEnd:
-        return text("behind the end of the trace");
-    case CutAtLimit:
-        return text("longer than a line may be");
-    }
-    return {};
+    return QCoreApplication::translate("ImportReport", reasonName(reason));
 }
 
 QString ImportReport::changeText(Change change)
 {
-    switch (change) {
-    case ChangedPayload:
-        return text("data cut or changed");
-    case ChangedLength:
-        return text("length changed");
-    case ChangedIdentifier:
-        return text("identifier changed");
-    case ChangedTime:
-        return text("time cut or changed");
-    }
-    return {};
+    return QCoreApplication::translate("ImportReport", changeName(change));
 }

@@ -13,6 +13,7 @@ class DATACHUNK_EXPORT IxxatFileImporter : public QObject
 {
     Q_OBJECT
 public:
+    /// One that has read nothing yet.
     explicit IxxatFileImporter(QObject *parent = nullptr);
 
     /// Appends the messages to \a messages, numbered from 0, and adds to \a notes, which may be

@@ -17,6 +17,8 @@
 #include "vectorascreader.h"
 #include "wiresharkcsvreader.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 constexpr auto textMode = LineSource::CarriageReturns::Dropped;
@@ -25,26 +27,41 @@ constexpr auto binaryMode = LineSource::CarriageReturns::Kept;
 constexpr auto countsAsRead = TraceReader::CountsAsRead;
 constexpr auto whenWhole = TraceReader::WhenWhole;
 
-constexpr char peak[] = "PeakTraceImporter";
+constexpr ImporterTexts coctt = {
+    "CoCTTImporter",
+    QT_TRANSLATE_NOOP("CoCTTImporter", "Import error occured at line %1 of file %2.")};
+constexpr ImporterTexts generic = {
+    "GenericFileImporter",
+    QT_TRANSLATE_NOOP("GenericFileImporter", "Import error occured at line %1 of file %2.")};
+constexpr ImporterTexts ixxat = {
+    "IxxatFileImporter",
+    QT_TRANSLATE_NOOP("IxxatFileImporter", "Import error occured at line %1 of file %2."),
+    QT_TRANSLATE_NOOP("IxxatFileImporter",
+                      "Import error occured. No valid column description found.")};
+constexpr ImporterTexts peak = {
+    "PeakTraceImporter",
+    QT_TRANSLATE_NOOP("PeakTraceImporter", "Import error occured at line %1 of file %2."),
+    QT_TRANSLATE_NOOP("PeakTraceImporter",
+                      "Import error occured. No valid column description found.")};
 
 constexpr TraceReader readers[] = {
     {DatachunkHelper::KolvarTxt, textMode, readKolvarTxt, readKolvarTxtTolerantly},
-    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, readPeakTolerantly, peak},
-    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, readPeakTolerantly, peak},
-    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, readPeakTolerantly, peak},
-    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, readPeakTolerantly, peak},
-    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, readPeakTolerantly, peak},
-    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, readPeakTolerantly, peak},
+    {DatachunkHelper::PeakTrc10, binaryMode, refuseFileVersion10, readPeakTolerantly, &peak},
+    {DatachunkHelper::PeakTrc11, binaryMode, importFileVersion11, readPeakTolerantly, &peak},
+    {DatachunkHelper::PeakTrc12, binaryMode, importFileVersion12, readPeakTolerantly, &peak},
+    {DatachunkHelper::PeakTrc13, binaryMode, importFileVersion13, readPeakTolerantly, &peak},
+    {DatachunkHelper::PeakTrc20, binaryMode, importFileVersion20, readPeakTolerantly, &peak},
+    {DatachunkHelper::PeakTrc21, binaryMode, importFileVersion21, readPeakTolerantly, &peak},
     {DatachunkHelper::SocketCanDump, textMode, readSocketCanDump, readSocketCanDumpTolerantly},
     {DatachunkHelper::KvaserTxtLog, textMode, readKvaserTxt, readKvaserTxtTolerantly},
     {DatachunkHelper::KvaserCanKingLog, textMode, readKvaserCanKing, readKvaserCanKingTolerantly},
     {DatachunkHelper::VectorAsc, textMode, readVectorAsc, readVectorAscTolerantly},
     {DatachunkHelper::VectorAscWithoutBitcount, textMode, readVectorAscWithoutBitcount,
      readVectorAscTolerantly},
-    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, readCoCTTLogTolerantly, "CoCTTImporter",
+    {DatachunkHelper::CoCTTLog, binaryMode, readCoCTTLog, readCoCTTLogTolerantly, &coctt,
      countsAsRead, whenWhole},
-    {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, readIxxatTraceTolerantly,
-     "IxxatFileImporter", countsAsRead, whenWhole},
+    {DatachunkHelper::IxxatTrace, binaryMode, readIxxatTrace, readIxxatTraceTolerantly, &ixxat,
+     countsAsRead, whenWhole},
     {DatachunkHelper::WiresharkCsv, textMode, readWiresharkCsv, readWiresharkTolerantly},
     {DatachunkHelper::BusmasterLog, textMode, readBusmasterLog, readBusmasterLog},
     {DatachunkHelper::GvretCsv, textMode, readGvretCsv, readGvretCsv},
@@ -52,7 +69,7 @@ constexpr TraceReader readers[] = {
     {DatachunkHelper::PythonCanCsv, textMode, readPythonCanCsv, readPythonCanCsv},
     {DatachunkHelper::PythonCanText, textMode, readPythonCanText, readPythonCanText},
     {DatachunkHelper::GenericFormat, binaryMode, readGenericFormat, readGenericFormatTolerantly,
-     "GenericFileImporter", countsAsRead, whenWhole},
+     &generic, countsAsRead, whenWhole},
 };
 
 // Reads every type that has no row above.

@@ -4,6 +4,14 @@
 
 #include <vector>
 
+/// What the importer of a format says of a trace, in its own context.
+struct ImporterTexts
+{
+    const char *context;
+    const char *wrongLine;
+    const char *noColumns = nullptr; ///< null where there are no columns to describe
+};
+
 /// The reader of one trace format: a plain function from lines to messages. It neither opens the
 /// file nor keeps anything between calls.
 struct TraceReader
@@ -25,8 +33,8 @@ struct TraceReader
     DatachunkHelper::ImportFileType type;
     LineSource::CarriageReturns carriageReturns;
     Read read;
-    Read readTolerantly = nullptr;  ///< null where the strict road is the only one
-    const char *importer = nullptr; ///< the class in whose context error texts are translated
+    Read readTolerantly = nullptr;           ///< null where the strict road is the only one
+    const ImporterTexts *importer = nullptr; ///< null where the format has no error texts
     Verdict verdict = CountsAsRead;
     Delivery delivery = AsRead;
 };

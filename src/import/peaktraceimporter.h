@@ -14,6 +14,7 @@ class DATACHUNK_EXPORT PeakTraceImporter : public QObject
 {
     Q_OBJECT
 public:
+    /// One that has read nothing yet.
     explicit PeakTraceImporter(QObject *parent = nullptr);
 
     /// Emits newMessage for every message, numbered from 0, and adds the warnings of 1.x traces

@@ -42,20 +42,20 @@ Outcome readTraceFile(const TraceRequest &request, TraceSink &sink)
 
 QString errorText(const Outcome &result, const TraceRequest &request)
 {
-    const TraceReader &reader = traceReaderFor(request.type);
-    if (!reader.importer)
+    const ImporterTexts *importer = traceReaderFor(request.type).importer;
+    if (!importer)
         return {};
-    const auto tr = [&reader](const char *text) {
-        return QCoreApplication::translate(reader.importer, text);
+    const auto translated = [importer](const char *text) {
+        return QCoreApplication::translate(importer->context, text);
     };
     switch (result.kind) {
     case Outcome::NotOpened:
-        return tr("No error.");
+        return translated("No error.");
     case Outcome::WrongLine:
-        return tr("Import error occured at line %1 of file %2.")
+        return translated(importer->wrongLine)
             .arg(QString::number(result.number), request.fileName);
     case Outcome::NoColumns:
-        return tr("Import error occured. No valid column description found.");
+        return translated(importer->noColumns);
     default:
         return {};
     }

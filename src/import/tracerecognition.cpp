@@ -17,10 +17,10 @@ constexpr qint64 headSize = 192LL * 1024;
 constexpr qint64 sampleSize = 32LL * 1024;
 constexpr int sampleCount = 3;
 
-QString text(const char *source)
+struct Texts
 {
-    return QCoreApplication::translate("TraceRecognition", source);
-}
+    Q_DECLARE_TR_FUNCTIONS(TraceRecognition)
+};
 
 QString nameOf(DatachunkHelper::ImportFileType type)
 {
@@ -143,12 +143,13 @@ Candidate tryType(DatachunkHelper::ImportFileType type, QByteArray &sample)
     found.percent = int((report.lines - report.linesLost()) * 100 / report.lines);
     found.line = sink.line;
     found.lineText = sink.text;
-    found.explanation = text("Line %1 is a frame of the type %2, and %3 of the %4 lines looked at "
-                             "are frames.")
-                            .arg(found.line)
-                            .arg(nameOf(type))
-                            .arg(report.frames)
-                            .arg(report.lines);
+    found.explanation =
+        Texts::tr("Line %1 is a frame of the type %2, and %3 of the %4 lines looked at "
+                  "are frames.")
+            .arg(found.line)
+            .arg(nameOf(type))
+            .arg(report.frames)
+            .arg(report.lines);
     return {found, scoreOf(report)};
 }
 
@@ -172,7 +173,7 @@ TraceRecognition recognised(DatachunkHelper::ImportFileType type, const char *ex
     TraceRecognition found;
     found.type = type;
     found.percent = 100;
-    found.explanation = text(explanation);
+    found.explanation = Texts::tr(explanation);
     return found;
 }
 
@@ -186,18 +187,18 @@ TraceRecognition refused(const QString &explanation)
 TraceRecognition ofSample(QByteArray &sample, DatachunkHelper::ImportFileType strict)
 {
     if (sample.isEmpty())
-        return refused(text("The file is empty."));
+        return refused(Texts::tr("The file is empty."));
     for (const ForeignFile &foreign : foreignFiles) {
         if (sample.startsWith(QByteArray::fromRawData(foreign.start, foreign.size)))
-            return refused(text(foreign.advice));
+            return refused(Texts::tr(foreign.advice));
     }
     if (isBinary(sample))
-        return refused(text("The file is no text, and of no kind that is known."));
+        return refused(Texts::tr("The file is no text, and of no kind that is known."));
     const TraceRecognition found = byContent(sample, strict);
     if (found.type != DatachunkHelper::Unknown)
         return found;
-    return refused(text("None of the lines looked at is a frame of a known format. A text of "
-                        "fields between blanks can be read by describing its layout."));
+    return refused(Texts::tr("None of the lines looked at is a frame of a known format. A text of "
+                             "fields between blanks can be read by describing its layout."));
 }
 
 TraceRecognition chunkFile()
@@ -230,14 +231,14 @@ TraceRecognition TraceRecognition::of(const QString &fileName)
     UnpackedFile file(fileName);
     const bool isOpen = file.openForReading();
     if (!isOpen && file.refusal().isEmpty())
-        return refused(text("The file cannot be opened: %1").arg(file.errorString()));
+        return refused(Texts::tr("The file cannot be opened: %1").arg(file.errorString()));
     if (isChunkName(fileName))
         return chunkFile();
     if (!isOpen)
         return refused(file.refusal());
     if (file.isCompressed()) {
         TraceRecognition found = insideOf(file);
-        const QString compressed = text("The file is compressed (%1).").arg(file.compression());
+        const QString compressed = Texts::tr("The file is compressed (%1).").arg(file.compression());
         found.explanation = compressed + QLatin1Char(' ') + found.explanation;
         return found;
     }

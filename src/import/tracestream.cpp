@@ -4,19 +4,14 @@
 #include "fileerrors.h"
 #include "loadertable.h"
 #include "notes.h"
+#include "storetexts.h"
 #include "tracereader.h"
 
-#include <QCoreApplication>
 #include <QMap>
 
 #include <utility>
 
 namespace {
-
-QString storeText(const char *text)
-{
-    return QCoreApplication::translate("DatachunkHandler", text);
-}
 
 // Drops every message; reading into it shows whether the trace can be read to its end.
 class CheckingSink : public TraceSink
@@ -71,7 +66,7 @@ QString failureText(const Outcome &result, const TraceRequest &request)
     if (!result.text.isEmpty())
         return result.text;
     const QString text = errorText(result, request);
-    return text.isEmpty() ? storeText("Unknown import error") : text;
+    return text.isEmpty() ? StoreTexts::tr("Unknown import error") : text;
 }
 
 } // namespace
@@ -108,7 +103,7 @@ TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn
     const TraceRequest request{fileName, type, formatDescription, mode, true};
     const TraceReader reader = traceReaderFor(request);
     if (!isTraceText(type) || reader.verdict == TraceReader::CountsAsFailed) {
-        errors.append(storeText("Unknown import error"));
+        errors.append(StoreTexts::tr("Unknown import error"));
         return Failed;
     }
     Outcome read;

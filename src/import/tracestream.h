@@ -14,7 +14,7 @@
 /// A message of a trace with what belongs to it.
 struct TraceItem
 {
-    CAN::CanRxMessage message;
+    CAN::CanRxMessage message;   ///< with its number, which is its key for notes
     QString note;                ///< mostly empty
     CanMessageBookmark bookmark; ///< mostly not valid
     int part = 0; ///< which chunk of an archive it is from; message numbers are unique within one
@@ -30,6 +30,7 @@ struct TraceItem
 class DATACHUNK_EXPORT TraceStream
 {
 public:
+    /// How reading a trace has ended.
     enum Result {
         Complete,   ///< every message was handed on
         Stopped,    ///< the caller wanted it

@@ -81,12 +81,12 @@ public:
     /// continuous. Any thread; takes the write lock.
     bool rotate();
 
-    // Each of these emits newErrorMessage; application's thread.
-
+    /// Tells by newErrorMessage that a file is of a newer version. Application's thread, as the
+    /// next.
     void showDataChunkVersionMismatch();
-    /// \a minimum is the message count that would do.
+    /// The same of one with too many messages; \a minimum is the message count that would do.
     void showTooMuchMessagesError(unsigned int minimum);
-    /// Tells why the last import failed.
+    /// The same of the last import: why it failed.
     void informAboutLastError();
 
     /// Appends a default record, as appendCanMessage does.
@@ -101,7 +101,8 @@ public:
     /// could not be created; the store then writes no chunks.
     QString chunkFolderPath() const;
 
-    // Access to the messages shown. Takes the read lock where nothing else is said.
+    /// \name Access to the messages shown
+    /// Takes the read lock where nothing else is said. \{
 
     /// A default record when there is no message \a index.
     CAN::CanRxMessage messageAt(int index) const;
@@ -137,10 +138,12 @@ public:
     bool nextMessageForLine(CAN::CanRxMessage &out, unsigned char line);
     /// All messages of \a line from \a fromPosition on, which counts the messages dropped.
     QList<CAN::CanRxMessage> getMessagesOfLine(unsigned char line, unsigned int fromPosition);
+    /// \}
 
-    // Notes and bookmarks of the messages in view, by message number. Any thread; they take the
-    // lock of the notes only. Those made on a list that is paged in or imported are not saved: they
-    // vanish when it is left.
+    /// \name Notes and bookmarks
+    /// Those of the messages in view, by message number. Any thread; they take the lock of the
+    /// notes only. Those made on a list that is paged in or imported are not saved: they vanish
+    /// when it is left. \{
 
     /// Empty when the message has none.
     QString getMessageNote(unsigned int number) const;
@@ -154,8 +157,10 @@ public:
     void addMessageNoteToLastMessage(QString text);
     /// A bookmark that is not valid when the message has none.
     CanMessageBookmark bookmarkAt(int number) const;
+    /// \}
 
-    // Saving, loading and splitting chunk files. Application's thread.
+    /// \name Saving chunk files
+    /// Application's thread. \{
 
     /// Saves messages in the background: the live ones for CurrentMessages (a "dck" name makes
     /// a chunk, any other a text), the rotated buffer still shown for the other types, with the
@@ -171,10 +176,13 @@ public:
     /// \a milliseconds; for ever when that is negative. False when the time was too short. The
     /// reports are then on their way to the store's thread. Any thread.
     bool waitForSaves(int milliseconds = -1);
-    // Reading turns the event loop every 100000 messages, as an import does, with what is said
-    // there. A file that is damaged, or ends early, is read as far as it goes and told of by one
-    // newErrorMessage. What would take more than half of the memory is refused as too many
-    // messages.
+    /// \}
+
+    /// \name Loading and splitting chunk files
+    /// Reading turns the event loop every 100000 messages, as an import does, with what is said
+    /// there. A file that is damaged, or ends early, is read as far as it goes and told of by one
+    /// newErrorMessage. What would take more than half of the memory is refused as too many
+    /// messages. Application's thread. \{
 
     /// Adds the messages of a chunk file to the browsing list and takes over its notes and
     /// bookmarks. False, and nothing changes, when it cannot be opened or the reading is cancelled;
@@ -192,9 +200,11 @@ public:
     /// when the file cannot be read, is of a newer version or a part cannot be created, when the
     /// splitting is cancelled, and for parts of 0 messages.
     bool splitFile(QString fileName, unsigned int messagesPerFile);
+    /// \}
 
-    // The continuous output: a chunk file that the application fills message by message. What could
-    // not be written is told by newErrorMessage, once for each file.
+    /// \name The continuous output
+    /// A chunk file that the application fills message by message. What could not be written is
+    /// told by newErrorMessage, once for each file. One thread at a time. \{
 
     /// Begins a file, in place of an existing one, and finishes the one before. False, and nothing
     /// is open, when the name does not end in "dck" or the file cannot be created.
@@ -203,9 +213,15 @@ public:
     void appendToContinuousOutputFile(CAN::CanRxMessage message);
     /// Ends the file; does nothing without an open one.
     void finishContinousOutput();
+    /// \}
 
-    // ZIP archives of chunk files. They are worked on one after the other, in the background or
-    // on the thread that calls; the signals come on the store's thread in any case. Any thread.
+    /// \name ZIP archives of chunk files
+    /// They are worked on one after the other, in the background or on the thread that calls; the
+    /// signals come on the store's thread in any case. Any thread.
+    ///
+    /// Entries that are damaged or left out are told of by newErrorMessage, one by one up to 20 and
+    /// then by their number, and so are archives of more than 100000 entries, which are not read.
+    /// \{
 
     /// Where saveDatachunksToZip writes: the path of the archive.
     void setZipFileName(QString fileName);
@@ -216,9 +232,6 @@ public:
     /// the archive is in its place. On failure, or when the messages are cleared meanwhile, an
     /// earlier archive stays as it is; nothing is reported when it could not even be begun.
     void saveDatachunksToZip();
-    // Entries that are damaged or left out are told of by newErrorMessage, one by one up to 20 and
-    // then by their number, and so are archives of more than 100000 entries, which are not read.
-
     /// Adds the chunks of an archive, in whatever folder, by their start in seconds; of equal ones
     /// the last that is not damaged. Chunks without a readable header are left out. Tells nothing.
     void sortZipFile(QString zipName, QMap<double, QString> &order);
@@ -234,10 +247,12 @@ public:
     /// the chunk folder, with newZippedFile for each and zipFileLoaded at the end. Returns whether
     /// there were any.
     bool loadZipFile(QString zipName);
+    /// \}
 
-    // Import. Application's thread; an import turns the event loop, so that anything may be
-    // called meanwhile. A second import or load is then refused with messagesImported(QString());
-    // goLive and clearAllMessages cancel the running one.
+    /// \name Import
+    /// Application's thread; an import turns the event loop, so that anything may be called
+    /// meanwhile. A second import or load is then refused with messagesImported(QString()); goLive
+    /// and clearAllMessages cancel the running one. \{
 
     /// Shows the messages of a file in place of the ones shown and leaves live mode. False, and
     /// back in live mode, when nothing was imported; a file that cannot be opened changes
@@ -245,12 +260,13 @@ public:
     bool loadFile(QString fileName, bool clearFileName, DatachunkHelper::ImportFileType type,
                   DatachunkHelper::SavedMessageType savedType, QString formatDescription);
 
-    using ImportMode = DatachunkHelper::ImportMode;
-    static constexpr ImportMode Strict = DatachunkHelper::Strict;
-    static constexpr ImportMode Tolerant = DatachunkHelper::Tolerant;
+    using ImportMode = DatachunkHelper::ImportMode;               ///< Strict or Tolerant, see there
+    static constexpr ImportMode Strict = DatachunkHelper::Strict; ///< by the letter
+    static constexpr ImportMode Tolerant = DatachunkHelper::Tolerant; ///< by the shape of lines
 
     /// How imports and the readers of single formats read texts; strictly at first.
     void setImportMode(ImportMode mode);
+    /// What setImportMode() has set.
     ImportMode importMode() const;
 
     /// Whether importMessages() and loadFile() read a compressed text as what is inside it, in
@@ -276,10 +292,12 @@ public:
     /// What became of the lines of the text that was read last, up to where its reading ended; of
     /// one that was cancelled nothing is known. Chunk files and archives have no report.
     ImportReport importReport() const;
+    /// \}
 
-    // The readers of single formats. They add messages to the browsing list without showing it
-    // and return false when the file cannot be opened or read; informAboutLastError tells why. Of
-    // an Ixxat, CoCTT or described trace that fails no message arrives.
+    /// \name The readers of single formats
+    /// They add messages to the browsing list without showing it and return false when the file
+    /// cannot be opened or read; informAboutLastError tells why. Of an Ixxat, CoCTT or described
+    /// trace that fails no message arrives. \{
 
     /// A candump log, in any of its forms.
     bool loadSocketCanDump(QString fileName);
@@ -306,6 +324,7 @@ public:
     /// Reads lines of the text export, of a PCAN-Explorer text or of fields parted by ";" or
     /// tabs. importMessages and loadFile count it as failed even where it succeeds.
     bool importMessagesFromTxt(QString fileName);
+    /// \}
 
 public slots:
     /// Numbers the message and adds it to the live list. Any thread; takes the write lock once.
@@ -327,9 +346,10 @@ public slots:
     void importMessages(QString openFileName, DatachunkHelper::ImportFileType importFileType,
                         QString genericFormatDescription = QString());
 
-    // Exports write live messages in the background, to a chunk when the name ends in "dck", else
-    // as text. Nothing to export and an empty name are told by newErrorMessage, and so is what
-    // could not be written; success is not told. Application's thread.
+    /// \name Exports, and reports of saves
+    /// They write live messages in the background, to a chunk when the name ends in "dck", else as
+    /// text. Nothing to export and an empty name are told by newErrorMessage, and so is what could
+    /// not be written; success is not told. Application's thread. \{
 
     /// \a messagesToExport are positions in the live list, 0 being the oldest; those outside are
     /// passed over, and none means all. Notes go along as \a expOptions says, bookmarks always.
@@ -346,6 +366,8 @@ public slots:
     /// Exports all; of a "dck" name nothing counts but that ending: the chunk becomes
     /// "zlastChunk.dck" in the chunk folder, to be packed with the others.
     void exportAllMessages(QString fileName, DatachunkHelper::ExportOptions expOptions);
+    /// \}
+
     /// Forgets all live messages, notes, bookmarks and chunks; numbers start at 0 again. Cancels an
     /// import. Application's thread; waits up to 0.2 s for a chunk that is being written.
     void clearAllMessages();
@@ -361,8 +383,9 @@ private slots:
     bool addTxtMessage(CAN::CanRxMessage msg);
 
 signals:
-    // Emitted on the store's thread and without the lock where nothing else is said. A time range
-    // is the text of a chunk's header, "first - last" in seconds.
+    /// \name What the store tells
+    /// Emitted on the store's thread and without the lock where nothing else is said. A time range
+    /// is the text of a chunk's header, "first - last" in seconds. \{
 
     /// A chunk of rotated messages was written: its number, from 0, and its time range.
     void newDataFile(uint, QString);
@@ -400,6 +423,7 @@ signals:
     void newLine(unsigned char);
     /// The live messages are shown again (true), or others in their place.
     void liveModeChanged(bool);
+    /// \}
 
 private:
     const std::unique_ptr<DatachunkHandlerPrivate> d;

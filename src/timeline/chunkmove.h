@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// Moving chunk files, and what a folder knows of them.
+
 #include "datachunkglobal.h"
 
 #include <QString>

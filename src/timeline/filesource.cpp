@@ -14,10 +14,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("TraceTimeline", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(TraceTimeline)
+};
 
 QString problemOf(const QString &name, const IndexedChunk &chunk)
 {
@@ -30,13 +30,14 @@ QString problemOf(const QString &name, const IndexedChunk &chunk)
             return {};
         return Damage::ofChunk(name, chunk.front, chunk.end, chunk.index.count);
     case Outcome::NewerVersion:
-        return tr("The chunk %1 was created with a newer version of this tool; nothing of it is "
-                  "shown.")
+        return Texts::tr(
+                   "The chunk %1 was created with a newer version of this tool; nothing of it is "
+                   "shown.")
             .arg(name);
     case Outcome::TooLarge:
         return FileErrors::outOfMemory(name);
     default:
-        return tr("The chunk %1 is no longer there.").arg(name);
+        return Texts::tr("The chunk %1 is no longer there.").arg(name);
     }
 }
 
@@ -189,7 +190,7 @@ void FileSource::lookAtFile(const QString &path)
         Chunk missing;
         missing.place.run = path;
         missing.isRead = true;
-        missing.problem = tr("There is no chunk file %1.").arg(path);
+        missing.problem = Texts::tr("There is no chunk file %1.").arg(path);
         if (!known.contains(path))
             add(path, missing);
         return;

@@ -23,13 +23,14 @@ public:
         QString text;   ///< a sentence for the user
     };
 
-    /// Longer texts and deeper parentheses are errors.
-    static constexpr int mostCharacters = 10000;
-    static constexpr int mostLevels = 200;
+    static constexpr int mostCharacters = 10000; ///< a longer text is an error
+    static constexpr int mostLevels = 200;       ///< and so are deeper parentheses
 
     /// Takes every message.
     TraceExpression();
+    /// Shares what was read once; costs no more than a pointer.
     TraceExpression(const TraceExpression &other) = default;
+    /// As the copy.
     TraceExpression &operator=(const TraceExpression &other) = default;
 
     /// Reads an expression; an empty one takes every message. Returns nothing, and tells the first

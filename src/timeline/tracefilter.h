@@ -19,10 +19,13 @@ class FilterRun;
 class DATACHUNK_EXPORT TraceFilter
 {
 public:
+    /// For TraceTimeline::filter(), which knows how to run it.
     explicit TraceFilter(std::shared_ptr<FilterRun> run);
     ~TraceFilter();
 
+    /// Of the same filter, with the same work.
     TraceFilter(const TraceFilter &);
+    /// Lets go of the filter before, whose work ends if nobody else has it.
     TraceFilter &operator=(const TraceFilter &);
 
     /// How many messages are found.

@@ -9,6 +9,7 @@
 class DATACHUNK_EXPORT TraceMatcher
 {
 public:
+    /// Has seen no message yet, so that "changed" is true of the first of each identifier.
     explicit TraceMatcher(const TraceExpression &expression);
     ~TraceMatcher();
 

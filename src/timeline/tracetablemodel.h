@@ -22,6 +22,7 @@ class DATACHUNK_EXPORT TraceTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
+    /// The columns, from left to right.
     enum Column {
         PositionColumn,
         NumberColumn,
@@ -34,7 +35,7 @@ public:
         DataColumn, ///< says so where a message is no longer there
         NoteColumn
     };
-    static constexpr int columns = NoteColumn + 1;
+    static constexpr int columns = NoteColumn + 1; ///< how many there are
 
     /// Of any column. Invalid where a message is no longer there, but for the first three; of the
     /// position, too, when nobody knows which message it was that a filter had found.
@@ -55,24 +56,30 @@ public:
         SinceRowBefore ///< empty in the first row of all
     };
 
-    static constexpr int mostRows = 100000;
-    static constexpr int mostScrollSteps = 1000000;
+    static constexpr int mostRows = 100000;         ///< of the window
+    static constexpr int mostScrollSteps = 1000000; ///< of a scroll bar over all rows
 
     /// Shows the first rows.
     explicit TraceTableModel(const TraceTimeline &timeline, QObject *parent = nullptr);
     ~TraceTableModel() override;
 
+    /// Rows of the window, up to mostRows; 0 below an index.
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    /// 0 below an index.
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    /// The text of a column, or the value of a role. Invalid for an index that there is not.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     /// The vertical header counts the rows of all from 1.
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
+    /// AbsoluteTime at first.
     TimeForm timeForm() const;
+    /// Changes the texts of the time column, with dataChanged().
     void setTimeForm(TimeForm form);
 
-    // The window.
+    /// \name The window
+    /// \{
 
     /// Number of rows of all.
     quint64 total() const;
@@ -80,9 +87,11 @@ public:
     quint64 origin() const;
     /// The row of the table that shows the message at \a position, or -1.
     int rowOf(quint64 position) const;
+    /// \}
 
-    // Each of these ends following. They move the window, and reset the table, where what is asked
-    // for is not well inside it, and return its index in the table.
+    /// \name Moving the window
+    /// Each of these ends following. They move the window, and reset the table, where what is asked
+    /// for is not well inside it, and return its index in the table. \{
 
     /// The last row where \a row is behind it; an invalid index when there are no rows.
     QModelIndex showRow(quint64 row);
@@ -93,8 +102,10 @@ public:
     QModelIndex jumpToTime(qint64 time);
     /// The same for the first message with \a number.
     QModelIndex jumpToNumber(quint32 number);
+    /// \}
 
-    // A scroll bar over all rows.
+    /// \name A scroll bar over all rows
+    /// \{
 
     /// The last step, mostScrollSteps at most; the first one is 0.
     int scrollRange() const;
@@ -102,9 +113,12 @@ public:
     quint64 rowAtScroll(int step) const;
     /// The last step that is not behind \a row.
     int scrollOf(quint64 row) const;
+    /// \}
 
-    // Following.
+    /// \name Following
+    /// \{
 
+    /// Whether the window stays at the end. False at first.
     bool isFollowing() const;
     /// Keeps the window at the end. Whenever rows have come it is reset.
     void setFollowing(bool on);
@@ -112,10 +126,14 @@ public:
     /// In milliseconds, 50 at first; with 0 refresh() is left to the caller. The timer rests while
     /// nothing can change.
     int refreshInterval() const;
+    /// The same; a negative number counts as 0.
     void setRefreshInterval(int milliseconds);
+    /// \}
 
-    // Filter and find.
+    /// \name Filter and find
+    /// \{
 
+    /// Nothing when all messages are shown.
     std::optional<TraceExpression> filter() const;
     /// Shows what the expression takes, or all messages, and resets the table. What is near the
     /// current position, or else the first row of the table, is found first.
@@ -123,22 +141,27 @@ public:
 
     /// Where find begins. A view sets it to its current row's.
     std::optional<quint64> currentPosition() const;
+    /// Moves neither the window nor anything in the view.
     void setCurrentPosition(std::optional<quint64> position);
 
     /// Looks in the background for the next message behind the current position, or the previous in
     /// front of it, that the expression and the filter take; without one from the first message, or
     /// the last. Gives up the search before. Ends with found() or notFound().
     void findNext(const TraceExpression &expression);
+    /// The same backwards.
     void findPrevious(const TraceExpression &expression);
     /// Neither signal comes any more.
     void cancelFind();
+    /// \}
 
 public slots:
     /// Takes in what has come.
     void refresh();
 
 signals:
+    /// There are more rows of all, or others.
     void totalChanged(quint64 total);
+    /// By setFollowing(), or by what moves the window, which ends it.
     void followingChanged(bool on);
     /// How many messages the filter has looked at, or need not, of how many.
     void filterProgress(quint64 done, quint64 of);
@@ -146,6 +169,7 @@ signals:
     void filterComplete();
     /// It is the current position now, and shown unless the filter has not come as far.
     void found(quint64 position);
+    /// The search has come to the end of the trace, or to its beginning.
     void notFound();
 
 private:

@@ -20,12 +20,13 @@ class TraceSource;
 /// What stands at one position of a timeline.
 struct TraceRow
 {
+    /// Whether there is a message.
     enum State {
         Known,
         Gone,  ///< the chunk is no longer there, or never was written
         Behind ///< no message is known there
     };
-    State state = Behind;
+    State state = Behind;        ///< of the position
     CAN::CanRxMessage message;   ///< where it is known
     QString note;                ///< mostly empty
     CanMessageBookmark bookmark; ///< mostly not valid
@@ -34,9 +35,9 @@ struct TraceRow
 /// Messages one behind the other, while they are handed out.
 struct TraceBlock
 {
-    quint64 position; ///< of the first of them
-    const CAN::CanRxMessage *messages;
-    int count;
+    quint64 position;                         ///< of the first of them
+    const CAN::CanRxMessage *messages;        ///< they hold while they are visited only
+    int count;                                ///< of messages, 1 at least
     const QMap<unsigned int, QString> &notes; ///< by number, of more messages than these
 };
 
@@ -52,14 +53,14 @@ struct TraceRate
 /// One identifier, with its line and kind.
 struct TraceIdentifier
 {
-    quint32 id = 0;
-    quint8 line = 0;
-    bool extended = false;
-    bool remote = false;
-    bool fdFrame = false;
-    quint64 count = 0;
-    quint64 first = 0; ///< positions
-    quint64 last = 0;
+    quint32 id = 0;        ///< CAN::errorFrameId for error frames
+    quint8 line = 0;       ///< bus line, the low 8 bits
+    bool extended = false; ///< of 29 bits
+    bool remote = false;   ///< a remote transmission request
+    bool fdFrame = false;  ///< of CAN FD
+    quint64 count = 0;     ///< messages of that kind
+    quint64 first = 0;     ///< position of the first of them
+    quint64 last = 0;      ///< position of the last
 };
 
 /// All messages of a recording as one trace, however long: chunk files, folders of them, archives,
@@ -75,10 +76,13 @@ public:
     /// chunks whose names differ only by a number keep the order of the numbers. What is not in the
     /// directory of its folder is read in the background, in order.
     explicit TraceTimeline(const QStringList &paths);
+    /// Over a source of this library, as DatachunkHandler::timeline() has one.
     explicit TraceTimeline(std::shared_ptr<TraceSource> source);
     ~TraceTimeline();
 
+    /// Of the same timeline: a refresh of one is one of both.
     TraceTimeline(const TraceTimeline &);
+    /// As the copy.
     TraceTimeline &operator=(const TraceTimeline &);
 
     /// Takes in what has come since. True when anything did. Everything else here answers for the
@@ -94,7 +98,10 @@ public:
     /// What cannot be read, a sentence each, for the user.
     QStringList problems() const;
 
+    /// Number of positions, those included whose message is gone.
     quint64 count() const;
+    /// Reads up to 4096 messages of a chunk where they are not at hand. Behind for a position from
+    /// count() on.
     TraceRow row(quint64 position) const;
 
     /// Hands out \a count messages from \a from on, or those up to the end, some thousand at a
@@ -108,8 +115,9 @@ public:
     quint64 forEachFound(const TraceExpression &expression, quint64 from, quint64 count,
                          const std::function<bool(const QVector<quint64> &positions)> &visit) const;
 
-    /// The highest and lowest time of all messages; 0 while there are none.
+    /// The lowest time of all messages; 0 while there are none.
     qint64 firstTime() const;
+    /// The highest, likewise.
     qint64 lastTime() const;
     /// The first message behind which no earlier time is the highest so far: where times do not
     /// fall, the first at or behind \a time. count() when there is none.
@@ -132,10 +140,11 @@ public:
     /// What \a expression takes, found in the background from the messages around \a focus
     /// outwards.
     TraceFilter filter(const TraceExpression &expression, quint64 focus = 0) const;
-    /// The first of them at or behind \a position, or the last one in front of it. Waits for the
+    /// The first that \a expression takes at or behind \a position. Waits for the
     /// disk as long as \a keepGoing returns true, which may be asked from other threads as well.
     std::optional<quint64> findNext(const TraceExpression &expression, quint64 position,
                                     const std::function<bool()> &keepGoing = {}) const;
+    /// The same backwards, from the message in front of \a position on.
     std::optional<quint64> findPrevious(const TraceExpression &expression, quint64 position,
                                         const std::function<bool()> &keepGoing = {}) const;
 

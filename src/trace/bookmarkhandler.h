@@ -17,6 +17,7 @@ class DATACHUNK_EXPORT BookmarkHandler : public QObject
 {
     Q_OBJECT
 public:
+    /// Without any bookmark.
     explicit BookmarkHandler(QObject *parent = nullptr);
 
     /// By message number.
@@ -33,6 +34,7 @@ public:
 
     /// Does nothing when the message has none.
     void removeBookmark(unsigned int number);
+    /// Removes all there are.
     void clearBookmarks();
     /// In place of all there are.
     void setBookmarks(const QMap<unsigned int, CanMessageBookmark> &bookmarks);

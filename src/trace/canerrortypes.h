@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// The names of CAN errors.
+
 #include <QMap>
 #include <QString>
 

@@ -2,7 +2,7 @@
 
 #include "canrxmessage.h"
 
-// What this library knows about records beyond what the frame library declares.
+/// Records of CAN messages, and what this library knows about them beyond the frame library.
 namespace CAN {
 
 /// Identifier of a record that stands for an error frame.

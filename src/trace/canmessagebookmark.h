@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// Bookmarks of messages.
+
 #include "datachunkglobal.h"
 
 #include <QDataStream>
@@ -11,9 +14,12 @@ class DATACHUNK_EXPORT CanMessageBookmark
 public:
     /// Number 0 and no text.
     CanMessageBookmark();
+    /// Valid when \a text is not empty.
     CanMessageBookmark(unsigned int messageNumber, QString text);
 
+    /// Number of the message that it belongs to.
     unsigned int messageNumber() const;
+    /// What the user wrote.
     QString text() const;
 
     /// False for a bookmark without text, such as the default one.

@@ -21,6 +21,7 @@ public:
 
     /// What an export holds besides the messages.
     enum ExportOption { ExportWithNotes = 1 };
+    /// Any of them, or none.
     Q_DECLARE_FLAGS(ExportOptions, ExportOption)
     Q_FLAG(ExportOptions)
 

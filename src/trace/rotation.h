@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// When a store rotates.
+
 #include <QtGlobal>
 
 /// A store moves its messages to a chunk file this far below its message limit; a limit below it

@@ -18,6 +18,8 @@ private slots:
     void failures_data();
     void failures();
     void helpIsNoFailure();
+    void theLanguageIsThatOfTheUser_data();
+    void theLanguageIsThatOfTheUser();
     void detectNamesTheTypeOfEachFile();
     void infoCountsWhatATraceHolds();
     void dumpSelects_data();
@@ -91,6 +93,26 @@ void TestCli::helpIsNoFailure()
 {
     QVERIFY(outputOf("--help").contains("  record "));
     QVERIFY(outputOf("dump --help").contains("  --json "));
+}
+
+void TestCli::theLanguageIsThatOfTheUser_data()
+{
+    QTest::addColumn<QString>("environment");
+    QTest::addColumn<QByteArray>("start");
+    QTest::newRow("a locale") << "LC_ALL=de_DE.UTF-8" << QByteArray("Aufruf: datachunk BEFEHL");
+    QTest::newRow("a list of languages") << "LANGUAGE=it:fr:de" << QByteArray("Usage : datachunk");
+    QTest::newRow("English before others") << "LANGUAGE=en:de" << QByteArray("Usage: datachunk");
+}
+
+void TestCli::theLanguageIsThatOfTheUser()
+{
+    QFETCH(QString, environment);
+    QFETCH(QByteArray, start);
+    const ProgramResult help = run("--help", {}, "export " + environment + ';');
+    QVERIFY2(help.output.startsWith(start), help.output);
+    writeFile("a.log", candumpLines(0, 1) + "no frame\n");
+    const ProgramResult json = run("dump a.log --report json", {}, "export " + environment + ';');
+    QVERIFY2(json.errors.contains("\"what\":\"not the shape of a frame\""), json.errors);
 }
 
 void TestCli::detectNamesTheTypeOfEachFile()

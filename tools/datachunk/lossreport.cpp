@@ -11,10 +11,8 @@
 namespace {
 
 // A frame all the same, so that it is not said to be left out.
-QString unlikelyText()
-{
-    return Cli::tr("became a frame, but does not look like one");
-}
+constexpr char unlikelyName[] =
+    QT_TRANSLATE_NOOP("Cli", "became a frame, but does not look like one");
 
 using Lines = ImportReport::Lines;
 
@@ -35,12 +33,12 @@ void addRow(const QString &what, const Lines &lines, QString &text)
         text += Cli::tr("\n%1: %2 (line %3)").arg(what).arg(lines.count).arg(numbersOf(lines));
 }
 
-QJsonObject jsonOf(const QString &what, const Lines &lines)
+QJsonObject jsonOf(const char *what, const Lines &lines)
 {
     QJsonArray numbers;
     for (const quint64 number : lines.first)
         numbers.append(qint64(number));
-    QJsonObject object{{QStringLiteral("what"), what},
+    QJsonObject object{{QStringLiteral("what"), QLatin1String(what)},
                        {QStringLiteral("count"), qint64(lines.count)},
                        {QStringLiteral("lines"), numbers}};
     if (!lines.text.isEmpty())
@@ -53,13 +51,13 @@ QByteArray jsonOf(const TraceFile &trace, const ImportReport &report)
     QJsonArray leftOut;
     for (int i = 0; i < ImportReport::reasonCount; ++i) {
         if (report.leftOut[std::size_t(i)].count > 0)
-            leftOut.append(jsonOf(ImportReport::reasonText(ImportReport::Reason(i)),
+            leftOut.append(jsonOf(ImportReport::reasonName(ImportReport::Reason(i)),
                                   report.leftOut[std::size_t(i)]));
     }
     QJsonArray changed;
     for (int i = 0; i < ImportReport::changeCount; ++i) {
         if (report.changed[std::size_t(i)].count > 0)
-            changed.append(jsonOf(ImportReport::changeText(ImportReport::Change(i)),
+            changed.append(jsonOf(ImportReport::changeName(ImportReport::Change(i)),
                                   report.changed[std::size_t(i)]));
     }
     QJsonObject channels;
@@ -74,7 +72,7 @@ QByteArray jsonOf(const TraceFile &trace, const ImportReport &report)
                        {QStringLiteral("changed"), changed},
                        {QStringLiteral("channels"), channels}};
     if (report.unlikely.count > 0)
-        object.insert(QStringLiteral("unlikely"), jsonOf(unlikelyText(), report.unlikely));
+        object.insert(QStringLiteral("unlikely"), jsonOf(unlikelyName, report.unlikely));
     if (report.start.isValid())
         object.insert(QStringLiteral("start"), report.start.toString(Qt::ISODateWithMs));
     if (!report.timeBase.isEmpty())
@@ -108,7 +106,7 @@ void printReport(const TraceFile &trace, const ImportReport &report)
     for (int i = 0; i < ImportReport::changeCount; ++i)
         addRow(ImportReport::changeText(ImportReport::Change(i)), report.changed[std::size_t(i)],
                text);
-    addRow(unlikelyText(), report.unlikely, text);
+    addRow(Cli::tr(unlikelyName), report.unlikely, text);
     if (report.hasLoss())
         printError(trace.name, text);
     else

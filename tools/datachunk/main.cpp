@@ -3,6 +3,7 @@
 #include "manual.h"
 #include "stopsignals.h"
 #include "terminal.h"
+#include "translations.h"
 
 #include <QLoggingCategory>
 
@@ -55,6 +56,7 @@ int main(int argc, char *argv[])
     guardStandardStreams();
     installMessageHandler();
     const QCoreApplication application(argc, argv);
+    installTranslations();
     const StopSignals stopSignals;
     QCoreApplication::setApplicationName(QStringLiteral("datachunk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(DATACHUNK_VERSION));

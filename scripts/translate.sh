@@ -1,0 +1,37 @@
+#!/bin/bash
+# Brings the catalogues in translations/ up to the texts of the sources. What is new is unfinished in
+# them, to be translated by hand or in Qt Linguist; what is gone is left out.
+# translate.sh --check: changes nothing, and fails where that would, or where a text is unfinished.
+
+source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
+
+# update FOLDER: the same for the catalogues in that folder.
+update() {
+    local catalogue sources
+    for catalogue in datachunk datachunkhandler; do
+        sources="$project/src"
+        [ "$catalogue" = datachunk ] && sources="$project/tools/datachunk"
+        # Places in the sources would change with every line that is added there.
+        QT_SELECT=5 lupdate -silent -no-obsolete -locations none "$sources" \
+            -ts "$1/$catalogue"_*.ts
+    done
+}
+
+install_packages
+cd "$project/translations"
+if [ "${1:-}" != --check ]; then
+    update .
+    exit
+fi
+work="$(mktemp -d)"
+trap 'rm -rf "$work"' EXIT
+cp ./*.ts "$work"
+update "$work"
+if ! diff -u . "$work"; then
+    echo "The catalogues are not those of the sources; scripts/translate.sh changes them." >&2
+    exit 1
+fi
+if grep -n 'type="unfinished"' ./*.ts; then
+    echo "Texts are not translated yet." >&2
+    exit 1
+fi

@@ -1,0 +1,43 @@
+#include "translations.h"
+
+#include "datachunktranslations.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace {
+
+QString folderOfQt()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#endif
+}
+
+// False when there is no such catalogue.
+bool install(const QString &fileName, const QString &folder)
+{
+    auto *translator = new QTranslator(QCoreApplication::instance());
+    return translator->load(fileName, folder, QStringLiteral("-"))
+        && QCoreApplication::installTranslator(translator);
+}
+
+} // namespace
+
+void installTranslations()
+{
+    if (!DatachunkTranslations::install())
+        return;
+    // The library has the same languages, and has asked whether English is liked better.
+    const QStringList languages = QLocale::system().uiLanguages();
+    for (const QString &language : languages) {
+        if (!install(QLatin1String("datachunk_") + language, QStringLiteral(":/datachunk/texts")))
+            continue;
+        install(QLatin1String("qtbase_") + language, folderOfQt());
+        return;
+    }
+}

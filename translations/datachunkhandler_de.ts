@@ -1,0 +1,494 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>CoCTTImporter</name>
+    <message>
+        <source>No error.</source>
+        <translation>Kein Fehler.</translation>
+    </message>
+    <message>
+        <source>Import error occured at line %1 of file %2.</source>
+        <translation>Fehler beim Import in Zeile %1 der Datei %2.</translation>
+    </message>
+</context>
+<context>
+    <name>DatachunkHandler</name>
+    <message>
+        <source>The folder for chunk files is gone.</source>
+        <translation>Der Ordner für Chunk-Dateien ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The header of the chunk %1 is damaged; %2.</source>
+        <translation>Der Kopf des Chunks %1 ist beschädigt; %2.</translation>
+    </message>
+    <message>
+        <source>The notes or bookmarks of the chunk %1, which begin at byte %2, are damaged or cut short; %3.</source>
+        <translation>Die Notizen oder Lesezeichen des Chunks %1, die bei Byte %2 beginnen, sind beschädigt oder abgeschnitten; %3.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 ends in the middle of record %2, which begins at byte %3; %4.</source>
+        <translation>Der Chunk %1 endet mitten im Datensatz %2, der bei Byte %3 beginnt; %4.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 is damaged at byte %2, where record %3 claims a length of %4; %5.</source>
+        <translation>Der Chunk %1 ist bei Byte %2 beschädigt, wo der Datensatz %3 eine Länge von %4 angibt; %5.</translation>
+    </message>
+    <message>
+        <source>%1 of the archive %2</source>
+        <translation>%1 des Archivs %2</translation>
+    </message>
+    <message>
+        <source>The entry %1 cannot be read and was left out.</source>
+        <translation>Der Eintrag %1 kann nicht gelesen werden und wurde ausgelassen.</translation>
+    </message>
+    <message>
+        <source>The entry %1 is damaged and cannot be unpacked beyond byte %2; %3.</source>
+        <translation>Der Eintrag %1 ist beschädigt und kann nicht über Byte %2 hinaus entpackt werden; %3.</translation>
+    </message>
+    <message>
+        <source>The entry %1 does not match its checksum; %2.</source>
+        <translation>Der Eintrag %1 passt nicht zu seiner Prüfsumme; %2.</translation>
+    </message>
+    <message>
+        <source>The entry %1 was left out, because its name cannot be that of a file.</source>
+        <translation>Der Eintrag %1 wurde ausgelassen, weil eine Datei nicht so heißen kann.</translation>
+    </message>
+    <message>
+        <source>The directory of the archive %1 is damaged behind entry %2; what follows was left out.</source>
+        <translation>Das Verzeichnis des Archivs %1 ist hinter dem Eintrag %2 beschädigt; was folgt, wurde ausgelassen.</translation>
+    </message>
+    <message>
+        <source>The archive %1 has more than %2 entries and is not read.</source>
+        <translation>Das Archiv %1 hat mehr als %2 Einträge und wird nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The archive %1 has chunks with equal starts, of which only one is taken; chunks left out: %2.</source>
+        <translation>Das Archiv %1 hat Chunks mit gleichem Beginn, von denen nur einer genommen wird; ausgelassene Chunks: %2.</translation>
+    </message>
+    <message>
+        <source>messages read: %1</source>
+        <translation>gelesene Nachrichten: %1</translation>
+    </message>
+    <message>
+        <source>bytes unpacked: %1</source>
+        <translation>entpackte Bytes: %1</translation>
+    </message>
+    <message>
+        <source>The archive %1 has more damage like that; entries not named: %2.</source>
+        <translation>Das Archiv %1 hat weitere solche Schäden; nicht genannte Einträge: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be read to its end: %2</source>
+        <translation>Die Datei %1 konnte nicht bis zum Ende gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be written: %2</source>
+        <translation>Die Datei %1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for the file %1.</source>
+        <translation>Der Speicher reicht für die Datei %1 nicht aus.</translation>
+    </message>
+    <message>
+        <source>An archive takes at most %1 files.</source>
+        <translation>Ein Archiv nimmt höchstens %1 Dateien auf.</translation>
+    </message>
+    <message>
+        <source>File seems to be empty or broken, nothing imported.</source>
+        <translation>Die Datei scheint leer oder beschädigt zu sein, nichts wurde importiert.</translation>
+    </message>
+    <message>
+        <source>The archive %1 claims to hold more than can be in it and was not unpacked.</source>
+        <translation>Das Archiv %1 gibt mehr Inhalt an, als darin sein kann, und wurde nicht entpackt.</translation>
+    </message>
+    <message>
+        <source>A chunk cannot be written into a pipe.</source>
+        <translation>Ein Chunk kann nicht in eine Pipe geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>This import file was created with a newer version of this tool and could not be imported.</source>
+        <translation>Diese Importdatei wurde mit einer neueren Version dieses Programms erstellt und konnte nicht importiert werden.</translation>
+    </message>
+    <message>
+        <source>Unknown import error</source>
+        <translation>Unbekannter Fehler beim Import</translation>
+    </message>
+    <message>
+        <source>There is no room on the disk to unpack the archive.</source>
+        <translation>Auf dem Datenträger ist kein Platz, um das Archiv zu entpacken.</translation>
+    </message>
+    <message>
+        <source>This import file was created with a newer version of this tool and could not be imported.
+Going live again.</source>
+        <translation>Diese Importdatei wurde mit einer neueren Version dieses Programms erstellt und konnte nicht importiert werden.
+Es werden wieder die Live-Nachrichten gezeigt.</translation>
+    </message>
+    <message>
+        <source>The file contains more messages than actually could be importet. 
+
+Please increase the maximum message count. 
+Set it under Settings-&gt;Perfomance to a minimum of %1 to import the whole file</source>
+        <translation>Die Datei enthält mehr Nachrichten, als importiert werden können.
+
+Bitte erhöhen Sie die größte Anzahl von Nachrichten.
+Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze Datei zu importieren</translation>
+    </message>
+    <message>
+        <source>The folder for chunk files could not be created. Messages beyond the limit are lost.</source>
+        <translation>Der Ordner für Chunk-Dateien konnte nicht angelegt werden. Nachrichten über der Grenze gehen verloren.</translation>
+    </message>
+    <message>
+        <source>The file at %1 does not exists.</source>
+        <translation>Die Datei %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The disk takes messages more slowly than they arrive. The oldest ones that waited for it are lost.</source>
+        <translation>Der Datenträger nimmt Nachrichten langsamer auf, als sie ankommen. Die ältesten, die auf ihn warteten, sind verloren.</translation>
+    </message>
+    <message>
+        <source>Nothing to export.</source>
+        <translation>Es gibt nichts zu exportieren.</translation>
+    </message>
+    <message>
+        <source>No filename specified.</source>
+        <translation>Es ist kein Dateiname angegeben.</translation>
+    </message>
+</context>
+<context>
+    <name>GenericFileImporter</name>
+    <message>
+        <source>No error.</source>
+        <translation>Kein Fehler.</translation>
+    </message>
+    <message>
+        <source>Import error occured at line %1 of file %2.</source>
+        <translation>Fehler beim Import in Zeile %1 der Datei %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportReport</name>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>header</source>
+        <translation>Kopf</translation>
+    </message>
+    <message>
+        <source>comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>statistics</source>
+        <translation>Statistik</translation>
+    </message>
+    <message>
+        <source>too few fields</source>
+        <translation>zu wenige Felder</translation>
+    </message>
+    <message>
+        <source>not the shape of a frame</source>
+        <translation>nicht die Form eines Frames</translation>
+    </message>
+    <message>
+        <source>a number that cannot be read</source>
+        <translation>eine Zahl, die nicht lesbar ist</translation>
+    </message>
+    <message>
+        <source>a kind of frame that cannot be kept</source>
+        <translation>eine Art von Frame, die nicht gespeichert werden kann</translation>
+    </message>
+    <message>
+        <source>behind the end of the trace</source>
+        <translation>hinter dem Ende des Traces</translation>
+    </message>
+    <message>
+        <source>longer than a line may be</source>
+        <translation>länger, als eine Zeile sein darf</translation>
+    </message>
+    <message>
+        <source>data cut or changed</source>
+        <translation>Daten abgeschnitten oder geändert</translation>
+    </message>
+    <message>
+        <source>length changed</source>
+        <translation>Länge geändert</translation>
+    </message>
+    <message>
+        <source>identifier changed</source>
+        <translation>Identifier geändert</translation>
+    </message>
+    <message>
+        <source>time cut or changed</source>
+        <translation>Zeit abgeschnitten oder geändert</translation>
+    </message>
+</context>
+<context>
+    <name>IxxatFileImporter</name>
+    <message>
+        <source>No error.</source>
+        <translation>Kein Fehler.</translation>
+    </message>
+    <message>
+        <source>Import error occured at line %1 of file %2.</source>
+        <translation>Fehler beim Import in Zeile %1 der Datei %2.</translation>
+    </message>
+    <message>
+        <source>Import error occured. No valid column description found.</source>
+        <translation>Fehler beim Import. Es gibt keine gültige Beschreibung der Spalten.</translation>
+    </message>
+</context>
+<context>
+    <name>PeakTraceImporter</name>
+    <message>
+        <source>Import error occured at line %1 of file %2.</source>
+        <translation>Fehler beim Import in Zeile %1 der Datei %2.</translation>
+    </message>
+    <message>
+        <source>Import error occured. No valid column description found.</source>
+        <translation>Fehler beim Import. Es gibt keine gültige Beschreibung der Spalten.</translation>
+    </message>
+    <message>
+        <source>No error.</source>
+        <translation>Kein Fehler.</translation>
+    </message>
+</context>
+<context>
+    <name>TraceExpression</name>
+    <message>
+        <source>An &quot;and&quot; or &quot;or&quot; is missing here.</source>
+        <translation>Hier fehlt ein „and“ oder „or“.</translation>
+    </message>
+    <message>
+        <source>Parentheses may be %1 levels deep.</source>
+        <translation>Klammern dürfen %1 Ebenen tief sein.</translation>
+    </message>
+    <message>
+        <source>A closing parenthesis is missing here.</source>
+        <translation>Hier fehlt eine schließende Klammer.</translation>
+    </message>
+    <message>
+        <source>A condition is missing here.</source>
+        <translation>Hier fehlt eine Bedingung.</translation>
+    </message>
+    <message>
+        <source>Bytes are counted from b0 to b63.</source>
+        <translation>Bytes werden von b0 bis b63 gezählt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no word of filters.</source>
+        <translation>„%1“ ist kein Wort für Filter.</translation>
+    </message>
+    <message>
+        <source>A comparison or a range is missing here.</source>
+        <translation>Hier fehlt ein Vergleich oder ein Bereich.</translation>
+    </message>
+    <message>
+        <source>The range ends before it begins.</source>
+        <translation>Der Bereich endet, bevor er beginnt.</translation>
+    </message>
+    <message>
+        <source>A ~ and bytes in quotes are missing here.</source>
+        <translation>Hier fehlen ein ~ und Bytes in Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>The text is empty.</source>
+        <translation>Der Text ist leer.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no hexadecimal number.</source>
+        <translation>„%1“ ist keine hexadezimale Zahl.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no decimal number.</source>
+        <translation>„%1“ ist keine dezimale Zahl.</translation>
+    </message>
+    <message>
+        <source>A hexadecimal number is missing here.</source>
+        <translation>Hier fehlt eine hexadezimale Zahl.</translation>
+    </message>
+    <message>
+        <source>A decimal number is missing here.</source>
+        <translation>Hier fehlt eine dezimale Zahl.</translation>
+    </message>
+    <message>
+        <source>A blank behind the sign is not allowed.</source>
+        <translation>Hinter dem Vorzeichen ist kein Leerzeichen erlaubt.</translation>
+    </message>
+    <message>
+        <source>A second has at most 6 digits behind the point.</source>
+        <translation>Eine Sekunde hat höchstens 6 Stellen hinter dem Punkt.</translation>
+    </message>
+    <message>
+        <source>The highest number here is %1.</source>
+        <translation>Die höchste Zahl ist hier %1.</translation>
+    </message>
+    <message>
+        <source>A text in quotes is missing here.</source>
+        <translation>Hier fehlt ein Text in Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>The text that begins here has no quote at its end.</source>
+        <translation>Dem Text, der hier beginnt, fehlt das Anführungszeichen am Ende.</translation>
+    </message>
+    <message>
+        <source>Bytes in quotes are missing here.</source>
+        <translation>Hier fehlen Bytes in Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>No message has more than %1 bytes.</source>
+        <translation>Keine Nachricht hat mehr als %1 Bytes.</translation>
+    </message>
+    <message>
+        <source>A byte is missing here.</source>
+        <translation>Hier fehlt ein Byte.</translation>
+    </message>
+    <message>
+        <source>A quote is missing here.</source>
+        <translation>Hier fehlt ein Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>A byte is two hexadecimal digits, or ? for those that are open.</source>
+        <translation>Ein Byte sind zwei hexadezimale Ziffern, oder ? für solche, die offen sind.</translation>
+    </message>
+    <message>
+        <source>A filter has at most %1 characters.</source>
+        <translation>Ein Filter hat höchstens %1 Zeichen.</translation>
+    </message>
+</context>
+<context>
+    <name>TraceRecognition</name>
+    <message>
+        <source>This is a binary log (BLF). Export it as an ASC text and import that.</source>
+        <translation>Das ist ein binäres Log (BLF). Exportieren Sie es als ASC-Text und importieren Sie den.</translation>
+    </message>
+    <message>
+        <source>This is a measurement file (MDF). Export its frames as an ASC text and import that.</source>
+        <translation>Das ist eine Messdatei (MDF). Exportieren Sie ihre Frames als ASC-Text und importieren Sie den.</translation>
+    </message>
+    <message>
+        <source>This is a packet capture (pcap). Export it as CSV text and import that.</source>
+        <translation>Das ist ein Paketmitschnitt (pcap). Exportieren Sie ihn als CSV-Text und importieren Sie den.</translation>
+    </message>
+    <message>
+        <source>This is a packet capture (pcapng). Export it as CSV text and import that.</source>
+        <translation>Das ist ein Paketmitschnitt (pcapng). Exportieren Sie ihn als CSV-Text und importieren Sie den.</translation>
+    </message>
+    <message>
+        <source>This file is compressed (gzip). Unpack it first.</source>
+        <translation>Diese Datei ist komprimiert (gzip). Entpacken Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>This file is compressed (xz). Unpack it first.</source>
+        <translation>Diese Datei ist komprimiert (xz). Entpacken Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>This file is compressed (bzip2). Unpack it first.</source>
+        <translation>Diese Datei ist komprimiert (bzip2). Entpacken Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>This file is compressed (zstd). Unpack it first.</source>
+        <translation>Diese Datei ist komprimiert (zstd). Entpacken Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>Line %1 is a frame of the type %2, and %3 of the %4 lines looked at are frames.</source>
+        <translation>Zeile %1 ist ein Frame des Typs %2, und %3 der %4 betrachteten Zeilen sind Frames.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened: %1</source>
+        <translation>Die Datei kann nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>The name of the file ends as that of a chunk file.</source>
+        <translation>Der Name der Datei endet wie der einer Chunk-Datei.</translation>
+    </message>
+    <message>
+        <source>The file begins or is named as a ZIP archive.</source>
+        <translation>Die Datei beginnt oder heißt wie ein ZIP-Archiv.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The file is no text, and of no kind that is known.</source>
+        <translation>Die Datei ist kein Text und von keiner Art, die bekannt ist.</translation>
+    </message>
+    <message>
+        <source>None of the lines looked at is a frame of a known format. A text of fields between blanks can be read by describing its layout.</source>
+        <translation>Keine der betrachteten Zeilen ist ein Frame eines bekannten Formats. Ein Text aus Feldern zwischen Leerzeichen kann gelesen werden, wenn man seinen Aufbau beschreibt.</translation>
+    </message>
+</context>
+<context>
+    <name>TraceTableModel</name>
+    <message>
+        <source>no longer there</source>
+        <translation>nicht mehr da</translation>
+    </message>
+    <message>
+        <source>Tx</source>
+        <translation>Tx</translation>
+    </message>
+    <message>
+        <source>Rx</source>
+        <translation>Rx</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Identifier</source>
+        <translation>Identifier</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+</context>
+<context>
+    <name>TraceTimeline</name>
+    <message>
+        <source>The chunk %1 was created with a newer version of this tool; nothing of it is shown.</source>
+        <translation>Der Chunk %1 wurde mit einer neueren Version dieses Programms erstellt; nichts davon wird gezeigt.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 is no longer there.</source>
+        <translation>Der Chunk %1 ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>There is no chunk file %1.</source>
+        <translation>Es gibt keine Chunk-Datei %1.</translation>
+    </message>
+</context>
+</TS>
