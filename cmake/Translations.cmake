@@ -7,7 +7,7 @@ function(datachunk_translations target name)
     set(catalogue ${PROJECT_SOURCE_DIR}/translations/${name}_${language}.ts)
     set(texts ${CMAKE_CURRENT_BINARY_DIR}/${name}_${language}.qm)
     add_custom_command(OUTPUT ${texts} DEPENDS ${catalogue} VERBATIM
-                       COMMAND Qt5::lrelease -silent ${catalogue} -qm ${texts})
+                       COMMAND Qt${DATACHUNK_QT}::lrelease -silent ${catalogue} -qm ${texts})
     string(APPEND files "<file>${name}_${language}.qm</file>")
   endforeach()
   file(CONFIGURE OUTPUT ${qrc} @ONLY
