@@ -6,13 +6,15 @@
 
 // A CAN bus that needs no hardware. Its first frame tells how the device was configured: whether
 // CAN FD is on, then both bitrates in kbit/s; a remote and an error frame follow. The interface
-// "broken" fails in the way that ends a program which deletes the device.
+// "broken" fails in the way that ends a program which deletes the device, and "flood" brings
+// 200,000 frames with their numbers.
 class TestCanDevice : public QCanBusDevice
 {
     Q_OBJECT
 public:
     explicit TestCanDevice(const QString &interface)
-        : isBroken(interface == QLatin1String("broken"))
+        : isBroken(interface == QLatin1String("broken")),
+          isFlood(interface == QLatin1String("flood"))
     {
     }
 
@@ -28,6 +30,10 @@ protected:
             return true;
         }
         setState(ConnectedState);
+        if (isFlood) {
+            flood();
+            return true;
+        }
         QCanBusFrame data(0x123, configuration());
         data.setFlexibleDataRateFormat(configurationParameter(CanFdKey).toBool());
         QCanBusFrame remote(0x124, QByteArray(2, '\0'));
@@ -46,6 +52,18 @@ private:
         setState(UnconnectedState);
     }
 
+    void flood()
+    {
+        constexpr quint32 count = 200000;
+        QVector<QCanBusFrame> frames;
+        for (quint32 i = 0; i < count; ++i) {
+            QByteArray number(4, '\0');
+            qToBigEndian(i, number.data());
+            frames.append(QCanBusFrame(0x100, number));
+        }
+        enqueueReceivedFrames(frames);
+    }
+
     QByteArray configuration() const
     {
         QByteArray bytes(5, configurationParameter(CanFdKey).toBool() ? '\1' : '\0');
@@ -58,6 +76,7 @@ private:
     }
 
     const bool isBroken;
+    const bool isFlood;
     QThread thread;
 };
 
