@@ -1,9 +1,7 @@
 // A CAN bus monitor in one file. It records what a plug-in of QtSerialBus receives, for days if
 // need be, and shows all of it in one table, be it in memory or in chunk files by now.
-//
 //     cmake -S examples/embed -B build/embed && cmake --build build/embed
 //     build/embed/monitor socketcan can0
-//
 // The table follows the newest message, the bar beside it goes through the whole recording, and the
 // line above takes a filter such as "id==1a0 and b0>80". With a number behind the interface the
 // monitor ends after so many messages. The recording goes with it, unless it is exported.
@@ -35,12 +33,13 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    QString error("Usage: monitor PLUGIN INTERFACE [COUNT]");
-    std::unique_ptr<QCanBusDevice> bus;
-    if (arguments.size() >= 3)
-        bus.reset(QCanBus::instance()->createDevice(arguments.at(1), arguments.at(2), &error));
-    if (!bus)
-        qFatal("%s", qPrintable(error));
+    QString error;
+    const std::unique_ptr<QCanBusDevice> bus(
+        QCanBus::instance()->createDevice(arguments.value(1), arguments.value(2), &error));
+    if (!bus) {
+        qCritical() << error;
+        return 1;
+    }
 
     DatachunkHandler store(200000); // a chunk file for each 195000 messages
     store.setMaximumHDDSpace(4000); // MiB; then the oldest chunk files go
@@ -86,7 +85,8 @@ int main(int argc, char *argv[])
     });
     QObject::connect(&store, &DatachunkHandler::newErrorMessage, &problem, &QLabel::setText);
     window.show();
-    if (!bus->connectDevice())
-        qFatal("%s", qPrintable(bus->errorString()));
-    return QApplication::exec();
+    if (bus->connectDevice())
+        return QApplication::exec();
+    qCritical() << bus->errorString();
+    return 1;
 }
