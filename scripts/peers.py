@@ -57,7 +57,7 @@ def candump_frame(seconds, part, id, remote, is_fd, length, data):
 
 def run(*command, **options):
     # Messages are looked through for English words.
-    environment = {**os.environ, "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+    environment = {**os.environ, "LC_ALL": "C.UTF-8", "LANGUAGE": "", "TZ": "UTC"}
     return subprocess.run(command, capture_output=True, env=environment, **options)
 
 

@@ -9,7 +9,7 @@
 // CAN FD is on, then both bitrates in kbit/s; a remote and an error frame follow. Other interfaces:
 // "broken" fails in the way that ends a program which deletes the device, "stream" counts and never
 // ends, "flaky" is lost after each frame and not there at each second attempt, "full" tells that
-// its controller had no room.
+// its controller had no room, and "flood" brings 200,000 frames with their numbers.
 class TestCanDevice : public QCanBusDevice
 {
     Q_OBJECT
@@ -41,6 +41,8 @@ protected:
             timer.start(1);
         else if (interface == QLatin1String("full"))
             overflow();
+        else if (interface == QLatin1String("flood"))
+            flood();
         else
             introduce();
         return true;
@@ -93,6 +95,18 @@ private:
     {
         setError(QStringLiteral("It is broken."), ConnectionError);
         setState(UnconnectedState);
+    }
+
+    void flood()
+    {
+        constexpr quint32 count = 200000;
+        QVector<QCanBusFrame> frames;
+        for (quint32 i = 0; i < count; ++i) {
+            QByteArray number(4, '\0');
+            qToBigEndian(i, number.data());
+            frames.append(QCanBusFrame(0x100, number));
+        }
+        enqueueReceivedFrames(frames);
     }
 
     QByteArray configuration() const
