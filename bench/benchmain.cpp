@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+void registerExportBenchmarks();
 void registerImportBenchmarks();
 
 int main(int argc, char *argv[])
@@ -10,6 +11,7 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     registerImportBenchmarks();
+    registerExportBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;

@@ -1,5 +1,6 @@
 """Reads traces with several programs and tells what each makes of them; see peers.sh."""
 
+import csv
 import json
 import logging
 import os
@@ -60,16 +61,25 @@ def run(*command, **options):
     return subprocess.run(command, capture_output=True, env=environment, **options)
 
 
+def frames_of_json(lines):
+    frames = []
+    for line in lines.splitlines():
+        m = json.loads(line)
+        letters = letters_of(m["extended"], m["remote"], m["fd"])
+        id = "error" if m["error"] else m["id"]
+        microseconds = m["seconds"] * 1000000 + m["microseconds"]
+        frames.append(frame(microseconds, id, letters, m["length"], m["data"]))
+    return frames
+
+
+def json_lines(trace):
+    return Reading(frames_of_json(trace.read_bytes()), False)
+
+
 def datachunk(*options):
     def read(trace):
         done = run(os.environ["DATACHUNK"], "dump", "--json", *options, str(trace))
-        frames = []
-        for line in done.stdout.splitlines():
-            m = json.loads(line)
-            letters = letters_of(m["extended"], m["remote"], m["fd"])
-            id = "error" if m["error"] else m["id"]
-            microseconds = m["seconds"] * 1000000 + m["microseconds"]
-            frames.append(frame(microseconds, id, letters, m["length"], m["data"]))
+        frames = frames_of_json(done.stdout)
         return Reading(frames, done.returncode != 0 or b"not all of it" in done.stderr)
 
     return read
@@ -230,8 +240,170 @@ def compare(traces, is_verbose):
                          *(frames[kind] for kind in kinds)))
 
 
+def csv_rows(trace):
+    frames = []
+    with open(trace, newline="", encoding="utf-8") as file:
+        for row in csv.DictReader(file):
+            letters = letters_of(row["extended"] == "1", row["remote"] == "1", row["fd"] == "1")
+            id = "error" if row["error"] == "1" else int(row["id"], 16)
+            microseconds = round(float(row["time"]) * 1e6)
+            frames.append(frame(microseconds, id, letters, int(row["length"]),
+                                row["data"].lower()))
+    return Reading(frames, False)
+
+
+capture_fields = ("frame.time_epoch", "_ws.col.Protocol", "can.id", "can.flags.xtd",
+                  "can.flags.rtr", "can.flags.err", "can.len", "data.data")
+
+
+def tshark_fields(trace):
+    """What is shown of a capture, not what is in its packets."""
+    # A protocol above CAN, found by its shape, would take the payload.
+    done = run("tshark", "-r", str(trace), "--disable-protocol", "autosar-nm", "-T", "fields",
+               *(part for field in capture_fields for part in ("-e", field)))
+    frames = []
+    for line in done.stdout.decode().splitlines():
+        time, protocol, id, extended, remote, error, length, data = line.split("\t")
+        seconds, part = time.split(".")
+        letters = letters_of(extended == "1", remote == "1", protocol == "CANFD")
+        frames.append(frame(int(seconds) * 1000000 + int(part[:6]),
+                            "error" if error == "1" else int(id), letters, int(length), data))
+    return Reading(frames, done.returncode != 0)
+
+
+# What a reader is known not to take of a format, for which the file is not to blame: the frames,
+# or all of a trace with such a frame.
+Limit = namedtuple("Limit", "name concerns ends_trace")
+no_fd = Limit("CAN FD", lambda f: "f" in f.kind, False)
+no_remote = Limit("remote", lambda f: "r" in f.kind, False)
+no_trace_with_remote = Limit("traces with remote", no_remote.concerns, True)
+no_errors = Limit("errors", lambda f: f.id == "error", False)
+no_empty_fd = Limit("empty CAN FD", lambda f: "f" in f.kind and f.length == 0, False)
+
+# A format, the end of its names, the unit of its times in microseconds, what is left out of it, and
+# its readers.
+Conversion = namedtuple("Conversion", "format suffix unit left_out readers")
+conversions = [
+    Conversion("candump", ".log", 1, [], [("datachunk", datachunk(), []),
+                                          ("python-can", python_can, []),
+                                          ("log2long", log2long, []), ("tshark", tshark, [])]),
+    Conversion("candump-screen", ".txt", 1, [], [("datachunk", datachunk(), [])]),
+    Conversion("asc", ".asc", 1, [], [("datachunk", datachunk(), []),
+                                      ("python-can", python_can, [no_empty_fd]),
+                                      ("asc2log", asc2log, [])]),
+    Conversion("trc11", ".trc", 100, [no_fd],
+               [("datachunk", datachunk(), []),
+                ("python-can", python_can, [no_trace_with_remote, no_errors])]),
+    Conversion("trc21", ".trc", 1, [], [("datachunk", datachunk(), []),
+                                        ("python-can", python_can,
+                                         [no_fd, no_remote, no_errors])]),
+    Conversion("csv", ".csv", 1, [], [("Python's csv", csv_rows, [])]),
+    Conversion("jsonl", ".jsonl", 1, [], [("Python's json", json_lines, [])]),
+    Conversion("pcapng", ".pcapng", 1, [], [("tshark", tshark_fields, [])]),
+]
+
+
+def as_frame_on_bus(f):
+    """What becomes of lengths that no frame has, and whether the frame has one."""
+    lengths = [*range(9), 12, 16, 20, 24, 32, 48, 64]
+    if f.length <= 8 or (f.length in lengths and "f" in f.kind):
+        return f, False
+    length = next(length for length in lengths if length >= f.length)
+    kind = f.kind if "f" in f.kind else f.kind + "f"
+    return f._replace(kind=kind, length=length, data=f.data.ljust(2 * length, "0")), True
+
+
+def without(frames, limits):
+    """What is left of the frames, and how many each limit has taken."""
+    taken = Counter()
+    for limit in limits:
+        concerned = [f for f in frames if limit.concerns(f)]
+        left = [] if limit.ends_trace and concerned else [f for f in frames
+                                                          if not limit.concerns(f)]
+        taken[limit.name] += len(frames) - len(left)
+        frames = left
+    return frames, +taken
+
+
+def wrong_frames(wanted, got, unit):
+    """Times may count from a start, and have fewer digits."""
+    shift = got[0].time - wanted[0].time if wanted and got else 0
+    wrong = sum(abs(g.time - w.time - shift) > unit or w[1:] != g[1:]
+                for w, g in zip(wanted, got))
+    return wrong + abs(len(wanted) - len(got))
+
+
+class Table:
+    def __init__(self):
+        self.rows = {}
+        print(self.text("format", "reader", "files", "frames", "wrong", "not for this reader"))
+
+    @staticmethod
+    def text(*cells):
+        return "{:16}{:15}{:>6}{:>9}{:>7}  {}".format(*cells)
+
+    def add(self, format, reader, frames, wrong, taken):
+        counts, limits = self.rows.setdefault((format, reader), (Counter(), Counter()))
+        counts.update(files=1, frames=frames, wrong=wrong)
+        limits.update(taken)
+
+    def print(self):
+        for names, (counts, limits) in self.rows.items():
+            print(self.text(*names, counts["files"], counts["frames"], counts["wrong"],
+                            ", ".join(f"{name} {count}" for name, count in limits.items())))
+
+
+def told_counts(stderr, beginning):
+    return sum(int(count) for count in
+               re.findall(rb"^%s.*\((\d+)\)" % beginning, stderr, re.MULTILINE))
+
+
+def convert_one(conversion, trace, original, output, table):
+    """Returns what is wrong that no reader tells."""
+    done = run(os.environ["DATACHUNK"], "convert", "--as", conversion.format, str(trace),
+               str(output))
+    wanted, filled = original, 0
+    if conversion.format not in ("csv", "jsonl"):
+        wanted = [as_frame_on_bus(f) for f in original]
+        filled = sum(is_filled for _, is_filled in wanted)
+        wanted = [f for f, _ in wanted]
+    # An FD frame that is left out has no length.
+    wanted, left_out = without(wanted, conversion.left_out)
+    told = told_counts(done.stderr, b".*Left out:"), \
+        told_counts(done.stderr, b".*Written with another length:")
+    wrong = done.returncode != 0 or told[0] != sum(left_out.values()) \
+        or (told[1] != filled and not left_out)
+    if wrong:
+        print(f"{trace}: {conversion.format}: {done.stderr.decode()}")
+    for reader, read, limits in conversion.readers:
+        expected, taken = without(wanted, limits)
+        got = [] if wanted and not expected else without(read(output).frames, limits)[0]
+        frames_wrong = wrong_frames(expected, got, conversion.unit)
+        table.add(conversion.format, reader, len(expected), frames_wrong, taken + left_out)
+        if frames_wrong:
+            print(f"{trace}: {conversion.format} read by {reader}: {frames_wrong} wrong")
+        wrong += frames_wrong
+    return wrong
+
+
+def convert(traces):
+    table = Table()
+    wrong = 0
+    with tempfile.TemporaryDirectory() as folder:
+        for number, trace in enumerate(traces):
+            original = datachunk()(trace).frames
+            for conversion in conversions:
+                output = Path(folder, f"{number}-{conversion.format}{conversion.suffix}")
+                wrong += convert_one(conversion, trace, original, output, table)
+    table.print()
+    sys.exit(1 if wrong else 0)
+
+
 what, folder = sys.argv[1:]
 traces = sorted(Path(str(f)[:-len(".faithful")]) for f in Path(folder).rglob("*.faithful"))
 if not traces:
     sys.exit(f"{folder}: no traces with a .faithful beside them")
-compare(traces, what == "verbose")
+if what == "convert":
+    convert(traces)
+else:
+    compare(traces, what == "verbose")

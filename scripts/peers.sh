@@ -5,6 +5,8 @@
 #   peers.sh [FOLDER]         one row for each reader; DATACHUNK_TRACES is the folder by default;
 #                             the frames counted are those of losses that are not told
 #   peers.sh verbose FOLDER   also every trace that is not read without loss
+#   peers.sh convert FOLDER   every trace converted to every format and read back: what is wrong,
+#                             and what the reader takes of no file of that format
 #   peers.sh speed [FRAMES]   the time that one message takes, in generated traces
 #
 # The folder holds traces, and beside each "NAME.faithful" with the frames that are in it:
@@ -54,7 +56,10 @@ build release --target datachunk datachunk-generate
 dpkg-query -W -f='${Package} ${Version}\n' can-utils python3-can tshark
 case "${1:-}" in
 speed) speed "${2:-1000000}" ;;
-verbose) DATACHUNK="$datachunk" "$python" "$project/scripts/peers.py" verbose "$2" ;;
+verbose | convert)
+    DATACHUNK="$datachunk" "$python" "$project/scripts/peers.py" "$1" \
+        "${2:-${DATACHUNK_TRACES:?is not set, and no folder is named}}"
+    ;;
 *) DATACHUNK="$datachunk" "$python" "$project/scripts/peers.py" compare \
     "${1:-${DATACHUNK_TRACES:?is not set, and no folder is named}}" ;;
 esac

@@ -81,9 +81,10 @@ private:
     // checksum and bit timings, of which only the flags are known.
     static void writeFdFrame(const ExportFrame &frame, LineBuffer &line)
     {
-        constexpr int channelSize = 4;
+        constexpr int channelSize = 3;
         constexpr int idSize = 11;
-        line.add(" CANFD");
+        constexpr int lengthSize = 2;
+        line.add(" CANFD ");
         int start = line.count();
         line.addNumber(frame.line);
         line.alignRight(start, start + channelSize);
@@ -95,7 +96,9 @@ private:
         line.add(frame.errorState ? "1 " : "0 ");
         line.addHex(lengthCode(frame.length), 1);
         line.add(' ');
+        start = line.count();
         line.addNumber(frame.length);
+        line.alignRight(start, start + lengthSize); // by which asc2log finds the payload
         line.addSpacedBytes(frame.data, frame.length);
         line.add("        0    0     ");
         line.addHex(

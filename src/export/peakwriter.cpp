@@ -35,7 +35,7 @@ protected:
     void addFront(LineBuffer &line, ExportFrame &frame, bool isVersion1)
     {
         constexpr int numberSize = 7;
-        constexpr int timeSize = 21;
+        const int timeSize = isVersion1 ? 19 : 21; // with the number
         line.addNumber(++number);
         if (isVersion1)
             line.add(')');

@@ -45,6 +45,7 @@ CAN::CanRxMessage randomMessage(QRandomGenerator &random)
     message.flagD = isSet();
     message.messageNumber = random.generate();
     message.line = quint16(random.generate());
+    message.transmitted = isSet();
     return message;
 }
 
@@ -83,6 +84,8 @@ QByteArray documentOf(const CAN::CanRxMessage &message, const QString &note,
         object.insert("note", note);
     if (!errorTypeName(message).isEmpty())
         object.insert("errorType", errorTypeName(message));
+    if (message.transmitted)
+        object.insert("transmitted", true);
     if (place)
         object.insert("position", qint64(place->position));
     if (place && place->isContext)
