@@ -105,7 +105,7 @@ TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn
 
 TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn)
 {
-    const TraceRequest request{fileName, type, formatDescription, mode};
+    const TraceRequest request{fileName, type, formatDescription, mode, device};
     const TraceReader reader = traceReaderFor(request);
     if (!isTraceText(type) || reader.verdict == TraceReader::CountsAsFailed) {
         errors.append(storeText("Unknown import error"));
