@@ -62,8 +62,8 @@ void TestConvert::everyFormatThatWeReadComesBack()
     // More than the blocks between the threads hold, and times that all formats can say.
     writeFile("day.log", frames(0, 20000));
     const QByteArray read = outputOf("dump day.log");
-    for (const char *command : {"convert day.log %1 %2", "export day.log --to %1 %2",
-                                "convert --to %1 %2 day.log"}) {
+    for (const char *command :
+         {"convert day.log %1 %2", "export day.log --to %1 %2", "convert --to %1 %2 day.log"}) {
         QCOMPARE(outputOf(QString(command).arg(file, options)), file.toLatin1() + '\n');
         const QByteArray back = outputOf("dump " + file);
         // Some formats count from the first message.
@@ -85,7 +85,7 @@ void TestConvert::inputsAreMergedByTime_data()
     row("a folder and a text", "chunks odd.log", numbersFrom(0, 3000));
     row("one is shorter", "even.log five.log --until 5", {0, 2, 4, 5, 6, 6});
     row("of equal times the first named is first", "five.log even.log --select 4 --id 123", {6});
-    row("one is out of order", "back.log five.log", {5, 6, 7, 8, 9, 9, 4, 5});
+    row("one is out of order", "back.log five.log", {5, 6, 7, 8, 9, 4, 5, 9});
     row("positions are those of the merged trace", "odd.log even.log --range 7:9", {7, 8, 9});
     row("an expression in front of the merge", "odd.log even.log --time 99..102 --count 2",
         {99, 100});
