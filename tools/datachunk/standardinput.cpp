@@ -82,7 +82,7 @@ qint64 StandardInput::readMore(char *data, qint64 maxSize)
     return got;
 }
 
-// A signal ends the waiting, whichever thread gets it.
+// A signal ends the waiting, whichever thread gets it, and is told by whoever reads.
 bool StandardInput::waitForBytes()
 {
     constexpr int millisecondsBetweenLooks = 100;
@@ -96,7 +96,7 @@ bool StandardInput::waitForBytes()
             return false;
         }
     }
-    fail(systemErrorText(EINTR));
+    isOver = true;
     return false;
 }
 

@@ -4,7 +4,7 @@
 #include <QIODevice>
 
 /// Standard input as the bytes of a trace, read once. Keeps the beginning, so that the kind of the
-/// trace can be found and readers can look ahead. A signal that stops the program fails it.
+/// trace can be found and readers can look ahead. A signal that stops the program ends it.
 class StandardInput : public QIODevice
 {
 public:
