@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr qint64 mostKept = 4 * 1024 * 1024;
+constexpr qint64 mostKept = 4LL * 1024 * 1024;
 
 } // namespace
 
@@ -23,8 +23,8 @@ StandardInput::StandardInput()
 
 QByteArray StandardInput::peekBeginning(qint64 size)
 {
-    constexpr qint64 blockSize = 64 * 1024;
-    QByteArray block(blockSize, Qt::Uninitialized);
+    constexpr qint64 blockSize = 64LL * 1024;
+    QByteArray block(int(blockSize), Qt::Uninitialized);
     while (kept.size() < size && readMore(block.data(), blockSize) > 0) { }
     return kept.left(int(size));
 }
@@ -46,7 +46,7 @@ bool StandardInput::seek(qint64 to)
 // As much as may come, so that readers ask for much at a time.
 qint64 StandardInput::bytesAvailable() const
 {
-    constexpr qint64 many = 1024 * 1024;
+    constexpr qint64 many = 1024LL * 1024;
     const bool isAtEnd = isOver && position >= received;
     return QIODevice::bytesAvailable() + (isAtEnd ? 0 : many);
 }
