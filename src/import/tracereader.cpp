@@ -19,23 +19,43 @@ Outcome leaveOutRest(LineSource &lines, TraceSink &sink)
     return Outcome::done();
 }
 
+// Without what may have gone wrong with the bytes.
+Outcome readLines(QIODevice &content, const TraceRequest &request, TraceSink &sink)
+{
+    const TraceReader reader = traceReaderFor(request);
+    LineSource lines(content, reader.carriageReturns);
+    Outcome result = reader.read(lines, sink, request);
+    if (result.isDone())
+        result = leaveOutRest(lines, sink);
+    if (result.kind != Outcome::GivenUp)
+        sink.report(lines.finishReport());
+    return result;
+}
+
+Outcome readDevice(QIODevice &device, const TraceRequest &request, TraceSink &sink)
+{
+    Outcome result = Outcome::notOpened();
+    const bool isAtBeginning = device.seek(0);
+    if (isAtBeginning)
+        result = readLines(device, request, sink);
+    if (!isAtBeginning || (result.kind != Outcome::GivenUp && !device.atEnd()))
+        result.text = device.errorString();
+    return result;
+}
+
 } // namespace
 
 Outcome readTraceFile(const TraceRequest &request, TraceSink &sink)
 {
-    const TraceReader reader = traceReaderFor(request);
+    if (request.device)
+        return readDevice(*request.device, request, sink);
     const auto unpacking =
         request.readsCompressed() ? UnpackedFile::WhereCompressed : UnpackedFile::Never;
     UnpackedFile file(request.fileName, unpacking);
     if (!file.openForReading())
         return Outcome::notOpened(file.refusal());
     sink.begin(file);
-    LineSource lines(file, reader.carriageReturns);
-    Outcome result = reader.read(lines, sink, request);
-    if (result.isDone())
-        result = leaveOutRest(lines, sink);
-    if (result.kind != Outcome::GivenUp)
-        sink.report(lines.finishReport());
+    Outcome result = readLines(file, request, sink);
     result.text = file.readErrorText();
     return result;
 }

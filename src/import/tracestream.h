@@ -11,6 +11,8 @@
 
 #include <functional>
 
+class QIODevice;
+
 /// A message of a trace with what belongs to it.
 struct TraceItem
 {
@@ -54,6 +56,13 @@ public:
     /// for which such files are read twice. Messages of texts are numbered from 0.
     Result read(const Take &take, const GoesOn &goesOn);
 
+    /// Has a text read from a device instead of the file, which then is a name only. The device is
+    /// open, lives as long, and has failed where it is not atEnd() once nothing more can be read;
+    /// its errorString() is told then. It need not know its size, but has to go back to its
+    /// beginning as long as no more than 2 MiB of it were read; nearly every type is read in one go
+    /// from there. Used by the thread that reads.
+    void setDevice(QIODevice *newDevice) { device = newDevice; }
+
     /// How a text is read; strictly at first.
     void setMode(DatachunkHelper::ImportMode newMode) { mode = newMode; }
 
@@ -72,6 +81,7 @@ private:
     DatachunkHelper::ImportFileType type;
     QString formatDescription;
     DatachunkHelper::ImportMode mode = DatachunkHelper::Strict;
+    QIODevice *device = nullptr; // not owned
     ImportReport lastReport;
     QStringList errors;
 };

@@ -27,9 +27,10 @@ bool readPaths(const QCommandLineParser &parser, QStringList &inputs, Conversion
     return false;
 }
 
-// Each path is an input of its own. False, with a text printed, when one is no trace.
-bool openInputs(const QStringList &paths, const TraceFile &trace, std::vector<TraceInputs> &opened)
+bool convertPaths(const QStringList &paths, const TraceFile &trace, const Conversion &wanted)
 {
+    if (!wanted.goesToOutput() && !checkFree(wanted.target))
+        return false;
     if (paths.size() > int(MergedTrace::mostInputs)) {
         printError(Cli::tr("%1 paths").arg(paths.size()),
                    Cli::tr("At most %1 traces are merged at a time. Chunk files in a folder are "
@@ -37,24 +38,12 @@ bool openInputs(const QStringList &paths, const TraceFile &trace, std::vector<Tr
                        .arg(MergedTrace::mostInputs));
         return false;
     }
-    for (const QString &path : paths) {
-        opened.emplace_back(trace);
-        if (!opened.back().open({path}, TraceInputs::AsStream))
-            return false;
-    }
-    return true;
-}
-
-bool convertPaths(const QStringList &paths, const TraceFile &trace, const Conversion &wanted)
-{
-    if (!wanted.goesToOutput() && !checkFree(wanted.target))
-        return false;
-    std::vector<TraceInputs> opened;
-    if (!openInputs(paths, trace, opened))
+    TraceInputs opened(trace);
+    if (!opened.openEach(paths))
         return false;
     std::vector<TraceInput *> inputs;
-    for (const TraceInputs &each : opened)
-        inputs.push_back(each.all().front().get());
+    for (const auto &input : opened.all())
+        inputs.push_back(input.get());
     return convert(inputs, wanted);
 }
 

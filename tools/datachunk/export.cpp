@@ -17,7 +17,9 @@ bool readTarget(const QCommandLineParser &parser, Conversion &wanted)
 
 int exportTrace(const TraceFile &trace, const Conversion &wanted)
 {
-    if (!checkReadable(trace.name) || !(wanted.goesToOutput() || checkFree(wanted.target)))
+    const bool isStandardInput = trace.name == QLatin1String("-");
+    if ((!isStandardInput && !checkReadable(trace.name))
+        || !(wanted.goesToOutput() || checkFree(wanted.target)))
         return Failed;
     TraceInputs inputs(trace);
     const bool done = inputs.open({trace.name}, TraceInputs::AsStream)

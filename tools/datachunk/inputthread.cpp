@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::size_t mostWaiting = 6;
 // A text may have a note of a million characters on every line.
-constexpr std::size_t mostNoteCharacters = 256 * 1024;
+constexpr std::size_t mostNoteCharacters = std::size_t(256) * 1024;
 
 } // namespace
 

@@ -28,9 +28,9 @@ public:
 
     bool takes(const CAN::CanRxMessage &message, const QString &note)
     {
-        const quint64 at = position++;
         const bool isTaken = !isDone() && (!asksExpression || matcher.takes(message, note))
-            && selection.positions().contains(at);
+            && selection.positions().contains(position);
+        ++position;
         taken += isTaken ? 1 : 0;
         return isTaken;
     }

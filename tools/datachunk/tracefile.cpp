@@ -2,10 +2,12 @@
 
 #include "commands.h"
 #include "filechecks.h"
+#include "standardinput.h"
 #include "terminal.h"
 #include "tracerecognition.h"
 
 #include <QMetaEnum>
+#include <QTemporaryFile>
 
 namespace {
 
@@ -17,6 +19,46 @@ QMetaEnum typeEnum()
 QString allTypeNames()
 {
     return typeNames().join(QLatin1String(", "));
+}
+
+// The type where none was told, by what the file \a content holds.
+bool checkType(TraceFile &trace, const QString &content)
+{
+    QString explanation = Cli::tr("The type of the file is unknown.");
+    const bool isStrict = trace.mode == DatachunkHelper::Strict;
+    if (trace.detectsType && isStrict && trace.device) {
+        trace.type = DatachunkHelper().checkTxtFile(content);
+    } else if (trace.detectsType) {
+        const TraceRecognition found =
+            isStrict ? TraceRecognition::strictly(content) : TraceRecognition::of(content);
+        trace.type = found.type;
+        if (!found.explanation.isEmpty())
+            explanation = found.explanation;
+    }
+    if (trace.type == DatachunkHelper::Unknown)
+        printError(trace.name, explanation);
+    else if (trace.type == DatachunkHelper::EmptyTxtFile)
+        printError(trace.name, Cli::tr("The file is empty."));
+    else if (trace.type == DatachunkHelper::Unassigned)
+        printError(trace.name,
+                   Cli::tr("Files of type %1 cannot be read.").arg(typeName(trace.type)));
+    else
+        return true;
+    return false;
+}
+
+// Recognition looks no further in a text of this size.
+constexpr qint64 recognisedSize = 192LL * 1024;
+
+// Bytes that are a chunk file, an archive or compressed. Texts in UTF-16 have zeros, too.
+bool isNoText(const QByteArray &beginning)
+{
+    const bool isWide = beginning.startsWith("\xFF\xFE") || beginning.startsWith("\xFE\xFF");
+    const bool isCompressed = beginning.startsWith("\x1F\x8B") || beginning.startsWith("BZh")
+        || beginning.startsWith("\xFD"
+                                "7zXZ")
+        || beginning.startsWith("\x28\xB5\x2F\xFD");
+    return isCompressed || (!isWide && beginning.contains('\0'));
 }
 
 } // namespace
@@ -91,25 +133,28 @@ bool readTraceOptions(const QCommandLineParser &parser, TraceFile &trace)
 
 bool checkTrace(TraceFile &trace)
 {
-    if (!checkReadable(trace.name))
-        return false;
-    QString explanation = Cli::tr("The type of the file is unknown.");
-    if (trace.detectsType) {
-        const bool isStrict = trace.mode == DatachunkHelper::Strict;
-        const TraceRecognition found =
-            isStrict ? TraceRecognition::strictly(trace.name) : TraceRecognition::of(trace.name);
-        trace.type = found.type;
-        if (!found.explanation.isEmpty())
-            explanation = found.explanation;
-    }
-    if (trace.type == DatachunkHelper::Unknown)
-        printError(trace.name, explanation);
-    else if (trace.type == DatachunkHelper::EmptyTxtFile)
-        printError(trace.name, Cli::tr("The file is empty."));
-    else if (trace.type == DatachunkHelper::Unassigned)
+    return checkReadable(trace.name) && checkType(trace, trace.name);
+}
+
+bool checkStandardInput(TraceFile &trace, StandardInput &input)
+{
+    trace.name = Cli::tr("standard input");
+    trace.device = &input;
+    const QByteArray beginning = input.peekBeginning(recognisedSize);
+    if (isNoText(beginning)) {
         printError(trace.name,
-                   Cli::tr("Files of type %1 cannot be read.").arg(typeName(trace.type)));
-    else
+                   Cli::tr("Only plain texts can be read from there, not chunk files, archives and "
+                           "compressed traces. Give the name of the file."));
+        return false;
+    }
+    if (!trace.detectsType)
         return true;
+    // What recognises traces looks at files.
+    QTemporaryFile file;
+    const qint64 size =
+        beginning.size() < recognisedSize ? beginning.size() : beginning.lastIndexOf('\n') + 1;
+    if (file.open() && file.write(beginning.constData(), size) == size && file.flush())
+        return checkType(trace, file.fileName());
+    printError(file.fileTemplate(), file.errorString());
     return false;
 }

@@ -1,6 +1,7 @@
 #include "traceinput.h"
 
 #include "chunknames.h"
+#include "standardinput.h"
 #include "stopsignals.h"
 #include "terminal.h"
 
@@ -133,6 +134,11 @@ bool canBeInTimeline(const TraceFile &trace)
         && isNamedSo == (trace.type == DatachunkHelper::ZipArchive);
 }
 
+TraceInput::Name nameOf(const TraceFile &file, bool isFolder)
+{
+    return {file.name, isFolder ? Cli::tr("folder") : typeName(file.type)};
+}
+
 } // namespace
 
 Result tellGone(const QString &subject, quint64 messages)
@@ -143,22 +149,32 @@ Result tellGone(const QString &subject, quint64 messages)
     return Result::Damaged;
 }
 
+TraceInputs::TraceInputs(TraceFile options) : options(std::move(options)) { }
+
+TraceInputs::~TraceInputs() = default;
+
+bool TraceInputs::check(const QString &name, Path &path)
+{
+    path = {options, QFileInfo(name).isDir()};
+    path.file.name = name;
+    if (name != QLatin1String("-"))
+        return path.isFolder || checkTrace(path.file);
+    if (standardInput) {
+        printError(Cli::tr("standard input"), Cli::tr("It can be read only once."));
+        return false;
+    }
+    standardInput = std::make_unique<StandardInput>();
+    return checkStandardInput(path.file, *standardInput);
+}
+
 bool TraceInputs::open(const QStringList &paths, Alone alone)
 {
-    struct Path
-    {
-        TraceFile file;
-        bool isFolder = false;
-    };
-    std::vector<Path> named;
+    std::vector<Path> named(std::size_t(paths.size()));
     bool areChunks = true;
-    for (const QString &path : paths) {
-        Path next{options, QFileInfo(path).isDir()};
-        next.file.name = path;
-        if (!next.isFolder && !checkTrace(next.file))
+    for (std::size_t i = 0; i < named.size(); ++i) {
+        if (!check(paths.at(int(i)), named[i]))
             return false;
-        areChunks = areChunks && (next.isFolder || canBeInTimeline(next.file));
-        named.push_back(next);
+        areChunks = areChunks && (named[i].isFolder || canBeInTimeline(named[i].file));
     }
     const bool isAlone = !areChunks || named.size() == 1;
     std::vector<TraceInput::Name> chunks;
@@ -167,11 +183,26 @@ bool TraceInputs::open(const QStringList &paths, Alone alone)
             inputs.push_back(std::make_unique<StreamInput>(file));
             continue;
         }
-        chunks.push_back({file.name, isFolder ? Cli::tr("folder") : typeName(file.type)});
+        chunks.push_back(nameOf(file, isFolder));
         if (!isAlone && chunks.size() < named.size())
             continue;
         inputs.push_back(std::make_unique<TimelineInput>(std::move(chunks)));
         chunks = {};
+    }
+    return true;
+}
+
+bool TraceInputs::openEach(const QStringList &paths)
+{
+    for (const QString &name : paths) {
+        Path path;
+        if (!check(name, path))
+            return false;
+        if (path.isFolder)
+            inputs.push_back(std::make_unique<TimelineInput>(
+                std::vector<TraceInput::Name>{nameOf(path.file, true)}));
+        else
+            inputs.push_back(std::make_unique<StreamInput>(path.file));
     }
     return true;
 }

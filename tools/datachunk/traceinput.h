@@ -50,6 +50,8 @@ inline TraceReading::Result worse(TraceReading::Result a, TraceReading::Result b
 /// Tells how many messages are no longer there, and whether that is damage.
 TraceReading::Result tellGone(const QString &subject, quint64 messages);
 
+class StandardInput;
+
 /// The traces of a command line, each checked.
 class TraceInputs
 {
@@ -57,8 +59,9 @@ public:
     /// How a chunk file or an archive is read that is named alone.
     enum Alone { AsStream, AsTimeline };
 
-    /// Reads each path as \a options say.
-    explicit TraceInputs(TraceFile options = {}) : options(std::move(options)) { }
+    /// Reads each path as \a options say, and "-" from standard input.
+    explicit TraceInputs(TraceFile options = {});
+    ~TraceInputs();
 
     /// Takes over the options of a trace. False, with the usage error printed, for wrong ones.
     bool readOptions(const QCommandLineParser &parser) { return readTraceOptions(parser, options); }
@@ -66,10 +69,21 @@ public:
     /// False, with a text printed, when one of the paths is no trace. Chunk files, folders of them
     /// and archives are one input; as soon as something else is among the paths each is one.
     bool open(const QStringList &paths, Alone alone);
+    /// The same with an input for each of the paths, chunk files and archives as streams.
+    bool openEach(const QStringList &paths);
 
     const std::vector<std::unique_ptr<TraceInput>> &all() const { return inputs; }
 
 private:
+    struct Path
+    {
+        TraceFile file;
+        bool isFolder = false;
+    };
+
+    bool check(const QString &name, Path &path);
+
     TraceFile options;
+    std::unique_ptr<StandardInput> standardInput;
     std::vector<std::unique_ptr<TraceInput>> inputs;
 };

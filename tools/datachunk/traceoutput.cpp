@@ -2,6 +2,10 @@
 
 #include "terminal.h"
 
+#include <algorithm>
+
+#include <unistd.h>
+
 TraceOutput::TraceOutput(const QString &fileName, TraceExport::Format format,
                          TraceExport::Times times)
     : file(fileName), toOutput(fileName.isEmpty()), text(format, times)
@@ -32,8 +36,20 @@ bool TraceOutput::close()
 
 bool TraceOutput::flush()
 {
-    const bool isWritten =
-        toOutput ? writeOutput(bytes) : file.write(bytes) == qint64(bytes.size());
+    const bool isWritten = toOutput ? print() : file.write(bytes) == qint64(bytes.size());
     bytes.resize(0);
     return isWritten;
+}
+
+// A terminal gets line by line, for notes may hold what steers it.
+bool TraceOutput::print()
+{
+    if (!isatty(STDOUT_FILENO))
+        return writeOutput(bytes);
+    QList<QByteArray> lines = bytes.split('\n');
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    return std::all_of(lines.begin(), lines.end(), [](const QByteArray &line) {
+        return writeLine(QString::fromUtf8(line.endsWith('\r') ? line.chopped(1) : line));
+    });
 }

@@ -25,6 +25,7 @@ public:
 
 private:
     bool flush();
+    bool print();
 
     QFile file;
     const bool toOutput;

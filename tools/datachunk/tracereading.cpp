@@ -8,6 +8,7 @@ TraceReading::Result TraceReading::forEachMessage(const TraceStream::Take &visit
 {
     TraceStream stream(trace.name, trace.type, trace.formatDescription);
     stream.setMode(trace.mode);
+    stream.setDevice(trace.device);
     const TraceStream::Result result = stream.read(visit, [] {
         QCoreApplication::processEvents();
         return !StopSignals::received();
