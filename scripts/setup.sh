@@ -16,6 +16,7 @@ packages=(
     libqt5serialbus5-dev libqt5serialbus5-plugins
     libquazip1-qt5-dev zlib1g-dev libxxhash-dev
     libbenchmark-dev
+    libsystemd-dev
 )
 
 missing_packages() {
