@@ -17,6 +17,7 @@ packages=(
     libquazip1-qt5-dev zlib1g-dev libxxhash-dev
     libarchive-dev liblzma-dev
     libbenchmark-dev
+    libsystemd-dev
 )
 
 missing_packages() {

@@ -1,5 +1,5 @@
 // Loaded in front of a program: while the file that STALL names exists, chunk files cannot be
-// written, as on a disk that does not answer.
+// written, or moved where STALL_MOVES is set, as on a disk that does not answer.
 
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +9,12 @@
 #include <unistd.h>
 
 namespace {
+
+bool isStalled()
+{
+    static const char *const stall = std::getenv("STALL");
+    return stall && access(stall, F_OK) == 0;
+}
 
 bool isChunk(int fd)
 {
@@ -29,8 +35,17 @@ extern "C" __attribute__((visibility("default"))) ssize_t write(int fd, const vo
 {
     using Write = ssize_t (*)(int, const void *, std::size_t);
     static const auto real = reinterpret_cast<Write>(dlsym(RTLD_NEXT, "write"));
-    static const char *const stall = std::getenv("STALL");
-    while (stall && access(stall, F_OK) == 0 && isChunk(fd))
+    while (isStalled() && !std::getenv("STALL_MOVES") && isChunk(fd))
         usleep(1000);
     return real(fd, data, size);
+}
+
+extern "C" __attribute__((visibility("default"))) int
+renameat2(int oldFolder, const char *oldName, int newFolder, const char *newName, unsigned flags)
+{
+    using Rename = int (*)(int, const char *, int, const char *, unsigned);
+    static const auto real = reinterpret_cast<Rename>(dlsym(RTLD_NEXT, "renameat2"));
+    while (isStalled() && std::getenv("STALL_MOVES") && std::strstr(newName, ".dck"))
+        usleep(1000);
+    return real(oldFolder, oldName, newFolder, newName, flags);
 }

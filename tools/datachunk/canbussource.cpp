@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr QLatin1String socketCan("socketcan");
+const QLatin1String socketCan("socketcan");
 
 quint16 trailingNumber(const QString &name)
 {

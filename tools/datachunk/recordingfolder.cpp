@@ -49,28 +49,27 @@ QString RecordingFolder::chunkPath(quint32 index) const
     return folder.absoluteFilePath(ChunkNames::rotated(index));
 }
 
-bool RecordingFolder::take(const QString &from, const QString &to)
+int RecordingFolder::moveIn(const QString &from, const QString &to) const
 {
     int error = 0;
     const auto move = [&] {
         error = moveFile(from, to);
         return error == 0;
     };
-    if (!moveChunk(from, to, move))
-        printError(to, systemErrorText(error));
-    return error == 0;
+    return moveChunk(from, to, move) ? 0 : error;
 }
 
-bool RecordingFolder::addChunk(quint32 index, quint32 messageCount)
+int RecordingFolder::moveChunkIn(quint32 index) const
 {
-    const QString path = chunkPath(index);
-    if (!take(chunkFolder.absoluteFilePath(ChunkNames::rotated(index)), path))
-        return false;
-    const qint64 size = QFileInfo(path).size();
+    return moveIn(chunkFolder.absoluteFilePath(ChunkNames::rotated(index)), chunkPath(index));
+}
+
+void RecordingFolder::addChunk(quint32 index, quint32 messageCount)
+{
+    const qint64 size = QFileInfo(chunkPath(index)).size();
     chunks.insert(index, {size, messageCount});
     bytes += size;
     messages += messageCount;
-    return true;
 }
 
 QString RecordingFolder::unfinishedLastChunk() const
@@ -83,9 +82,13 @@ qint64 RecordingFolder::addLastChunk()
     const qint64 count = cutToWholeRecords(unfinishedLastChunk());
     // The same permissions as those of the other chunks.
     QFile::setPermissions(unfinishedLastChunk(), QFile::ReadOwner | QFile::WriteOwner);
-    if (count <= 0 || !take(unfinishedLastChunk(), folder.absoluteFilePath(ChunkNames::last())))
+    if (count <= 0)
         return 0;
-    return count;
+    const QString path = folder.absoluteFilePath(ChunkNames::last());
+    const int error = moveIn(unfinishedLastChunk(), path);
+    if (error != 0)
+        printError(path, systemErrorText(error));
+    return error == 0 ? count : 0;
 }
 
 bool RecordingFolder::removeOldest()

@@ -24,9 +24,12 @@ public:
     /// Tells where the store writes its chunks.
     void setChunkFolder(const QString &path) { chunkFolder.setPath(path); }
 
-    /// Takes chunk \a index, which has \a messageCount messages, into the recording. False, with a
-    /// text printed, when that fails.
-    bool addChunk(quint32 index, quint32 messageCount);
+    /// Moves chunk \a index into the recording; returns 0, or the system's error. Waits for the
+    /// disk; on one thread, whatever the others do meanwhile.
+    int moveChunkIn(quint32 index) const;
+
+    /// Counts chunk \a index, which was moved in and has \a messageCount messages.
+    void addChunk(quint32 index, quint32 messageCount);
 
     /// Where to write the messages behind the last chunk.
     QString unfinishedLastChunk() const;
@@ -49,7 +52,7 @@ public:
 
 private:
     QString chunkPath(quint32 index) const;
-    bool take(const QString &from, const QString &to);
+    int moveIn(const QString &from, const QString &to) const;
 
     const QDir folder;
     OwnerLock lock;

@@ -123,13 +123,24 @@ bool RecordingStore::waitForChunk()
     for (int looks = 1; !broken && before != 0 && waiting.size() == before; ++looks) {
         QThread::usleep(microsecondsBetweenLooks);
         QCoreApplication::sendPostedEvents(store.get());
+        QCoreApplication::sendPostedEvents(this);
         if (looks % looksBetweenSigns == 0)
             emit stillWaiting();
     }
     return waiting.size() != before;
 }
 
+// A disk that does not answer must not hold up the messages that come in.
 void RecordingStore::takeChunk(quint32 index)
+{
+    disk.run([this, index] {
+        const int error = folder.moveChunkIn(index);
+        QMetaObject::invokeMethod(
+            this, [this, index, error] { countChunk(index, error); }, Qt::QueuedConnection);
+    });
+}
+
+void RecordingStore::countChunk(quint32 index, int error)
 {
     Chunk written;
     if (!waiting.empty()) {
@@ -138,8 +149,10 @@ void RecordingStore::takeChunk(quint32 index)
         waitingBytes -= written.bytes;
         waitingMessages -= written.messages;
     }
-    if (!folder.addChunk(index, written.messages))
-        breakOff();
+    if (error == 0)
+        folder.addChunk(index, written.messages);
+    else
+        fail(systemErrorText(error));
     emit chunkWritten();
 }
 
@@ -168,6 +181,9 @@ void RecordingStore::waitForSaves()
     while (!store->waitForSaves(millisecondsBetweenSigns))
         emit stillWaiting();
     QCoreApplication::sendPostedEvents(store.get());
+    while (!disk.wait(millisecondsBetweenSigns))
+        emit stillWaiting();
+    QCoreApplication::sendPostedEvents(this);
 }
 
 quint64 RecordingStore::finish()

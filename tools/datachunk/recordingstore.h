@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datachunkhandler.h"
+#include "diskthread.h"
 #include "recordingfolder.h"
 
 #include <memory>
@@ -58,6 +59,7 @@ private:
     bool deleteOldest();
     bool waitForChunk();
     void takeChunk(quint32 index);
+    void countChunk(quint32 index, int error);
     void fail(const QString &text);
     void storeFailed(QString text);
     void breakOff();
@@ -82,4 +84,5 @@ private:
     quint64 waitingMessages = 0;
     bool deletionTold = false;
     bool broken = false; // what the folder holds has to be counted
+    DiskThread disk;     // last: what it does uses the others
 };

@@ -17,7 +17,7 @@ constexpr quint64 mostMebibytes = std::numeric_limits<quint32>::max();
 constexpr quint64 mostBitrate = 100000000;
 constexpr qint64 microsecondsPerMillisecond = 1000;
 constexpr qint64 second = 1000000; // in microseconds
-constexpr qint64 day = 24 * 60 * 60 * second;
+constexpr qint64 day = 24LL * 60 * 60 * second;
 constexpr qint64 gibibyte = 1024 * bytesPerMebibyte;
 
 bool readBusOptions(const QCommandLineParser &parser, CanBusOptions &bus)

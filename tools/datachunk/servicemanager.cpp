@@ -2,6 +2,7 @@
 
 #include <QDeadlineTimer>
 
+#include <cstdint>
 #include <utility>
 
 #ifdef DATACHUNK_SYSTEMD
@@ -25,16 +26,15 @@ void tell(const QByteArray &state)
 // Twice as often as the watchdog wants a sign.
 int millisecondsBetweenSigns()
 {
-    constexpr quint64 microsecondsPerMillisecond = 1000;
-    quint64 interval = 0;
 #ifdef DATACHUNK_SYSTEMD
+    constexpr std::uint64_t microsecondsPerMillisecond = 1000;
+    constexpr std::uint64_t least = 1;
     std::uint64_t watchdog = 0;
     if (sd_watchdog_enabled(0, &watchdog) > 0)
-        interval = watchdog / microsecondsPerMillisecond / 2;
+        return int(qBound(least, watchdog / microsecondsPerMillisecond / 2,
+                          std::uint64_t(millisecondsBetweenStates)));
 #endif
-    constexpr quint64 least = 1;
-    return interval == 0 ? millisecondsBetweenStates
-                         : int(qBound(least, interval, quint64(millisecondsBetweenStates)));
+    return millisecondsBetweenStates;
 }
 
 } // namespace
