@@ -237,7 +237,9 @@ TraceRecognition TraceRecognition::of(const QString &fileName)
         return refused(file.refusal());
     if (file.isCompressed()) {
         TraceRecognition found = insideOf(file);
-        const QString compressed = text("The file is compressed (%1).").arg(file.compression());
+        const QString compressed =
+            QCoreApplication::translate("TraceRecognition", "The file is compressed (%1).")
+                .arg(file.compression());
         found.explanation = compressed + QLatin1Char(' ') + found.explanation;
         return found;
     }
