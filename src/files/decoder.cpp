@@ -4,15 +4,6 @@
 
 #include <algorithm>
 
-namespace {
-
-QString text(const char *source)
-{
-    return QCoreApplication::translate("DatachunkHandler", source);
-}
-
-} // namespace
-
 Decoder::~Decoder() = default;
 
 std::unique_ptr<Decoder> StreamDecoder::make(Compression compression, RegularFile &file)
@@ -62,21 +53,25 @@ const StreamDecoder::Bytes &StreamDecoder::nextBlock()
 
 QString StreamDecoder::cut()
 {
-    return text("It is compressed, and its end is missing.");
+    return QCoreApplication::translate("DatachunkHandler",
+                                       "It is compressed, and its end is missing.");
 }
 
 QString Decoder::damaged()
 {
-    return text("It is compressed and damaged.");
+    return QCoreApplication::translate("DatachunkHandler", "It is compressed and damaged.");
 }
 
 QString StreamDecoder::needsMemory()
 {
     constexpr qint64 mebibyte = 1024LL * 1024;
-    return text("Unpacking it takes more than %1 MiB of memory.").arg(mostMemory / mebibyte);
+    return QCoreApplication::translate("DatachunkHandler",
+                                       "Unpacking it takes more than %1 MiB of memory.")
+        .arg(mostMemory / mebibyte);
 }
 
 QString StreamDecoder::moreBehindEnd()
 {
-    return text("Something else stands behind the end of what is compressed.");
+    return QCoreApplication::translate(
+        "DatachunkHandler", "Something else stands behind the end of what is compressed.");
 }

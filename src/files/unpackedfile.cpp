@@ -13,15 +13,41 @@ namespace {
 
 constexpr char zipStart[] = "PK\x03\x04";
 
-QString text(const char *source)
-{
-    return QCoreApplication::translate("DatachunkHandler", source);
-}
-
 bool isTar(const QByteArray &start)
 {
     constexpr int markOffset = 257;
     return start.mid(markOffset).startsWith("ustar");
+}
+
+QString severalFiles(const QString &archive)
+{
+    return QCoreApplication::translate(
+               "DatachunkHandler",
+               "The archive %1 holds several files and no chunk. Unpack it first.")
+        .arg(archive);
+}
+
+QString unknownPacking(const QString &archive)
+{
+    return QCoreApplication::translate(
+               "DatachunkHandler",
+               "The file in the archive %1 is encrypted or packed in a way that is not known.")
+        .arg(archive);
+}
+
+QString compressedTwice(const QString &fileName)
+{
+    return QCoreApplication::translate("DatachunkHandler",
+                                       "The file %1 is compressed more than once. Unpack it first.")
+        .arg(fileName);
+}
+
+QString archiveInside(const QString &fileName)
+{
+    return QCoreApplication::translate(
+               "DatachunkHandler",
+               "The file %1 holds an archive of several files. Unpack it first.")
+        .arg(fileName);
 }
 
 } // namespace
@@ -60,24 +86,20 @@ bool UnpackedFile::beginZip()
     if (archive->kind() == ZippedFile::Other)
         return true;
     if (archive->kind() == ZippedFile::Several)
-        return refuse(text("The archive %1 holds several files and no chunk. Unpack it first."));
-    if (archive->isBomb()) {
-        close();
-        refused = FileErrors::bomb(file.fileName());
-        return false;
-    }
+        return refuse(severalFiles(file.fileName()));
+    if (archive->isBomb())
+        return refuse(FileErrors::bomb(file.fileName()));
     if (!archive->open())
-        return refuse(text("The file in the archive %1 is encrypted or packed in a way that is not "
-                           "known."));
+        return refuse(unknownPacking(file.fileName()));
     zip = archive.get();
     decoder = std::move(archive);
     return !refuseInside();
 }
 
-bool UnpackedFile::refuse(const QString &text)
+bool UnpackedFile::refuse(const QString &sentence)
 {
     close();
-    refused = text.arg(file.fileName());
+    refused = sentence;
     return false;
 }
 
@@ -87,9 +109,9 @@ bool UnpackedFile::refuseInside()
     constexpr int tarBlock = 512;
     const QByteArray start = peek(tarBlock);
     if (compressionOf(start) != Compression::None)
-        return !refuse(text("The file %1 is compressed more than once. Unpack it first."));
+        return !refuse(compressedTwice(file.fileName()));
     if (isTar(start) || start.startsWith(zipStart))
-        return !refuse(text("The file %1 holds an archive of several files. Unpack it first."));
+        return !refuse(archiveInside(file.fileName()));
     return false;
 }
 
@@ -163,7 +185,8 @@ qint64 UnpackedFile::readData(char *data, qint64 maxSize)
     unpacked += std::max<qint64>(got, 0);
     error = got < 0 ? decoder->errorText() : QString();
     if (!zip && ArchiveLimits::isBomb(file.size(), unpacked))
-        error = text("It unpacks to more than 1000 times its size.");
+        error = QCoreApplication::translate("DatachunkHandler",
+                                            "It unpacks to more than 1000 times its size.");
     return error.isEmpty() ? got : -1;
 }
 

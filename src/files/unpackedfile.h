@@ -58,7 +58,7 @@ protected:
 private:
     bool begin();
     bool beginZip();
-    bool refuse(const QString &text);
+    bool refuse(const QString &sentence);
     bool refuseInside();
 
     RegularFile file;

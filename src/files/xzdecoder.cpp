@@ -10,7 +10,7 @@ class XzDecoder : public StreamDecoder
 public:
     explicit XzDecoder(RegularFile &file) : StreamDecoder(file)
     {
-        constexpr quint64 besidesWindow = 1024 * 1024;
+        constexpr quint64 besidesWindow = 1024ULL * 1024;
         if (lzma_stream_decoder(&stream, mostMemory + besidesWindow, LZMA_CONCATENATED) != LZMA_OK)
             failed(needsMemory());
     }
