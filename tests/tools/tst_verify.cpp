@@ -350,6 +350,8 @@ void TestVerify::anEarlierExportIsSetAside()
     QVERIFY(result.output.contains("earlier/zlastChunk.dck"));
     QCOMPARE(readFile("out/earlier/zlastChunk.dck"), readFile("rec/tmpData1.dck"));
     QCOMPARE(outputOf("verify out"), "3 chunks, 30 messages: nothing found.\n");
+    QVERIFY(QFile::remove("rec/tmpData1.dck"));
+    QVERIFY(outputOf("recover rec --into more").contains("kept: 10 messages in front of it are"));
 }
 
 void TestVerify::nothingIsOverwritten()
