@@ -8,8 +8,8 @@
 std::vector<FuzzTarget> fuzzTargets()
 {
     std::vector<FuzzTarget> all;
-    for (const auto &room : {readerTargets(), chunkTargets(), archiveTargets(), directoryTargets(),
-                             expressionTargets()})
+    for (const auto &room : {readerTargets(), chunkTargets(), archiveTargets(), careTargets(),
+                             directoryTargets(), expressionTargets()})
         all.insert(all.end(), room.begin(), room.end());
     return all;
 }

@@ -19,6 +19,7 @@ std::vector<FuzzTarget> fuzzTargets();
 std::vector<FuzzTarget> readerTargets();
 std::vector<FuzzTarget> chunkTargets();
 std::vector<FuzzTarget> archiveTargets();
+std::vector<FuzzTarget> careTargets();
 std::vector<FuzzTarget> expressionTargets();
 std::vector<FuzzTarget> directoryTargets();
 
