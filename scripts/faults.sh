@@ -24,6 +24,7 @@ if [ "$what" != kills ]; then
 fi
 if [ "$what" != faults ]; then
     build dev --target tst_kills tst_recovery
+    export QTEST_FUNCTION_TIMEOUT=3600000 # milliseconds; Qt gives up after five minutes
     export KILLS="${KILLS:-500}" KILLS_SEED="${2:-$RANDOM}"
     run_test kills
     run_test recovery

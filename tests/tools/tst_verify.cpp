@@ -209,6 +209,10 @@ void TestVerify::archives_data()
     const int content = stored.indexOf(good);
     row("nothing in a good one", stored, {});
     row("a wrong checksum", with(stored, content + 120, "ff"), {"error checksum -/-"});
+    const QByteArray badLength = with(good, 146, "41");
+    row("a wrong checksum behind damage",
+        with(archiveOf({{"tmpData0.dck", badLength, true}}), content + 240, "ff"),
+        {"error checksum -/-", "error record-length 1/146"});
     row("an entry that cannot be unpacked",
         with(archiveOf({{"tmpData0.dck", good + QByteArray(100, 'x')}}), 60, "ffffffffffff"),
         {"error entry-damaged -/0", "error header-damaged -/0"});
