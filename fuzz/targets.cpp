@@ -9,7 +9,7 @@ std::vector<FuzzTarget> fuzzTargets()
 {
     std::vector<FuzzTarget> all;
     for (const auto &room : {readerTargets(), chunkTargets(), archiveTargets(), compressedTargets(),
-                             directoryTargets(), expressionTargets()})
+                             careTargets(), directoryTargets(), expressionTargets()})
         all.insert(all.end(), room.begin(), room.end());
     return all;
 }

@@ -20,6 +20,7 @@ std::vector<FuzzTarget> readerTargets();
 std::vector<FuzzTarget> chunkTargets();
 std::vector<FuzzTarget> archiveTargets();
 std::vector<FuzzTarget> compressedTargets();
+std::vector<FuzzTarget> careTargets();
 std::vector<FuzzTarget> expressionTargets();
 std::vector<FuzzTarget> directoryTargets();
 

@@ -1,6 +1,7 @@
 #!/bin/bash
-# Runs what takes too long for every day: every fault at every call of every operation, and 500
-# kills, once more with what is left recovered. faults.sh [faults|kills [SEED]]; both without an argument.
+# Runs what takes too long for every day: every fault at every call of every operation, 500 kills of
+# a store, and 500 each of a store and of a recording with what is left recovered.
+# faults.sh [faults|kills [SEED]]; both without an argument.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
@@ -23,6 +24,7 @@ if [ "$what" != kills ]; then
 fi
 if [ "$what" != faults ]; then
     build dev --target tst_kills tst_recovery
+    export QTEST_FUNCTION_TIMEOUT=3600000 # milliseconds; Qt gives up after five minutes
     export KILLS="${KILLS:-500}" KILLS_SEED="${2:-$RANDOM}"
     run_test kills
     run_test recovery

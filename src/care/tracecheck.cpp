@@ -131,7 +131,7 @@ TraceCheck::Directory TraceCheck::readDirectory(const QString &folder)
              content.damagedAt);
     Directory known;
     for (DirectoryEntry &entry : content.entries)
-        known.insert(entry.name, std::move(entry));
+        known[entry.name] = std::move(entry);
     return known;
 }
 

@@ -67,9 +67,12 @@ void TestFlips::anyDamageDoesNoMore_data()
     QTest::newRow("chunkload") << chunk;
     QTest::newRow("chunkappend") << chunk;
     QTest::newRow("chunksplit") << '\1' + chunk;
+    QTest::newRow("chunkcheck") << chunk;
+    QTest::newRow("chunkrecover") << chunk;
     const QByteArray archive = sampleArchive();
     QTest::newRow("archivemerge") << archive;
     QTest::newRow("archiveunpack") << archive;
+    QTest::newRow("archivecheck") << archive;
     QTest::newRow("directory") << sampleDirectory();
 }
 

