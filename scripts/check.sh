@@ -1,17 +1,20 @@
 #!/bin/bash
 # Finds what neither g++ nor a test sees: sources that are not in the format of .clang-format,
-# members used without the lock that guards them, and what clang-tidy knows. What has not changed
-# since is not looked at again.
+# a binary interface that programs built before could not use, members used without the lock that
+# guards them, and what clang-tidy knows. What has not changed since is not looked at again.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
-packages+=(clang clang-format clang-tidy)
+packages+=(abigail-tools clang clang-format clang-tidy xz-utils)
 install_packages
 
 echo "== Checking the format"
 cd "$project"
 find . -path './build*' -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0 |
     xargs -0 clang-format --dry-run --Werror
+
+echo "== Comparing the libraries' binary interface with the kept one"
+quietly build dev --target abi
 
 echo "== Checking with clang and clang-tidy in build/clang, some minutes the first time"
 (build clang) 2>&1
