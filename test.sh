@@ -1,6 +1,6 @@
 #!/bin/bash
-# Installs and builds what is missing, then runs every test and scripts/check.sh. With arguments,
-# which go to ctest, runs only the tests that they choose.
+# Installs and builds what is missing, then runs every test with Qt 5, the short ones with Qt 6, and
+# scripts/check.sh. With arguments, which go to ctest, runs only the tests that they choose, with Qt 5.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/scripts/setup.sh"
 
@@ -13,5 +13,9 @@ if [ $# -gt 0 ]; then
 fi
 status=0
 ctest --preset dev || status=$?
+packages+=(qt6-base-dev qt6-5compat-dev qt6-serialbus-dev libquazip1-qt6-dev)
+install_packages
+echo "== Building with Qt 6 in build/qt6, some minutes the first time"
+{ (build qt6) 2>&1 && ctest --preset qt6; } || status=$?
 scripts/check.sh || status=$?
 exit "$status"

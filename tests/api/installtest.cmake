@@ -1,5 +1,5 @@
 # Installs into a temporary prefix and builds what README.md shows against it, once through the
-# CMake package and once through pkg-config.
+# CMake package and once through pkg-config. Without BUILD against what the system has installed.
 # cmake -DBUILD=<build folder> -DWORK=<scratch folder> -DGENERATOR=Ninja -DLIBDIR=lib...
 #       -DSUFFIX=<end of the libraries' names> -DFILE_SUFFIX=<end of their files' names>
 #       -DFLAGS=... -P installtest.cmake
@@ -32,9 +32,12 @@ endfunction()
 
 # Moving the prefix shows that nothing in it holds on to where it was installed.
 file(REMOVE_RECURSE ${WORK})
-run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/first)
-file(RENAME ${WORK}/first ${WORK}/moved)
-set(prefix ${WORK}/moved)
+set(prefix /usr)
+if(BUILD)
+  run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/first)
+  file(RENAME ${WORK}/first ${WORK}/moved)
+  set(prefix ${WORK}/moved)
+endif()
 set(ENV{XDG_DATA_HOME} ${WORK}/data)
 set(ENV{LC_ALL} C.UTF-8)
 set(source ${WORK}/example)

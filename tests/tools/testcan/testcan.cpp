@@ -112,7 +112,7 @@ private:
     QByteArray configuration() const
     {
         QByteArray bytes(5, configurationParameter(CanFdKey).toBool() ? '\1' : '\0');
-        const auto kilobits = [this](int key) {
+        const auto kilobits = [this](ConfigurationKey key) {
             return quint16(configurationParameter(key).toUInt() / 1000);
         };
         qToBigEndian(kilobits(BitRateKey), bytes.data() + 1);
@@ -127,11 +127,17 @@ private:
     quint32 frames = 0;
 };
 
-class TestCanFactory : public QObject, public QCanBusFactoryV2
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#define CAN_BUS_FACTORY QCanBusFactoryV2
+#else
+#define CAN_BUS_FACTORY QCanBusFactory
+#endif
+
+class TestCanFactory : public QObject, public CAN_BUS_FACTORY
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QCanBusFactory" FILE "testcan.json")
-    Q_INTERFACES(QCanBusFactoryV2)
+    Q_INTERFACES(CAN_BUS_FACTORY)
 public:
     QCanBusDevice *createDevice(const QString &interface, QString *) const override
     {
