@@ -14,15 +14,15 @@ struct TraceRequest
     DatachunkHelper::ImportFileType type = DatachunkHelper::Unknown;
     QString formatDescription; ///< the layout of GenericFormat
     DatachunkHelper::ImportMode mode = DatachunkHelper::Strict;
-    QIODevice *device = nullptr; ///< read instead of the file, if there is one
     bool unpacks = false; ///< a compressed file in strict mode, too, as it is in tolerant mode
+    QIODevice *device = nullptr; ///< read instead of the file, if there is one
 
     bool readsCompressed() const { return unpacks || mode == DatachunkHelper::Tolerant; }
 };
 
-/// Opens the file, compressed or not, or goes to the beginning of the device, and runs the reader of
-/// its type. Done, with a text when the rest of the file is missing, or GivenUp when the sink wanted
-/// it, NotOpened also for a version that no reader takes, WrongLine or NoColumns.
+/// Opens the file, compressed or not, or goes to the beginning of the device, and runs the reader
+/// of its type. Done, with a text when the rest of the file is missing, or GivenUp when the sink
+/// wanted it, NotOpened also for a version that no reader takes, WrongLine or NoColumns.
 Outcome readTraceFile(const TraceRequest &request, TraceSink &sink);
 
 /// The text about a failure for the user: "No error." for a trace that was not read, and empty

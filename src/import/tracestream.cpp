@@ -100,7 +100,7 @@ TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn
 
 TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn)
 {
-    const TraceRequest request{fileName, type, formatDescription, mode, device, true};
+    const TraceRequest request{fileName, type, formatDescription, mode, true, device};
     const TraceReader reader = traceReaderFor(request);
     if (!isTraceText(type) || reader.verdict == TraceReader::CountsAsFailed) {
         errors.append(StoreTexts::tr("Unknown import error"));
