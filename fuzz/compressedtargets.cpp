@@ -40,8 +40,11 @@ void unpack(const QByteArray &bytes)
             "what is not compressed is read as it is");
     require(file.seek(0), "reading begins again");
     const Content second = contentOf(file);
-    require(first.bytes == second.bytes && first.error == second.error,
-            "reading again gives the same");
+    // How much comes in front of damage depends on the size of the blocks that are asked for.
+    const bool isSame = first.error.isEmpty()
+        ? first.bytes == second.bytes
+        : first.bytes.startsWith(second.bytes) || second.bytes.startsWith(first.bytes);
+    require(isSame && first.error == second.error, "reading again gives the same");
     require(!TraceRecognition::of(name).explanation.isEmpty(), "every file is explained");
 }
 
