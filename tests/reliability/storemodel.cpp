@@ -333,6 +333,6 @@ void StoreModel::exportRange(const QString &file, int first, int last)
     if (!isExportable(last <= int(live.count), file))
         return;
     exportNotes = notesOfLive();
-    const qint64 end = last == 0 ? live.count : qBound<qint64>(0, last + 1, live.count);
+    const qint64 end = last == 0 ? live.count : std::clamp<qint64>(last + 1, 0, live.count);
     exports.push_back({file, live, first, end, {}, exportNotes, exportBookmarks});
 }
