@@ -249,7 +249,7 @@ void TestConvert::whatFailsLeavesNothing_data()
     };
     row("convert a.log", "the name of the file to write is missing", 2);
     row("convert a.log ''", "the name of the file to write is missing", 2);
-    row("convert a.log --as asc --into ''", "the name of the folder is missing", 2);
+    row("convert a.log --as asc --into ''", "--into is missing", 2);
     row("convert a.log out.xyz", "\"out.xyz\" does not end in the name of a format", 2);
     row("convert a.log out --as xyz", "there is no format \"xyz\"", 2);
     row("convert a.log out.asc --times 5", "--times takes absolute or delta", 2);

@@ -20,7 +20,7 @@ bool readPaths(const QCommandLineParser &parser, QStringList &inputs, Conversion
     else if (!hasTarget && !hasFolder && inputs.size() < 2)
         usageError(Cli::tr("the name of the file to write is missing"));
     else if (hasFolder && parser.value(QStringLiteral("into")).isEmpty())
-        usageError(Cli::tr("the name of the folder is missing"));
+        usageError(Cli::tr("--into is missing"));
     else if (!hasFolder
              && (hasTarget ? parser.value(QStringLiteral("to")) : inputs.last()).isEmpty())
         usageError(Cli::tr("the name of the file to write is missing"));
