@@ -15,6 +15,7 @@ private slots:
     void triggersTakeWhatIsAroundThem_data();
     void triggersTakeWhatIsAroundThem();
     void theRingIsBounded();
+    void manyTriggersAreNoSlower();
 };
 
 namespace {
@@ -168,6 +169,23 @@ void TestCapture::theRingIsBounded()
     QVERIFY2(result.output.contains(
                  "messages dropped: " + QByteArray::number(count - recorded.size()) + '\n'),
              result.output);
+}
+
+// A trigger must not look at each of the messages held, of which there are those of a second.
+void TestCapture::manyTriggersAreNoSlower()
+{
+    constexpr int count = 200000;
+    QByteArray lines;
+    for (int i = 0; i < count; ++i)
+        lines += QStringLiteral("(1.%1) can0 %2#\n")
+                     .arg(i * 4, 6, 10, QLatin1Char('0'))
+                     .arg(0x7E7 + i % 2, 3, 16, QLatin1Char('0'))
+                     .toLatin1();
+    // Of processor time; looking at each takes an hour.
+    const ProgramResult result =
+        run("record --into rec --trigger 'id==7e8'", lines, "ulimit -t 60;");
+    QCOMPARE(result.status, 0);
+    QVERIFY2(result.output.contains("captures:         100000\n"), result.output);
 }
 
 QTEST_GUILESS_MAIN(TestCapture)

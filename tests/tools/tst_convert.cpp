@@ -4,7 +4,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QtTest>
+
+#include <csignal>
 
 // Traces written in the formats of other tools.
 class TestConvert : public FolderTest
@@ -20,6 +23,8 @@ private slots:
     void standardStreamsTakeTheirPlace_data();
     void standardStreamsTakeTheirPlace();
     void standardInputCannotBeReadTwice();
+    void aKnownTypeIsNotWaitedFor();
+    void aSignalIsToldOnce();
     void foldersAreConvertedFileByFile();
     void lossesAreTold();
     void whatFailsLeavesNothing_data();
@@ -167,6 +172,32 @@ void TestConvert::standardInputCannotBeReadTwice()
     QVERIFY(!QFile::exists("long.dck"));
 }
 
+void TestConvert::aKnownTypeIsNotWaitedFor()
+{
+    QProcess process;
+    process.start(
+        programPath(),
+        {"convert", "-", "-", "--as", "candump", "--type", "SocketCanDump", "--count", "2"});
+    process.write(frames(0, 200));
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.readAllStandardOutput(), frames(0, 2));
+}
+
+void TestConvert::aSignalIsToldOnce()
+{
+    writeFile("day.log", frames(0, 200000));
+    QProcess process;
+    process.start(programPath(), {"convert", "day.log", "-", "out.asc", "--type", "SocketCanDump"});
+    process.write(frames(0, 9));
+    QTRY_VERIFY(!namesIn(".").filter(".datachunk-work").isEmpty());
+    QCOMPARE(kill(pid_t(process.processId()), SIGINT), 0);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 1);
+    const QByteArray errors = process.readAllStandardError();
+    QCOMPARE(errors.count("Stopped by a signal"), 1);
+    QCOMPARE(namesIn("."), QStringList("day.log"));
+}
+
 void TestConvert::foldersAreConvertedFileByFile()
 {
     QVERIFY(QDir().mkdir("b"));
@@ -182,6 +213,12 @@ void TestConvert::foldersAreConvertedFileByFile()
              "out/a-3.trc: 3 messages.\n");
     QVERIFY(result.errors.contains("datachunk: broken.log: "));
     QCOMPARE(namesIn("out"), (QStringList{"a-2.trc", "a-3.trc", "a.trc"}));
+    QVERIFY(QDir().mkdir("chunks"));
+    writeFile("chunks/tmpData0.dck", chunkBytes("1.0", 0, 3));
+    QCOMPARE(outputOf("convert --into out --as jsonl chunks/. chunks/../chunks"),
+             "out/chunks.jsonl: 3 messages.\nout/chunks-2.jsonl: 3 messages.\n");
+    QCOMPARE(run("convert --into ../out --as jsonl .", {}, "cd chunks;").output,
+             "../out/chunks-3.jsonl: 3 messages.\n");
 }
 
 void TestConvert::lossesAreTold()
@@ -198,6 +235,8 @@ void TestConvert::lossesAreTold()
     QCOMPARE(report.value("format").toString(), QString("trc11"));
     QCOMPARE(report.value("written").toInt() + report.value("leftOut").toInt(), 5);
     QVERIFY(!report.value("losses").toArray().isEmpty());
+    const ProgramResult named = run("convert kinds.dck \u009b1m.trc --report json");
+    QVERIFY2(named.errors.contains("\"file\":\"\\u009b1m.trc\""), named.errors);
 }
 
 void TestConvert::whatFailsLeavesNothing_data()
@@ -209,6 +248,8 @@ void TestConvert::whatFailsLeavesNothing_data()
         QTest::newRow(arguments) << arguments << QByteArray(error) << status;
     };
     row("convert a.log", "the name of the file to write is missing", 2);
+    row("convert a.log ''", "the name of the file to write is missing", 2);
+    row("convert a.log --as asc --into ''", "--into is missing", 2);
     row("convert a.log out.xyz", "\"out.xyz\" does not end in the name of a format", 2);
     row("convert a.log out --as xyz", "there is no format \"xyz\"", 2);
     row("convert a.log out.asc --times 5", "--times takes absolute or delta", 2);

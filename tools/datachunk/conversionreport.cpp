@@ -1,10 +1,10 @@
 #include "conversionreport.h"
 
 #include "conversion.h"
+#include "jsontext.h"
 #include "terminal.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <cstdio>
@@ -28,7 +28,7 @@ void printJson(const ConversionLosses &losses, const Conversion &conversion)
                              {QStringLiteral("written"), qint64(losses.written)},
                              {QStringLiteral("leftOut"), qint64(losses.leftOut)},
                              {QStringLiteral("losses"), rows}};
-    const QByteArray json = QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+    const QByteArray json = jsonText(QJsonDocument(object)) + '\n';
     std::fwrite(json.constData(), 1, std::size_t(json.size()), stderr);
 }
 

@@ -19,6 +19,11 @@ bool readPaths(const QCommandLineParser &parser, QStringList &inputs, Conversion
         usageError(Cli::tr("--into needs --as"));
     else if (!hasTarget && !hasFolder && inputs.size() < 2)
         usageError(Cli::tr("the name of the file to write is missing"));
+    else if (hasFolder && parser.value(QStringLiteral("into")).isEmpty())
+        usageError(Cli::tr("--into is missing"));
+    else if (!hasFolder
+             && (hasTarget ? parser.value(QStringLiteral("to")) : inputs.last()).isEmpty())
+        usageError(Cli::tr("the name of the file to write is missing"));
     else {
         if (!hasFolder)
             wanted.target = hasTarget ? parser.value(QStringLiteral("to")) : inputs.takeLast();
@@ -56,7 +61,8 @@ bool isTaken(const QString &fileName)
 // The name that a trace gets in the folder: its own one, with a number where that is taken.
 QString freeName(const QDir &folder, const QString &path, const QString &suffix)
 {
-    const QFileInfo file(QDir::cleanPath(path));
+    // A folder may be named by its place alone, as "." and ".." do.
+    const QFileInfo file(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
     const QString base = file.isDir() ? file.fileName() : file.completeBaseName();
     QString name = QStringLiteral("%1.%2").arg(base, suffix);
     for (int number = 2; isTaken(folder.filePath(name)); ++number)

@@ -18,14 +18,6 @@ qint64 timeOf(const CAN::CanRxMessage &message)
 
 } // namespace
 
-QString joinedNotes(const QString &first, const QString &second)
-{
-    constexpr int longest = 2000;
-    if (first.isEmpty() || second.isEmpty())
-        return first + second;
-    return first.size() + second.size() > longest ? first : first + QLatin1String(" ; ") + second;
-}
-
 FrameCapture::FrameCapture(const CaptureRules &rules, Keep keep)
     : rules(rules), keep(std::move(keep)), filter(rules.filter)
 {
@@ -77,21 +69,9 @@ void FrameCapture::trigger(qint64 time)
 
 void FrameCapture::keepHeld()
 {
-    std::deque<Held> others;
-    QString passed; // by messages that are not kept
-    for (; !ring.empty(); ring.pop_front()) {
-        Held &held = ring.front();
-        heldBytes -= bytesOf(held);
-        const QString note = joinedNotes(std::exchange(passed, {}), held.note);
-        if (window->contains(timeOf(held.message))) {
-            keepNow(held.message, note);
-            continue;
-        }
-        passed = note;
-        others.push_back({held.message, {}});
-        heldBytes += bytesOf(others.back());
-    }
-    ring = std::move(others);
+    const QString passed = ring.takeBetween(
+        window->begin, window->end,
+        [this](const CAN::CanRxMessage &message, const QString &note) { keepNow(message, note); });
     carriedNote = joinedNotes(passed, carriedNote);
 }
 
@@ -102,43 +82,26 @@ void FrameCapture::keepNow(const CAN::CanRxMessage &message, const QString &note
 
 void FrameCapture::hold(const CAN::CanRxMessage &message, qint64 time)
 {
-    ring.push_back({message, std::exchange(carriedNote, {})});
-    heldBytes += bytesOf(ring.back());
+    ring.add(message, time, std::exchange(carriedNote, {}));
     const Window near{time - rules.before - fall, time + rules.after + fall};
-    while (!ring.empty() && !near.contains(timeOf(ring.front().message))) {
+    while (!ring.isEmpty() && !near.contains(ring.oldestTime())) {
         ++leftOut;
         dropOldest();
     }
-    while (!ring.empty() && heldBytes > rules.ringBytes) {
+    while (!ring.isEmpty() && ring.bytes() > rules.ringBytes) {
         ++fallenOut;
-        lastFallenTime = qMax(lastFallenTime, timeOf(ring.front().message));
+        lastFallenTime = qMax(lastFallenTime, ring.oldestTime());
         dropOldest();
     }
 }
 
 void FrameCapture::dropOldest()
 {
-    const Held oldest = std::move(ring.front());
-    ring.pop_front();
-    heldBytes -= bytesOf(oldest);
-    if (ring.empty()) {
-        carriedNote = joinedNotes(oldest.note, carriedNote);
-        return;
-    }
-    Held &next = ring.front();
-    heldBytes -= bytesOf(next);
-    next.note = joinedNotes(oldest.note, next.note);
-    heldBytes += bytesOf(next);
-}
-
-qint64 FrameCapture::bytesOf(const Held &held)
-{
-    return qint64(sizeof(Held)) + held.note.size() * qint64(sizeof(QChar));
+    carriedNote = joinedNotes(ring.dropOldest(), carriedNote);
 }
 
 void FrameCapture::finish()
 {
-    leftOut += ring.size();
+    leftOut += ring.count();
     ring.clear();
-    heldBytes = 0;
 }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "canrxmessage.h"
+#include "capturering.h"
 #include "traceexpression.h"
 #include "tracematcher.h"
 
-#include <deque>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -48,11 +47,6 @@ public:
     quint64 captureCount() const { return captures; }
 
 private:
-    struct Held
-    {
-        CAN::CanRxMessage message;
-        QString note;
-    };
     struct Window
     {
         qint64 begin = 0; // both included
@@ -65,7 +59,6 @@ private:
     void keepNow(const CAN::CanRxMessage &message, const QString &note);
     void hold(const CAN::CanRxMessage &message, qint64 time);
     void dropOldest();
-    static qint64 bytesOf(const Held &held);
 
     const CaptureRules rules;
     const Keep keep;
@@ -75,13 +68,9 @@ private:
     bool isOpen = false;          // whether messages may still come into it
     QString captureNote;          // for its first message
     QString carriedNote;          // for the next message
-    std::deque<Held> ring;
-    qint64 heldBytes = 0;
+    CaptureRing ring;
     qint64 lastFallenTime = std::numeric_limits<qint64>::min();
     quint64 leftOut = 0;
     quint64 fallenOut = 0;
     quint64 captures = 0;
 };
-
-/// Two notes as one; what a note must not grow beyond is left out.
-QString joinedNotes(const QString &first, const QString &second);

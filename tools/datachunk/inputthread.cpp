@@ -5,8 +5,6 @@
 namespace {
 
 constexpr std::size_t mostWaiting = 6;
-// A text may have a note of a million characters on every line.
-constexpr std::size_t mostNoteCharacters = std::size_t(256) * 1024;
 
 } // namespace
 
@@ -56,9 +54,7 @@ bool InputThread::add(const TraceItem &item)
     filling.add(item.message);
     filling.addNote(item.note);
     filling.addBookmark(item.bookmark);
-    const bool isFull =
-        filling.messages.size() >= blockSize || filling.noteCharacters >= mostNoteCharacters;
-    return !isFull || handOn();
+    return !filling.isFull(blockSize) || handOn();
 }
 
 // False when nobody wants any more.

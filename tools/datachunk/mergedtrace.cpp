@@ -121,7 +121,7 @@ void moveRun(const AllWaiting &all, MessageBlock &merged, LateSelection &late,
     Waiting &input = *all[next];
     do {
         input.moveTo(merged, late);
-    } while (input.hasMore() && input.time() <= last && merged.messages.size() < blockSize
+    } while (input.hasMore() && input.time() <= last && !merged.isFull(blockSize)
              && !late.isDone());
 }
 
@@ -131,7 +131,7 @@ Result merge(AllWaiting &all, LateSelection &late, std::size_t blockSize, const 
     Result result = Result::Complete;
     while (!all.empty() && result != Result::Failed && !late.isDone()) {
         moveRun(all, merged, late, blockSize);
-        if (merged.messages.size() >= blockSize) {
+        if (merged.isFull(blockSize)) {
             QCoreApplication::processEvents();
             if (!take(merged))
                 return result;

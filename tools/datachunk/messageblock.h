@@ -8,6 +8,14 @@
 /// Messages one behind the other, with what belongs to some of them.
 struct MessageBlock
 {
+    /// Whether it should take no more messages: a text may have a note of a million characters on
+    /// every line.
+    bool isFull(std::size_t mostMessages) const
+    {
+        constexpr std::size_t mostNoteCharacters = std::size_t(256) * 1024;
+        return messages.size() >= mostMessages || noteCharacters >= mostNoteCharacters;
+    }
+
     std::vector<CAN::CanRxMessage> messages;
     /// By the place in the block, rising.
     std::vector<std::pair<std::size_t, QString>> notes;

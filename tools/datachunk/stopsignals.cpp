@@ -5,6 +5,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -57,6 +58,10 @@ bool interrupted(const QString &subject)
 {
     if (!StopSignals::received())
         return false;
+    // Each of the threads that read a trace comes here.
+    static std::atomic<bool> isTold(false);
+    if (isTold.exchange(true))
+        return true;
     const quint64 done = Progress::lastCount();
     printError(subject,
                done == 0 ? Cli::tr("Stopped by a signal.")

@@ -5,7 +5,8 @@
 #include <csignal>
 #include <vector>
 
-/// Whether a signal came, which is then printed as the end of the work on \a subject.
+/// Whether a signal came, which is then printed, once, as the end of the work on \a subject.
+/// Any thread may ask.
 bool interrupted(const QString &subject);
 
 /// Turns the signals that ask a program to end into an event while it lives, so that a command can

@@ -3,6 +3,7 @@
 #include "commands.h"
 #include "filechecks.h"
 #include "standardinput.h"
+#include "stopsignals.h"
 #include "terminal.h"
 #include "tracerecognition.h"
 
@@ -140,7 +141,10 @@ bool checkStandardInput(TraceFile &trace, StandardInput &input)
 {
     trace.name = Cli::tr("standard input");
     trace.device = &input;
-    const QByteArray beginning = input.peekBeginning(recognisedSize);
+    // Where the type is told, nothing is waited for but the first bytes.
+    const QByteArray beginning = input.peekBeginning(trace.detectsType ? recognisedSize : 1);
+    if (interrupted(trace.name))
+        return false;
     if (isNoText(beginning)) {
         printError(trace.name,
                    Cli::tr("Only plain texts can be read from there, not chunk files, archives and "
