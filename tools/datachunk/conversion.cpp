@@ -78,7 +78,7 @@ Written writeForeign(MergedTrace &trace, const Conversion &conversion, const QSt
         return written;
     }
     if (!isWritten || !output.close()) {
-        tellNotWritten(conversion.target);
+        tellNotWritten(conversion.target, output.errorText());
         written.result = Result::Failed;
     }
     written.losses = ConversionLosses(output.trace(), output.bookmarksLost());

@@ -44,7 +44,7 @@ QList<QCommandLineOption> conversionOptions()
             {QStringLiteral("times"),
              Cli::tr("Write times as absolute ones, or as delta to the message before, where the "
                      "format knows both (asc, candump-screen)."),
-             QStringLiteral("KIND")},
+             QStringLiteral("absolute|delta")},
             {QStringLiteral("notes"),
              Cli::tr("Write the notes into a text (txt), too; all other formats that can have "
                      "them, do.")}};

@@ -72,8 +72,10 @@ void tellLosses(const ConversionLosses &losses, const Conversion &conversion)
     printError(nameOf(conversion), text);
 }
 
-void tellNotWritten(const QString &target)
+void tellNotWritten(const QString &target, const QString &reason)
 {
     if (target != QLatin1String("-"))
-        printError(target, Cli::tr("The file could not be written completely."));
+        printError(target,
+                   Cli::tr("The file could not be written completely.")
+                       + (reason.isEmpty() ? QString() : QLatin1Char(' ') + reason));
 }

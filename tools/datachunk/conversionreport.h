@@ -29,4 +29,4 @@ struct ConversionLosses
 void tellLosses(const ConversionLosses &losses, const Conversion &conversion);
 
 /// Tells that a file is not written; an error of standard output is told at the end of the program.
-void tellNotWritten(const QString &target);
+void tellNotWritten(const QString &target, const QString &reason = {});

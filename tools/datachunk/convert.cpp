@@ -58,12 +58,24 @@ bool isTaken(const QString &fileName)
     return file.exists() || file.isSymLink();
 }
 
+// The name of a trace without its suffix, and without that of a compression.
+QString baseName(const QFileInfo &file)
+{
+    const QString base = file.completeBaseName();
+    const bool isCompressed = QStringList{QStringLiteral("gz"), QStringLiteral("zst"),
+                                          QStringLiteral("xz"), QStringLiteral("bz2")}
+                                  .contains(file.suffix(), Qt::CaseInsensitive);
+    return isCompressed && QFileInfo(base).completeBaseName() != QString()
+        ? QFileInfo(base).completeBaseName()
+        : base;
+}
+
 // The name that a trace gets in the folder: its own one, with a number where that is taken.
 QString freeName(const QDir &folder, const QString &path, const QString &suffix)
 {
     // A folder may be named by its place alone, as "." and ".." do.
     const QFileInfo file(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
-    const QString base = file.isDir() ? file.fileName() : file.completeBaseName();
+    const QString base = file.isDir() ? file.fileName() : baseName(file);
     QString name = QStringLiteral("%1.%2").arg(base, suffix);
     for (int number = 2; isTaken(folder.filePath(name)); ++number)
         name = QStringLiteral("%1-%2.%3").arg(base, QString::number(number), suffix);
@@ -78,10 +90,10 @@ bool convertEach(const QStringList &paths, const TraceFile &trace, Conversion wa
     if (!areDone)
         return false;
     for (const QString &path : paths) {
+        if (interrupted(path))
+            return false;
         wanted.target = freeName(folder, path, wanted.format.suffix());
         areDone = convertPaths({path}, trace, wanted) && areDone;
-        if (StopSignals::received())
-            return false;
     }
     return areDone;
 }

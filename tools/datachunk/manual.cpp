@@ -1,5 +1,6 @@
 #include "manual.h"
 
+#include "targetformat.h"
 #include "terminal.h"
 #include "tracefile.h"
 
@@ -95,6 +96,8 @@ QStringList valuesOf(const QCommandLineOption &option)
 {
     if (option.names().contains(QLatin1String("type")))
         return typeNames();
+    if (option.names().contains(QLatin1String("as")))
+        return TargetFormat::allNames().split(QLatin1String(", "));
     return option.valueName().contains(QLatin1Char('|'))
         ? option.valueName().split(QLatin1Char('|'))
         : QStringList();

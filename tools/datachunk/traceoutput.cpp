@@ -36,9 +36,26 @@ bool TraceOutput::close()
 
 bool TraceOutput::flush()
 {
-    const bool isWritten = toOutput ? print() : file.write(bytes) == qint64(bytes.size());
+    const bool isWritten = toOutput ? print() : writeToFile();
     bytes.resize(0);
     return isWritten;
+}
+
+// Only a write of which nothing was taken tells why.
+bool TraceOutput::writeToFile()
+{
+    for (qint64 at = 0; at < bytes.size();) {
+        const qint64 taken = file.write(bytes.constData() + at, bytes.size() - at);
+        if (taken <= 0)
+            return false;
+        at += taken;
+    }
+    return true;
+}
+
+QString TraceOutput::errorText() const
+{
+    return file.error() == QFileDevice::NoError ? QString() : file.errorString();
 }
 
 // A terminal gets line by line, for notes may hold what steers it.

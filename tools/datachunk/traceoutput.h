@@ -19,12 +19,16 @@ public:
     bool write(const MessageBlock &block);
     bool close();
 
+    /// Why the file is incomplete; empty of standard output.
+    QString errorText() const;
+
     const TraceExport &trace() const { return text; }
     /// Bookmarks have no place in any of these formats.
     quint64 bookmarksLost() const { return bookmarks; }
 
 private:
     bool flush();
+    bool writeToFile();
     bool print();
 
     QFile file;
