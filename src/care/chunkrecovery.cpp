@@ -82,15 +82,17 @@ Part partToSave(QFile &file, const std::function<bool()> &goesOn)
     part.bytes = chunk.front.size + chunk.end.offset;
     part.messages = chunk.index.count - (chunk.index.hasCutRecord ? 1 : 0);
     const bool hasRest = chunk.end.cause != ChunkFormat::RecordsEnd::Whole;
-    const RecordsTail::Zeros zeros = tail.zeros(chunk.front.size, hasRest);
-    const bool areAtEnd = zeros.records > 0 && (!hasRest || endsInZeros(file, part.bytes));
-    if (areAtEnd) {
+    const bool hasZeroRest = hasRest && endsInZeros(file, part.bytes);
+    // Whatever follows them, they would be taken for messages when it is cut off.
+    const RecordsTail::Zeros zeros = tail.zeros(chunk.front.size, hasZeroRest);
+    const bool hasZeros = zeros.records > 0;
+    if (hasZeros) {
         part.bytes = chunk.front.size + zeros.begin;
         part.messages -= zeros.records;
     }
-    part.text = endText(chunk.end, areAtEnd);
+    part.text = endText(chunk.end, hasZeros && (!hasRest || hasZeroRest));
     part.firstNumber = chunk.index.firstNumber;
-    part.lastNumber = areAtEnd ? zeros.lastNumber : tail.lastNumber();
+    part.lastNumber = hasZeros ? zeros.lastNumber : tail.lastNumber();
     if (part.messages == 0)
         return {RecoveredChunk::Nothing, 0, 0,
                 part.text.isEmpty() ? Texts::tr("There are no messages in it.") : part.text};

@@ -16,6 +16,10 @@ void RecordsTail::look(RecordView record)
         ++zeroRecords;
         return;
     }
+    // The first message of a trace may be all zeros, and no other one.
+    const bool isFirst = !hasLast && zeroRecords == 1;
+    keptBefore = isFirst ? start : lastEnd;
+    zerosBefore = isFirst ? 0 : zeroRecords;
     zeroRecords = 0;
     hasLast = true;
     lastBegin = start;
@@ -28,7 +32,7 @@ RecordsTail::Zeros RecordsTail::zeros(qint64 recordsStart, bool hasRest) const
 {
     // The smallest piece that a disk writes.
     constexpr qint64 sector = 512;
-    // The first message of a trace may be all zeros, and no other one.
+    // One alone is the first message.
     if (zeroRecords == 0 || (!hasLast && zeroRecords == 1 && !hasRest))
         return {end, 0, number};
     const qint64 fileEnd = recordsStart + lastEnd;
@@ -37,6 +41,6 @@ RecordsTail::Zeros RecordsTail::zeros(qint64 recordsStart, bool hasRest) const
     // sector to its end.
     const bool isTorn =
         hasLast && lastSector > recordsStart + lastBegin && lastSector >= fileEnd - lastZeros;
-    return isTorn ? Zeros{lastBegin, zeroRecords + 1, numberBefore}
+    return isTorn ? Zeros{keptBefore, zerosBefore + 1 + zeroRecords, numberBefore}
                   : Zeros{lastEnd, zeroRecords, number};
 }

@@ -27,8 +27,10 @@ private:
     qint64 zeroRecords = 0; // in a row up to here
     qint64 lastBegin = 0;   // of the record in front of them
     qint64 lastEnd = 0;
-    qint64 lastZeros = 0; // bytes that it ends with
-    quint32 number = 0;   // of it, and of the one in front of it
+    qint64 lastZeros = 0;  // bytes that it ends with
+    qint64 keptBefore = 0; // where what counts ends without it, and the records of zeros from there
+    qint64 zerosBefore = 0;
+    quint32 number = 0; // of it, and of the one in front of it
     quint32 numberBefore = 0;
     bool hasLast = false;
 };

@@ -13,7 +13,9 @@
 
 namespace {
 
-volatile std::sig_atomic_t signalReceived = 0;
+// Asked by threads that the signal does not come to, which sig_atomic_t is not enough for.
+std::atomic<bool> signalReceived{false};
+static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
 volatile std::sig_atomic_t writeEnd = -1;
 volatile std::sig_atomic_t hangUpEnds = 1;
 
@@ -28,7 +30,7 @@ void onSignal(int signal, siginfo_t *info, void *)
     const int savedError = errno;
     const bool isStop = signal != SIGHUP || hangUpEnds;
     if (isStop)
-        signalReceived = 1;
+        signalReceived = true;
     const char byte = isStop ? stopMark : hangUpMark;
     // A full pipe does not matter: it wakes the event loop anyway.
     if (write(writeEnd, &byte, 1) < 0)
@@ -135,5 +137,5 @@ StopSignals::~StopSignals()
 
 bool StopSignals::received()
 {
-    return signalReceived != 0;
+    return signalReceived;
 }

@@ -175,7 +175,7 @@ Progress::Progress(const QString &subject, const DatachunkHandler &store)
 Progress::~Progress()
 {
     current = nullptr;
-    countAtEnd = count;
+    countAtEnd = counted();
     if (active)
         print("\n");
 }
@@ -194,11 +194,12 @@ QString Progress::timeLeft(double seconds) const
 void Progress::print(const char *lineEnd) const
 {
     const double seconds = double(elapsed.elapsed()) / 1000;
-    const double rate = seconds > 0 ? double(count) / seconds : 0;
-    const QString messages = count == 0
+    const quint64 messageCount = counted();
+    const double rate = seconds > 0 ? double(messageCount) / seconds : 0;
+    const QString messages = messageCount == 0
         ? QString()
         : Cli::tr("%1 messages, %2 messages/s, ")
-              .arg(QString::number(count), QString::number(rate, 'f', 0));
+              .arg(QString::number(messageCount), QString::number(rate, 'f', 0));
     const QString text = subject + QLatin1String(": ") + messages
         + Cli::tr("%1 s").arg(seconds, 0, 'f', 1) + timeLeft(seconds);
     std::fprintf(stderr, "\r\033[K%s%s", text.toLocal8Bit().constData(), lineEnd);

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <atomic>
 #include <functional>
 
 /// The texts of the program.
@@ -72,13 +73,15 @@ public:
     Progress(const Progress &) = delete;
     Progress &operator=(const Progress &) = delete;
 
-    void setCount(quint64 messages) { count = messages; }
-    void countOne() { ++count; }
+    void setCount(quint64 messages) { count.store(messages, std::memory_order_relaxed); }
+    void countOne() { setCount(counted() + 1); }
 
-    /// What the one that lives, or the one that went last, has counted.
-    static quint64 lastCount() { return current ? current->count : countAtEnd; }
+    /// What the one that lives, or the one that went last, has counted. Other threads may ask as
+    /// long as the one that lives stays.
+    static quint64 lastCount() { return current ? current->counted() : countAtEnd; }
 
 private:
+    quint64 counted() const { return count.load(std::memory_order_relaxed); }
     void print(const char *lineEnd) const;
     QString timeLeft(double seconds) const;
 
@@ -88,7 +91,7 @@ private:
     const QString subject;
     const Part part;
     const bool active;
-    quint64 count = 0;
+    std::atomic<quint64> count{0}; // of the thread that shows it, and others look
     QElapsedTimer elapsed;
     QTimer timer;
 };
