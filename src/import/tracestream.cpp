@@ -17,7 +17,12 @@ namespace {
 class CheckingSink : public TraceSink
 {
 public:
-    explicit CheckingSink(const TraceStream::GoesOn &goesOn) : goesOn(goesOn) { }
+    CheckingSink(const TraceStream::GoesOn &goesOn, ReadingPlace &place)
+        : goesOn(goesOn), place(place)
+    {
+    }
+
+    void begin(const UnpackedFile &file) override { place = placeIn(file); }
 
     bool message(const CAN::CanRxMessage &) override { return true; }
     void note(quint32, const QString &) override { }
@@ -27,6 +32,7 @@ public:
 
 private:
     const TraceStream::GoesOn &goesOn;
+    ReadingPlace &place;
 };
 
 // Readers report a note before its message, so only the notes of the next message wait here.
@@ -34,8 +40,8 @@ class HandingSink : public CheckingSink
 {
 public:
     HandingSink(const TraceStream::Take &take, const TraceStream::GoesOn &goesOn,
-                ImportReport &lastReport)
-        : CheckingSink(goesOn), take(take), lastReport(lastReport)
+                ReadingPlace &place, ImportReport &lastReport)
+        : CheckingSink(goesOn, place), take(take), lastReport(lastReport)
     {
     }
 
@@ -82,7 +88,9 @@ TraceStream::Result TraceStream::read(const Take &take, const GoesOn &goesOn)
     errors.clear();
     lastReport = {};
     Result result = Failed;
-    if (!withinMemory([&] { result = readWithinMemory(take, goesOn); })) {
+    const bool hasMemory = withinMemory([&] { result = readWithinMemory(take, goesOn); });
+    place = {};
+    if (!hasMemory) {
         errors = QStringList(FileErrors::outOfMemory(fileName));
         return Failed;
     }
@@ -95,7 +103,7 @@ TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn
     if (!isArchive && type != DatachunkHelper::ChunkFile)
         return readText(take, goesOn);
     const auto read = isArchive ? ChunkStream::readArchive : ChunkStream::readFile;
-    return read(fileName, take, goesOn, errors);
+    return read(fileName, take, goesOn, place, errors);
 }
 
 TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn)
@@ -108,10 +116,10 @@ TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn
     }
     Outcome read;
     if (reader.delivery == TraceReader::WhenWhole) {
-        CheckingSink check(goesOn);
+        CheckingSink check(goesOn, place);
         read = readTraceFile(request, check);
     }
-    HandingSink sink(take, goesOn, lastReport);
+    HandingSink sink(take, goesOn, place, lastReport);
     if (read.isDone())
         read = readTraceFile(request, sink);
     if (read.kind == Outcome::GivenUp)

@@ -66,6 +66,10 @@ public:
     /// How a text is read; strictly at first.
     void setMode(DatachunkHelper::ImportMode newMode) { mode = newMode; }
 
+    /// How far the read has come that runs now, in bytes as DatachunkHandler::importProgress() has
+    /// them; zeros when none runs, and of a device. To be asked from \a take and \a goesOn.
+    ImportProgress progress() const { return place ? place() : ImportProgress(); }
+
     /// What became of the lines of the text that was read last; nothing for chunks and archives.
     const ImportReport &report() const { return lastReport; }
 
@@ -81,7 +85,8 @@ private:
     DatachunkHelper::ImportFileType type;
     QString formatDescription;
     DatachunkHelper::ImportMode mode = DatachunkHelper::Strict;
-    QIODevice *device = nullptr; // not owned
+    QIODevice *device = nullptr;           // not owned
+    std::function<ImportProgress()> place; // while something is read
     ImportReport lastReport;
     QStringList errors;
 };
