@@ -13,6 +13,7 @@ class TestConvert : public FolderTest
 private slots:
     void everyFormatThatWeReadComesBack_data();
     void everyFormatThatWeReadComesBack();
+    void aChunkFileMayHaveAnyName();
     void inputsAreMergedByTime_data();
     void inputsAreMergedByTime();
     void numbersStayUniqueInAChunkFile();
@@ -71,6 +72,15 @@ void TestConvert::everyFormatThatWeReadComesBack()
         QVERIFY(back.endsWith(read.right(20)));
         QVERIFY(QFile::remove(file));
     }
+}
+
+void TestConvert::aChunkFileMayHaveAnyName()
+{
+    writeFile("day.log", frames(0, 10));
+    QCOMPARE(outputOf("convert day.log --as dck out.log"), "out.log\n");
+    QCOMPARE(outputOf("dump --type ChunkFile out.log"), outputOf("dump day.log"));
+    QCOMPARE(outputOf("convert day.log --as txt out.dck"), "out.dck\n");
+    QCOMPARE(readFile("out.dck"), outputOf("convert day.log --as txt -"));
 }
 
 void TestConvert::inputsAreMergedByTime_data()
