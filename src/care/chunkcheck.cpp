@@ -133,14 +133,14 @@ void append(std::vector<Finding> &all, std::vector<Finding> more, qint64 moveBy)
 
 } // namespace
 
-CheckedChunk checkChunk(QIODevice &device, const ChunkReading::Bounds &bounds,
+CheckedChunk checkChunk(QIODevice &device, Numbering numbering, const ChunkReading::Bounds &bounds,
                         const std::function<bool()> &isDamaged)
 {
     CheckedChunk checked;
     FindingList ofRecords;
     FindingList ofChunk;
     FindingList ofEnd;
-    RecordCheck records(ofRecords);
+    RecordCheck records(numbering, ofRecords);
     if (device.bytesAvailable() == 0) {
         ofChunk.add(Finding::Error, Finding::Empty, CheckTexts::tr("The file is empty."), 0);
         checked.findings = ofChunk.take();

@@ -16,5 +16,5 @@ struct CheckedChunk
 
 /// Reads a chunk from its start to its end, or as far as it can be read. A last record that is cut
 /// short is no finding if \a isDamaged, where it is set, returns true: the device ends too early.
-CheckedChunk checkChunk(QIODevice &device, const ChunkReading::Bounds &bounds,
+CheckedChunk checkChunk(QIODevice &device, Numbering numbering, const ChunkReading::Bounds &bounds,
                         const std::function<bool()> &isDamaged = {});

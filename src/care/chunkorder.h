@@ -5,6 +5,9 @@
 
 #include <vector>
 
+/// Of the messages in a chunk of that name.
+Numbering numberingOf(const QString &path);
+
 /// Whether the chunks of a folder or of an archive go on where the one before ends. Chunks that are
 /// numbered under one name belong together.
 class ChunkOrder

@@ -70,18 +70,21 @@ void RecordCheck::lookAtOrder(const Message &message)
     const std::optional<Message> before = std::exchange(lastMessage, message);
     if (!before)
         return;
-    if (message.number <= before->number) {
-        tell(Finding::Error, Finding::NumberRepeat, [&] {
-            return CheckTexts::tr("Message %1 comes behind message %2.")
-                .arg(message.number)
-                .arg(before->number);
-        });
-    } else if (message.number - before->number > 1) {
-        // Legal: whoever saves some of the messages leaves out the others.
-        tell(Finding::Remark, Finding::NumberGap,
-             [&] { return CheckTexts::gap(before->number, message.number); });
-    }
+    lookAtNumbers(before->number, message.number);
     if (message.time < before->time)
         tell(Finding::Remark, Finding::TimeFalls,
              [&] { return CheckTexts::timeFalls(before->time, message.time); });
+}
+
+void RecordCheck::lookAtNumbers(quint32 before, quint32 next)
+{
+    const auto severity = numbering == Numbering::ByStore ? Finding::Error : Finding::Remark;
+    if (isNext(before, next))
+        return;
+    if (next <= before)
+        tell(severity, Finding::NumberRepeat, [&] {
+            return CheckTexts::tr("Message %1 comes behind message %2.").arg(next).arg(before);
+        });
+    else
+        tell(severity, Finding::NumberGap, [&] { return CheckTexts::gap(before, next); });
 }

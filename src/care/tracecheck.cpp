@@ -92,7 +92,8 @@ void TraceCheck::checkFile(const QString &path)
     }
     const auto identity = FileIdentity::of(file.handle());
     CheckedChunk chunk;
-    if (!withinMemory([&] { chunk = checkChunk(file, {ArchiveLimits::memoryLimit(), goesOn}); })) {
+    const ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), goesOn};
+    if (!withinMemory([&] { chunk = checkChunk(file, numberingOf(path), bounds); })) {
         tell(Finding::Error, Finding::Unreadable, path, FileErrors::outOfMemory(path));
         return;
     }
@@ -241,8 +242,9 @@ void TraceCheck::checkEntry(const Zip::Reader &archive, const Zip::Entry &entry)
              Damage::notOpened(Damage::entryName(entry.name, path)), entry.name);
         return;
     }
-    CheckedChunk chunk = checkChunk(*content, {ArchiveLimits::memoryLimit(), goesOn},
-                                    [&content] { return content->isDamaged(); });
+    CheckedChunk chunk =
+        checkChunk(*content, numberingOf(entry.name), {ArchiveLimits::memoryLimit(), goesOn},
+                   [&content] { return content->isDamaged(); });
     readToEnd(*content);
     // What was not read any further only looks damaged.
     if (isStopped())

@@ -10,7 +10,7 @@ constexpr quint32 maxExtendedId = 0x1FFFFFFF;
 constexpr int maxClassicBytes = 8;
 constexpr int fdLengths[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 12, 16, 20, 24, 32, 48, 64}; // by the code
 constexpr qint64 million = 1000000;
-constexpr qint64 lastTime = std::numeric_limits<qint32>::max() * million;
+constexpr qint64 lastTime = std::numeric_limits<qint32>::max() * million + million - 1;
 
 void setTime(const CAN::CanRxMessage &message, ExportFrame &frame)
 {

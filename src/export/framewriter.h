@@ -7,7 +7,7 @@
 /// A record as a frame that can be on a bus: all fields are within their bounds and agree.
 struct ExportFrame
 {
-    qint64 time; ///< microseconds, from 0 to 2147483647 seconds
+    qint64 time; ///< microseconds, from 0 to 2147483647.999999 seconds
     quint32 id;  ///< 29 bits, or 11 when not extended; nothing for an error frame
     int length;  ///< up to 8, for CAN FD one of those up to 64 that have a code
     quint16 line;

@@ -38,7 +38,8 @@ Outcome readDevice(QIODevice &device, const TraceRequest &request, TraceSink &si
     const bool isAtBeginning = device.seek(0);
     if (isAtBeginning)
         result = readLines(device, request, sink);
-    if (!isAtBeginning || (result.kind != Outcome::GivenUp && !device.atEnd()))
+    // A reader that refuses the trace leaves bytes behind with which nothing is wrong.
+    if (!isAtBeginning || (result.isDone() && !device.atEnd()))
         result.text = device.errorString();
     return result;
 }

@@ -77,8 +77,10 @@ public:
     void appendCanMessageContinuesMode(CAN::CanRxMessage &message);
 
     /// Moves the live messages to a chunk file before their number reaches the limit, in all else
-    /// as a full buffer is moved. False, and nothing happens, when there are none or the mode is
-    /// continuous. Any thread; takes the write lock.
+    /// as a full buffer is moved: with a disk budget of 0 there is no file either, and they are
+    /// gone with the next rotation. False, and nothing happens, when there are none or the mode is
+    /// continuous. Any thread; takes the write lock, and emits under it as informAboutClearStart
+    /// tells.
     bool rotate();
 
     /// Tells by newErrorMessage that a file is of a newer version. Application's thread, as the
@@ -409,8 +411,8 @@ signals:
     /// archive is merged once for each of its chunks.
     void chunkContainsFdMessage(bool);
     /// What is shown is about to be replaced.
-    /// A rotation emits it on the thread that appends, it and clearAllMessages under the write
-    /// lock.
+    /// A rotation emits it on the thread that appends, or calls rotate(); it and clearAllMessages
+    /// do so under the write lock.
     void informAboutClearStart();
     /// What is shown was replaced: read it anew. True when it is the live list. After a rotation it
     /// comes on a thread of the background, under the read lock.

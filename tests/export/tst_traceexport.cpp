@@ -19,6 +19,7 @@ private slots:
     void emptyTraces_data();
     void emptyTraces();
     void datesCountFromTheFirstMessage();
+    void theLatestTimeStays();
     void noteIsCutAtACharacter();
     void names_data();
     void names();
@@ -302,6 +303,18 @@ void TestTraceExport::datesCountFromTheFirstMessage()
     const QByteArray rows = exported(trc, {message});
     QVERIFY(rows.contains(";$STARTTIME=42195.7621788079\r\n"));
     QVERIFY(rows.contains("\r\n     1)         0.7  Rx "));
+}
+
+void TestTraceExport::theLatestTimeStays()
+{
+    CAN::CanRxMessage message;
+    message.seconds = std::numeric_limits<qint32>::max();
+    message.microseconds = 999999;
+    TraceExport trace(TraceExport::Candump);
+    QByteArray bytes;
+    trace.append(message, {}, bytes);
+    QCOMPARE(bytes, "(2147483647.999999) can0 000#\n");
+    QVERIFY(trace.losses().isEmpty());
 }
 
 void TestTraceExport::noteIsCutAtACharacter()

@@ -141,6 +141,7 @@ private slots:
     void strictFramesThatAreRightAreNotUnlikely();
     void strictReadersTellOfPhantoms_data();
     void strictReadersTellOfPhantoms();
+    void refusalsOfADeviceAreThoseOfAFile();
 };
 
 void TestTolerant::everyFrameIsFound_data()
@@ -375,6 +376,19 @@ void TestTolerant::strictReadersTellOfPhantoms()
     QVERIFY(stream.read([](const TraceItem &) { return true; }, readOther) != TraceStream::Failed);
     QTEST(stream.report().unlikely.first, "unlikely");
     QCOMPARE(stream.report().hasLoss(), stream.report().unlikely.count > 0);
+}
+
+void TestTolerant::refusalsOfADeviceAreThoseOfAFile()
+{
+    QBuffer device;
+    device.setData(QByteArray(1000000, '\n')); // more than is read at once
+    QVERIFY(device.open(QIODevice::ReadOnly));
+    TraceStream stream(QStringLiteral("trace.trc"), DatachunkHelper::PeakTrc21);
+    stream.setDevice(&device);
+    const auto take = [](const TraceItem &) { return true; };
+    QCOMPARE(stream.read(take, [] { return true; }), TraceStream::Failed);
+    QCOMPARE(stream.errorTexts(),
+             QStringList("Import error occured. No valid column description found."));
 }
 
 QTEST_GUILESS_MAIN(TestTolerant)

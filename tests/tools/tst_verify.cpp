@@ -25,6 +25,7 @@ private slots:
     void everyCutIsRecovered();
     void zerosFromALossOfPowerAreTrimmed();
     void severalFoldersAreRecovered();
+    void namesWithPlacesForTextsStay();
     void anEarlierExportIsSetAside();
     void nothingIsOverwritten();
 };
@@ -107,9 +108,9 @@ void TestVerify::damagedChunks_data()
     row("a cut record", good.left(246), {"error record-cut 4/222"});
     row("no records", good.left(119), {"remark no-messages -/-"});
     row("a number too high", with(good, 190, "0000000e"),
-        {"remark number-gap 2/171", "error number-repeat 3/196"});
+        {"remark number-gap 2/171", "remark number-repeat 3/196"});
     row("a number that comes twice", with(good, 190, "0000000b"),
-        {"error number-repeat 2/171", "remark number-gap 3/196"});
+        {"remark number-repeat 2/171", "remark number-gap 3/196"});
     row("a time that falls", with(good, 212, "00000001"), {"remark time-falls 3/196"});
     row("zeros behind", good + QByteArray(60, 0), {"error zeros 5/247", "error record-cut 7/297"});
     row("zeros in between", good.left(146) + QByteArray(50, 0) + good.mid(196),
@@ -133,8 +134,8 @@ void TestVerify::manyFindingsAreCounted()
     writeFile("same.dck", bytes);
     const QByteArray output = run("verify same.dck").output;
     QCOMPARE(output.count('\n'), 22);
-    QVERIFY(output.contains("same.dck: There are 980 more like that.\n"));
-    QCOMPARE(output.split('\n').at(21), "1 chunks, 1001 messages: 21 errors, 0 remarks.");
+    QVERIFY(output.contains("same.dck: remark: There are 980 more like that.\n"));
+    QCOMPARE(output.split('\n').at(21), "1 chunks, 1001 messages: 0 errors, 21 remarks.");
 }
 
 using Change = std::function<void()>;
@@ -223,6 +224,20 @@ void TestVerify::archives_data()
     row("a chunk that comes again",
         archiveOf({{"tmpData0.dck", good, true}, {"tmpData1.dck", good, true}}),
         {"error number-repeat 0/119", "remark time-falls 0/119"});
+    row("numbers that a store leaves out and repeats",
+        archiveOf({{"a/tmpData0.dck", with(good, 190, "0000000e"), true}}),
+        {"remark entry-name -/-", "error number-gap 2/171", "error number-repeat 3/196"});
+    const QByteArray first = chunkBytes("0.0", 0, 1);
+    const QByteArray highest = with(first, first.size() - 6, "ffffffff");
+    row("numbers that begin at 0 behind the highest",
+        archiveOf({{"tmpData8.dck", highest + first.right(33), true},
+                   {"tmpData9.dck", chunkBytes("0.0", 1, 1), true},
+                   {"x8.dck", highest, true},
+                   {"x9.dck", first, true}}),
+        {});
+    row("files that hold one trace each",
+        archiveOf({{"day1.dck", chunkBytes("0.0", 0, 2), true}, {"day2.dck", first, true}}),
+        {"remark number-repeat 0/52", "remark time-falls 0/52"});
     row("no chunks", archiveOf({{"notes.txt", "hello", true}}), {"error no-chunks -/-"});
     row("no archive", "PK, but no archive", {"error unreadable -/-"});
     row("a cut directory", withClaimedEntries(stored, 3), {"error archive-directory -/-"});
@@ -320,6 +335,20 @@ void TestVerify::severalFoldersAreRecovered()
     QCOMPARE(outputOf("verify out/rec"), "4 chunks, 35 messages: nothing found.\n");
     QVERIFY(!ChunkDirectory::read("out/17").empty());
     QCOMPARE(filesBelow("store"), before);
+}
+
+void TestVerify::namesWithPlacesForTextsStay()
+{
+    QVERIFY(QDir().mkpath("%1/%3"));
+    writeFile("%1/%3/%2_1.dck", chunkBytes("0.0", 3, 2));
+    writeFile("%1/%3/%2_2.dck", chunkBytes("5.0", 4, 1));
+    QVERIFY(run("verify %1/%3")
+                .output.contains("The chunk begins with message 4, but %2_1.dck ends with message "
+                                 "4.\n"));
+    QVERIFY(outputOf("recover --list %1").startsWith("%1/%3: left behind, 2 chunk files, "));
+    QCOMPARE(outputOf("recover %1 --into out"),
+             "%1/%3/%2_1.dck: 2 messages kept\n%1/%3/%2_2.dck: 1 messages kept\n");
+    QVERIFY(outputOf("detect --explain %1/%3/%2_1.dck").startsWith("ChunkFile %1/%3/%2_1.dck\n    100% "));
 }
 
 void TestVerify::anEarlierExportIsSetAside()

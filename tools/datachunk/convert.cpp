@@ -60,7 +60,7 @@ QString freeName(const QDir &folder, const QString &path, const QString &suffix)
     const QString base = file.isDir() ? file.fileName() : file.completeBaseName();
     QString name = QStringLiteral("%1.%2").arg(base, suffix);
     for (int number = 2; isTaken(folder.filePath(name)); ++number)
-        name = QStringLiteral("%1-%2.%3").arg(base).arg(number).arg(suffix);
+        name = QStringLiteral("%1-%2.%3").arg(base, QString::number(number), suffix);
     return folder.filePath(name);
 }
 

@@ -11,10 +11,9 @@ namespace {
 bool explain(const QString &file)
 {
     const TraceRecognition found = TraceRecognition::of(file);
-    QString text = QStringLiteral("%1 %2\n    %3% %4")
-                       .arg(typeName(found.type), file)
-                       .arg(found.percent)
-                       .arg(found.explanation);
+    QString text =
+        QStringLiteral("%1 %2\n    %3% %4")
+            .arg(typeName(found.type), file, QString::number(found.percent), found.explanation);
     if (found.line > 0)
         text += QStringLiteral("\n    %1: %2").arg(found.line).arg(found.lineText);
     for (const QString &line : text.split(QLatin1Char('\n'))) {

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 #include <sys/stat.h>
 
@@ -39,12 +40,13 @@ private:
 
     std::vector<LeftChunks> &found;
     bool complete = true;
+    QString unread; // the folder that was told of last
 };
 
 QFileInfoList Search::entries(const QString &path, QDir::Filters filters, const QStringList &names)
 {
     const QFileInfo folder(path);
-    if (!folder.isReadable() || !folder.isExecutable()) {
+    if ((!folder.isReadable() || !folder.isExecutable()) && std::exchange(unread, path) != path) {
         printError(path, Cli::tr("The folder cannot be read."));
         complete = false;
     }

@@ -51,7 +51,8 @@ QString Recovery::subfolder(const QString &folder) const
     if (name.isEmpty())
         name = QStringLiteral("recovered");
     for (int i = 2; i < attempts; ++i) {
-        const QString free = i == 2 ? name : QStringLiteral("%1_%2").arg(name).arg(i - 1);
+        const QString free =
+            i == 2 ? name : QStringLiteral("%1_%2").arg(name, QString::number(i - 1));
         if (target.mkdir(free))
             return free;
         if (!QFileInfo::exists(target.filePath(free)))
@@ -141,7 +142,7 @@ bool Recovery::saveFile(const QString &file, const QDir &into, std::optional<qui
         lastNumber = chunk.lastNumber;
     }
     reasons.removeAll(QString());
-    QString line = Cli::tr("%1: %2 messages kept").arg(file).arg(chunk.messages);
+    QString line = Cli::tr("%1: %2 messages kept").arg(file, QString::number(chunk.messages));
     if (chunk.bytesTrimmed > 0)
         line += Cli::tr(", %1 bytes trimmed").arg(chunk.bytesTrimmed);
     if (!reasons.isEmpty())
@@ -228,9 +229,8 @@ bool list(const QStringList &sources)
             bytes += QFileInfo(file).size();
         writeLine(chunks.isInUse ? Cli::tr("%1: in use").arg(chunks.folder)
                                  : Cli::tr("%1: left behind, %2 chunk files, %3 bytes")
-                                       .arg(chunks.folder)
-                                       .arg(chunks.files.size())
-                                       .arg(bytes));
+                                       .arg(chunks.folder, QString::number(chunks.files.size()),
+                                            QString::number(bytes)));
     }
     return isComplete;
 }
