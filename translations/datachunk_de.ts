@@ -44,10 +44,6 @@
         <translation>Nennt Perioden, Lasten und Lücken der Nachrichten eines Traces.</translation>
     </message>
     <message>
-        <source>Save a trace, or some of its messages, as a chunk file or a text.</source>
-        <translation>Speichert einen Trace oder einige seiner Nachrichten als Chunk-Datei oder Text.</translation>
-    </message>
-    <message>
         <source>Turn a trace of another tool into numbered chunk files.</source>
         <translation>Macht aus dem Trace eines anderen Programms nummerierte Chunk-Dateien.</translation>
     </message>
@@ -86,18 +82,6 @@
     <message>
         <source>Begin at this position; the first message is at 0.</source>
         <translation>Beginnt an dieser Position; die erste Nachricht steht bei 0.</translation>
-    </message>
-    <message>
-        <source>Print at most N messages.</source>
-        <translation>Gibt höchstens N Nachrichten aus.</translation>
-    </message>
-    <message>
-        <source>Print only messages of this bus line (0 to 255).</source>
-        <translation>Gibt nur Nachrichten dieses Kanals aus (0 bis 255).</translation>
-    </message>
-    <message>
-        <source>Print only messages with this identifier.</source>
-        <translation>Gibt nur Nachrichten mit diesem Identifier aus.</translation>
     </message>
     <message>
         <source>Write this file: a chunk file when the name ends in &quot;dck&quot;, a text otherwise. With &quot;-&quot; the text goes to standard output.</source>
@@ -266,34 +250,6 @@
         <translation>ausgelassen, %1</translation>
     </message>
     <message>
-        <source>Usage: datachunk COMMAND [options] [arguments]
-Records, converts and shows traces of CAN buses.
-
-Commands:
-%1
-A PATH is a trace of any kind, or a folder of chunk files. Several chunk files,
-folders and archives are one trace in order of time; with a text of another
-tool among them, all are read one after the other.
-
-&quot;datachunk COMMAND --help&quot; tells the options of a command.
-The exit status is 0, 1 when something failed or nothing was found, and 2 for
-wrong usage.
-</source>
-        <translation>Aufruf: datachunk BEFEHL [Optionen] [Argumente]
-Zeichnet Traces von CAN-Bussen auf, wandelt und zeigt sie.
-
-Befehle:
-%1
-Ein PATH ist ein Trace beliebiger Art oder ein Ordner mit Chunk-Dateien. Mehrere
-Chunk-Dateien, Ordner und Archive sind ein Trace, nach der Zeit geordnet; ist ein
-Text eines anderen Programms darunter, werden alle nacheinander gelesen.
-
-„datachunk BEFEHL --help“ nennt die Optionen eines Befehls.
-Der Exit-Status ist 0, 1, wenn etwas fehlschlug oder nichts gefunden wurde, und 2
-bei falschem Aufruf.
-</translation>
-    </message>
-    <message>
         <source>Usage: datachunk %1 [options] %2
 </source>
         <translation>Aufruf: datachunk %1 [Optionen] %2
@@ -356,10 +312,6 @@ bei falschem Aufruf.
         <translation>Schreibt dieses Archiv; eines, das schon da ist, wird ersetzt, sobald das neue vollständig ist. Keine andere Datei wird ersetzt.</translation>
     </message>
     <message>
-        <source>Take only the messages from position A to B, both included; the first message is at 0.</source>
-        <translation>Nimmt nur die Nachrichten von Position A bis B, beide eingeschlossen; die erste Nachricht steht bei 0.</translation>
-    </message>
-    <message>
         <source>Take only the messages at these positions.</source>
         <translation>Nimmt nur die Nachrichten an diesen Positionen.</translation>
     </message>
@@ -382,10 +334,6 @@ bei falschem Aufruf.
     <message>
         <source>--plugin needs --interface</source>
         <translation>--plugin braucht --interface</translation>
-    </message>
-    <message>
-        <source>--fd, --bitrate and --data-bitrate need --plugin</source>
-        <translation>--fd, --bitrate und --data-bitrate brauchen --plugin</translation>
     </message>
     <message>
         <source>messages taken:   %1</source>
@@ -434,10 +382,6 @@ bei falschem Aufruf.
     <message>
         <source>Keep all files of the recording within N MiB together: the oldest chunk files are deleted. Nothing is deleted by default.</source>
         <translation>Hält alle Dateien der Aufzeichnung zusammen unter N MiB: die ältesten Chunk-Dateien werden gelöscht. Sonst wird nichts gelöscht.</translation>
-    </message>
-    <message>
-        <source>Message limit of the store, 105000 by default or less for a small budget. A chunk file holds %1 messages less.</source>
-        <translation>Nachrichtengrenze des Speichers, sonst 105000 oder weniger bei kleinem Budget. Eine Chunk-Datei enthält %1 Nachrichten weniger.</translation>
     </message>
     <message>
         <source>The folder for chunk files could not be created.</source>
@@ -628,10 +572,6 @@ bei falschem Aufruf.
         <translation>Standardausgabe</translation>
     </message>
     <message>
-        <source>%1: %2 messages, %3 messages/s, %4 s</source>
-        <translation>%1: %2 Nachrichten, %3 Nachrichten/s, %4 s</translation>
-    </message>
-    <message>
         <source>Read the file as this type instead of the one detected: %1.</source>
         <translation>Liest die Datei als diesen Typ statt als den erkannten: %1.</translation>
     </message>
@@ -642,10 +582,6 @@ bei falschem Aufruf.
     <message>
         <source>Read texts by the letter, as other programs of this kind do, instead of taking only what has the shape of a frame.</source>
         <translation>Liest Texte nach dem Buchstaben, wie andere Programme dieser Art, statt nur zu nehmen, was die Form eines Frames hat.</translation>
-    </message>
-    <message>
-        <source>Tell what became of the lines in this form: text or json.</source>
-        <translation>Sagt in dieser Form, was aus den Zeilen wurde: text oder json.</translation>
     </message>
     <message>
         <source>Fail when a line was left out or something of a frame was changed.</source>
@@ -702,6 +638,566 @@ bei falschem Aufruf.
     <message>
         <source>There is no place for temporary files: %1</source>
         <translation>Es gibt keinen Platz für temporäre Dateien: %1</translation>
+    </message>
+    <message>
+        <source>The receive buffer of the CAN controller ran over.</source>
+        <translation>Der Empfangspuffer des CAN-Controllers lief über.</translation>
+    </message>
+    <message>
+        <source>The CAN interface is back, and the recording goes on.</source>
+        <translation>Die CAN-Schnittstelle ist wieder da, und die Aufzeichnung geht weiter.</translation>
+    </message>
+    <message>
+        <source>%1 The recording goes on when the interface is back.</source>
+        <translation>%1 Die Aufzeichnung geht weiter, wenn die Schnittstelle wieder da ist.</translation>
+    </message>
+    <message>
+        <source>The CAN interface went down or was unplugged.</source>
+        <translation>Die CAN-Schnittstelle wurde abgeschaltet oder abgezogen.</translation>
+    </message>
+    <message>
+        <source>candump has dropped %1 frames.</source>
+        <translation>candump hat %1 Frames verworfen.</translation>
+    </message>
+    <message>
+        <source>the type of each file</source>
+        <translation>der Typ jeder Datei</translation>
+    </message>
+    <message>
+        <source>why, and which line decided</source>
+        <translation>warum, und welche Zeile entschied</translation>
+    </message>
+    <message>
+        <source>what a log of another tool holds</source>
+        <translation>was ein Log eines anderen Programms enthält</translation>
+    </message>
+    <message>
+        <source>a folder and an archive as one trace</source>
+        <translation>ein Ordner und ein Archiv als ein Trace</translation>
+    </message>
+    <message>
+        <source>the first 20 messages of an identifier</source>
+        <translation>die ersten 20 Nachrichten eines Identifiers</translation>
+    </message>
+    <message>
+        <source>every message as an object</source>
+        <translation>jede Nachricht als Objekt</translation>
+    </message>
+    <message>
+        <source>with the two messages in front of each</source>
+        <translation>mit den zwei Nachrichten vor jeder</translation>
+    </message>
+    <message>
+        <source>only how many there are</source>
+        <translation>nur, wie viele es sind</translation>
+    </message>
+    <message>
+        <source>periods, gaps and the load of the bus</source>
+        <translation>Perioden, Lücken und die Buslast</translation>
+    </message>
+    <message>
+        <source>with every pause above 0.2 s, as an object</source>
+        <translation>mit jeder Pause über 0,2 s, als Objekt</translation>
+    </message>
+    <message>
+        <source>Save a trace, or some of its messages, in another format.</source>
+        <translation>Speichert einen Trace oder einige seiner Nachrichten in einem anderen Format.</translation>
+    </message>
+    <message>
+        <source>100 messages as a text</source>
+        <translation>100 Nachrichten als Text</translation>
+    </message>
+    <message>
+        <source>an archive as one chunk file</source>
+        <translation>ein Archiv als eine Chunk-Datei</translation>
+    </message>
+    <message>
+        <source>Write traces, merged by time, in the format of another tool.</source>
+        <translation>Schreibt Traces, nach der Zeit zusammengeführt, im Format eines anderen Programms.</translation>
+    </message>
+    <message>
+        <source>two traces as one, for Wireshark</source>
+        <translation>zwei Traces als einer, für Wireshark</translation>
+    </message>
+    <message>
+        <source>each file for itself</source>
+        <translation>jede Datei für sich</translation>
+    </message>
+    <message>
+        <source>any trace as chunk files</source>
+        <translation>ein beliebiger Trace als Chunk-Dateien</translation>
+    </message>
+    <message>
+        <source>small chunks, and nothing left out</source>
+        <translation>kleine Chunks, und nichts ausgelassen</translation>
+    </message>
+    <message>
+        <source>until Ctrl-C</source>
+        <translation>bis Strg-C</translation>
+    </message>
+    <message>
+        <source>candump lines from standard input; the newest 4000 MiB stay</source>
+        <translation>candump-Zeilen von der Standardeingabe; die neuesten 4000 MiB bleiben</translation>
+    </message>
+    <message>
+        <source>into a folder beside the file</source>
+        <translation>in einen Ordner neben der Datei</translation>
+    </message>
+    <message>
+        <source>fewer and larger parts</source>
+        <translation>weniger und größere Teile</translation>
+    </message>
+    <message>
+        <source>a whole recording in one file</source>
+        <translation>eine ganze Aufzeichnung in einer Datei</translation>
+    </message>
+    <message>
+        <source>some of its chunks</source>
+        <translation>einige ihrer Chunks</translation>
+    </message>
+    <message>
+        <source>the chunks of an archive</source>
+        <translation>die Chunks eines Archivs</translation>
+    </message>
+    <message>
+        <source>the folder is made if need be</source>
+        <translation>der Ordner wird bei Bedarf angelegt</translation>
+    </message>
+    <message>
+        <source>all chunks as one</source>
+        <translation>alle Chunks als einer</translation>
+    </message>
+    <message>
+        <source>as a text on standard output</source>
+        <translation>als Text auf der Standardausgabe</translation>
+    </message>
+    <message>
+        <source>Check chunk files, folders of them and archives for damage.</source>
+        <translation>Prüft Chunk-Dateien, Ordner mit solchen und Archive auf Schäden.</translation>
+    </message>
+    <message>
+        <source>one line for each finding</source>
+        <translation>eine Zeile für jeden Befund</translation>
+    </message>
+    <message>
+        <source>an object for each finding</source>
+        <translation>ein Objekt für jeden Befund</translation>
+    </message>
+    <message>
+        <source>Save the chunk files that a killed application left behind.</source>
+        <translation>Rettet die Chunk-Dateien, die ein abgebrochenes Programm hinterlassen hat.</translation>
+    </message>
+    <message>
+        <source>what stores have left in the usual place</source>
+        <translation>was Speicher am üblichen Ort hinterlassen haben</translation>
+    </message>
+    <message>
+        <source>whole records are kept, the source stays as it is</source>
+        <translation>ganze Datensätze bleiben erhalten, die Quelle bleibt, wie sie ist</translation>
+    </message>
+    <message>
+        <source>A chunk file is not written from front to back and cannot go there.</source>
+        <translation>Eine Chunk-Datei wird nicht von vorn nach hinten geschrieben und kann nicht dorthin gehen.</translation>
+    </message>
+    <message>
+        <source>This is a terminal, and the format is not for one.</source>
+        <translation>Das ist ein Terminal, und das Format ist nicht für eines gedacht.</translation>
+    </message>
+    <message>
+        <source>--times takes absolute or delta, not &quot;%1&quot;</source>
+        <translation>--times nimmt absolute oder delta, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>there is no format &quot;%1&quot;; the formats are %2</source>
+        <translation>es gibt kein Format „%1“; die Formate sind %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; does not end in the name of a format; tell it with --as: %2</source>
+        <translation>„%1“ endet nicht mit dem Namen eines Formats; geben Sie es mit --as an: %2</translation>
+    </message>
+    <message>
+        <source>Write this format instead of the one that the name ends in: %1.</source>
+        <translation>Schreibt dieses Format statt dessen, auf das der Name endet: %1.</translation>
+    </message>
+    <message>
+        <source>Write times as absolute ones, or as delta to the message before, where the format knows both (asc, candump-screen).</source>
+        <translation>Schreibt Zeiten absolut (absolute) oder als Abstand zur Nachricht davor (delta), wo das Format beides kennt (asc, candump-screen).</translation>
+    </message>
+    <message>
+        <source>Write the notes into a text (txt), too; all other formats that can have them, do.</source>
+        <translation>Schreibt die Notizen auch in einen Text (txt); alle anderen Formate, die welche haben können, haben sie immer.</translation>
+    </message>
+    <message>
+        <source>, %1 left out</source>
+        <translation>, %1 ausgelassen</translation>
+    </message>
+    <message>
+        <source>Not written: bookmarks (%1).</source>
+        <translation>Nicht geschrieben: Lesezeichen (%1).</translation>
+    </message>
+    <message>
+        <source>%1; the format %2 cannot say all:</source>
+        <translation>%1; das Format %2 kann nicht alles sagen:</translation>
+    </message>
+    <message>
+        <source>--to and --into exclude each other</source>
+        <translation>--to und --into schließen einander aus</translation>
+    </message>
+    <message>
+        <source>--into needs --as</source>
+        <translation>--into braucht --as</translation>
+    </message>
+    <message>
+        <source>the name of the file to write is missing</source>
+        <translation>der Name der Datei, die geschrieben werden soll, fehlt</translation>
+    </message>
+    <message>
+        <source>At most %1 traces are merged at a time. Chunk files in a folder are one: name the folder.</source>
+        <translation>Höchstens %1 Traces werden auf einmal zusammengeführt. Chunk-Dateien in einem Ordner zählen als einer: nennen Sie den Ordner.</translation>
+    </message>
+    <message>
+        <source>Write this file, so that all arguments are traces to read. With &quot;-&quot; it goes to standard output.</source>
+        <translation>Schreibt diese Datei, sodass alle Argumente Traces sind, die gelesen werden. Mit „-“ geht sie auf die Standardausgabe.</translation>
+    </message>
+    <message>
+        <source>Write a file for each trace into this folder, in the format of --as.</source>
+        <translation>Schreibt für jeden Trace eine Datei in diesen Ordner, im Format von --as.</translation>
+    </message>
+    <message>
+        <source>Write this file, in the format that its name ends in, or as a text. With &quot;-&quot; it goes to standard output.</source>
+        <translation>Schreibt diese Datei in dem Format, auf das ihr Name endet, sonst als Text. Mit „-“ geht sie auf die Standardausgabe.</translation>
+    </message>
+    <message>
+        <source>Trigger &quot;%1&quot; at %2.</source>
+        <translation>Trigger „%1“ bei %2.</translation>
+    </message>
+    <message>
+        <source>Messages in front of this one are missing: the ring was too small.</source>
+        <translation>Vor dieser Nachricht fehlen welche: der Ring war zu klein.</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read.</source>
+        <translation>Der Ordner kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Records, converts and shows traces of CAN buses.</source>
+        <translation>Zeichnet Traces von CAN-Bussen auf, wandelt sie um und zeigt sie.</translation>
+    </message>
+    <message>
+        <source>A PATH is a trace of any kind, or a folder of chunk files. Several chunk files,
+folders and archives are one trace in order of time; with a text of another
+tool among them, all are read one after the other.</source>
+        <translation>Ein PATH ist ein Trace beliebiger Art oder ein Ordner mit Chunk-Dateien. Mehrere
+Chunk-Dateien, Ordner und Archive sind ein Trace in der Reihenfolge der Zeit; mit
+einem Text eines anderen Programms darunter werden alle nacheinander gelesen.</translation>
+    </message>
+    <message>
+        <source>The exit status is 0, 1 when something failed or nothing was found, and 2 for
+wrong usage.</source>
+        <translation>Der Exit-Status ist 0, 1, wenn etwas fehlschlug oder nichts gefunden wurde, und 2
+bei falscher Benutzung.</translation>
+    </message>
+    <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Tell failures and losses only, not how the work goes on.</source>
+        <translation>Nennt nur Fehler und Verluste, nicht, wie die Arbeit vorangeht.</translation>
+    </message>
+    <message>
+        <source>Usage: datachunk COMMAND [options] [arguments]
+</source>
+        <translation>Aufruf: datachunk BEFEHL [Optionen] [Argumente]
+</translation>
+    </message>
+    <message>
+        <source>
+
+Commands:
+</source>
+        <translation>
+
+Befehle:
+</translation>
+    </message>
+    <message>
+        <source>
+
+&quot;datachunk COMMAND --help&quot; tells the options of a command, and
+&quot;datachunk --version&quot; the version. &quot;datachunk --man&quot; prints a manual page,
+&quot;datachunk --completion&quot; a script that has bash complete what is typed.
+</source>
+        <translation>
+
+„datachunk BEFEHL --help“ nennt die Optionen eines Befehls und
+„datachunk --version“ die Version. „datachunk --man“ gibt eine Handbuchseite aus,
+„datachunk --completion“ ein Skript, mit dem bash ergänzt, was getippt wird.
+</translation>
+    </message>
+    <message>
+        <source>
+Examples:
+</source>
+        <translation>
+Beispiele:
+</translation>
+    </message>
+    <message>
+        <source>records, converts and shows traces of CAN buses</source>
+        <translation>zeichnet Traces von CAN-Bussen auf, wandelt sie um und zeigt sie</translation>
+    </message>
+    <message>
+        <source>Where it is set to anything, no colours are used.</source>
+        <translation>Wo es auf irgendetwas gesetzt ist, werden keine Farben benutzt.</translation>
+    </message>
+    <message>
+        <source>Where files without a name are put while archives are read; /tmp otherwise.</source>
+        <translation>Wohin Dateien ohne Namen kommen, während Archive gelesen werden; sonst /tmp.</translation>
+    </message>
+    <message>
+        <source>Its times do not count from 1970, as those of %1 do, so that the order of both means little.</source>
+        <translation>Seine Zeiten zählen nicht ab 1970, anders als die von %1, sodass die Reihenfolge der beiden wenig bedeutet.</translation>
+    </message>
+    <message>
+        <source>The system has no thread left for this trace.</source>
+        <translation>Das System hat keinen Thread mehr für diesen Trace.</translation>
+    </message>
+    <message>
+        <source>--%1 takes a value from %2 to %3, not &quot;%4&quot;</source>
+        <translation>--%1 nimmt einen Wert von %2 bis %3, nicht „%4“</translation>
+    </message>
+    <message>
+        <source>not asked for:    %1</source>
+        <translation>nicht verlangt:          %1</translation>
+    </message>
+    <message>
+        <source>captures:         %1</source>
+        <translation>Mitschnitte:             %1</translation>
+    </message>
+    <message>
+        <source>gaps:             %1</source>
+        <translation>Lücken:                  %1</translation>
+    </message>
+    <message>
+        <source>%1 messages taken, %2 gaps, into %3</source>
+        <translation>%1 Nachrichten angenommen, %2 Lücken, nach %3</translation>
+    </message>
+    <message>
+        <source>Messages are dropped: the ring is too small for all that comes in the time before a trigger. --ring sets another size.</source>
+        <translation>Nachrichten werden verworfen: der Ring ist zu klein für alles, was in der Zeit vor einem Trigger kommt. --ring setzt eine andere Größe.</translation>
+    </message>
+    <message>
+        <source>Gap: %1 messages came faster than the disk took them.</source>
+        <translation>Lücke: %1 Nachrichten kamen schneller, als der Datenträger sie aufnahm.</translation>
+    </message>
+    <message>
+        <source>Further gaps are noted in the recording only.</source>
+        <translation>Weitere Lücken werden nur in der Aufzeichnung vermerkt.</translation>
+    </message>
+    <message>
+        <source>Gap: %1</source>
+        <translation>Lücke: %1</translation>
+    </message>
+    <message>
+        <source>The folder holds chunks of a recording that was killed; &quot;datachunk recover&quot; saves them.</source>
+        <translation>Der Ordner enthält Chunks einer abgebrochenen Aufzeichnung; „datachunk recover“ rettet sie.</translation>
+    </message>
+    <message>
+        <source>--fd, --bitrate, --data-bitrate and --retry need --plugin</source>
+        <translation>--fd, --bitrate, --data-bitrate und --retry brauchen --plugin</translation>
+    </message>
+    <message>
+        <source>--before, --after and --ring need --trigger</source>
+        <translation>--before, --after und --ring brauchen --trigger</translation>
+    </message>
+    <message>
+        <source>Try every so often, such as 5s, to get an interface back that fails or goes away, in place of ending the recording.</source>
+        <translation>Versucht in diesem Abstand, etwa 5s, eine Schnittstelle wiederzubekommen, die ausfällt oder verschwindet, statt die Aufzeichnung zu beenden.</translation>
+    </message>
+    <message>
+        <source>Record only the messages that this filter takes.</source>
+        <translation>Zeichnet nur die Nachrichten auf, die dieser Filter nimmt.</translation>
+    </message>
+    <message>
+        <source>Record only around the messages that this filter takes.</source>
+        <translation>Zeichnet nur im Umfeld der Nachrichten auf, die dieser Filter nimmt.</translation>
+    </message>
+    <message>
+        <source>Record what came up to this time before a trigger: 500ms, 60s, 5min, 1h; a plain number is seconds.</source>
+        <translation>Zeichnet auf, was bis zu dieser Zeit vor einem Trigger kam: 500ms, 60s, 5min, 1h; eine bloße Zahl sind Sekunden.</translation>
+    </message>
+    <message>
+        <source>The same behind a trigger.</source>
+        <translation>Dasselbe nach einem Trigger.</translation>
+    </message>
+    <message>
+        <source>Memory for the messages in front of a trigger, 128MiB by default.</source>
+        <translation>Speicher für die Nachrichten vor einem Trigger, sonst 128MiB.</translation>
+    </message>
+    <message>
+        <source>Message limit of the store, 105000 by default, less for a small budget and more with --size or --every. A chunk file holds %1 messages less.</source>
+        <translation>Größte Anzahl von Nachrichten im Speicher, sonst 105000, weniger bei kleinem Budget und mehr mit --size oder --every. Eine Chunk-Datei enthält %1 Nachrichten weniger.</translation>
+    </message>
+    <message>
+        <source>End a chunk file before it gets larger: 64KiB, 100MiB; a plain number is MiB.</source>
+        <translation>Beendet eine Chunk-Datei, bevor sie größer wird: 64KiB, 100MiB; eine bloße Zahl sind MiB.</translation>
+    </message>
+    <message>
+        <source>End a chunk file when the clock reaches a multiple of this time: 30s, 10min, 1h; a plain number is seconds.</source>
+        <translation>Beendet eine Chunk-Datei, wenn die Uhr ein Vielfaches dieser Zeit erreicht: 30s, 10min, 1h; eine bloße Zahl sind Sekunden.</translation>
+    </message>
+    <message>
+        <source>Record into a new folder inside, named after the date and time.</source>
+        <translation>Zeichnet in einen neuen Ordner darin auf, der nach Datum und Uhrzeit heißt.</translation>
+    </message>
+    <message>
+        <source>Somebody works in this folder, so it is left alone.</source>
+        <translation>Jemand arbeitet in diesem Ordner, darum bleibt er unberührt.</translation>
+    </message>
+    <message>
+        <source>It does not follow the chunks in front of it.</source>
+        <translation>Er schließt nicht an die Chunks davor an.</translation>
+    </message>
+    <message>
+        <source>It does not follow the chunks in front of it and is now %1.</source>
+        <translation>Er schließt nicht an die Chunks davor an und ist jetzt %1.</translation>
+    </message>
+    <message>
+        <source>%1 messages in front of it are missing.</source>
+        <translation>%1 Nachrichten davor fehlen.</translation>
+    </message>
+    <message>
+        <source>%1: %2 messages kept</source>
+        <translation>%1: %2 Nachrichten erhalten</translation>
+    </message>
+    <message>
+        <source>, %1 bytes trimmed</source>
+        <translation>, %1 Bytes abgeschnitten</translation>
+    </message>
+    <message>
+        <source>The folder lies in %1, which is to be left as it is.</source>
+        <translation>Der Ordner liegt in %1, das bleiben soll, wie es ist.</translation>
+    </message>
+    <message>
+        <source>There is no chunk file.</source>
+        <translation>Es gibt keine Chunk-Datei.</translation>
+    </message>
+    <message>
+        <source>%1: in use</source>
+        <translation>%1: in Gebrauch</translation>
+    </message>
+    <message>
+        <source>%1: left behind, %2 chunk files, %3 bytes</source>
+        <translation>%1: hinterlassen, %2 Chunk-Dateien, %3 Bytes</translation>
+    </message>
+    <message>
+        <source>Put the chunk files into this folder, which is created if need be; those of several folders into folders below.</source>
+        <translation>Legt die Chunk-Dateien in diesen Ordner, der bei Bedarf angelegt wird, die mehrerer Ordner in Ordner darunter.</translation>
+    </message>
+    <message>
+        <source>Tell what there is instead; without a path, what applications have left in the data location of their user.</source>
+        <translation>Nennt stattdessen, was es gibt; ohne Pfad das, was Programme am Datenort ihres Benutzers hinterlassen haben.</translation>
+    </message>
+    <message>
+        <source>--list and --into do not go together</source>
+        <translation>--list und --into passen nicht zusammen</translation>
+    </message>
+    <message>
+        <source>the name of a file or folder is missing</source>
+        <translation>der Name einer Datei oder eines Ordners fehlt</translation>
+    </message>
+    <message>
+        <source>--id takes a number from 0 to ffffffff, or several as in 1a0,200..2ff, not &quot;%1&quot;</source>
+        <translation>--id nimmt eine Zahl von 0 bis ffffffff, oder mehrere wie in 1a0,200..2ff, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--line takes a number from 0 to 255, or several as in 1,3..5, not &quot;%1&quot;</source>
+        <translation>--line nimmt eine Zahl von 0 bis 255, oder mehrere wie in 1,3..5, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--time takes two times in order, as in 12.5..13, 2026-11-22T10:15:00..2026-11-22T10:20:00 or 10:15:00.., not &quot;%1&quot;</source>
+        <translation>--time nimmt zwei Zeiten der Reihe nach, wie in 12.5..13, 2026-11-22T10:15:00..2026-11-22T10:20:00 oder 10:15:00.., nicht „%1“</translation>
+    </message>
+    <message>
+        <source>End with the message at this position.</source>
+        <translation>Endet mit der Nachricht an dieser Position.</translation>
+    </message>
+    <message>
+        <source>Take at most N messages.</source>
+        <translation>Nimmt höchstens N Nachrichten.</translation>
+    </message>
+    <message>
+        <source>Take only the messages from position A to B, both included.</source>
+        <translation>Nimmt nur die Nachrichten von Position A bis B, beide eingeschlossen.</translation>
+    </message>
+    <message>
+        <source>Take only messages from time A to B, both included: seconds, dates in UTC (2026-11-22T10:15:00) or times of day (10:15:00); one may be left out.</source>
+        <translation>Nimmt nur Nachrichten von Zeit A bis B, beide eingeschlossen: Sekunden, Daten in UTC (2026-11-22T10:15:00) oder Uhrzeiten (10:15:00); eine kann fehlen.</translation>
+    </message>
+    <message>
+        <source>Take only messages of these bus lines (0 to 255), as in 1,3..5.</source>
+        <translation>Nimmt nur Nachrichten dieser Kanäle (0 bis 255), wie in 1,3..5.</translation>
+    </message>
+    <message>
+        <source>Take only messages with these identifiers, as in 1a0,200..2ff.</source>
+        <translation>Nimmt nur Nachrichten mit diesen Identifiern, wie in 1a0,200..2ff.</translation>
+    </message>
+    <message>
+        <source>Take only messages that this filter takes, as &quot;find&quot; has it.</source>
+        <translation>Nimmt nur Nachrichten, die dieser Filter nimmt, wie bei „find“.</translation>
+    </message>
+    <message>
+        <source>This has to be read twice, which standard input cannot be.</source>
+        <translation>Das muss zweimal gelesen werden, und das geht mit der Standardeingabe nicht.</translation>
+    </message>
+    <message>
+        <source>Stopped by a signal after %1 messages.</source>
+        <translation>Nach %1 Nachrichten durch ein Signal beendet.</translation>
+    </message>
+    <message>
+        <source>, %1 %, %2 s left</source>
+        <translation>, %1 %, noch %2 s</translation>
+    </message>
+    <message>
+        <source>%1 messages, %2 messages/s, </source>
+        <translation>%1 Nachrichten, %2 Nachrichten/s, </translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Tell what became of the lines in this form.</source>
+        <translation>Nennt in dieser Form, was aus den Zeilen wurde.</translation>
+    </message>
+    <message>
+        <source>Only plain texts can be read from there, not chunk files, archives and compressed traces. Give the name of the file.</source>
+        <translation>Von dort können nur einfache Texte gelesen werden, keine Chunk-Dateien, Archive und komprimierten Traces. Geben Sie den Namen der Datei an.</translation>
+    </message>
+    <message>
+        <source>It can be read only once.</source>
+        <translation>Sie kann nur einmal gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1: remark: %2</source>
+        <translation>%1: Hinweis: %2</translation>
+    </message>
+    <message>
+        <source>Only chunk files, folders of them and archives can be verified: a trace of another tool does not tell what it should hold.</source>
+        <translation>Nur Chunk-Dateien, Ordner mit solchen und Archive können geprüft werden: der Trace eines anderen Programms sagt nicht, was er enthalten soll.</translation>
+    </message>
+    <message>
+        <source>%1 chunks, %2 messages: nothing found.</source>
+        <translation>%1 Chunks, %2 Nachrichten: nichts gefunden.</translation>
+    </message>
+    <message>
+        <source>%1 chunks, %2 messages: %3 errors, %4 remarks.</source>
+        <translation>%1 Chunks, %2 Nachrichten: %3 Fehler, %4 Hinweise.</translation>
+    </message>
+    <message>
+        <source>Print a JSON object for each finding.</source>
+        <translation>Gibt für jeden Befund ein JSON-Objekt aus.</translation>
     </message>
 </context>
 <context>

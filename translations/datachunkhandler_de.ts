@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ChunkRecovery</name>
+    <message>
+        <source>The work was interrupted.</source>
+        <translation>Die Arbeit wurde unterbrochen.</translation>
+    </message>
+    <message>
+        <source>The chunk is of a newer version.</source>
+        <translation>Der Chunk stammt von einer neueren Version.</translation>
+    </message>
+    <message>
+        <source>The chunk is too large.</source>
+        <translation>Der Chunk ist zu groß.</translation>
+    </message>
+    <message>
+        <source>What stands in front of its messages is damaged or cut short, so that they cannot be found.</source>
+        <translation>Was vor seinen Nachrichten steht, ist beschädigt oder abgeschnitten, sodass sie nicht gefunden werden können.</translation>
+    </message>
+    <message>
+        <source>It ends in nothing but zeros, as a loss of power leaves it.</source>
+        <translation>Er endet mit lauter Nullen, wie ein Stromausfall sie hinterlässt.</translation>
+    </message>
+    <message>
+        <source>It ends in the middle of a message.</source>
+        <translation>Er endet mitten in einer Nachricht.</translation>
+    </message>
+    <message>
+        <source>Behind the messages kept a length of %1 is claimed, so that nothing more can be found.</source>
+        <translation>Hinter den erhaltenen Nachrichten ist eine Länge von %1 angegeben, sodass nichts weiter gefunden werden kann.</translation>
+    </message>
+    <message>
+        <source>It is empty.</source>
+        <translation>Er ist leer.</translation>
+    </message>
+    <message>
+        <source>There are no messages in it.</source>
+        <translation>Es sind keine Nachrichten darin.</translation>
+    </message>
+</context>
+<context>
     <name>CoCTTImporter</name>
     <message>
         <source>No error.</source>
@@ -154,6 +193,42 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
         <source>No filename specified.</source>
         <translation>Es ist kein Dateiname angegeben.</translation>
     </message>
+    <message>
+        <source>It is compressed, and its end is missing.</source>
+        <translation>Sie ist komprimiert, und ihr Ende fehlt.</translation>
+    </message>
+    <message>
+        <source>It is compressed and damaged.</source>
+        <translation>Sie ist komprimiert und beschädigt.</translation>
+    </message>
+    <message>
+        <source>Unpacking it takes more than %1 MiB of memory.</source>
+        <translation>Sie zu entpacken braucht mehr als %1 MiB Speicher.</translation>
+    </message>
+    <message>
+        <source>Something else stands behind the end of what is compressed.</source>
+        <translation>Hinter dem Ende des Komprimierten steht noch etwas anderes.</translation>
+    </message>
+    <message>
+        <source>The archive %1 holds several files and no chunk. Unpack it first.</source>
+        <translation>Das Archiv %1 enthält mehrere Dateien und keinen Chunk. Entpacken Sie es zuerst.</translation>
+    </message>
+    <message>
+        <source>The file in the archive %1 is encrypted or packed in a way that is not known.</source>
+        <translation>Die Datei im Archiv %1 ist verschlüsselt oder auf eine Weise gepackt, die nicht bekannt ist.</translation>
+    </message>
+    <message>
+        <source>The file %1 is compressed more than once. Unpack it first.</source>
+        <translation>Die Datei %1 ist mehr als einmal komprimiert. Entpacken Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>The file %1 holds an archive of several files. Unpack it first.</source>
+        <translation>Die Datei %1 enthält ein Archiv mit mehreren Dateien. Entpacken Sie sie zuerst.</translation>
+    </message>
+    <message>
+        <source>It unpacks to more than 1000 times its size.</source>
+        <translation>Sie wird entpackt mehr als 1000-mal so groß.</translation>
+    </message>
 </context>
 <context>
     <name>GenericFileImporter</name>
@@ -253,6 +328,204 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
     <message>
         <source>No error.</source>
         <translation>Kein Fehler.</translation>
+    </message>
+</context>
+<context>
+    <name>TraceCheck</name>
+    <message>
+        <source>Behind message %1 comes message %2: %3 messages are missing.</source>
+        <translation>Auf Nachricht %1 folgt Nachricht %2: %3 Nachrichten fehlen.</translation>
+    </message>
+    <message>
+        <source>The time falls from %1 s to %2 s.</source>
+        <translation>Die Zeit fällt von %1 s auf %2 s.</translation>
+    </message>
+    <message>
+        <source>The header is damaged or cut short.</source>
+        <translation>Der Kopf ist beschädigt oder abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>The chunk is too large to be checked to its end.</source>
+        <translation>Der Chunk ist zu groß, um bis zu seinem Ende geprüft zu werden.</translation>
+    </message>
+    <message>
+        <source>The version is no number, so that this may be no chunk.</source>
+        <translation>Die Version ist keine Zahl, sodass dies vielleicht kein Chunk ist.</translation>
+    </message>
+    <message>
+        <source>The version %1 is newer than %2 and cannot be checked.</source>
+        <translation>Die Version %1 ist neuer als %2 und kann nicht geprüft werden.</translation>
+    </message>
+    <message>
+        <source>The notes or bookmarks are damaged or cut short; nothing behind them can be relied on.</source>
+        <translation>Die Notizen oder Lesezeichen sind beschädigt oder abgeschnitten; auf nichts dahinter ist Verlass.</translation>
+    </message>
+    <message>
+        <source>The bookmark on message %1 is damaged.</source>
+        <translation>Das Lesezeichen an Nachricht %1 ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The header names no times.</source>
+        <translation>Der Kopf nennt keine Zeiten.</translation>
+    </message>
+    <message>
+        <source>The header names the times %1, but the messages are from %2 to %3.</source>
+        <translation>Der Kopf nennt die Zeiten %1, aber die Nachrichten sind von %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>The chunk ends in the middle of this record.</source>
+        <translation>Der Chunk endet mitten in diesem Datensatz.</translation>
+    </message>
+    <message>
+        <source>The record claims a length of %1; nothing from here on can be read.</source>
+        <translation>Der Datensatz gibt eine Länge von %1 an; von hier an kann nichts gelesen werden.</translation>
+    </message>
+    <message>
+        <source>There are no messages in the chunk.</source>
+        <translation>Es sind keine Nachrichten in dem Chunk.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The chunk begins with message %1, but %2 ends with message %3.</source>
+        <translation>Der Chunk beginnt mit Nachricht %1, aber %2 endet mit Nachricht %3.</translation>
+    </message>
+    <message>
+        <source>There are %1 more like that.</source>
+        <translation>Es gibt %1 weitere dieser Art.</translation>
+    </message>
+    <message>
+        <source>%1 records hold nothing but zeros, as a loss of power leaves them.</source>
+        <translation>%1 Datensätze enthalten nichts als Nullen, wie ein Stromausfall sie hinterlässt.</translation>
+    </message>
+    <message>
+        <source>A flag of message %1 is neither 0 nor 1.</source>
+        <translation>Ein Flag der Nachricht %1 ist weder 0 noch 1.</translation>
+    </message>
+    <message>
+        <source>The identifier of message %1 has more than 29 bits: %2.</source>
+        <translation>Der Identifier der Nachricht %1 hat mehr als 29 Bits: %2.</translation>
+    </message>
+    <message>
+        <source>The fraction of the time of message %1 is %2 microseconds.</source>
+        <translation>Der Bruchteil der Zeit der Nachricht %1 ist %2 Mikrosekunden.</translation>
+    </message>
+    <message>
+        <source>Message %1 comes behind message %2.</source>
+        <translation>Nachricht %1 kommt hinter Nachricht %2.</translation>
+    </message>
+    <message>
+        <source>no regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>The directory knows an earlier state of the chunk, and nobody goes by it.</source>
+        <translation>Das Verzeichnis kennt einen früheren Stand des Chunks, und niemand richtet sich danach.</translation>
+    </message>
+    <message>
+        <source>The directory does not say what the chunk holds.</source>
+        <translation>Das Verzeichnis sagt nicht, was der Chunk enthält.</translation>
+    </message>
+    <message>
+        <source>This is no directory that was made by this user on this machine, so that nobody goes by it.</source>
+        <translation>Das ist kein Verzeichnis, das dieser Benutzer auf diesem Rechner angelegt hat, sodass sich niemand danach richtet.</translation>
+    </message>
+    <message>
+        <source>The directory is damaged; nobody goes by what is damaged of it.</source>
+        <translation>Das Verzeichnis ist beschädigt; nach dem Beschädigten darin richtet sich niemand.</translation>
+    </message>
+    <message>
+        <source>There is no chunk file in the folder.</source>
+        <translation>Es gibt keine Chunk-Datei in dem Ordner.</translation>
+    </message>
+    <message>
+        <source>The file is no archive, or its directory is damaged.</source>
+        <translation>Die Datei ist kein Archiv, oder sein Verzeichnis ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>There is no chunk file in the archive.</source>
+        <translation>Es gibt keine Chunk-Datei in dem Archiv.</translation>
+    </message>
+    <message>
+        <source>The name cannot be that of a file, so that the entry is not unpacked.</source>
+        <translation>Eine Datei kann nicht so heißen, sodass der Eintrag nicht entpackt wird.</translation>
+    </message>
+    <message>
+        <source>The entry does not match its checksum.</source>
+        <translation>Der Eintrag passt nicht zu seiner Prüfsumme.</translation>
+    </message>
+    <message>
+        <source>The entry is damaged and cannot be unpacked any further.</source>
+        <translation>Der Eintrag ist beschädigt und kann nicht weiter entpackt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>TraceExport</name>
+    <message>
+        <source>Left out: CAN FD frames (%1).</source>
+        <translation>Ausgelassen: CAN-FD-Frames (%1).</translation>
+    </message>
+    <message>
+        <source>Left out: frames whose identifier has more than 29 bits (%1).</source>
+        <translation>Ausgelassen: Frames, deren Identifier mehr als 29 Bits hat (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the direction of sent messages (%1).</source>
+        <translation>Nicht geschrieben: die Richtung gesendeter Nachrichten (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: notes (%1).</source>
+        <translation>Nicht geschrieben: Notizen (%1).</translation>
+    </message>
+    <message>
+        <source>Cut: notes longer than the format allows (%1).</source>
+        <translation>Abgeschnitten: Notizen, die länger sind, als das Format erlaubt (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the bus lines of messages (%1).</source>
+        <translation>Nicht geschrieben: die Kanäle von Nachrichten (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the payload of error frames, which tells their type (%1).</source>
+        <translation>Nicht geschrieben: die Daten von Error-Frames, die deren Typ nennen (%1).</translation>
+    </message>
+    <message>
+        <source>Written as extended: standard identifiers above 7FF (%1).</source>
+        <translation>Als Extended geschrieben: Standard-Identifier über 7FF (%1).</translation>
+    </message>
+    <message>
+        <source>Written as CAN FD: frames of more than 8 bytes without its flag (%1).</source>
+        <translation>Als CAN FD geschrieben: Frames von mehr als 8 Bytes ohne dessen Flag (%1).</translation>
+    </message>
+    <message>
+        <source>Written as classic CAN: remote frames with the flag of CAN FD (%1).</source>
+        <translation>Als klassisches CAN geschrieben: Remote-Frames mit dem Flag von CAN FD (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the payload of remote frames (%1).</source>
+        <translation>Nicht geschrieben: die Daten von Remote-Frames (%1).</translation>
+    </message>
+    <message>
+        <source>Written with another length: messages whose length no frame has (%1).</source>
+        <translation>Mit anderer Länge geschrieben: Nachrichten mit einer Länge, die kein Frame hat (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: flags that the format does not have (%1).</source>
+        <translation>Nicht geschrieben: Flags, die das Format nicht hat (%1).</translation>
+    </message>
+    <message>
+        <source>Written with times from the start of the trace: messages with a date (%1).</source>
+        <translation>Mit Zeiten ab dem Beginn des Traces geschrieben: Nachrichten mit einem Datum (%1).</translation>
+    </message>
+    <message>
+        <source>Written with another time: messages before the start, out of order, or too late for the format (%1).</source>
+        <translation>Mit anderer Zeit geschrieben: Nachrichten vor dem Beginn, außer der Reihe oder zu spät für das Format (%1).</translation>
+    </message>
+    <message>
+        <source>Written without the last digits: times more exact than the format (%1).</source>
+        <translation>Ohne die letzten Stellen geschrieben: Zeiten, die genauer sind als das Format (%1).</translation>
     </message>
 </context>
 <context>
@@ -377,22 +650,6 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
         <translation>Das ist ein Paketmitschnitt (pcapng). Exportieren Sie ihn als CSV-Text und importieren Sie den.</translation>
     </message>
     <message>
-        <source>This file is compressed (gzip). Unpack it first.</source>
-        <translation>Diese Datei ist komprimiert (gzip). Entpacken Sie sie zuerst.</translation>
-    </message>
-    <message>
-        <source>This file is compressed (xz). Unpack it first.</source>
-        <translation>Diese Datei ist komprimiert (xz). Entpacken Sie sie zuerst.</translation>
-    </message>
-    <message>
-        <source>This file is compressed (bzip2). Unpack it first.</source>
-        <translation>Diese Datei ist komprimiert (bzip2). Entpacken Sie sie zuerst.</translation>
-    </message>
-    <message>
-        <source>This file is compressed (zstd). Unpack it first.</source>
-        <translation>Diese Datei ist komprimiert (zstd). Entpacken Sie sie zuerst.</translation>
-    </message>
-    <message>
         <source>Line %1 is a frame of the type %2, and %3 of the %4 lines looked at are frames.</source>
         <translation>Zeile %1 ist ein Frame des Typs %2, und %3 der %4 betrachteten Zeilen sind Frames.</translation>
     </message>
@@ -419,6 +676,10 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
     <message>
         <source>None of the lines looked at is a frame of a known format. A text of fields between blanks can be read by describing its layout.</source>
         <translation>Keine der betrachteten Zeilen ist ein Frame eines bekannten Formats. Ein Text aus Feldern zwischen Leerzeichen kann gelesen werden, wenn man seinen Aufbau beschreibt.</translation>
+    </message>
+    <message>
+        <source>The file is compressed (%1).</source>
+        <translation>Die Datei ist komprimiert (%1).</translation>
     </message>
 </context>
 <context>

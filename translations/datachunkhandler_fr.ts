@@ -2,6 +2,45 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>ChunkRecovery</name>
+    <message>
+        <source>The work was interrupted.</source>
+        <translation>Le travail a été interrompu.</translation>
+    </message>
+    <message>
+        <source>The chunk is of a newer version.</source>
+        <translation>Le chunk est d’une version plus récente.</translation>
+    </message>
+    <message>
+        <source>The chunk is too large.</source>
+        <translation>Le chunk est trop grand.</translation>
+    </message>
+    <message>
+        <source>What stands in front of its messages is damaged or cut short, so that they cannot be found.</source>
+        <translation>Ce qui précède ses messages est endommagé ou tronqué, si bien qu’ils ne peuvent être trouvés.</translation>
+    </message>
+    <message>
+        <source>It ends in nothing but zeros, as a loss of power leaves it.</source>
+        <translation>Il finit par des zéros, comme en laisse une coupure de courant.</translation>
+    </message>
+    <message>
+        <source>It ends in the middle of a message.</source>
+        <translation>Il finit au milieu d’un message.</translation>
+    </message>
+    <message>
+        <source>Behind the messages kept a length of %1 is claimed, so that nothing more can be found.</source>
+        <translation>Après les messages gardés une longueur de %1 est annoncée, si bien que rien d’autre ne peut être trouvé.</translation>
+    </message>
+    <message>
+        <source>It is empty.</source>
+        <translation>Il est vide.</translation>
+    </message>
+    <message>
+        <source>There are no messages in it.</source>
+        <translation>Il ne contient pas de messages.</translation>
+    </message>
+</context>
+<context>
     <name>CoCTTImporter</name>
     <message>
         <source>No error.</source>
@@ -154,6 +193,42 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
         <source>No filename specified.</source>
         <translation>Aucun nom de fichier n’est indiqué.</translation>
     </message>
+    <message>
+        <source>It is compressed, and its end is missing.</source>
+        <translation>Il est compressé, et sa fin manque.</translation>
+    </message>
+    <message>
+        <source>It is compressed and damaged.</source>
+        <translation>Il est compressé et endommagé.</translation>
+    </message>
+    <message>
+        <source>Unpacking it takes more than %1 MiB of memory.</source>
+        <translation>Le décompresser demande plus de %1 Mio de mémoire.</translation>
+    </message>
+    <message>
+        <source>Something else stands behind the end of what is compressed.</source>
+        <translation>Autre chose suit la fin de ce qui est compressé.</translation>
+    </message>
+    <message>
+        <source>The archive %1 holds several files and no chunk. Unpack it first.</source>
+        <translation>L’archive %1 contient plusieurs fichiers et pas de chunk. Décompressez-la d’abord.</translation>
+    </message>
+    <message>
+        <source>The file in the archive %1 is encrypted or packed in a way that is not known.</source>
+        <translation>Le fichier dans l’archive %1 est chiffré ou compressé d’une façon inconnue.</translation>
+    </message>
+    <message>
+        <source>The file %1 is compressed more than once. Unpack it first.</source>
+        <translation>Le fichier %1 est compressé plus d’une fois. Décompressez-le d’abord.</translation>
+    </message>
+    <message>
+        <source>The file %1 holds an archive of several files. Unpack it first.</source>
+        <translation>Le fichier %1 contient une archive de plusieurs fichiers. Décompressez-le d’abord.</translation>
+    </message>
+    <message>
+        <source>It unpacks to more than 1000 times its size.</source>
+        <translation>Il devient plus de 1000 fois plus grand une fois décompressé.</translation>
+    </message>
 </context>
 <context>
     <name>GenericFileImporter</name>
@@ -253,6 +328,204 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
     <message>
         <source>No error.</source>
         <translation>Aucune erreur.</translation>
+    </message>
+</context>
+<context>
+    <name>TraceCheck</name>
+    <message>
+        <source>Behind message %1 comes message %2: %3 messages are missing.</source>
+        <translation>Après le message %1 vient le message %2 : %3 messages manquent.</translation>
+    </message>
+    <message>
+        <source>The time falls from %1 s to %2 s.</source>
+        <translation>Le temps recule de %1 s à %2 s.</translation>
+    </message>
+    <message>
+        <source>The header is damaged or cut short.</source>
+        <translation>L’en-tête est endommagé ou tronqué.</translation>
+    </message>
+    <message>
+        <source>The chunk is too large to be checked to its end.</source>
+        <translation>Le chunk est trop grand pour être vérifié jusqu’à sa fin.</translation>
+    </message>
+    <message>
+        <source>The version is no number, so that this may be no chunk.</source>
+        <translation>La version n’est pas un nombre, si bien que ce n’est peut-être pas un chunk.</translation>
+    </message>
+    <message>
+        <source>The version %1 is newer than %2 and cannot be checked.</source>
+        <translation>La version %1 est plus récente que %2 et ne peut être vérifiée.</translation>
+    </message>
+    <message>
+        <source>The notes or bookmarks are damaged or cut short; nothing behind them can be relied on.</source>
+        <translation>Les notes ou signets sont endommagés ou tronqués ; rien de ce qui suit n’est fiable.</translation>
+    </message>
+    <message>
+        <source>The bookmark on message %1 is damaged.</source>
+        <translation>Le signet sur le message %1 est endommagé.</translation>
+    </message>
+    <message>
+        <source>The header names no times.</source>
+        <translation>L’en-tête n’indique pas de temps.</translation>
+    </message>
+    <message>
+        <source>The header names the times %1, but the messages are from %2 to %3.</source>
+        <translation>L’en-tête indique les temps %1, mais les messages vont de %2 à %3.</translation>
+    </message>
+    <message>
+        <source>The chunk ends in the middle of this record.</source>
+        <translation>Le chunk se termine au milieu de cet enregistrement.</translation>
+    </message>
+    <message>
+        <source>The record claims a length of %1; nothing from here on can be read.</source>
+        <translation>L’enregistrement annonce une longueur de %1 ; rien ne peut être lu à partir d’ici.</translation>
+    </message>
+    <message>
+        <source>There are no messages in the chunk.</source>
+        <translation>Il n’y a pas de messages dans le chunk.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Le fichier est vide.</translation>
+    </message>
+    <message>
+        <source>The chunk begins with message %1, but %2 ends with message %3.</source>
+        <translation>Le chunk commence par le message %1, mais %2 finit par le message %3.</translation>
+    </message>
+    <message>
+        <source>There are %1 more like that.</source>
+        <translation>Il y en a encore %1 de ce genre.</translation>
+    </message>
+    <message>
+        <source>%1 records hold nothing but zeros, as a loss of power leaves them.</source>
+        <translation>%1 enregistrements ne contiennent que des zéros, comme en laisse une coupure de courant.</translation>
+    </message>
+    <message>
+        <source>A flag of message %1 is neither 0 nor 1.</source>
+        <translation>Un indicateur du message %1 n’est ni 0 ni 1.</translation>
+    </message>
+    <message>
+        <source>The identifier of message %1 has more than 29 bits: %2.</source>
+        <translation>L’identifiant du message %1 a plus de 29 bits : %2.</translation>
+    </message>
+    <message>
+        <source>The fraction of the time of message %1 is %2 microseconds.</source>
+        <translation>La fraction du temps du message %1 est de %2 microsecondes.</translation>
+    </message>
+    <message>
+        <source>Message %1 comes behind message %2.</source>
+        <translation>Le message %1 vient après le message %2.</translation>
+    </message>
+    <message>
+        <source>no regular file</source>
+        <translation>pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>The directory knows an earlier state of the chunk, and nobody goes by it.</source>
+        <translation>Le répertoire connaît un état antérieur du chunk, et rien n’en tient compte.</translation>
+    </message>
+    <message>
+        <source>The directory does not say what the chunk holds.</source>
+        <translation>Le répertoire ne dit pas ce que contient le chunk.</translation>
+    </message>
+    <message>
+        <source>This is no directory that was made by this user on this machine, so that nobody goes by it.</source>
+        <translation>Ce n’est pas un répertoire fait par cet utilisateur sur cette machine, si bien que rien n’en tient compte.</translation>
+    </message>
+    <message>
+        <source>The directory is damaged; nobody goes by what is damaged of it.</source>
+        <translation>Le répertoire est endommagé ; rien ne tient compte de ce qui y est endommagé.</translation>
+    </message>
+    <message>
+        <source>There is no chunk file in the folder.</source>
+        <translation>Il n’y a pas de fichier chunk dans le dossier.</translation>
+    </message>
+    <message>
+        <source>The file is no archive, or its directory is damaged.</source>
+        <translation>Le fichier n’est pas une archive, ou son répertoire est endommagé.</translation>
+    </message>
+    <message>
+        <source>There is no chunk file in the archive.</source>
+        <translation>Il n’y a pas de fichier chunk dans l’archive.</translation>
+    </message>
+    <message>
+        <source>The name cannot be that of a file, so that the entry is not unpacked.</source>
+        <translation>Le nom ne peut être celui d’un fichier, si bien que l’entrée n’est pas décompressée.</translation>
+    </message>
+    <message>
+        <source>The entry does not match its checksum.</source>
+        <translation>L’entrée ne correspond pas à sa somme de contrôle.</translation>
+    </message>
+    <message>
+        <source>The entry is damaged and cannot be unpacked any further.</source>
+        <translation>L’entrée est endommagée et ne peut être décompressée plus loin.</translation>
+    </message>
+</context>
+<context>
+    <name>TraceExport</name>
+    <message>
+        <source>Left out: CAN FD frames (%1).</source>
+        <translation>Ignorées : trames CAN FD (%1).</translation>
+    </message>
+    <message>
+        <source>Left out: frames whose identifier has more than 29 bits (%1).</source>
+        <translation>Ignorées : trames dont l’identifiant a plus de 29 bits (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the direction of sent messages (%1).</source>
+        <translation>Non écrite : la direction des messages envoyés (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: notes (%1).</source>
+        <translation>Non écrites : notes (%1).</translation>
+    </message>
+    <message>
+        <source>Cut: notes longer than the format allows (%1).</source>
+        <translation>Tronquées : notes plus longues que le format ne le permet (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the bus lines of messages (%1).</source>
+        <translation>Non écrits : les canaux des messages (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the payload of error frames, which tells their type (%1).</source>
+        <translation>Non écrites : les données des trames d’erreur, qui indiquent leur type (%1).</translation>
+    </message>
+    <message>
+        <source>Written as extended: standard identifiers above 7FF (%1).</source>
+        <translation>Écrits comme étendus : identifiants standard au-delà de 7FF (%1).</translation>
+    </message>
+    <message>
+        <source>Written as CAN FD: frames of more than 8 bytes without its flag (%1).</source>
+        <translation>Écrites comme CAN FD : trames de plus de 8 octets sans son indicateur (%1).</translation>
+    </message>
+    <message>
+        <source>Written as classic CAN: remote frames with the flag of CAN FD (%1).</source>
+        <translation>Écrites comme CAN classique : trames de requête avec l’indicateur de CAN FD (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: the payload of remote frames (%1).</source>
+        <translation>Non écrites : les données des trames de requête (%1).</translation>
+    </message>
+    <message>
+        <source>Written with another length: messages whose length no frame has (%1).</source>
+        <translation>Écrits avec une autre longueur : messages d’une longueur qu’aucune trame n’a (%1).</translation>
+    </message>
+    <message>
+        <source>Not written: flags that the format does not have (%1).</source>
+        <translation>Non écrits : indicateurs que le format n’a pas (%1).</translation>
+    </message>
+    <message>
+        <source>Written with times from the start of the trace: messages with a date (%1).</source>
+        <translation>Écrits avec des temps depuis le début de la trace : messages avec une date (%1).</translation>
+    </message>
+    <message>
+        <source>Written with another time: messages before the start, out of order, or too late for the format (%1).</source>
+        <translation>Écrits avec un autre temps : messages avant le début, dans le désordre, ou trop tardifs pour le format (%1).</translation>
+    </message>
+    <message>
+        <source>Written without the last digits: times more exact than the format (%1).</source>
+        <translation>Écrits sans les derniers chiffres : temps plus précis que le format (%1).</translation>
     </message>
 </context>
 <context>
@@ -377,22 +650,6 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
         <translation>C’est une capture de paquets (pcapng). Exportez-la en texte CSV et importez celui-ci.</translation>
     </message>
     <message>
-        <source>This file is compressed (gzip). Unpack it first.</source>
-        <translation>Ce fichier est compressé (gzip). Décompressez-le d’abord.</translation>
-    </message>
-    <message>
-        <source>This file is compressed (xz). Unpack it first.</source>
-        <translation>Ce fichier est compressé (xz). Décompressez-le d’abord.</translation>
-    </message>
-    <message>
-        <source>This file is compressed (bzip2). Unpack it first.</source>
-        <translation>Ce fichier est compressé (bzip2). Décompressez-le d’abord.</translation>
-    </message>
-    <message>
-        <source>This file is compressed (zstd). Unpack it first.</source>
-        <translation>Ce fichier est compressé (zstd). Décompressez-le d’abord.</translation>
-    </message>
-    <message>
         <source>Line %1 is a frame of the type %2, and %3 of the %4 lines looked at are frames.</source>
         <translation>La ligne %1 est une trame du type %2, et %3 des %4 lignes examinées sont des trames.</translation>
     </message>
@@ -419,6 +676,10 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
     <message>
         <source>None of the lines looked at is a frame of a known format. A text of fields between blanks can be read by describing its layout.</source>
         <translation>Aucune des lignes examinées n’est une trame d’un format connu. Un texte de champs séparés par des espaces peut être lu si l’on décrit sa disposition.</translation>
+    </message>
+    <message>
+        <source>The file is compressed (%1).</source>
+        <translation>Le fichier est compressé (%1).</translation>
     </message>
 </context>
 <context>

@@ -8,10 +8,10 @@
 /// What the check of a trace has come to.
 struct TraceCheckTotals
 {
-    qint64 chunks = 0;   ///< that were read
-    qint64 messages = 0; ///< in them
-    qint64 errors = 0;   ///< findings of that severity
-    qint64 remarks = 0;
+    qint64 chunks = 0;      ///< that were read
+    qint64 messages = 0;    ///< in them
+    qint64 errors = 0;      ///< findings of the severity Error
+    qint64 remarks = 0;     ///< findings of the severity Remark
     bool isStopped = false; ///< the caller did not want to go on
 };
 

@@ -5,6 +5,7 @@
 /// Something that the check of a trace has found.
 struct TraceFinding
 {
+    /// How bad it is.
     enum Severity {
         Remark, ///< unusual, but legal
         Error   ///< damage, or something is missing
@@ -39,10 +40,10 @@ struct TraceFinding
         ArchiveLimit      ///< the archive claims more than is read of one
     };
 
-    Severity severity = Error;
-    Kind kind = Unreadable;
-    QString path;       ///< of the file, or of the folder
-    QString entry;      ///< the name within an archive; otherwise empty
+    Severity severity = Error; ///< that of this finding: one kind may have both
+    Kind kind = Unreadable;    ///< what was found
+    QString path;              ///< of the file, or of the folder
+    QString entry;             ///< the name within an archive; otherwise empty
     qint64 record = -1; ///< which record of the chunk, counted from 0; -1 when it is about none
     qint64 byte = -1;   ///< where in the chunk or the directory; -1 when there is no such place
     QString text;       ///< a sentence for the user

@@ -83,6 +83,12 @@ constexpr const char *lossTexts[] = {
 };
 static_assert(std::size(lossTexts) == TraceExport::lossCount);
 
+constexpr const char *lossNames[] = {
+    "fd-frame",   "identifier",          "direction",  "note",       "note-cut",       "line",
+    "error-type", "standard-identifier", "long-frame", "remote-fd",  "remote-payload", "length",
+    "flags",      "start-time",          "time",       "time-digits"};
+static_assert(std::size(lossNames) == TraceExport::lossCount);
+
 } // namespace
 
 QStringList TraceExport::formatNames()
@@ -140,6 +146,11 @@ QVector<TraceExport::LossCount> TraceExport::losses() const
             list.append({Loss(loss), messages});
     }
     return list;
+}
+
+QString TraceExport::lossName(Loss loss)
+{
+    return QLatin1String(lossNames[loss]);
 }
 
 QString TraceExport::lossText(Loss loss, quint64 messages)

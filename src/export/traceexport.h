@@ -22,6 +22,7 @@ class ExportWriter;
 class DATACHUNK_EXPORT TraceExport
 {
 public:
+    /// What is written.
     enum Format {
         Candump,       ///< candump's log, "(1436509052.249713) can0 123#1122"
         CandumpScreen, ///< what candump shows with -x, "can0  RX - -  123   [2]  11 22"
@@ -60,9 +61,10 @@ public:
         lossCount
     };
 
+    /// How many messages a loss is about.
     struct LossCount
     {
-        Loss loss;
+        Loss loss;        ///< its kind
         quint64 messages; ///< never 0
     };
 
@@ -79,13 +81,14 @@ public:
     /// Where an object of the JSON lines stands in what was searched.
     struct Place
     {
-        quint64 position = 0;
+        quint64 position = 0;   ///< of the message, from 0
         bool isContext = false; ///< whether it stands around what was found
     };
     /// Adds the line that JsonLines writes for a message; \a place may be null.
     static void appendJson(QByteArray &text, const CAN::CanRxMessage &message, const QString &note,
                            const Place *place = nullptr);
 
+    /// Begins a trace; formats that know one way to write times pass over \a times.
     explicit TraceExport(Format format, Times times = Absolute);
     ~TraceExport();
 
@@ -96,12 +99,16 @@ public:
     /// Adds the end of the trace, and the header of one without messages. Nothing may follow.
     void finish(QByteArray &block);
 
+    /// How many messages were added so far.
     quint64 written() const { return writtenCount; }
+    /// How many the format could not say, so that append() returned false.
     quint64 leftOut() const { return leftOutCount; }
     /// The losses so far, in the order of the enumeration; only those that occurred.
     QVector<LossCount> losses() const;
     /// What such a loss means, with the number of messages, as a sentence for the user.
     static QString lossText(Loss loss, quint64 messages);
+    /// The same for programs: a word such as "note-cut", the same in every language.
+    static QString lossName(Loss loss);
 
 private:
     Q_DISABLE_COPY(TraceExport)

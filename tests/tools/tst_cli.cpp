@@ -101,6 +101,7 @@ void TestCli::theLanguageIsThatOfTheUser_data()
     QTest::addColumn<QByteArray>("start");
     QTest::newRow("a locale") << "LC_ALL=de_DE.UTF-8" << QByteArray("Aufruf: datachunk BEFEHL");
     QTest::newRow("a list of languages") << "LANGUAGE=it:fr:de" << QByteArray("Usage : datachunk");
+    QTest::newRow("none") << "LC_ALL=C LANGUAGE=de" << QByteArray("Usage: datachunk");
     QTest::newRow("English before others") << "LANGUAGE=en:de" << QByteArray("Usage: datachunk");
 }
 

@@ -144,7 +144,9 @@ bool convert(const std::vector<TraceInput *> &inputs, const Conversion &conversi
     }
     if (!openAll(inputs, result))
         return false;
-    const QString unfinished = work.filePath(toOutput ? QStringLiteral("text") : target.fileName());
+    // What writes our own formats goes by the end of the name, where the user may have another.
+    const QString unfinished =
+        work.filePath(QLatin1String("unfinished.") + conversion.format.suffix());
     const Written written = writeTrace(inputs, conversion, unfinished);
     result = worse(result, written.result);
     if (result == Result::Failed)

@@ -21,7 +21,7 @@ void printJson(const ConversionLosses &losses, const Conversion &conversion)
 {
     QJsonArray rows;
     for (const ConversionLosses::Row &row : losses.rows)
-        rows.append(QJsonObject{{QStringLiteral("what"), row.text},
+        rows.append(QJsonObject{{QStringLiteral("what"), row.name},
                                 {QStringLiteral("count"), qint64(row.messages)}});
     const QJsonObject object{{QStringLiteral("file"), conversion.target},
                              {QStringLiteral("format"), conversion.format.name()},
@@ -44,9 +44,10 @@ ConversionLosses::ConversionLosses(const TraceExport &trace, quint64 bookmarks)
 {
     const QVector<TraceExport::LossCount> losses = trace.losses();
     for (const auto &[loss, messages] : losses)
-        rows.append({TraceExport::lossText(loss, messages), messages});
+        rows.append({TraceExport::lossText(loss, messages), TraceExport::lossName(loss), messages});
     if (bookmarks > 0)
-        rows.append({Cli::tr("Not written: bookmarks (%1).").arg(bookmarks), bookmarks});
+        rows.append({Cli::tr("Not written: bookmarks (%1).").arg(bookmarks),
+                     QStringLiteral("bookmark"), bookmarks});
 }
 
 QString ConversionLosses::line() const

@@ -13,6 +13,7 @@ struct ConversionLosses
     struct Row
     {
         QString text; ///< a sentence with the number
+        QString name; ///< a word for programs
         quint64 messages;
     };
 

@@ -26,11 +26,22 @@ bool install(const QString &fileName, const QString &folder)
         && QCoreApplication::installTranslator(translator);
 }
 
+// Qt goes by LANGUAGE whatever else is set. To all other programs this locale means no translation.
+bool isUntranslated()
+{
+    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const QByteArray locale = qgetenv(name);
+        if (!locale.isEmpty())
+            return locale == "C" || locale == "POSIX";
+    }
+    return false;
+}
+
 } // namespace
 
 void installTranslations()
 {
-    if (!DatachunkTranslations::install())
+    if (isUntranslated() || !DatachunkTranslations::install())
         return;
     // The library has the same languages, and has asked whether English is liked better.
     const QStringList languages = QLocale::system().uiLanguages();
