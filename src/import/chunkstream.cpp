@@ -7,6 +7,11 @@
 #include "storetexts.h"
 #include "unpackedfile.h"
 
+ReadingPlace placeIn(const UnpackedFile &file)
+{
+    return [&file] { return ImportProgress{file.bytesRead(), file.bytes(), 0}; };
+}
+
 namespace ChunkStream {
 
 namespace {
@@ -131,13 +136,15 @@ TraceStream::Result failed(const QString &error, QStringList &errors)
 } // namespace
 
 TraceStream::Result readFile(const QString &fileName, const TraceStream::Take &take,
-                             const TraceStream::GoesOn &goesOn, QStringList &errors)
+                             const TraceStream::GoesOn &goesOn, ReadingPlace &place,
+                             QStringList &errors)
 {
     UnpackedFile file(fileName);
     if (!file.openForReading()) {
         const QString error = FileErrors::notRead(fileName, file.errorString());
         return failed(file.refusal().isEmpty() ? error : file.refusal(), errors);
     }
+    place = placeIn(file);
     Streamer streamer(take, goesOn);
     const Outcome::Kind step = streamer.read(file, 0, [] { return false; });
     if (step == Outcome::GivenUp)
@@ -155,7 +162,8 @@ TraceStream::Result readFile(const QString &fileName, const TraceStream::Take &t
 }
 
 TraceStream::Result readArchive(const QString &fileName, const TraceStream::Take &take,
-                                const TraceStream::GoesOn &goesOn, QStringList &errors)
+                                const TraceStream::GoesOn &goesOn, ReadingPlace &place,
+                                QStringList &errors)
 {
     const Zip::Reader archive(fileName);
     const Outcome checked = ChunkArchive::checkDirectory(archive);
@@ -170,6 +178,8 @@ TraceStream::Result readArchive(const QString &fileName, const TraceStream::Take
     const auto chunks = ChunkArchive::chunksByStart(archive, work, damage);
     if (ChunkArchive::isBomb(archive, chunks))
         return failed(FileErrors::bomb(fileName), errors);
+    work.begin(ChunkArchive::totalSize(chunks));
+    place = [&work] { return ImportProgress{work.bytesDone(), work.bytes(), 0}; };
     int part = 0;
     for (const ChunkArchive::Chunk &chunk : chunks) {
         if (readEntry(archive, chunk, part++, work, streamer, damage))

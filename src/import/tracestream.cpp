@@ -17,7 +17,12 @@ namespace {
 class CheckingSink : public TraceSink
 {
 public:
-    explicit CheckingSink(const TraceStream::GoesOn &goesOn) : goesOn(goesOn) { }
+    CheckingSink(const TraceStream::GoesOn &goesOn, ReadingPlace &place)
+        : goesOn(goesOn), place(place)
+    {
+    }
+
+    void begin(const UnpackedFile &file) override { place = placeIn(file); }
 
     bool message(const CAN::CanRxMessage &) override { return true; }
     void note(quint32, const QString &) override { }
@@ -27,6 +32,7 @@ public:
 
 private:
     const TraceStream::GoesOn &goesOn;
+    ReadingPlace &place;
 };
 
 // Readers report a note before its message, so only the notes of the next message wait here.
@@ -34,8 +40,8 @@ class HandingSink : public CheckingSink
 {
 public:
     HandingSink(const TraceStream::Take &take, const TraceStream::GoesOn &goesOn,
-                ImportReport &lastReport)
-        : CheckingSink(goesOn), take(take), lastReport(lastReport)
+                ReadingPlace &place, ImportReport &lastReport)
+        : CheckingSink(goesOn, place), take(take), lastReport(lastReport)
     {
     }
 
@@ -75,6 +81,7 @@ QString failureText(const Outcome &result, const TraceRequest &request)
 struct StreamedTrace
 {
     TraceRequest request;
+    ReadingPlace place; // while something is read
     ImportReport report;
     QStringList errors;
 
@@ -102,6 +109,11 @@ void TraceStream::setMode(DatachunkHelper::ImportMode mode)
     d->request.mode = mode;
 }
 
+ImportProgress TraceStream::progress() const
+{
+    return d->place ? d->place() : ImportProgress();
+}
+
 const ImportReport &TraceStream::report() const
 {
     return d->report;
@@ -117,7 +129,9 @@ TraceStream::Result TraceStream::read(const Take &take, const GoesOn &goesOn)
     d->errors.clear();
     d->report = {};
     Result result = Failed;
-    if (!withinMemory([&] { result = d->read(take, goesOn); })) {
+    const bool hasMemory = withinMemory([&] { result = d->read(take, goesOn); });
+    d->place = {};
+    if (!hasMemory) {
         d->errors = QStringList(FileErrors::outOfMemory(d->request.fileName));
         return Failed;
     }
@@ -131,7 +145,7 @@ TraceStream::Result StreamedTrace::read(const TraceStream::Take &take,
     if (!isArchive && request.type != DatachunkHelper::ChunkFile)
         return readText(take, goesOn);
     const auto readChunks = isArchive ? ChunkStream::readArchive : ChunkStream::readFile;
-    return readChunks(request.fileName, take, goesOn, errors);
+    return readChunks(request.fileName, take, goesOn, place, errors);
 }
 
 TraceStream::Result StreamedTrace::readText(const TraceStream::Take &take,
@@ -144,10 +158,10 @@ TraceStream::Result StreamedTrace::readText(const TraceStream::Take &take,
     }
     Outcome read;
     if (reader.delivery == TraceReader::WhenWhole) {
-        CheckingSink check(goesOn);
+        CheckingSink check(goesOn, place);
         read = readTraceFile(request, check);
     }
-    HandingSink sink(take, goesOn, report);
+    HandingSink sink(take, goesOn, place, report);
     if (read.isDone())
         read = readTraceFile(request, sink);
     if (read.kind == Outcome::GivenUp)

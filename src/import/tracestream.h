@@ -72,6 +72,10 @@ public:
     /// How a text is read; strictly at first.
     void setMode(DatachunkHelper::ImportMode mode);
 
+    /// How far the read has come that runs now, in bytes as DatachunkHandler::importProgress() has
+    /// them; zeros when none runs, and of a device. To be asked from \a take and \a goesOn.
+    ImportProgress progress() const;
+
     /// What became of the lines of the text that was read last; nothing for chunks and archives.
     const ImportReport &report() const;
 

@@ -199,8 +199,10 @@ inline void setErrorFrame(CAN::CanRxMessage &message)
     message.remote = false;
 }
 
-/// Finds the bus lines of channels: that of a number is the number, names get lines from 0 on in
-/// the order in which they appear. The report knows them all.
+/// Finds the bus lines of channels: that of a number is the number, that of a name the number at
+/// its end, as in "can1", so that logs of several interfaces do not get mixed up. Names without
+/// one, or with that of another channel, get the first line that is free. The report knows them
+/// all.
 class Channels
 {
 public:
@@ -231,18 +233,36 @@ private:
 
     template <typename Char> quint16 newLine(Text<Char> name)
     {
+        constexpr quint32 mostNamed = 0xFF; // lines are told apart by eight bits
         quint32 number = 0;
+        const Text<Char> digits = digitsAtEnd(name);
+        const bool isNumber = readNumber(digits, 10, number);
+        const bool isNumberAlone = isNumber && digits.size() == name.size()
+            && number <= std::numeric_limits<quint16>::max();
         const bool isLine =
-            readNumber(name, 10, number) && number <= std::numeric_limits<quint16>::max();
+            isNumberAlone || (isNumber && number <= mostNamed && !isTaken(quint16(number)));
         const quint16 line = isLine ? quint16(number) : freeLine();
         lines.report().channels.append({toQString(name), line});
         return line;
     }
 
+    template <typename Char> static Text<Char> digitsAtEnd(Text<Char> name)
+    {
+        std::size_t begin = name.size();
+        while (begin > 0 && name[begin - 1] >= '0' && name[begin - 1] <= '9')
+            --begin;
+        return name.substr(begin);
+    }
+
+    bool isTaken(quint16 line) const
+    {
+        return std::any_of(lineOfName.begin(), lineOfName.end(),
+                           [line](const auto &known) { return known.second == line; });
+    }
+
     quint16 freeLine()
     {
-        const auto isTaken = [this](const auto &known) { return known.second == nextNamed; };
-        while (std::any_of(lineOfName.begin(), lineOfName.end(), isTaken))
+        while (isTaken(nextNamed))
             ++nextNamed;
         return nextNamed++;
     }

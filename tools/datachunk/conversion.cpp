@@ -61,7 +61,7 @@ Written writeForeign(MergedTrace &trace, const Conversion &conversion, const QSt
     Written written;
     TraceOutput output(fileName, conversion.format.foreign, conversion.times);
     bool isWritten = output.open();
-    Progress progress(trace.subject());
+    Progress progress(trace.subject(), [&] { return trace.part(); });
     quint64 count = 0;
     if (isWritten)
         written.result = trace.forEachBlock([&](const MessageBlock &block) {

@@ -143,7 +143,7 @@ TraceReading::Result add(Summary &summary, TraceInput &input)
         if (isExact)
             return worse(opened, addIndexed(summary, input, identifiers));
     }
-    Progress progress(input.subject());
+    Progress progress(input.subject(), [&input] { return input.part(); });
     const auto visit = [&](quint64, const TraceItem &item) {
         addMessage(summary, item.message);
         summary.notes += item.note.isEmpty() ? 0 : 1;

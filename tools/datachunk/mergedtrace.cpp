@@ -187,6 +187,17 @@ QString MergedTrace::subject() const
     return inputs.size() == 1 ? inputs.front()->subject() : Cli::tr("%1 paths").arg(inputs.size());
 }
 
+double MergedTrace::part() const
+{
+    double sum = 0;
+    for (const TraceInput *input : inputs) {
+        if (input->part() < 0)
+            return -1;
+        sum += input->part();
+    }
+    return sum / double(inputs.size());
+}
+
 Result MergedTrace::forEachBlock(const Take &take)
 {
     constexpr std::size_t mostInBlock = 1024;

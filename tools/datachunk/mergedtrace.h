@@ -23,6 +23,8 @@ public:
     TraceReading::Result forEachBlock(const std::function<bool(MessageBlock &)> &take);
 
     QString subject() const;
+    /// The part of all inputs that is read, from 0 to 1; less than 0 where nobody knows.
+    double part() const;
 
 private:
     const std::vector<TraceInput *> inputs;

@@ -39,7 +39,7 @@ OwnTrace::OwnTrace(MergedTrace &trace, const Conversion &conversion, bool renumb
 Result OwnTrace::forEachBlock(const std::function<bool(const MessageBlock &)> &take)
 {
     Numbers numbers;
-    Progress progress(trace.subject());
+    Progress progress(trace.subject(), [this] { return trace.part(); });
     quint64 count = 0;
     return trace.forEachBlock([&](MessageBlock &block) {
         count += block.messages.size();

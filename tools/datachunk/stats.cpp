@@ -45,7 +45,7 @@ bool readRequest(const QCommandLineParser &parser, StatsRequest &request)
 
 TraceReading::Result add(TraceStatistics &statistics, SelectedMessages &selected, TraceInput &input)
 {
-    Progress progress(input.subject());
+    Progress progress(input.subject(), [&input] { return input.part(); });
     return selected.forEachIn(input, [&](quint64 position, const TraceItem &item) {
         statistics.add(item.message, position);
         progress.countOne();

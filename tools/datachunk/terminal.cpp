@@ -148,6 +148,11 @@ bool finishOutput()
     return false;
 }
 
+double partOf(const ImportProgress &progress)
+{
+    return progress.bytes == 0 ? -1 : double(progress.bytesRead) / double(progress.bytes);
+}
+
 const Progress *Progress::current = nullptr;
 quint64 Progress::countAtEnd = 0;
 
@@ -163,10 +168,7 @@ Progress::Progress(const QString &subject, Part part)
 }
 
 Progress::Progress(const QString &subject, const DatachunkHandler &store)
-    : Progress(subject, [&store] {
-          const ImportProgress progress = store.importProgress();
-          return progress.bytes == 0 ? -1 : double(progress.bytesRead) / double(progress.bytes);
-      })
+    : Progress(subject, [&store] { return partOf(store.importProgress()); })
 {
 }
 

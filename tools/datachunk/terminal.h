@@ -15,6 +15,7 @@ struct Cli
 };
 
 class DatachunkHandler;
+struct ImportProgress;
 
 enum ExitStatus { Succeeded = 0, Failed = 1, WrongUsage = 2 };
 
@@ -51,6 +52,9 @@ bool writeOutput(const QByteArray &text);
 /// Writes out what is buffered. False, with a text on standard error, when some of the output is
 /// missing; a reader that went away on purpose gets no text.
 bool finishOutput();
+
+/// The part that is done, from 0 to 1; less than 0 where nobody knows.
+double partOf(const ImportProgress &progress);
 
 /// A line on standard error that tells how a long work goes on, rewritten while the event loop
 /// turns. Prints nothing unless standard error is a terminal.

@@ -7,6 +7,8 @@
 
 #include <QFileInfo>
 
+#include <atomic>
+
 #include <algorithm>
 
 namespace {
@@ -28,6 +30,7 @@ public:
             return at < from || visit(at, item);
         });
     }
+    double part() const override { return reading.part(); }
 
 private:
     const TraceFile trace;
@@ -48,11 +51,13 @@ public:
     Result open() override;
     void keepBookmarks() override { keepsBookmarks = true; }
     Result forEachMessage(quint64 from, const Visit &visit) override;
+    double part() const override { return visitedPart; }
 
 private:
     Result read();
 
     const std::vector<Name> all;
+    std::atomic<double> visitedPart{-1};
     std::unique_ptr<TraceTimeline> trace;
     Result opened = Result::Complete;
     bool keepsBookmarks = false;
@@ -99,6 +104,7 @@ Result TimelineInput::forEachMessage(quint64 from, const Visit &visit)
         keepsBookmarks ? trace->bookmarkPositions() : QVector<quint64>();
     auto nextMarked = std::lower_bound(marked.begin(), marked.end(), from);
     const auto visitBlock = [&](const TraceBlock &block) {
+        visitedPart = double(block.position) / double(trace->count());
         QCoreApplication::processEvents();
         for (int i = 0; i < block.count; ++i) {
             item.message = block.messages[i];

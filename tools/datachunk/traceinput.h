@@ -39,6 +39,9 @@ public:
     /// Hands on the messages at \a from and behind, the first one having position 0, until \a visit
     /// returns false, which is no failure.
     virtual Result forEachMessage(quint64 from, const Visit &visit) = 0;
+
+    /// The part that was handed on, from 0 to 1; less than 0 where nobody knows. Any thread.
+    virtual double part() const = 0;
 };
 
 /// The worse of two results.

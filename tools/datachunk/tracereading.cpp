@@ -9,7 +9,8 @@ TraceReading::Result TraceReading::forEachMessage(const TraceStream::Take &visit
     TraceStream stream(trace.name, trace.type, trace.formatDescription);
     stream.setMode(trace.mode);
     stream.setDevice(trace.device);
-    const TraceStream::Result result = stream.read(visit, [] {
+    const TraceStream::Result result = stream.read(visit, [&] {
+        readPart = partOf(stream.progress());
         QCoreApplication::processEvents();
         return !StopSignals::received();
     });

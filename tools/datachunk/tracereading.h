@@ -5,6 +5,8 @@
 
 #include <QSet>
 
+#include <atomic>
+
 /// Reads a trace of any size from front to back and prints what cannot be read of it.
 class TraceReading
 {
@@ -27,8 +29,12 @@ public:
     /// nothing twice.
     Result forEachMessage(const TraceStream::Take &visit);
 
+    /// The part of the trace that is read, from 0 to 1; less than 0 where nobody knows. Any thread.
+    double part() const { return readPart; }
+
 private:
     TraceFile trace;
+    std::atomic<double> readPart{-1};
     QSet<QString> printed;
     bool reported = false;
 };

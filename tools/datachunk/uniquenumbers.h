@@ -14,6 +14,7 @@ public:
     QString subject() const override { return input.subject(); }
     Result open() override { return input.open(); }
     Result forEachMessage(quint64 from, const Visit &visit) override;
+    double part() const override { return input.part(); }
 
 private:
     TraceInput &input;
