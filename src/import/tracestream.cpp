@@ -77,62 +77,104 @@ QString failureText(const Outcome &result, const TraceRequest &request)
 
 } // namespace
 
+/// What a TraceStream reads, and what it has to tell of it.
+struct StreamedTrace
+{
+    TraceRequest request;
+    ReadingPlace place; // while something is read
+    ImportReport report;
+    QStringList errors;
+
+    TraceStream::Result read(const TraceStream::Take &take, const TraceStream::GoesOn &goesOn);
+    TraceStream::Result readText(const TraceStream::Take &take, const TraceStream::GoesOn &goesOn);
+};
+
 TraceStream::TraceStream(QString fileName, DatachunkHelper::ImportFileType type,
                          QString formatDescription)
-    : fileName(std::move(fileName)), type(type), formatDescription(std::move(formatDescription))
+    : d(std::make_unique<StreamedTrace>())
 {
+    d->request = {std::move(fileName), type, std::move(formatDescription)};
+    d->request.unpacks = true;
+}
+
+TraceStream::~TraceStream() = default;
+
+void TraceStream::setDevice(QIODevice *device)
+{
+    d->request.device = device;
+}
+
+void TraceStream::setMode(DatachunkHelper::ImportMode mode)
+{
+    d->request.mode = mode;
+}
+
+ImportProgress TraceStream::progress() const
+{
+    return d->place ? d->place() : ImportProgress();
+}
+
+const ImportReport &TraceStream::report() const
+{
+    return d->report;
+}
+
+QStringList TraceStream::errorTexts() const
+{
+    return d->errors;
 }
 
 TraceStream::Result TraceStream::read(const Take &take, const GoesOn &goesOn)
 {
-    errors.clear();
-    lastReport = {};
+    d->errors.clear();
+    d->report = {};
     Result result = Failed;
-    const bool hasMemory = withinMemory([&] { result = readWithinMemory(take, goesOn); });
-    place = {};
+    const bool hasMemory = withinMemory([&] { result = d->read(take, goesOn); });
+    d->place = {};
     if (!hasMemory) {
-        errors = QStringList(FileErrors::outOfMemory(fileName));
+        d->errors = QStringList(FileErrors::outOfMemory(d->request.fileName));
         return Failed;
     }
     return result;
 }
 
-TraceStream::Result TraceStream::readWithinMemory(const Take &take, const GoesOn &goesOn)
+TraceStream::Result StreamedTrace::read(const TraceStream::Take &take,
+                                        const TraceStream::GoesOn &goesOn)
 {
-    const bool isArchive = type == DatachunkHelper::ZipArchive;
-    if (!isArchive && type != DatachunkHelper::ChunkFile)
+    const bool isArchive = request.type == DatachunkHelper::ZipArchive;
+    if (!isArchive && request.type != DatachunkHelper::ChunkFile)
         return readText(take, goesOn);
-    const auto read = isArchive ? ChunkStream::readArchive : ChunkStream::readFile;
-    return read(fileName, take, goesOn, place, errors);
+    const auto readChunks = isArchive ? ChunkStream::readArchive : ChunkStream::readFile;
+    return readChunks(request.fileName, take, goesOn, place, errors);
 }
 
-TraceStream::Result TraceStream::readText(const Take &take, const GoesOn &goesOn)
+TraceStream::Result StreamedTrace::readText(const TraceStream::Take &take,
+                                            const TraceStream::GoesOn &goesOn)
 {
-    const TraceRequest request{fileName, type, formatDescription, mode, true, device};
     const TraceReader reader = traceReaderFor(request);
-    if (!isTraceText(type) || reader.verdict == TraceReader::CountsAsFailed) {
+    if (!isTraceText(request.type) || reader.verdict == TraceReader::CountsAsFailed) {
         errors.append(StoreTexts::tr("Unknown import error"));
-        return Failed;
+        return TraceStream::Failed;
     }
     Outcome read;
     if (reader.delivery == TraceReader::WhenWhole) {
         CheckingSink check(goesOn, place);
         read = readTraceFile(request, check);
     }
-    HandingSink sink(take, goesOn, place, lastReport);
+    HandingSink sink(take, goesOn, place, report);
     if (read.isDone())
         read = readTraceFile(request, sink);
     if (read.kind == Outcome::GivenUp)
-        return Stopped;
+        return TraceStream::Stopped;
     if (!read.isDone()) {
         errors.append(failureText(read, request));
-        return Failed;
+        return TraceStream::Failed;
     }
     if (!read.text.isEmpty())
         errors.append(read.text);
     else if (!sink.hasMessages())
         errors.append(FileErrors::nothingImported());
     if (errors.isEmpty())
-        return Complete;
-    return sink.hasMessages() ? Incomplete : Failed;
+        return TraceStream::Complete;
+    return sink.hasMessages() ? TraceStream::Incomplete : TraceStream::Failed;
 }

@@ -10,8 +10,10 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 
 class QIODevice;
+struct StreamedTrace;
 
 /// A message of a trace with what belongs to it.
 struct TraceItem
@@ -50,6 +52,10 @@ public:
     /// importMessages counts as failed cannot be read.
     TraceStream(QString fileName, DatachunkHelper::ImportFileType type,
                 QString formatDescription = QString());
+    ~TraceStream();
+
+    TraceStream(const TraceStream &) = delete;
+    TraceStream &operator=(const TraceStream &) = delete;
 
     /// Reads the file from its beginning; may be called again. When it fails, what was handed on
     /// before is void; of a CoCTT log, an Ixxat trace and a described layout it is then nothing,
@@ -61,32 +67,22 @@ public:
     /// its errorString() is told then. It need not know its size, but has to go back to its
     /// beginning as long as no more than 2 MiB of it were read; nearly every type is read in one go
     /// from there. Used by the thread that reads.
-    void setDevice(QIODevice *newDevice) { device = newDevice; }
+    void setDevice(QIODevice *device);
 
     /// How a text is read; strictly at first.
-    void setMode(DatachunkHelper::ImportMode newMode) { mode = newMode; }
+    void setMode(DatachunkHelper::ImportMode mode);
 
     /// How far the read has come that runs now, in bytes as DatachunkHandler::importProgress() has
     /// them; zeros when none runs, and of a device. To be asked from \a take and \a goesOn.
-    ImportProgress progress() const { return place ? place() : ImportProgress(); }
+    ImportProgress progress() const;
 
     /// What became of the lines of the text that was read last; nothing for chunks and archives.
-    const ImportReport &report() const { return lastReport; }
+    const ImportReport &report() const;
 
     /// What the last read has to tell the user: why it failed, or what it could not read. Empty for
     /// a trace that is complete.
-    QStringList errorTexts() const { return errors; }
+    QStringList errorTexts() const;
 
 private:
-    Result readWithinMemory(const Take &take, const GoesOn &goesOn);
-    Result readText(const Take &take, const GoesOn &goesOn);
-
-    QString fileName;
-    DatachunkHelper::ImportFileType type;
-    QString formatDescription;
-    DatachunkHelper::ImportMode mode = DatachunkHelper::Strict;
-    QIODevice *device = nullptr;           // not owned
-    std::function<ImportProgress()> place; // while something is read
-    ImportReport lastReport;
-    QStringList errors;
+    std::unique_ptr<StreamedTrace> d;
 };

@@ -29,8 +29,8 @@ std::optional<qint64> quantityOf(const QString &text, const Units &units, qint64
            && text.at(digits) <= QLatin1Char('9'))
         ++digits;
     bool isNumber = false;
-    const qint64 number = text.leftRef(digits).toLongLong(&isNumber);
-    const QStringRef name = text.midRef(digits);
+    const qint64 number = text.left(digits).toLongLong(&isNumber);
+    const QString name = text.mid(digits);
     for (const Unit &unit : units) {
         if (isNumber && name == QLatin1String(unit.name) && number <= most / unit.factor)
             return number * unit.factor;
