@@ -238,7 +238,8 @@ TraceRecognition TraceRecognition::of(const QString &fileName)
         return refused(file.refusal());
     if (file.isCompressed()) {
         TraceRecognition found = insideOf(file);
-        const QString compressed = Texts::tr("The file is compressed (%1).").arg(file.compression());
+        const QString compressed =
+            Texts::tr("The file is compressed (%1).").arg(file.compression());
         found.explanation = compressed + QLatin1Char(' ') + found.explanation;
         return found;
     }

@@ -348,7 +348,8 @@ void TestVerify::namesWithPlacesForTextsStay()
     QVERIFY(outputOf("recover --list %1").startsWith("%1/%3: left behind, 2 chunk files, "));
     QCOMPARE(outputOf("recover %1 --into out"),
              "%1/%3/%2_1.dck: 2 messages kept\n%1/%3/%2_2.dck: 1 messages kept\n");
-    QVERIFY(outputOf("detect --explain %1/%3/%2_1.dck").startsWith("ChunkFile %1/%3/%2_1.dck\n    100% "));
+    QVERIFY(outputOf("detect --explain %1/%3/%2_1.dck")
+                .startsWith("ChunkFile %1/%3/%2_1.dck\n    100% "));
 }
 
 void TestVerify::anEarlierExportIsSetAside()
