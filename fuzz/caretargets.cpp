@@ -22,7 +22,8 @@ TraceCheckTotals check(const QString &path, qint64 size)
                 "a finding says where it is");
         ++told;
     };
-    const TraceCheckTotals totals = checkTrace(path, tell, always);
+    const TraceCheckTotals totals =
+        checkTrace(path, tell, [](const TraceCheckTotals &) { return always(); });
     require(told == totals.errors + totals.remarks, "every finding counts");
     return totals;
 }

@@ -22,8 +22,8 @@ class TraceCheck
 {
 public:
     TraceCheck(const std::function<void(const Finding &)> &tell,
-               const std::function<bool()> &goesOn)
-        : tellFinding(tell), goesOn(goesOn)
+               const std::function<bool(const TraceCheckTotals &)> &isWanted)
+        : tellFinding(tell), goesOn([this, &isWanted] { return isWanted(totals); })
     {
     }
 
@@ -51,7 +51,7 @@ private:
     void checkEntry(const Zip::Reader &archive, const Zip::Entry &entry);
 
     const std::function<void(const Finding &)> &tellFinding;
-    const std::function<bool()> &goesOn;
+    const std::function<bool()> goesOn;
     Directory directory; // of the folder whose files are checked
     ChunkOrder order;
 };
@@ -156,6 +156,7 @@ void TraceCheck::checkFolder(const QString &path)
     std::sort(chunks.begin(), chunks.end(), [](const QString &a, const QString &b) {
         return ChunkListing::placeOf(a) < ChunkListing::placeOf(b);
     });
+    totals.chunksInAll = chunks.size();
     directory = readDirectory(prefix.chopped(1));
     for (const QString &chunk : qAsConst(chunks)) {
         if (isStopped())
@@ -207,7 +208,9 @@ std::vector<Zip::Entry> TraceCheck::chunksIn(const Zip::Reader &archive)
 void TraceCheck::checkArchive(const QString &path)
 {
     const Zip::Reader archive(path);
-    for (const Zip::Entry &entry : chunksIn(archive)) {
+    const std::vector<Zip::Entry> entries = chunksIn(archive);
+    totals.chunksInAll = qint64(entries.size());
+    for (const Zip::Entry &entry : entries) {
         if (isStopped())
             return;
         if (!withinMemory([&] { checkEntry(archive, entry); }))
@@ -263,7 +266,7 @@ void TraceCheck::checkEntry(const Zip::Reader &archive, const Zip::Entry &entry)
 
 TraceCheckTotals checkTrace(const QString &path,
                             const std::function<void(const TraceFinding &)> &tell,
-                            const std::function<bool()> &goesOn)
+                            const std::function<bool(const TraceCheckTotals &)> &goesOn)
 {
     TraceCheck check(tell, goesOn);
     if (QFileInfo(path).isDir())

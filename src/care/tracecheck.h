@@ -8,6 +8,7 @@
 /// What the check of a trace has come to.
 struct TraceCheckTotals
 {
+    qint64 chunksInAll = 0; ///< that there are, once that is known
     qint64 chunks = 0;      ///< that were read
     qint64 messages = 0;    ///< in them
     qint64 errors = 0;      ///< findings of the severity Error
@@ -19,11 +20,11 @@ struct TraceCheckTotals
 /// finding to \a tell, those of one chunk in the order of their places. Of one kind no more than 20
 /// are told for each chunk; their number follows as one more. A file whose name does not end like
 /// that of a chunk is taken for an archive. Writes nothing; takes the memory of an index, and of
-/// the notes, for a chunk, and of its directory for a folder. \a goesOn is asked again and again;
-/// false stops. Any thread.
-DATACHUNK_EXPORT TraceCheckTotals checkTrace(const QString &path,
-                                             const std::function<void(const TraceFinding &)> &tell,
-                                             const std::function<bool()> &goesOn);
+/// the notes, for a chunk, and of its directory for a folder. \a goesOn is asked again and again
+/// with the totals so far; false stops. Any thread.
+DATACHUNK_EXPORT TraceCheckTotals
+checkTrace(const QString &path, const std::function<void(const TraceFinding &)> &tell,
+           const std::function<bool(const TraceCheckTotals &)> &goesOn);
 
 /// The name of a kind for programs: lower case with hyphens.
 DATACHUNK_EXPORT QString findingName(TraceFinding::Kind kind);

@@ -1,12 +1,12 @@
 #include "commands.h"
 #include "datachunkhelper.h"
 #include "filechecks.h"
+#include "jsontext.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "tracecheck.h"
 
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 namespace {
@@ -39,7 +39,7 @@ QByteArray jsonOf(const TraceFinding &finding)
         object.insert(QStringLiteral("position"), finding.record);
     if (finding.byte >= 0)
         object.insert(QStringLiteral("byte"), finding.byte);
-    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+    return jsonText(QJsonDocument(object)) + '\n';
 }
 
 // Not by a look into the file: one that is damaged has to pass.
@@ -56,6 +56,19 @@ bool canBeVerified(const QString &path)
                Cli::tr("Only chunk files, folders of them and archives can be verified: a trace of "
                        "another tool does not tell what it should hold."));
     return false;
+}
+
+TraceCheckTotals check(const QString &path, const std::function<void(const TraceFinding &)> &tell)
+{
+    double part = -1;
+    Progress progress(path, [&part] { return part; });
+    return checkTrace(path, tell, [&](const TraceCheckTotals &soFar) {
+        if (soFar.chunksInAll > 0)
+            part = double(soFar.chunks) / double(soFar.chunksInAll);
+        progress.setCount(quint64(soFar.messages));
+        QCoreApplication::processEvents();
+        return !StopSignals::received();
+    });
 }
 
 void add(TraceCheckTotals &totals, const TraceCheckTotals &more)
@@ -99,10 +112,7 @@ int runVerify(const QCommandLineParser &parser, const QStringList &files)
         const auto tell = [asJson](const TraceFinding &finding) {
             asJson ? writeOutput(jsonOf(finding)) : writeLine(lineOf(finding));
         };
-        add(totals, checkTrace(path, tell, [] {
-                QCoreApplication::processEvents();
-                return !StopSignals::received();
-            }));
+        add(totals, check(path, tell));
         if (interrupted(path))
             return Failed;
     }
