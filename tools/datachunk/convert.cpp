@@ -13,22 +13,21 @@ bool readPaths(const QCommandLineParser &parser, QStringList &inputs, Conversion
 {
     const bool hasTarget = parser.isSet(QStringLiteral("to"));
     const bool hasFolder = parser.isSet(QStringLiteral("into"));
+    // Without an option the last of several is the target.
+    if (hasTarget)
+        wanted.target = parser.value(QStringLiteral("to"));
+    else if (!hasFolder && inputs.size() > 1)
+        wanted.target = inputs.takeLast();
     if (hasTarget && hasFolder)
         usageError(Cli::tr("--to and --into exclude each other"));
     else if (hasFolder && !parser.isSet(QStringLiteral("as")))
         usageError(Cli::tr("--into needs --as"));
-    else if (!hasTarget && !hasFolder && inputs.size() < 2)
-        usageError(Cli::tr("the name of the file to write is missing"));
     else if (hasFolder && parser.value(QStringLiteral("into")).isEmpty())
         usageError(Cli::tr("--into is missing"));
-    else if (!hasFolder
-             && (hasTarget ? parser.value(QStringLiteral("to")) : inputs.last()).isEmpty())
+    else if (!hasFolder && wanted.target.isEmpty())
         usageError(Cli::tr("the name of the file to write is missing"));
-    else {
-        if (!hasFolder)
-            wanted.target = hasTarget ? parser.value(QStringLiteral("to")) : inputs.takeLast();
+    else
         return true;
-    }
     return false;
 }
 
