@@ -2,8 +2,8 @@
 #include "errorframes.h"
 #include "framebits.h"
 #include "jsontext.h"
-#include "messagejson.h"
 #include "periods.h"
+#include "traceexport.h"
 
 #include <QJsonObject>
 #include <QRandomGenerator>
@@ -62,7 +62,7 @@ QString randomNote(QRandomGenerator &random)
 }
 
 QByteArray documentOf(const CAN::CanRxMessage &message, const QString &note,
-                      const FoundPlace *place)
+                      const TraceExport::Place *place)
 {
     const char *payload = reinterpret_cast<const char *>(message.data);
     const QByteArray data = QByteArray(payload, CAN::payloadSize(message)).toHex();
@@ -101,10 +101,10 @@ void TestMessageValues::jsonIsThatOfADocument()
     for (int i = 0; i < 20000; ++i) {
         const CAN::CanRxMessage message = randomMessage(random);
         const QString note = randomNote(random);
-        const FoundPlace place{random.generate64() >> 12, i % 2 == 0};
-        const FoundPlace *shown = i % 3 == 0 ? nullptr : &place;
+        const TraceExport::Place place{random.generate64() >> 12, i % 2 == 0};
+        const TraceExport::Place *shown = i % 3 == 0 ? nullptr : &place;
         QByteArray text("before");
-        appendMessageJson(text, message, note, shown);
+        TraceExport::appendJson(text, message, note, shown);
         QCOMPARE(text, "before" + documentOf(message, note, shown));
     }
 }

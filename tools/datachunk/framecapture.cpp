@@ -1,5 +1,6 @@
 #include "framecapture.h"
 
+#include "messagetime.h"
 #include "terminal.h"
 #include "timetext.h"
 
@@ -9,12 +10,6 @@ namespace {
 
 // Drivers hand on frames in bunches, so that times may fall by a little.
 constexpr qint64 fall = 1000000;
-
-qint64 timeOf(const CAN::CanRxMessage &message)
-{
-    constexpr qint64 microsecondsPerSecond = 1000000;
-    return message.seconds * microsecondsPerSecond + message.microseconds;
-}
 
 } // namespace
 

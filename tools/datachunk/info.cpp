@@ -1,6 +1,7 @@
 #include "canframe.h"
 #include "commands.h"
 #include "errorframes.h"
+#include "messagetime.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "timetext.h"
@@ -16,7 +17,6 @@ namespace {
 
 // Keeps a trace of nothing but different identifiers from filling the memory.
 constexpr int mostIdentifiers = 1000000;
-constexpr qint64 microsecondsPerSecond = 1000000;
 
 struct Summary
 {
@@ -32,11 +32,6 @@ struct Summary
     QSet<quint64> identifiers;
 };
 
-qint64 microseconds(const CAN::CanRxMessage &message)
-{
-    return message.seconds * microsecondsPerSecond + message.microseconds;
-}
-
 void addMessage(Summary &summary, const CAN::CanRxMessage &message)
 {
     const bool isError = message.id == CAN::errorFrameId;
@@ -48,8 +43,8 @@ void addMessage(Summary &summary, const CAN::CanRxMessage &message)
     const QString errorType = errorTypeName(message);
     if (!errorType.isEmpty())
         ++summary.errorTypes[errorType];
-    summary.earliest = std::min(summary.earliest, microseconds(message));
-    summary.latest = std::max(summary.latest, microseconds(message));
+    summary.earliest = std::min(summary.earliest, timeOf(message));
+    summary.latest = std::max(summary.latest, timeOf(message));
     if (!isError && summary.identifiers.size() < mostIdentifiers)
         summary.identifiers.insert(quint64(message.id) | quint64(message.extended) << 32);
 }

@@ -1,5 +1,6 @@
 #include "mergedtrace.h"
 
+#include "messagetime.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "tracematcher.h"
@@ -10,12 +11,6 @@ namespace {
 
 using Result = TraceReading::Result;
 using Take = std::function<bool(MessageBlock &)>;
-
-qint64 timeOf(const CAN::CanRxMessage &message)
-{
-    constexpr qint64 perSecond = 1000000;
-    return message.seconds * perSecond + message.microseconds;
-}
 
 // Asks a message at a time as the merged trace brings them.
 class LateSelection

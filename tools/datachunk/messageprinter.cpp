@@ -7,7 +7,7 @@ bool MessagePrinter::print(const CAN::CanRxMessage &message, const QString &note
 {
     if (form == Text)
         return printText(message, note, place);
-    appendMessageJson(block, message, note, place);
+    TraceExport::appendJson(block, message, note, place);
     return flushWhenFull();
 }
 

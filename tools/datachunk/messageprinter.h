@@ -1,7 +1,9 @@
 #pragma once
 
-#include "messagejson.h"
 #include "savefileworker.h"
+#include "traceexport.h"
+
+using FoundPlace = TraceExport::Place;
 
 /// Prints messages to standard output, one a line, many lines at a time.
 class MessagePrinter

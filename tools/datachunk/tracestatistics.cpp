@@ -2,13 +2,13 @@
 
 #include "canframe.h"
 #include "framebits.h"
+#include "messagetime.h"
 
 #include <algorithm>
 
 void TraceStatistics::add(const CAN::CanRxMessage &message, quint64 position)
 {
-    constexpr qint64 microsecondsPerSecond = 1000000;
-    const qint64 time = message.seconds * microsecondsPerSecond + message.microseconds;
+    const qint64 time = timeOf(message);
     const bool isError = message.id == CAN::errorFrameId;
     const FrameBits bits = countsBits ? frameBits(message) : FrameBits();
     auto &line = byLine[quint8(message.line)];
