@@ -1,6 +1,6 @@
 #include "decoder.h"
 
-#include <QCoreApplication>
+#include "storetexts.h"
 
 #include <algorithm>
 
@@ -53,25 +53,22 @@ const StreamDecoder::Bytes &StreamDecoder::nextBlock()
 
 QString StreamDecoder::cut()
 {
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "It is compressed, and its end is missing.");
+    return StoreTexts::tr("It is compressed, and its end is missing.");
 }
 
 QString Decoder::damaged()
 {
-    return QCoreApplication::translate("DatachunkHandler", "It is compressed and damaged.");
+    return StoreTexts::tr("It is compressed and damaged.");
 }
 
 QString StreamDecoder::needsMemory()
 {
     constexpr qint64 mebibyte = 1024LL * 1024;
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "Unpacking it takes more than %1 MiB of memory.")
+    return StoreTexts::tr("Unpacking it takes more than %1 MiB of memory.")
         .arg(mostMemory / mebibyte);
 }
 
 QString StreamDecoder::moreBehindEnd()
 {
-    return QCoreApplication::translate(
-        "DatachunkHandler", "Something else stands behind the end of what is compressed.");
+    return StoreTexts::tr("Something else stands behind the end of what is compressed.");
 }

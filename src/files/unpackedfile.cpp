@@ -3,9 +3,8 @@
 #include "archivelimits.h"
 #include "decoder.h"
 #include "fileerrors.h"
+#include "storetexts.h"
 #include "zippedfile.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -21,32 +20,26 @@ bool isTar(const QByteArray &start)
 
 QString severalFiles(const QString &archive)
 {
-    return QCoreApplication::translate(
-               "DatachunkHandler",
-               "The archive %1 holds several files and no chunk. Unpack it first.")
+    return StoreTexts::tr("The archive %1 holds several files and no chunk. Unpack it first.")
         .arg(archive);
 }
 
 QString unknownPacking(const QString &archive)
 {
-    return QCoreApplication::translate(
-               "DatachunkHandler",
+    return StoreTexts::tr(
                "The file in the archive %1 is encrypted or packed in a way that is not known.")
         .arg(archive);
 }
 
 QString compressedTwice(const QString &fileName)
 {
-    return QCoreApplication::translate("DatachunkHandler",
-                                       "The file %1 is compressed more than once. Unpack it first.")
+    return StoreTexts::tr("The file %1 is compressed more than once. Unpack it first.")
         .arg(fileName);
 }
 
 QString archiveInside(const QString &fileName)
 {
-    return QCoreApplication::translate(
-               "DatachunkHandler",
-               "The file %1 holds an archive of several files. Unpack it first.")
+    return StoreTexts::tr("The file %1 holds an archive of several files. Unpack it first.")
         .arg(fileName);
 }
 
@@ -185,8 +178,7 @@ qint64 UnpackedFile::readData(char *data, qint64 maxSize)
     unpacked += std::max<qint64>(got, 0);
     error = got < 0 ? decoder->errorText() : QString();
     if (!zip && ArchiveLimits::isBomb(file.size(), unpacked))
-        error = QCoreApplication::translate("DatachunkHandler",
-                                            "It unpacks to more than 1000 times its size.");
+        error = StoreTexts::tr("It unpacks to more than 1000 times its size.");
     return error.isEmpty() ? got : -1;
 }
 
