@@ -22,9 +22,8 @@ void addFlag(LineBuffer &line, bool isSet)
 // a length of no payload.
 void addFields(LineBuffer &line, const CAN::CanRxMessage &message)
 {
-    constexpr qint64 million = 1000000;
     const bool isError = message.id == CAN::errorFrameId;
-    line.addSeconds(message.seconds * million + message.microseconds);
+    line.addSeconds(CAN::timeOf(message));
     line.add(',');
     line.addNumber(message.line);
     line.add(message.transmitted ? ",Tx," : ",Rx,");

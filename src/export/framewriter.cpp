@@ -14,7 +14,7 @@ constexpr qint64 lastTime = std::numeric_limits<qint32>::max() * million + milli
 
 void setTime(const CAN::CanRxMessage &message, ExportFrame &frame)
 {
-    const qint64 time = message.seconds * million + message.microseconds;
+    const qint64 time = CAN::timeOf(message);
     frame.time = qBound(qint64(0), time, lastTime);
     frame.loseIf(frame.time != time, TraceExport::Time);
 }

@@ -17,4 +17,11 @@ inline int payloadSize(const CanRxMessage &message)
     return qBound(0, int(message.length), maxDataBytes);
 }
 
+/// The time of a message in microseconds.
+inline qint64 timeOf(const CanRxMessage &message)
+{
+    constexpr qint64 microsecondsPerSecond = 1000000;
+    return message.seconds * microsecondsPerSecond + message.microseconds;
+}
+
 } // namespace CAN

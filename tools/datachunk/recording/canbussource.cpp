@@ -1,81 +1,22 @@
 #include "canbussource.h"
 
-#include "canframe.h"
+#include "busframes.h"
 #include "terminal.h"
 
 #include <QCanBus>
 #include <QVariant>
 
-#include <algorithm>
 #include <utility>
 #include <vector>
-
-#include <net/if.h>
-#include <sys/ioctl.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace {
 
 const QLatin1String socketCan("socketcan");
 
-quint16 trailingNumber(const QString &name)
-{
-    int start = name.size();
-    while (start > 0 && name.at(start - 1).isDigit())
-        --start;
-    return name.mid(start).toUShort();
-}
-
-bool toMessage(const QCanBusFrame &frame, CAN::CanRxMessage &message)
-{
-    const QCanBusFrame::FrameType type = frame.frameType();
-    if (type != QCanBusFrame::DataFrame && type != QCanBusFrame::RemoteRequestFrame
-        && type != QCanBusFrame::ErrorFrame)
-        return false;
-    message.seconds = qint32(frame.timeStamp().seconds());
-    message.microseconds = qint32(frame.timeStamp().microSeconds());
-    message.id = type == QCanBusFrame::ErrorFrame ? CAN::errorFrameId : frame.frameId();
-    message.extended = frame.hasExtendedFrameFormat();
-    message.remote = type == QCanBusFrame::RemoteRequestFrame;
-    message.fdFrame = frame.hasFlexibleDataRateFormat();
-    message.transmitted = frame.hasLocalEcho();
-    const QByteArray payload = frame.payload().left(CAN::maxDataBytes);
-    message.length = qint8(payload.size());
-    std::copy(payload.begin(), payload.end(), message.data);
-    return true;
-}
-
-// Of the error frames of SocketCAN: the class "controller", and in the second byte "RX overflow".
-bool isOverflow(const QCanBusFrame &frame)
-{
-    constexpr char receiveOverflow = 1;
-    return frame.frameType() == QCanBusFrame::ErrorFrame
-        && frame.error().testFlag(QCanBusFrame::ControllerError) && frame.payload().size() > 1
-        && (frame.payload().at(1) & receiveOverflow) != 0;
-}
-
-// The number of a network interface that is up; 0 for any other name.
-quint32 runningInterface(const QString &name)
-{
-    ifreq request = {};
-    const QByteArray bytes = name.toLocal8Bit();
-    if (bytes.isEmpty() || bytes.size() >= int(sizeof(request.ifr_name)))
-        return 0;
-    std::copy(bytes.begin(), bytes.end(), request.ifr_name);
-    const int socket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    const bool isUp =
-        ioctl(socket, SIOCGIFFLAGS, &request) == 0 && (request.ifr_flags & IFF_UP) != 0;
-    const bool isFound = isUp && ioctl(socket, SIOCGIFINDEX, &request) == 0;
-    if (socket >= 0)
-        close(socket);
-    return isFound ? quint32(request.ifr_ifindex) : 0;
-}
-
 } // namespace
 
 CanBusSource::CanBusSource(const CanBusOptions &options, QObject *parent)
-    : FrameSource(parent), options(options), line(trailingNumber(options.interface))
+    : FrameSource(parent), options(options), line(BusFrames::lineOf(options.interface))
 {
     const QStringList plugins = QCanBus::instance()->plugins();
     if (plugins.contains(options.plugin))
@@ -135,9 +76,9 @@ void CanBusSource::takeFrames()
     for (const QCanBusFrame &frame : frames) {
         CAN::CanRxMessage message;
         message.line = line;
-        if (isOverflow(frame))
+        if (BusFrames::isOverflow(frame))
             emit gap(Cli::tr("The receive buffer of the CAN controller ran over."));
-        if (toMessage(frame, message))
+        if (BusFrames::toMessage(frame, message))
             emit received(message);
         else
             ++unreadable;
@@ -188,7 +129,7 @@ void CanBusSource::look()
 
 quint32 CanBusSource::socketInterface() const
 {
-    return options.plugin == socketCan ? runningInterface(options.interface) : 0;
+    return options.plugin == socketCan ? BusFrames::runningInterface(options.interface) : 0;
 }
 
 void CanBusSource::connectAgain()

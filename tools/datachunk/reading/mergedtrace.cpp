@@ -1,6 +1,6 @@
 #include "mergedtrace.h"
 
-#include "messagetime.h"
+#include "canframe.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "tracematcher.h"
@@ -58,7 +58,7 @@ public:
         block.clear();
         return input.next(block);
     }
-    qint64 time() const { return timeOf(cursor.message()); }
+    qint64 time() const { return CAN::timeOf(cursor.message()); }
     Result result() const { return input.result(); }
     QString subject() const { return input.subject(); }
 

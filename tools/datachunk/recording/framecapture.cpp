@@ -1,6 +1,6 @@
 #include "framecapture.h"
 
-#include "messagetime.h"
+#include "canframe.h"
 #include "terminal.h"
 #include "timetext.h"
 
@@ -22,7 +22,7 @@ FrameCapture::FrameCapture(const CaptureRules &rules, Keep keep)
 
 void FrameCapture::add(const CAN::CanRxMessage &message)
 {
-    const qint64 time = timeOf(message);
+    const qint64 time = CAN::timeOf(message);
     if (triggers && triggers->takes(message))
         trigger(time);
     if (!filter.takes(message)) {

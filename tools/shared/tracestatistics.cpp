@@ -2,13 +2,12 @@
 
 #include "canframe.h"
 #include "framebits.h"
-#include "messagetime.h"
 
 #include <algorithm>
 
 void TraceStatistics::add(const CAN::CanRxMessage &message, quint64 position)
 {
-    const qint64 time = timeOf(message);
+    const qint64 time = CAN::timeOf(message);
     const bool isError = message.id == CAN::errorFrameId;
     const FrameBits bits = countsBits ? frameBits(message) : FrameBits();
     auto &line = byLine[quint8(message.line)];

@@ -1,7 +1,6 @@
 #include "canframe.h"
 #include "commands.h"
 #include "errorframes.h"
-#include "messagetime.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "timetext.h"
@@ -43,8 +42,8 @@ void addMessage(Summary &summary, const CAN::CanRxMessage &message)
     const QString errorType = errorTypeName(message);
     if (!errorType.isEmpty())
         ++summary.errorTypes[errorType];
-    summary.earliest = std::min(summary.earliest, timeOf(message));
-    summary.latest = std::max(summary.latest, timeOf(message));
+    summary.earliest = std::min(summary.earliest, CAN::timeOf(message));
+    summary.latest = std::max(summary.latest, CAN::timeOf(message));
     if (!isError && summary.identifiers.size() < mostIdentifiers)
         summary.identifiers.insert(quint64(message.id) | quint64(message.extended) << 32);
 }

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "notices.h"
+#include "tracetimeline.h"
+
+#include <QObject>
+#include <QString>
+
+/// One trace that the window shows: the recording, or what was opened. Whoever has brought it keeps
+/// what it needs in a class derived from this one.
+class ShownTrace : public QObject
+{
+    Q_OBJECT
+public:
+    /// \a title is short, for a tab.
+    ShownTrace(const TraceTimeline &timeline, const QString &title, QObject *parent = nullptr);
+
+    const TraceTimeline &timeline() const { return ownTimeline; }
+    const QString &title() const { return ownTitle; }
+
+    /// Where it comes from, as whole paths; empty for a recording.
+    virtual QStringList paths() const { return {}; }
+
+    /// Whether messages may still come: a recording that runs, or an import.
+    virtual bool isGrowing() const { return false; }
+
+    /// Whether closing it now would lose messages or notes that are nowhere else.
+    virtual bool isUnsaved() const { return false; }
+
+signals:
+    void titleChanged();
+    /// Something for the user; for the window to show.
+    void notice(const Notice &notice);
+
+protected:
+    void setTitle(const QString &title);
+
+private:
+    const TraceTimeline ownTimeline;
+    QString ownTitle;
+};
