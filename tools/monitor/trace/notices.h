@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// What the window has to tell its user: what has happened and what to do about it, each in whole
 /// sentences.
 struct Notice
@@ -14,4 +16,8 @@ struct Notice
     Kind kind = Information;
     QString text;
     QString advice; ///< may be empty
+    /// What a button of the notice says and does; none where the text is empty. It is called on
+    /// the window's thread, once at most.
+    QString actionText = {};
+    std::function<void()> action = {};
 };

@@ -12,3 +12,15 @@ void ShownTrace::setTitle(const QString &title)
     ownTitle = title;
     emit titleChanged();
 }
+
+void ShownTrace::setNote(quint64 position, const QString &text)
+{
+    Q_UNUSED(position)
+    Q_UNUSED(text)
+}
+
+void ShownTrace::setBookmark(quint64 position, const QString &text)
+{
+    Q_UNUSED(position)
+    Q_UNUSED(text)
+}

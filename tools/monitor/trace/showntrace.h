@@ -27,6 +27,11 @@ public:
     /// Whether closing it now would lose messages or notes that are nowhere else.
     virtual bool isUnsaved() const { return false; }
 
+    /// Have the message at \a position get another note or bookmark, in the background; an empty
+    /// text takes it away. What fails is told by a notice.
+    void setNote(quint64 position, const QString &text);
+    void setBookmark(quint64 position, const QString &text);
+
 signals:
     void titleChanged();
     /// Something for the user; for the window to show.

@@ -50,12 +50,26 @@ public:
         row->setContentsMargins(6, 2, 2, 2);
         row->addWidget(icon);
         row->addWidget(label, 1);
+        if (!notice.actionText.isEmpty())
+            row->addWidget(actionButton(notice));
         row->addWidget(close);
         if (notice.kind == Notice::Information)
             QTimer::singleShot(informationTime, this, &QObject::deleteLater);
     }
 
     const QString text;
+
+private:
+    QWidget *actionButton(const Notice &notice)
+    {
+        auto *button = new QToolButton(this);
+        button->setText(notice.actionText);
+        connect(button, &QToolButton::clicked, this, [this, action = notice.action] {
+            deleteLater();
+            action();
+        });
+        return button;
+    }
 };
 
 } // namespace
