@@ -15,7 +15,7 @@ status=0
 ctest --preset dev || status=$?
 packages+=(
     qt6-base-dev qt6-tools-dev qt6-l10n-tools
-    qt6-5compat-dev qt6-serialbus-dev libqt6svg6-dev libquazip1-qt6-dev
+    qt6-5compat-dev qt6-serialbus-dev libqt6svg6 libquazip1-qt6-dev
 )
 install_packages
 echo "== Building with Qt 6 in build/qt6, some minutes the first time"

@@ -1,8 +1,8 @@
 # Debian packages of what is installed: the libraries, what is needed to build against them, and the
-# program. scripts/package.sh makes and tests them.
+# programs. scripts/package.sh makes and tests them.
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_COMPONENTS_ALL libraries development program)
+set(CPACK_COMPONENTS_ALL libraries development program monitor)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_STRIP_FILES ON)
 # Umasks differ, and folders of packages must not.
@@ -46,6 +46,16 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS libqt5serialbus5-plugins)
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION "Detects, prints, filters, imports and exports the traces of many CAN tools,
 records from a CAN bus for days, and packs whole recordings into archives.")
+
+set(CPACK_DEBIAN_MONITOR_PACKAGE_NAME datachunk-monitor)
+set(CPACK_DEBIAN_MONITOR_PACKAGE_SECTION electronics)
+# The icon is drawn by a plug-in of libqt5svg5.
+set(CPACK_DEBIAN_MONITOR_PACKAGE_DEPENDS
+    "${CPACK_DEBIAN_LIBRARIES_PACKAGE_NAME} (= ${version}), libqt5svg5")
+set(CPACK_DEBIAN_MONITOR_PACKAGE_RECOMMENDS "libqt5serialbus5-plugins, qttranslations5-l10n")
+set(CPACK_DEBIAN_MONITOR_DESCRIPTION "Shows the messages of CAN buses as they come, records them for days, and opens
+recordings of any length and the traces of many CAN tools in one table, with
+filters, notes and statistics.")
 
 # What Debian wants in each package.
 set(changelog ${PROJECT_SOURCE_DIR}/packaging/changelog.Debian)

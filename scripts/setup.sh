@@ -18,7 +18,7 @@ packages=(
     libarchive-dev liblzma-dev
     libbenchmark-dev
     libsystemd-dev
-    libqt5svg5-dev xauth xvfb
+    libqt5svg5 xauth xvfb
 )
 
 missing_packages() {

@@ -8,9 +8,12 @@ source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 # update FOLDER: the same for the catalogues in that folder.
 update() {
     local catalogue sources
-    for catalogue in datachunk datachunkhandler; do
-        sources="$project/src"
-        [ "$catalogue" = datachunk ] && sources="$project/tools/datachunk"
+    for catalogue in datachunk datachunk-monitor datachunkhandler; do
+        case "$catalogue" in
+        datachunk) sources="$project/tools/datachunk" ;;
+        datachunk-monitor) sources="$project/tools/monitor" ;;
+        *) sources="$project/src" ;;
+        esac
         # Places in the sources would change with every line that is added there.
         QT_SELECT=5 lupdate -silent -no-obsolete -locations none "$sources" \
             -ts "$1/$catalogue"_*.ts

@@ -56,7 +56,8 @@ int main(int argc, char *argv[])
     guardStandardStreams();
     installMessageHandler();
     const QCoreApplication application(argc, argv);
-    installTranslations();
+    if (!isUntranslated())
+        installTranslations(QStringLiteral("datachunk"));
     const StopSignals stopSignals;
     QCoreApplication::setApplicationName(QStringLiteral("datachunk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(DATACHUNK_VERSION));

@@ -9,56 +9,140 @@
 #include "tracetab.h"
 #include "traceview.h"
 
+#include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDragEnterEvent>
-#include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
+#include <QSettings>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QUrl>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int recordingTab = 0;
+constexpr QSize firstSize(1280, 800);
+const QString geometryKey = QStringLiteral("window/geometry");
+const QString stateKey = QStringLiteral("window/state");
+
+} // namespace
+
 MainWindow::MainWindow()
     : messages(new MessageBar), tabs(new QTabWidget), files(new FileDesk(this)),
-      buses(new BusDesk(this)), notes(new NotesDock(this)), statistics(new StatisticsDock(this))
+      buses(new BusDesk(this)), notes(new NotesDock(this)), statistics(new StatisticsDock(this)),
+      byIdentifier(new QAction(tr("By &identifier"), this))
 {
+    setWindowTitle(tr("datachunk monitor"));
     setAcceptDrops(true);
+    tabs->setObjectName(QStringLiteral("traces"));
+    tabs->setDocumentMode(true);
+    tabs->setTabsClosable(true);
     auto *middle = new QWidget;
     auto *layout = new QVBoxLayout(middle);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
     layout->addWidget(messages);
     layout->addWidget(tabs, 1);
     setCentralWidget(middle);
     addDockWidget(Qt::LeftDockWidgetArea, buses->dock());
-    addDockWidget(Qt::RightDockWidgetArea, notes);
-    addDockWidget(Qt::RightDockWidgetArea, statistics);
-    statusBar()->addPermanentWidget(buses->status());
-    connect(files, &FileDesk::opened, this, &MainWindow::addTab);
+    addDockWidget(Qt::LeftDockWidgetArea, notes);
+    addDockWidget(Qt::BottomDockWidgetArea, statistics);
+    statusBar()->addWidget(buses->status(), 1);
+    connectDesks();
+    addTab(buses->recording());
+    buildMenus();
+    restore();
+}
+
+MainWindow::~MainWindow()
+{
+    // The views go before what they show.
+    tabs->disconnect(this);
+    notes->setTrace(nullptr);
+    statistics->setTrace(nullptr);
+    while (tabs->count() > 0)
+        delete tabs->widget(0);
+}
+
+void MainWindow::connectDesks()
+{
+    connect(files, &FileDesk::opened, this, [this](ShownTrace *trace) {
+        const int tab = addTab(trace);
+        trace->setParent(tabAt(tab));
+        tabs->setCurrentIndex(tab);
+    });
     connect(files, &FileDesk::notice, messages, &MessageBar::add);
     connect(buses, &BusDesk::notice, messages, &MessageBar::add);
     connect(buses, &BusDesk::saved, files, &FileDesk::open);
+    connect(buses, &BusDesk::recordingChanged, this, &MainWindow::showRecording);
+    connect(notes, &NotesDock::positionChosen, this, [this](quint64 position) {
+        byIdentifier->setChecked(false);
+        currentTab()->view()->showPosition(position);
+    });
     connect(tabs, &QTabWidget::currentChanged, this, &MainWindow::showCurrent);
-    addTab(buses->recording());
-    buildMenus();
+    connect(tabs, &QTabWidget::tabCloseRequested, this, &MainWindow::closeTab);
 }
 
-MainWindow::~MainWindow() = default;
-
-void MainWindow::buildMenus() { }
+void MainWindow::restore()
+{
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(geometryKey).toByteArray()))
+        resize(firstSize);
+    if (!restoreState(settings.value(stateKey).toByteArray()))
+        statistics->hide();
+}
 
 void MainWindow::open(const QStringList &paths)
 {
-    files->open(paths);
+    if (!paths.isEmpty())
+        files->open(paths);
 }
 
-void MainWindow::addTab(ShownTrace *trace)
+int MainWindow::addTab(ShownTrace *trace)
 {
+    auto *tab = new TraceTab(trace);
     connect(trace, &ShownTrace::notice, messages, &MessageBar::add);
-    tabs->setCurrentIndex(tabs->addTab(new TraceTab(trace), trace->title()));
+    connect(trace, &ShownTrace::titleChanged, tab,
+            [this, tab] { tabs->setTabText(tabs->indexOf(tab), tab->trace()->title()); });
+    connect(tab->view(), &TraceView::currentPositionChanged, notes, [this, tab](quint64 position) {
+        if (tab == currentTab())
+            notes->setCurrentPosition(position);
+    });
+    connect(tab, &TraceTab::byIdentifierChanged, this, [this, tab](bool on) {
+        if (tab == currentTab())
+            byIdentifier->setChecked(on);
+    });
+    const int index = tabs->addTab(tab, trace->title());
+    tabs->setTabToolTip(index, trace->paths().join(QLatin1Char('\n')));
+    return index;
+}
+
+void MainWindow::showRecording(Recording *recording)
+{
+    const bool wasCurrent = tabs->currentIndex() == recordingTab;
+    TraceTab *before = tabAt(recordingTab);
+    const int added = addTab(recording);
+    tabs->tabBar()->moveTab(added, recordingTab);
+    if (wasCurrent)
+        tabs->setCurrentIndex(recordingTab);
+    // The trace that it shows goes with the signal.
+    delete before;
+    showCurrent();
 }
 
 void MainWindow::closeTab(int index)
 {
-    Q_UNUSED(index)
+    if (index != recordingTab)
+        delete tabs->widget(index);
+}
+
+TraceTab *MainWindow::tabAt(int index) const
+{
+    return static_cast<TraceTab *>(tabs->widget(index));
 }
 
 TraceTab *MainWindow::currentTab() const
@@ -69,14 +153,34 @@ TraceTab *MainWindow::currentTab() const
 void MainWindow::showCurrent()
 {
     TraceTab *tab = currentTab();
-    notes->setTrace(tab ? tab->trace() : nullptr);
-    statistics->setTrace(tab ? tab->trace() : nullptr);
-    files->setCurrent(tab ? tab->trace() : nullptr, tab ? tab->view() : nullptr);
+    ShownTrace *trace = tab ? tab->trace() : nullptr;
+    notes->setTrace(trace);
+    statistics->setTrace(trace);
+    files->setCurrent(trace, tab ? tab->view() : nullptr);
+    byIdentifier->setChecked(tab && tab->isByIdentifier());
+    // The recording has its own way to end.
+    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) {
+        if (QWidget *button = tabs->tabBar()->tabButton(recordingTab, side))
+            button->hide();
+    }
+}
+
+void MainWindow::about()
+{
+    QMessageBox::about(
+        this, tr("About the monitor"),
+        tr("datachunk monitor %1\n\nRecords from CAN buses, and shows traces of many CAN tools.")
+            .arg(QCoreApplication::applicationVersion()));
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(buses->mayClose());
+    if (!event->isAccepted())
+        return;
+    QSettings settings;
+    settings.setValue(geometryKey, saveGeometry());
+    settings.setValue(stateKey, saveState());
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
@@ -89,7 +193,13 @@ void MainWindow::dropEvent(QDropEvent *event)
 {
     QStringList paths;
     const QList<QUrl> urls = event->mimeData()->urls();
-    for (const QUrl &url : urls)
-        paths << url.toLocalFile();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    if (paths.isEmpty())
+        messages->add({Notice::Failure, tr("What was dropped is no file on this machine."),
+                       tr("Save it to a disk first, and drop it from there.")});
+    event->acceptProposedAction();
     open(paths);
 }

@@ -7,6 +7,7 @@ class FileDesk;
 class MessageBar;
 class NotesDock;
 class QTabWidget;
+class Recording;
 class ShownTrace;
 class StatisticsDock;
 class TraceTab;
@@ -31,9 +32,16 @@ protected:
 
 private:
     void buildMenus();
-    void addTab(ShownTrace *trace);
+    void buildTraceMenus();
+    void buildViewMenu(QMenu *menu);
+    void connectDesks();
+    void restore();
+    int addTab(ShownTrace *trace);
+    void showRecording(Recording *recording);
     void closeTab(int index);
     void showCurrent();
+    void about();
+    TraceTab *tabAt(int index) const;
     TraceTab *currentTab() const;
 
     MessageBar *const messages;
@@ -42,4 +50,5 @@ private:
     BusDesk *const buses;
     NotesDock *const notes;
     StatisticsDock *const statistics;
+    QAction *const byIdentifier;
 };

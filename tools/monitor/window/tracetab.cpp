@@ -36,6 +36,8 @@ void TraceTab::connectParts()
     connect(identifiers, &IdentifierView::positionChosen, this, showMessages);
     connect(identifiers, &IdentifierView::filterWanted, bar, &FilterBar::setText);
     connect(identifiers, &IdentifierView::filterWanted, this, showMessages);
+    connect(pages, &QStackedWidget::currentChanged, this,
+            [this] { emit byIdentifierChanged(isByIdentifier()); });
 }
 
 void TraceTab::setByIdentifier(bool on)

@@ -24,6 +24,9 @@ public:
     void setByIdentifier(bool on);
     bool isByIdentifier() const;
 
+signals:
+    void byIdentifierChanged(bool on);
+
 private:
     void connectParts();
 

@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QTranslator>
 
 namespace {
@@ -26,6 +25,8 @@ bool install(const QString &fileName, const QString &folder)
         && QCoreApplication::installTranslator(translator);
 }
 
+} // namespace
+
 // Qt goes by LANGUAGE whatever else is set. To all other programs this locale means no translation.
 bool isUntranslated()
 {
@@ -37,16 +38,14 @@ bool isUntranslated()
     return false;
 }
 
-} // namespace
-
-void installTranslations()
+void installTranslations(const QString &program, const QLocale &locale)
 {
-    if (isUntranslated() || !DatachunkTranslations::install())
+    if (!DatachunkTranslations::install(locale))
         return;
     // The library has the same languages, and has asked whether English is liked better.
-    const QStringList languages = QLocale::system().uiLanguages();
+    const QStringList languages = locale.uiLanguages();
     for (const QString &language : languages) {
-        if (!install(QLatin1String("datachunk_") + language, QStringLiteral(":/datachunk/texts")))
+        if (!install(program + QLatin1Char('_') + language, QStringLiteral(":/datachunk/texts")))
             continue;
         install(QLatin1String("qtbase_") + language, folderOfQt());
         return;

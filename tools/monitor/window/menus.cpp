@@ -1,0 +1,89 @@
+#include "busdesk.h"
+#include "choicemenus.h"
+#include "filedesk.h"
+#include "filterbar.h"
+#include "mainwindow.h"
+#include "notesdock.h"
+#include "statisticsdock.h"
+#include "tracetab.h"
+#include "traceview.h"
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QMenuBar>
+#include <QTabWidget>
+
+namespace {
+
+// A null pointer stands for a separator.
+void addAll(QMenu *menu, const QList<QAction *> &actions)
+{
+    for (QAction *action : actions) {
+        if (action)
+            menu->addAction(action);
+        else
+            menu->addSeparator();
+    }
+}
+
+} // namespace
+
+void MainWindow::buildMenus()
+{
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    addAll(file, files->actions());
+    file->addSeparator();
+    QAction *close =
+        file->addAction(tr("&Close tab"), this, [this] { closeTab(tabs->currentIndex()); });
+    close->setShortcut(QKeySequence::Close);
+    QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence::Quit);
+    addAll(menuBar()->addMenu(tr("&Bus")), buses->actions());
+    buildTraceMenus();
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About the monitor"), this, &MainWindow::about);
+}
+
+// What they have belongs to the tab in front.
+void MainWindow::buildTraceMenus()
+{
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
+    connect(edit, &QMenu::aboutToShow, this, [this, edit] {
+        edit->clear();
+        if (const TraceTab *tab = currentTab()) {
+            addAll(edit, tab->view()->editActions());
+            edit->addSeparator();
+            addAll(edit, tab->filterBar()->actions());
+        }
+    });
+    byIdentifier->setCheckable(true);
+    byIdentifier->setShortcut(Qt::CTRL | Qt::Key_I);
+    addAction(byIdentifier);
+    connect(byIdentifier, &QAction::toggled, this, [this](bool on) {
+        if (TraceTab *tab = currentTab())
+            tab->setByIdentifier(on);
+    });
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    auto *themes = new QMenu(tr("&Colours"), view);
+    ChoiceMenus::addThemes(themes);
+    auto *languages = new QMenu(tr("&Language"), view);
+    ChoiceMenus::addLanguages(languages);
+    connect(view, &QMenu::aboutToShow, this, [this, view, themes, languages] {
+        view->clear();
+        buildViewMenu(view);
+        view->addSeparator();
+        view->addMenu(themes);
+        view->addMenu(languages);
+    });
+}
+
+void MainWindow::buildViewMenu(QMenu *menu)
+{
+    menu->addAction(byIdentifier);
+    if (const TraceTab *tab = currentTab())
+        addAll(menu, tab->view()->viewActions());
+    menu->addSeparator();
+    for (QDockWidget *dock :
+         {buses->dock(), static_cast<QDockWidget *>(notes), static_cast<QDockWidget *>(statistics)})
+        menu->addAction(dock->toggleViewAction());
+}
