@@ -213,11 +213,6 @@ bool samePayload(const CAN::CanRxMessage &a, const CAN::CanRxMessage &b, int siz
     return std::equal(a.data, a.data + size, b.data);
 }
 
-qint64 timeOf(const CAN::CanRxMessage &message)
-{
-    return message.seconds * Q_INT64_C(1000000) + message.microseconds;
-}
-
 } // namespace
 
 ReadBack readBack(TraceExport::Format format, const QByteArray &bytes)
@@ -267,7 +262,7 @@ QVector<Loss> differences(const ReadBack::Message &written, const ReadBack::Mess
         isError && (a.extended != b.extended || a.remote != b.remote || a.fdFrame != b.fdFrame);
     addIf(isOtherError || a.flagB != b.flagB || a.flagC != b.flagC || a.flagD != b.flagD,
           TraceExport::Flags);
-    const qint64 difference = timeOf(a) - time.read;
+    const qint64 difference = CAN::timeOf(a) - time.read;
     addIf(time.start != 0, TraceExport::StartTime);
     addIf(difference < 0 || difference >= time.unit, TraceExport::Time);
     addIf(difference > 0 && difference < time.unit, TraceExport::TimeDigits);
