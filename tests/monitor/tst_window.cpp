@@ -1,23 +1,196 @@
+#include "appearance.h"
 #include "mainwindow.h"
+#include "messagebar.h"
 #include "temporarysettings.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QDockWidget>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QTabWidget>
 #include <QTest>
+#include <QToolButton>
 
+/// The window around the rooms of the monitor.
 class TestWindow : public QObject
 {
     Q_OBJECT
+private slots:
+    void init();
+    void everyActionIsInAMenu_data();
+    void everyActionIsInAMenu();
+    void noShortcutIsGivenTwice();
+    void noticesAreToldOnceAndBounded();
+    void aNoticeActsOnce();
+    void droppedFilesOpenInTabsThatClose();
+    void coloursChangeAndAreKept();
+    void docksAreKept();
+
 private:
     const TemporarySettings settings;
-
-private slots:
-    void opens();
 };
 
-void TestWindow::opens()
+namespace {
+
+// Of the menu and those below it, as the user finds them.
+QList<QAction *> actionsOf(const QWidget *menu)
+{
+    QList<QAction *> all;
+    for (QAction *action : menu->actions()) {
+        if (!action->menu()) {
+            all.append(action);
+            continue;
+        }
+        emit action->menu()->aboutToShow();
+        all += actionsOf(action->menu());
+    }
+    return all;
+}
+
+QString textOf(QString text)
+{
+    return text.remove(QLatin1Char('&'));
+}
+
+void drop(QWidget &window, const QList<QUrl> &urls)
+{
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &event);
+}
+
+QStringList noticesOf(const QWidget &window)
+{
+    QStringList texts;
+    for (const QLabel *label : window.findChildren<QLabel *>(QStringLiteral("notice")))
+        texts.append(label->text());
+    return texts;
+}
+
+} // namespace
+
+void TestWindow::init()
+{
+    QSettings().clear();
+}
+
+void TestWindow::everyActionIsInAMenu_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char *text : {"By identifier", "Bus lines", "Notes and bookmarks", "Statistics",
+                             "Dark", "Deutsch", "Close tab", "Quit"})
+        QTest::newRow(text) << text;
+}
+
+void TestWindow::everyActionIsInAMenu()
+{
+    QFETCH(QString, text);
+    const MainWindow window;
+    const auto actions = actionsOf(window.menuBar());
+    QVERIFY(std::any_of(actions.begin(), actions.end(),
+                        [&](const QAction *action) { return textOf(action->text()) == text; }));
+}
+
+void TestWindow::noShortcutIsGivenTwice()
+{
+    const MainWindow window;
+    QMap<QString, QString> owners;
+    const auto actions = actionsOf(window.menuBar());
+    for (const QAction *action : actions) {
+        for (const QKeySequence &key : action->shortcuts()) {
+            const QString before = owners.value(key.toString(), action->text());
+            QCOMPARE(action->text(), before);
+            owners.insert(key.toString(), action->text());
+        }
+    }
+    QVERIFY(owners.size() > 3);
+}
+
+void TestWindow::noticesAreToldOnceAndBounded()
+{
+    MessageBar bar;
+    for (int i = 0; i < 2; ++i)
+        bar.add(
+            {Notice::Failure, QStringLiteral("The disk is full."), QStringLiteral("Empty it.")});
+    QCOMPARE(noticesOf(bar), QStringList{QStringLiteral("The disk is full. Empty it.")});
+    for (int i = 0; i < 100; ++i)
+        bar.add({Notice::Warning, QStringLiteral("<b>%1</b>").arg(i), {}});
+    const QStringList texts = noticesOf(bar);
+    QVERIFY(texts.size() < 10);
+    QCOMPARE(texts.last(), QStringLiteral("<b>99</b>"));
+    QCOMPARE(bar.findChild<QLabel *>(QStringLiteral("notice"))->textFormat(), Qt::PlainText);
+}
+
+void TestWindow::aNoticeActsOnce()
+{
+    MessageBar bar;
+    int acted = 0;
+    bar.add(
+        {Notice::Warning, QStringLiteral("Lines were lost."), {}, QStringLiteral("Report"), [&] {
+             ++acted;
+         }});
+    QToolButton *button = nullptr;
+    for (QToolButton *each : bar.findChildren<QToolButton *>()) {
+        if (each->text() == QLatin1String("Report"))
+            button = each;
+    }
+    QVERIFY(button);
+    button->click();
+    QCOMPARE(acted, 1);
+    QTRY_VERIFY(noticesOf(bar).isEmpty());
+}
+
+void TestWindow::droppedFilesOpenInTabsThatClose()
 {
     MainWindow window;
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
+    auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("traces"));
+    drop(window, {QUrl(QStringLiteral("https://example.org/a.log"))});
+    QCOMPARE(noticesOf(window).size(), 1);
+    QCOMPARE(tabs->count(), 1);
+    drop(window,
+         {QUrl::fromLocalFile(QStringLiteral(TESTDATA "/../../examples/traces/engine_start.log"))});
+    QTRY_COMPARE(tabs->count(), 2);
+    QCOMPARE(tabs->currentIndex(), 1);
+    emit tabs->tabCloseRequested(1);
+    QCOMPARE(tabs->count(), 1);
+    emit tabs->tabCloseRequested(0);
+    QCOMPARE(tabs->count(), 1);
+}
+
+void TestWindow::coloursChangeAndAreKept()
+{
+    Appearance::setTheme(Appearance::DarkTheme);
+    QVERIFY(QApplication::palette().base().color().lightness() < 80);
+    QCOMPARE(Appearance::theme(), Appearance::DarkTheme);
+    Appearance::setTheme(Appearance::LightTheme);
+    QVERIFY(QApplication::palette().base().color().lightness() > 200);
+    Appearance::setTheme(Appearance::SystemTheme);
+    QSettings().setValue(QStringLiteral("window/theme"), 77);
+    QCOMPARE(Appearance::theme(), Appearance::SystemTheme);
+}
+
+void TestWindow::docksAreKept()
+{
+    const QString name = QStringLiteral("notes");
+    {
+        MainWindow window;
+        window.show();
+        window.findChild<QDockWidget *>(name)->hide();
+        window.close();
+    }
+    const MainWindow window;
+    QVERIFY(window.findChild<QDockWidget *>(name)->isHidden());
+    QVERIFY(!window.findChild<QDockWidget *>(QStringLiteral("lines"))->isHidden());
 }
 
 QTEST_MAIN(TestWindow)
