@@ -16,7 +16,8 @@ qint64 microsecondsOf(const QString &digits)
 
 std::optional<qint64> seconds(const QString &text)
 {
-    static const QRegularExpression form(QStringLiteral("^([+-]?)(\\d{1,12})(?:[.,](\\d*))?\\s*s?$"));
+    static const QRegularExpression form(
+        QStringLiteral("^([+-]?)(\\d{1,12})(?:[.,](\\d*))?\\s*s?$"));
     const auto match = form.match(text);
     if (!match.hasMatch())
         return {};

@@ -33,7 +33,8 @@ private:
         std::function<void(TraceLook &)> choose;
     };
 
-    void addChoice(QMenu *menu, const QString &text, const std::function<void(TraceLook &)> &choose);
+    void addChoice(QMenu *menu, const QString &text,
+                   const std::function<void(TraceLook &)> &choose);
 
     MessageModel *const model;
     QMenu *const ownTimes;

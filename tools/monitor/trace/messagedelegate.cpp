@@ -22,7 +22,8 @@ void drawRibbon(QPainter &painter, const QRect &cell, const QColor &color)
     const qreal width = height * 0.6;
     const QPointF corner(cell.left() + width / 2, cell.top() + (cell.height() - height) / 2);
     const QPolygonF ribbon({corner, corner + QPointF(width, 0), corner + QPointF(width, height),
-                            corner + QPointF(width / 2, height * 0.7), corner + QPointF(0, height)});
+                            corner + QPointF(width / 2, height * 0.7),
+                            corner + QPointF(0, height)});
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -65,9 +66,10 @@ void MessageDelegate::paint(QPainter *painter, const QStyleOptionViewItem &plain
     style.drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
     const bool isSelected = option.state & QStyle::State_Selected;
     const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
-    const QColor color = option.palette.color(
-        group, isSelected ? QPalette::HighlightedText : QPalette::Text);
-    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 2;
+    const QColor color =
+        option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
+    // As the titles have it.
+    const int margin = style.pixelMetric(QStyle::PM_HeaderMargin, &option, option.widget);
     const QRect place = option.rect.adjusted(margin, 0, -margin, 0);
     const bool isBookmark = index.column() == TraceTableModel::NumberColumn
         && index.data(MessageModel::MarksRole).toInt() & MessageModel::BookmarkMark;

@@ -91,8 +91,7 @@ QString MessageText::filterOfLine(const CAN::CanRxMessage &message)
 QString MessageText::filterOfData(const CAN::CanRxMessage &message)
 {
     const int length = CAN::payloadSize(message);
-    QString text =
-        QStringLiteral("%1 and len==%2").arg(filterOfIdentifier(message)).arg(length);
+    QString text = QStringLiteral("%1 and len==%2").arg(filterOfIdentifier(message)).arg(length);
     if (message.remote)
         return text + QLatin1String(" and rtr");
     if (length > 0)

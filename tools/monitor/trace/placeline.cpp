@@ -23,13 +23,12 @@ int selectedRows(const TraceTable &table)
 } // namespace
 
 PlaceLine::PlaceLine(MessageModel *model, TraceTable *table, QAction *follow, QWidget *parent)
-    : QWidget(parent), model(model), table(table), where(new QLabel(this)), told(new QLabel(this))
+    : QWidget(parent), model(model), table(table), where(new QLabel(this)), told(new QLabel(this)),
+      button(new QToolButton(this))
 {
     where->setObjectName(QStringLiteral("place"));
     told->setObjectName(QStringLiteral("told"));
-    auto *button = new QToolButton(this);
     button->setDefaultAction(follow);
-    button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(4, 0, 0, 0);
@@ -45,6 +44,11 @@ PlaceLine::PlaceLine(MessageModel *model, TraceTable *table, QAction *follow, QW
     });
     connect(model, &TraceTableModel::totalChanged, this, &PlaceLine::update);
     update();
+}
+
+void PlaceLine::setLive(bool on)
+{
+    button->setVisible(on);
 }
 
 void PlaceLine::tell(const QString &text)

@@ -5,6 +5,7 @@
 class MessageModel;
 class QAction;
 class QLabel;
+class QToolButton;
 class TraceTable;
 
 /// The line below the table: where one is among how many, how many are selected, and whether the
@@ -15,6 +16,8 @@ class PlaceLine : public QWidget
 public:
     PlaceLine(MessageModel *model, TraceTable *table, QAction *follow, QWidget *parent = nullptr);
 
+    /// Whether to offer that the end is followed.
+    void setLive(bool on);
     /// What has just been done, until something else happens.
     void tell(const QString &text);
 
@@ -26,4 +29,5 @@ private:
     TraceTable *const table;
     QLabel *const where;
     QLabel *const told;
+    QToolButton *const button;
 };

@@ -91,7 +91,8 @@ void TraceColumns::setDefaults()
                                              ofHeader.horizontalAdvance(name)));
     }
     // The note is last and takes what is left.
-    header->moveSection(header->visualIndex(MessageModel::AsciiColumn), TraceTableModel::NoteColumn);
+    header->moveSection(header->visualIndex(MessageModel::AsciiColumn),
+                        TraceTableModel::NoteColumn);
 }
 
 void TraceColumns::load()

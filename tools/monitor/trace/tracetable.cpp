@@ -162,14 +162,6 @@ void TraceTable::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint
     rows->setRefreshInterval(refreshInterval);
 }
 
-void TraceTable::setFilter(const std::optional<TraceExpression> &expression)
-{
-    if (!kept.current || !isInSight(*kept.current))
-        rows->setCurrentPosition(top);
-    rows->setFilter(expression);
-    rows->setCurrentPosition(kept.current);
-}
-
 std::optional<quint64> TraceTable::rowOfKey(const QKeyEvent &event) const
 {
     if (rows->total() == 0)
@@ -290,7 +282,7 @@ void TraceTable::restoreTop()
             verticalScrollBar()->setValue(verticalScrollBar()->maximum());
             takeTop();
         } else if (top)
-            verticalScrollBar()->setValue(rows->showPosition(*top).row());
+            verticalScrollBar()->setValue(rows->rowAtOrBehind(*top));
     }
     emit sightChanged();
 }
@@ -299,6 +291,7 @@ void TraceTable::takeTop()
 {
     if (const auto position = rows->positionOf(verticalScrollBar()->value()))
         top = position;
+    takeFocus();
 }
 
 void TraceTable::takeCurrent()
@@ -308,8 +301,14 @@ void TraceTable::takeCurrent()
     if (restoring > 0 || !position || position == kept.current)
         return;
     kept.current = position;
-    rows->setCurrentPosition(position);
+    takeFocus();
     emit currentPositionChanged(*position);
+}
+
+// Filters and searches begin where the user looks.
+void TraceTable::takeFocus()
+{
+    rows->setCurrentPosition(kept.current && isInSight(*kept.current) ? kept.current : top);
 }
 
 void TraceTable::takeSelection()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "rowselection.h"
-#include "traceexpression.h"
 
 #include <QTableView>
 
@@ -22,7 +21,6 @@ public:
     /// The row of all that is on top when the last one is at the bottom.
     quint64 lastTopRow() const;
     bool isInSight(quint64 position) const;
-    std::optional<quint64> topPosition() const { return top; }
     std::optional<quint64> currentPosition() const { return kept.current; }
     /// Those of the selected rows, rising; \a most at most.
     QVector<quint64> selectedPositions(int most) const;
@@ -33,8 +31,6 @@ public:
     void choose(const QModelIndex &index);
     /// Opens an editor for the note of the current message.
     void editNote();
-    /// Keeps away from the current row while a filter begins that is to begin in sight.
-    void setFilter(const std::optional<TraceExpression> &expression);
 
 signals:
     void currentPositionChanged(quint64 position);
@@ -58,6 +54,7 @@ private:
     void restoreTop();
     void takeTop();
     void takeCurrent();
+    void takeFocus();
     void takeSelection();
     int currentColumn() const;
 

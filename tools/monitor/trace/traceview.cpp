@@ -28,6 +28,7 @@ void makeDense(QTableView &table)
 {
     table.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     const int height = qMax(table.fontMetrics().height(), QApplication::fontMetrics().height());
+    table.horizontalHeader()->setFont(QApplication::font());
     table.verticalHeader()->setMinimumSectionSize(height);
     table.verticalHeader()->setDefaultSectionSize(height + height / 6);
 }
@@ -47,6 +48,7 @@ TraceView::TraceView(ShownTrace *trace, QWidget *parent)
     connectParts();
     ownModel->setFollowing(mayGrow());
     ownModel->setRefreshInterval(0);
+    place->setLive(trace->paths().isEmpty());
 }
 
 TraceView::~TraceView() = default;
@@ -132,7 +134,7 @@ void TraceView::showTime(qint64 time)
 
 void TraceView::setFilter(const std::optional<TraceExpression> &expression)
 {
-    table->setFilter(expression);
+    ownModel->setFilter(expression);
 }
 
 void TraceView::showEvent(QShowEvent *event)
@@ -179,10 +181,10 @@ void TraceView::copied(const QString &text, quint64 count, quint64 leftOut)
     place->tell(told);
     if (table->selectionModel()->selectedRows().size() <= MessageCopy::most)
         return;
-    emit trace->notice({Notice::Information,
-                        tr("Only the first %n selected messages were copied.", nullptr,
-                           MessageCopy::most),
-                        tr("Export the selection to a file to have all of them.")});
+    emit trace->notice(
+        {Notice::Information,
+         tr("Only the first %n selected messages were copied.", nullptr, MessageCopy::most),
+         tr("Export the selection to a file to have all of them.")});
 }
 
 void TraceView::askNumber()
