@@ -226,6 +226,7 @@ void FilterBar::find(Direction direction)
         return;
     }
     // Once around: behind the last one comes the first.
+    const auto current = model->currentPosition();
     if (search == AtEnd && searched == direction)
         model->setCurrentPosition({});
     searched = direction;
@@ -234,6 +235,7 @@ void FilterBar::find(Direction direction)
         model->findNext(*expression);
     else
         model->findPrevious(*expression);
+    model->setCurrentPosition(current);
 }
 
 void FilterBar::setSearch(Search state)

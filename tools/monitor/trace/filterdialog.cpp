@@ -69,6 +69,8 @@ void FilterDialog::check()
 
 void FilterDialog::accept()
 {
+    if (!keep->isEnabled())
+        return;
     QVector<SavedFilters::Filter> filters;
     for (int row = 0; row < table->rowCount(); ++row)
         filters.append({table->item(row, 0)->text().trimmed(), table->item(row, 1)->text()});

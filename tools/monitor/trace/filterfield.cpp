@@ -31,7 +31,7 @@ FilterField::FilterField(QWidget *parent)
     completer->setWidget(this);
     completer->popup()->setFont(font());
     connect(completer, QOverload<const QModelIndex &>::of(&QCompleter::activated), this,
-            &FilterField::insert);
+            &FilterField::insertWord);
     connect(this, &QLineEdit::textEdited, this, [this] { complete(false); });
     connect(this, &QLineEdit::textChanged, this, &FilterField::hideError);
     bubble->setObjectName(QStringLiteral("filterError"));
@@ -178,7 +178,7 @@ void FilterField::complete(bool isWanted)
     completer->complete(QRect(xOf(begin), 0, width, height()));
 }
 
-void FilterField::insert(const QModelIndex &index)
+void FilterField::insertWord(const QModelIndex &index)
 {
     const QString word = index.data(FilterWords::wordRole).toString();
     const int cursor = cursorPosition();

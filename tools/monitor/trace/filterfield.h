@@ -36,7 +36,7 @@ protected:
 private:
     void hideBubble();
     void complete(bool isWanted);
-    void insert(const QModelIndex &word);
+    void insertWord(const QModelIndex &word);
     void recall(int step);
     int xOf(int character);
 

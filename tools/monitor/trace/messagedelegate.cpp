@@ -68,8 +68,7 @@ void MessageDelegate::paint(QPainter *painter, const QStyleOptionViewItem &plain
     const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
     const QColor color =
         option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
-    // As the titles have it.
-    const int margin = style.pixelMetric(QStyle::PM_HeaderMargin, &option, option.widget);
+    const int margin = QFontMetrics(plain.font).averageCharWidth();
     const QRect place = option.rect.adjusted(margin, 0, -margin, 0);
     const bool isBookmark = index.column() == TraceTableModel::NumberColumn
         && index.data(MessageModel::MarksRole).toInt() & MessageModel::BookmarkMark;

@@ -11,6 +11,13 @@ constexpr int mostRanges = 200;
 
 } // namespace
 
+void RowSelection::clear()
+{
+    current.reset();
+    anchor.reset();
+    ranges.clear();
+}
+
 void RowSelection::take(const QItemSelection &selection)
 {
     ranges.clear();

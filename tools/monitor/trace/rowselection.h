@@ -15,6 +15,9 @@ class RowSelection
 public:
     explicit RowSelection(const MessageModel &model) : model(model) { }
 
+    /// Forgets everything.
+    void clear();
+
     std::optional<quint64> current;
     /// Where a selection that is made with Shift begins.
     std::optional<quint64> anchor;

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -12,7 +13,7 @@ namespace {
 
 constexpr int refreshInterval = 50;
 
-// While there is one the table moves by itself, and not by its user.
+// Counts what is under way.
 class Quiet
 {
 public:
@@ -28,8 +29,10 @@ private:
 } // namespace
 
 TraceTable::TraceTable(MessageModel *model, QWidget *parent)
-    : QTableView(parent), rows(model), kept(*model)
+    : QTableView(parent), rows(model), kept(*model), soon(new QTimer(this))
 {
+    soon->setSingleShot(true);
+    connect(soon, &QTimer::timeout, this, &TraceTable::settle);
     setModel(model);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
@@ -43,7 +46,10 @@ TraceTable::TraceTable(MessageModel *model, QWidget *parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connect(model, &QAbstractItemModel::modelAboutToBeReset, this, [this] { ++restoring; });
     connect(model, &QAbstractItemModel::modelReset, this, &TraceTable::restore);
-    connect(model, &QAbstractItemModel::rowsInserted, this, &TraceTable::restoreTop);
+    connect(model, &QAbstractItemModel::rowsInserted, this, [this] {
+        restoreTop();
+        soon->start();
+    });
     connect(model, &TraceTableModel::followingChanged, this, [this](bool on) {
         if (on)
             restoreTop();
@@ -101,7 +107,7 @@ void TraceTable::scrollTop(quint64 row)
         return;
     {
         const Quiet quiet(restoring);
-        top.reset();
+        const Quiet own(going);
         const QModelIndex index = rows->showRow(wanted);
         executeDelayedItemsLayout();
         verticalScrollBar()->setValue(index.row());
@@ -118,10 +124,17 @@ void TraceTable::scrolledInside()
         scrollTop(topRow());
 }
 
+bool TraceTable::go(const std::function<QModelIndex()> &where)
+{
+    const Quiet own(going);
+    const QModelIndex index = where();
+    if (index.isValid())
+        choose(index);
+    return index.isValid();
+}
+
 void TraceTable::choose(const QModelIndex &index)
 {
-    if (!index.isValid())
-        return;
     const auto position = rows->positionOf(index.row());
     const bool isHere = position && isInSight(*position);
     const QModelIndex cell = index.siblingAtColumn(currentColumn());
@@ -174,8 +187,8 @@ std::optional<quint64> TraceTable::rowOfKey(const QKeyEvent &event) const
     if (event.modifiers() & Qt::ControlModifier)
         return {};
     const QModelIndex index = currentIndex();
-    if (!index.isValid())
-        return topRow();
+    if (!index.isValid() || !selectionModel()->hasSelection())
+        return index.isValid() ? rows->origin() + quint64(index.row()) : topRow();
     const quint64 row = rows->origin() + quint64(index.row());
     const quint64 page = quint64(std::max(1, rowsInSight() - 1));
     switch (event.key()) {
@@ -223,6 +236,7 @@ void TraceTable::moveCurrent(quint64 row, bool extends)
 {
     const bool toEnd = row + 1 >= rows->total();
     const bool isHere = toEnd && rows->isFollowing();
+    const Quiet own(going);
     const QModelIndex index = (isHere ? rows->index(rows->rowCount() - 1, 0) : rows->showRow(row))
                                   .siblingAtColumn(currentColumn());
     if (!index.isValid())
@@ -248,6 +262,16 @@ void TraceTable::moveCurrent(quint64 row, bool extends)
     emit sightChanged();
 }
 
+void TraceTable::focusInEvent(QFocusEvent *event)
+{
+    const bool hadCurrent = currentIndex().isValid();
+    // Who comes by has chosen no row yet.
+    const Quiet quiet(restoring);
+    QTableView::focusInEvent(event);
+    if (!hadCurrent)
+        selectionModel()->clearCurrentIndex();
+}
+
 int TraceTable::currentColumn() const
 {
     if (currentIndex().isValid() && !isColumnHidden(currentIndex().column()))
@@ -264,15 +288,23 @@ void TraceTable::resizeEvent(QResizeEvent *event)
 
 void TraceTable::restore()
 {
+    // The model forgets where one was when another trace has begun.
+    if (focus && !rows->currentPosition()) {
+        kept.clear();
+        top.reset();
+        focus.reset();
+    }
     executeDelayedItemsLayout();
     // The current row stays current out of sight, too.
     setAutoScroll(false);
     kept.restore(*selectionModel(), currentColumn());
     setAutoScroll(true);
     restoreTop();
+    settle();
     --restoring;
 }
 
+// As far as the window of the model has it.
 void TraceTable::restoreTop()
 {
     {
@@ -281,10 +313,22 @@ void TraceTable::restoreTop()
         if (rows->isFollowing()) {
             verticalScrollBar()->setValue(verticalScrollBar()->maximum());
             takeTop();
-        } else if (top)
+        } else if (top) {
             verticalScrollBar()->setValue(rows->rowAtOrBehind(*top));
+        }
     }
     emit sightChanged();
+}
+
+// Rows that a filter finds may come where the window is not.
+void TraceTable::settle()
+{
+    const bool isFound = rows->currentPosition() != focus;
+    if (going > 0 || isFound || rows->isFollowing() || !top || rows->total() == 0)
+        return;
+    const Quiet quiet(going);
+    rows->showPosition(*top);
+    restoreTop();
 }
 
 void TraceTable::takeTop()
@@ -308,7 +352,8 @@ void TraceTable::takeCurrent()
 // Filters and searches begin where the user looks.
 void TraceTable::takeFocus()
 {
-    rows->setCurrentPosition(kept.current && isInSight(*kept.current) ? kept.current : top);
+    focus = kept.current && isInSight(*kept.current) ? kept.current : top;
+    rows->setCurrentPosition(focus);
 }
 
 void TraceTable::takeSelection()

@@ -4,7 +4,10 @@
 
 #include <QTableView>
 
+#include <functional>
+
 class MessageModel;
+class QTimer;
 
 /// The rows of a trace, however many: what the model's window leaves out comes when it is scrolled
 /// to, and selection and place stay with their messages.
@@ -27,8 +30,9 @@ public:
 
     /// Scrolls, as the user does.
     void scrollTop(quint64 row);
-    /// Makes the row of an index the current one, and shows it.
-    void choose(const QModelIndex &index);
+    /// Makes the row current that a function of the model has shown, and has it in sight. False
+    /// when that has found none.
+    bool go(const std::function<QModelIndex()> &where);
     /// Opens an editor for the note of the current message.
     void editNote();
 
@@ -43,6 +47,7 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
@@ -52,6 +57,8 @@ private:
     void scrolledInside();
     void restore();
     void restoreTop();
+    void settle();
+    void choose(const QModelIndex &index);
     void takeTop();
     void takeCurrent();
     void takeFocus();
@@ -60,6 +67,9 @@ private:
 
     MessageModel *const rows;
     RowSelection kept;
-    std::optional<quint64> top; // the position of what the user has scrolled to
-    int restoring = 0;
+    std::optional<quint64> top;   // the position of what the user has scrolled to
+    std::optional<quint64> focus; // what the model was told to begin at
+    QTimer *const soon;
+    int restoring = 0; // while the view moves by itself
+    int going = 0;     // while the window of the model is moved on purpose
 };

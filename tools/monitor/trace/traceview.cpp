@@ -124,12 +124,12 @@ QList<QAction *> TraceView::viewActions() const
 
 void TraceView::showPosition(quint64 position)
 {
-    table->choose(ownModel->showPosition(position));
+    table->go([=] { return ownModel->showPosition(position); });
 }
 
 void TraceView::showTime(qint64 time)
 {
-    table->choose(ownModel->jumpToTime(time));
+    table->go([=] { return ownModel->jumpToTime(time); });
 }
 
 void TraceView::setFilter(const std::optional<TraceExpression> &expression)
@@ -195,11 +195,8 @@ void TraceView::askNumber()
                   const auto number = JumpTarget::number(text, &error);
                   if (!number)
                       return error;
-                  const QModelIndex index = ownModel->jumpToNumber(*number);
-                  if (!index.isValid())
-                      return tr("There is no message with this number.");
-                  table->choose(index);
-                  return QString();
+                  const auto where = [&] { return ownModel->jumpToNumber(*number); };
+                  return table->go(where) ? QString() : tr("There is no message with this number.");
               });
 }
 
@@ -216,11 +213,8 @@ void TraceView::askTime()
         const auto time = JumpTarget::time(text, times, &error);
         if (!time)
             return error;
-        const QModelIndex index = ownModel->jumpToTime(*time);
-        if (!index.isValid())
-            return tr("The trace ends before this time.");
-        table->choose(index);
-        return QString();
+        const auto where = [&] { return ownModel->jumpToTime(*time); };
+        return table->go(where) ? QString() : tr("The trace ends before this time.");
     });
 }
 
