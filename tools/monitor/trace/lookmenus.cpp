@@ -36,11 +36,14 @@ void LookMenus::addChoice(QMenu *menu, const QString &text,
     action->setCheckable(true);
     choices.append({action, choose});
     connect(action, &QAction::triggered, this, [this, choose] {
+        const TraceLook::Time before = model->look().time;
         TraceLook look = model->look();
         choose(look);
         look.save();
         model->setLook(look);
         update();
+        if (look.time != before)
+            emit timeChosen();
     });
 }
 

@@ -26,6 +26,10 @@ public:
     /// Shows what the model has.
     void update();
 
+signals:
+    /// Times are written in another way.
+    void timeChosen();
+
 private:
     struct Choice
     {

@@ -73,22 +73,32 @@ void TraceColumns::buildMenu()
     connect(ownMenu, &QMenu::aboutToShow, this, &TraceColumns::updateMenu);
 }
 
+int TraceColumns::widthFor(const QString &text) const
+{
+    const int sides = 3 * header->fontMetrics().averageCharWidth();
+    return table->fontMetrics().horizontalAdvance(text) + sides;
+}
+
+void TraceColumns::fitTimes()
+{
+    constexpr int column = TraceTableModel::TimeColumn;
+    const QAbstractItemModel &model = *table->model();
+    int width = header->sectionSizeHint(column);
+    for (const int row : {0, model.rowCount() - 1})
+        width = qMax(width, widthFor(model.index(row, column).data().toString()));
+    header->resizeSection(column, width);
+}
+
 void TraceColumns::setDefaults()
 {
     const QScopedValueRollback<bool> guard(isLoading, true);
-    const QFontMetrics ofData(table->font());
-    const QFontMetrics ofHeader(header->font());
-    const int more = 3 * ofHeader.averageCharWidth();
     for (int column = 0; column < MessageModel::allColumns; ++column) {
         const QString name = table->model()->headerData(column, Qt::Horizontal).toString();
         header->moveSection(header->visualIndex(column), column);
         header->setSectionHidden(column,
                                  column == TraceTableModel::PositionColumn
                                      || column == MessageModel::AsciiColumn);
-        header->resizeSection(column,
-                              more
-                                  + std::max(ofData.horizontalAdvance(sampleOf(column)),
-                                             ofHeader.horizontalAdvance(name)));
+        header->resizeSection(column, qMax(widthFor(sampleOf(column)), widthFor(name)));
     }
     // The note is last and takes what is left.
     header->moveSection(header->visualIndex(MessageModel::AsciiColumn),

@@ -20,8 +20,11 @@ public:
     QMenu *menu() const { return ownMenu; }
     /// Takes over what was chosen in another table since.
     void load();
+    /// Gives the times as much room as they take.
+    void fitTimes();
 
 private:
+    int widthFor(const QString &text) const;
     void setDefaults();
     void save();
     void updateMenu();
