@@ -6,8 +6,15 @@
 
 #include <optional>
 
+class JumpLine;
+class MessageModel;
+class PlaceLine;
 class QAction;
+class QTimer;
 class ShownTrace;
+class TraceActions;
+class TraceColumns;
+class TraceTable;
 class TraceTableModel;
 
 /// The messages of a trace as a table, with a scroll bar over all of them.
@@ -18,7 +25,7 @@ public:
     explicit TraceView(ShownTrace *trace, QWidget *parent = nullptr);
     ~TraceView() override;
 
-    TraceTableModel *model() const { return ownModel; }
+    TraceTableModel *model() const;
 
     /// That of the current row.
     std::optional<quint64> currentPosition() const;
@@ -42,6 +49,29 @@ signals:
     /// The user wants a filter, such as "only this identifier".
     void filterWanted(const QString &expression);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
 private:
-    TraceTableModel *const ownModel;
+    void layOut();
+    void connectParts();
+    bool mayGrow() const;
+    void copyShown();
+    void copyCandump();
+    QVector<quint64> positionsToCopy() const;
+    void copied(const QString &text, quint64 count, quint64 leftOut);
+    void askNumber();
+    void askTime();
+    void toggleBookmark();
+    void tellShownTimes();
+
+    ShownTrace *const trace;
+    MessageModel *const ownModel;
+    TraceTable *const table;
+    TraceColumns *const columns;
+    TraceActions *const actions;
+    PlaceLine *const place;
+    JumpLine *const jump;
+    QTimer *const soon;
 };
