@@ -78,7 +78,7 @@ void PayloadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     painter->setClipRect(area);
     painter->setFont(item.font);
     painter->setPen(textColor(item));
-    const int length = std::min(CAN::payloadSize(identifier->last), identifier->changes.size());
+    const int length = std::min(CAN::payloadSize(identifier->last), int(identifier->changes.size()));
     for (int i = 0; i < length && cell.left() < area.right(); ++i) {
         const double fresh = freshness(identifier->changes.at(i), index.row());
         mark.setAlphaF(fresh);
