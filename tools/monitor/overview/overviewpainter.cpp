@@ -16,7 +16,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(OverviewStrip)
 };
 
-constexpr int errorHeight = 3; // below the rates
+constexpr int errorHeight = 4; // below the rates
 
 } // namespace
 

@@ -67,11 +67,14 @@ void drawCurve(QPainter &painter, const QRectF &area, const PlotCurve &curve,
     QPolygonF outline = polygon;
     outline << QPointF(polygon.last().x(), area.bottom())
             << QPointF(polygon.first().x(), area.bottom());
+    // Smooth edges of a whole area would cost most of the time.
+    painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(Qt::NoPen);
     painter.setBrush(inside);
     painter.drawPolygon(outline);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(curve.color, 1.2));
+    painter.setPen(curve.color);
     painter.drawPolyline(polygon);
 }
 
@@ -110,7 +113,6 @@ void CurvePlot::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.fillRect(plotArea(), palette().base());
     drawLegend(painter);
-    painter.setRenderHint(QPainter::Antialiasing);
     for (const PlotCurve &curve : curves)
         drawCurve(painter, plotArea(), curve, range);
     painter.setRenderHint(QPainter::Antialiasing, false);

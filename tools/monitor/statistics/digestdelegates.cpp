@@ -73,16 +73,18 @@ void PayloadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const int digits = table->base() == 16 ? 2 : 3;
     const int character = item.fontMetrics.horizontalAdvance(QLatin1Char('0'));
     QRect cell(area.left(), area.top(), character * digits, area.height());
-    QColor mark = changeColor(item.palette);
+    const bool isSelected = item.state.testFlag(QStyle::State_Selected);
+    QColor mark = isSelected ? textColor(item) : changeColor(item.palette);
     painter->save();
     painter->setClipRect(area);
     painter->setFont(item.font);
     painter->setPen(textColor(item));
-    const int length = std::min(CAN::payloadSize(identifier->last), int(identifier->changes.size()));
+    const int length =
+        std::min(CAN::payloadSize(identifier->last), int(identifier->changes.size()));
     for (int i = 0; i < length && cell.left() < area.right(); ++i) {
         const double fresh = freshness(identifier->changes.at(i), index.row());
-        mark.setAlphaF(fresh);
-        if (fresh > 0 && !item.state.testFlag(QStyle::State_Selected))
+        mark.setAlphaF(isSelected ? fresh / 3 : fresh);
+        if (fresh > 0)
             painter->fillRect(cell.adjusted(-character / 3, 1, character / 3, -1), mark);
         painter->drawText(cell, Qt::AlignVCenter | Qt::AlignRight,
                           DigestText::byte(identifier->last.data[i], table->base()));
@@ -111,7 +113,6 @@ void CurveDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     curve.color =
         isSelected ? textColor(item) : lineColor(quint8(identifier->last.line), item.palette);
     painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     drawCurve(*painter, textRect(item).adjusted(0, 2, 0, -2), curve,
               {summary.first, summary.last, highest(curve)});
     painter->restore();

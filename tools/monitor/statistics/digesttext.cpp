@@ -73,6 +73,11 @@ QString DigestText::duration(double microseconds)
     return Texts::tr("%1 ms").arg(QLocale().toString(microseconds / 1e3, 'f', digits));
 }
 
+QString DigestText::age(qint64 microseconds)
+{
+    return Texts::tr("%1 s").arg(QLocale().toString(double(microseconds) / 1e6, 'f', 1));
+}
+
 QString DigestText::rate(double perSecond)
 {
     return QLocale().toString(perSecond, 'f', perSecond < 100 ? 1 : 0);

@@ -17,6 +17,8 @@ QString byte(quint8 value, int base);
 QString count(quint64 count);
 /// Of microseconds, in milliseconds or seconds.
 QString duration(double microseconds);
+/// Of microseconds, in seconds.
+QString age(qint64 microseconds);
 /// For each second.
 QString rate(double perSecond);
 /// \a load is 1 for a bus that is always busy.

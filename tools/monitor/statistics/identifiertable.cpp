@@ -75,12 +75,12 @@ void IdentifierTable::take(const QVector<int> &places)
         last = std::max(last, row);
     }
     if (last >= 0)
-        emit dataChanged(index(first, CountColumn), index(last, DataColumn));
+        emit dataChanged(index(first, LengthColumn), index(last, AgeColumn));
     const bool isMore = ownDigest->identifiers().size() > rowOf.size();
     if (isMore)
         addRows();
     constexpr int millisecondsBetweenSorting = 1000;
-    if (isMore || (sortColumn >= CountColumn && sinceSorted.hasExpired(millisecondsBetweenSorting)))
+    if (isMore || (sortColumn > KindColumn && sinceSorted.hasExpired(millisecondsBetweenSorting)))
         sortAgain();
 }
 
@@ -186,12 +186,20 @@ double IdentifierTable::sortKey(const IdentifierDigest &identifier) const
     }
 }
 
-// Falls where a message is overdue. What comes only once has no rate.
+// Falls where messages stay away. What comes only once has no rate.
 double IdentifierTable::rateOf(const IdentifierDigest &identifier) const
 {
     const double period =
-        std::max(identifier.recentPeriod, ownDigest->isGrowing() ? double(ageOf(identifier)) : 0);
+        isOverdue(identifier) ? double(ageOf(identifier)) : identifier.recentPeriod;
     return identifier.count < 2 || period <= 0 ? 0 : 1e6 / period;
+}
+
+// What is known of a trace that grows is always a little old.
+bool IdentifierTable::isOverdue(const IdentifierDigest &identifier) const
+{
+    constexpr double least = 2e6;
+    return ownDigest->isGrowing()
+        && double(ageOf(identifier)) > std::max(least, 5 * identifier.recentPeriod);
 }
 
 qint64 IdentifierTable::ageOf(const IdentifierDigest &identifier) const
@@ -202,7 +210,7 @@ qint64 IdentifierTable::ageOf(const IdentifierDigest &identifier) const
 void IdentifierTable::updateAges()
 {
     if (!rows.isEmpty())
-        emit dataChanged(index(0, RateColumn), index(rows.size() - 1, DataColumn));
+        emit dataChanged(index(0, LengthColumn), index(rows.size() - 1, AgeColumn));
 }
 
 int IdentifierTable::rowCount(const QModelIndex &parent) const
@@ -241,7 +249,7 @@ QString IdentifierTable::text(const IdentifierDigest &identifier, int column) co
     case MostPeriodColumn:
         return period(double(identifier.mostPeriod));
     case AgeColumn:
-        return DigestText::duration(double(ageOf(identifier) / 100000 * 100000));
+        return DigestText::age(ageOf(identifier));
     case LengthColumn:
         return QString::number(CAN::payloadSize(identifier.last));
     case DataColumn:
@@ -258,14 +266,13 @@ QVariant IdentifierTable::data(const QModelIndex &index, int role) const
         return {};
     if (role == Qt::DisplayRole)
         return text(*identifier, index.column());
+    if (role == Qt::ToolTipRole && index.column() == DataColumn)
+        return text(*identifier, DataColumn);
     if (role == Qt::TextAlignmentRole) {
         const bool isText = index.column() == KindColumn || index.column() == DataColumn;
         return int(Qt::AlignVCenter | (isText ? Qt::AlignLeft : Qt::AlignRight));
     }
-    constexpr qint64 longest = 2000000;
-    const bool isOverdue = ownDigest->isGrowing()
-        && double(ageOf(*identifier)) > std::max(double(longest), 5 * identifier->recentPeriod);
-    if (role == Qt::ForegroundRole && isOverdue)
+    if (role == Qt::ForegroundRole && isOverdue(*identifier))
         return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     return {};
 }
@@ -282,17 +289,17 @@ QVariant IdentifierTable::headerData(int section, Qt::Orientation orientation, i
         {QT_TR_NOOP("ID"), QT_TR_NOOP("Identifier")},
         {QT_TR_NOOP("Line"), QT_TR_NOOP("Bus line")},
         {QT_TR_NOOP("Kind"), QT_TR_NOOP("Extended, remote, CAN FD, error frame")},
+        {QT_TR_NOOP("Len"), QT_TR_NOOP("Payload bytes of the last message")},
+        {QT_TR_NOOP("Data"),
+         QT_TR_NOOP("Payload of the last message; bytes that have just changed are marked")},
+        {QT_TR_NOOP("Over time"), QT_TR_NOOP("Messages over the whole trace")},
         {QT_TR_NOOP("Count"), QT_TR_NOOP("Messages in the trace")},
         {QT_TR_NOOP("Per s"), QT_TR_NOOP("Messages each second, of late")},
         {QT_TR_NOOP("Period"), QT_TR_NOOP("Time between messages, mean of the last eight")},
         {QT_TR_NOOP("Mean"), QT_TR_NOOP("Time between messages, mean of all")},
         {QT_TR_NOOP("Min"), QT_TR_NOOP("Shortest time between two messages")},
         {QT_TR_NOOP("Max"), QT_TR_NOOP("Longest time between two messages")},
-        {QT_TR_NOOP("Over time"), QT_TR_NOOP("Messages over the whole trace")},
-        {QT_TR_NOOP("Age"), QT_TR_NOOP("Time since the last message")},
-        {QT_TR_NOOP("Len"), QT_TR_NOOP("Payload bytes of the last message")},
-        {QT_TR_NOOP("Data"),
-         QT_TR_NOOP("Payload of the last message; bytes that have just changed are marked")},
+        {QT_TR_NOOP("Age"), QT_TR_NOOP("Time from the last message to the end of the trace")},
     };
     if (role == Qt::DisplayRole)
         return tr(texts[section].title);

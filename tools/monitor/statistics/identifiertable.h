@@ -19,18 +19,18 @@ public:
         IdentifierColumn,
         LineColumn,
         KindColumn,
+        LengthColumn,
+        DataColumn,
+        CurveColumn, ///< for a delegate
         CountColumn,
         RateColumn,
         PeriodColumn, ///< of late
         MeanPeriodColumn,
         LeastPeriodColumn,
         MostPeriodColumn,
-        CurveColumn, ///< for a delegate
-        AgeColumn,
-        LengthColumn,
-        DataColumn
+        AgeColumn
     };
-    static constexpr int columns = DataColumn + 1;
+    static constexpr int columns = AgeColumn + 1;
 
     explicit IdentifierTable(QObject *parent = nullptr);
 
@@ -66,6 +66,7 @@ private:
     bool isBefore(const IdentifierDigest &a, const IdentifierDigest &b) const;
     double sortKey(const IdentifierDigest &identifier) const;
     double rateOf(const IdentifierDigest &identifier) const;
+    bool isOverdue(const IdentifierDigest &identifier) const;
     qint64 ageOf(const IdentifierDigest &identifier) const;
     QString text(const IdentifierDigest &identifier, int column) const;
 

@@ -48,7 +48,7 @@ IdentifierView::IdentifierView(ShownTrace *trace, QWidget *parent)
     connect(search, &QLineEdit::textChanged, model, &IdentifierTable::setFilter);
     connect(digest, &TraceDigest::updated, this, &IdentifierView::showProgress);
     connect(digest, &TraceDigest::cleared, this, &IdentifierView::showProgress);
-    ages.setInterval(TraceDigest::millisecondsPerUpdate);
+    ages.setInterval(2 * TraceDigest::millisecondsPerUpdate);
     connect(&ages, &QTimer::timeout, this, &IdentifierView::tick);
 }
 
@@ -65,24 +65,14 @@ void IdentifierView::buildTable()
     TableTools::prepare(table);
     table->setItemDelegateForColumn(IdentifierTable::DataColumn, new PayloadDelegate(model, this));
     table->setItemDelegateForColumn(IdentifierTable::CurveColumn, new CurveDelegate(model, this));
-    static const char *const samples[IdentifierTable::columns] = {"00000000",
-                                                                  "000",
-                                                                  "EXT FD BRS",
-                                                                  "0,000,000",
-                                                                  "00,000",
-                                                                  "000.00 ms",
-                                                                  "000.00 ms",
-                                                                  "000.00 ms",
-                                                                  "000.00 ms",
-                                                                  "00000000000000",
-                                                                  "000.00 ms",
-                                                                  "00",
-                                                                  "00 00 00 00 00 00 00 00"};
+    static const char *const samples[IdentifierTable::columns] = {
+        "00000000",   "000",       "EXT FD BRS", "00",        "00 00 00 00 00 00 00 00 ",
+        "0000000000", "0,000,000", "00,000",     "000.00 ms", "000.00 ms",
+        "000.00 ms",  "000.00 ms", "000.0 s"};
     for (int column = 0; column < IdentifierTable::columns; ++column)
         TableTools::setColumnWidth(table, column, samples[column]);
     table->setColumnHidden(IdentifierTable::MeanPeriodColumn, true);
     table->setColumnHidden(IdentifierTable::CurveColumn, true);
-    table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setSortIndicator(IdentifierTable::IdentifierColumn,
                                                 Qt::AscendingOrder);
     TableTools::restoreColumns(table, columnsKey);
@@ -157,7 +147,8 @@ bool IdentifierView::eventFilter(QObject *watched, QEvent *event)
 void IdentifierView::showProgress()
 {
     progress->setText(DigestText::progress(digest->summary()));
-    if (digest->isGrowing() && isVisible() && !ages.isActive())
+    // Where messages come, the ages are brought up with them.
+    if (digest->isGrowing() && isVisible())
         ages.start();
 }
 
@@ -165,7 +156,7 @@ void IdentifierView::tick()
 {
     if (!digest || !digest->isGrowing())
         ages.stop();
-    else if (!ages.isActive())
+    else
         ages.start();
     model->updateAges();
 }

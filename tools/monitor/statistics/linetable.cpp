@@ -28,13 +28,7 @@ LineTable::LineTable(QObject *parent) : QAbstractTableModel(parent) { }
 
 void LineTable::setDigest(TraceDigest *newDigest)
 {
-    if (digest)
-        digest->disconnect(this);
     digest = newDigest;
-    if (digest) {
-        connect(digest, &TraceDigest::cleared, this, &LineTable::rebuild);
-        connect(digest, &TraceDigest::updated, this, &LineTable::refresh);
-    }
     rebuild();
 }
 
@@ -47,10 +41,10 @@ void LineTable::rebuild()
     endResetModel();
 }
 
-// Leaves the columns in front alone, where the user may be writing.
+// Leaves the last columns alone, where the user may be writing.
 void LineTable::refresh()
 {
-    if (!haveSameLines(lines, digest->summary().lines)) {
+    if (!digest || !haveSameLines(lines, digest->summary().lines)) {
         rebuild();
         return;
     }
@@ -158,15 +152,15 @@ QVariant LineTable::headerData(int section, Qt::Orientation orientation, int rol
         const char *tip;
     } texts[columns] = {
         {QT_TR_NOOP("Line"), QT_TR_NOOP("Bus line")},
-        {QT_TR_NOOP("kbit/s"), QT_TR_NOOP("Bit rate, for the load; press F2 to change it")},
-        {QT_TR_NOOP("FD kbit/s"),
-         QT_TR_NOOP("Bit rate of CAN FD data, for the load; press F2 to change it")},
         {QT_TR_NOOP("Load"), QT_TR_NOOP("Bus load in the last second of the trace")},
         {QT_TR_NOOP("Mean"), QT_TR_NOOP("Bus load over the whole trace")},
         {QT_TR_NOOP("Peak"), QT_TR_NOOP("Bus load in the busiest second")},
         {QT_TR_NOOP("Per s"), QT_TR_NOOP("Messages in the last second of the trace")},
         {QT_TR_NOOP("Messages"), QT_TR_NOOP("Messages in the trace")},
         {QT_TR_NOOP("Errors"), QT_TR_NOOP("Error frames")},
+        {QT_TR_NOOP("kbit/s"), QT_TR_NOOP("Bit rate, for the load; press F2 to change it")},
+        {QT_TR_NOOP("FD kbit/s"),
+         QT_TR_NOOP("Bit rate of CAN FD data, for the load; press F2 to change it")},
     };
     if (role == Qt::DisplayRole)
         return tr(texts[section].title);

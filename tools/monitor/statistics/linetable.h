@@ -8,28 +8,31 @@
 
 class TraceDigest;
 
-/// The lines of a trace as a table for a view, with how busy they are. Bit rates may be edited.
+/// The lines of a trace as a table for a view, with how busy they are, as of the last refresh. Bit
+/// rates may be edited.
 class LineTable : public QAbstractTableModel
 {
     Q_OBJECT
 public:
     enum Column {
         LineColumn,
-        BitRateColumn, ///< in kbit/s
-        DataBitRateColumn,
         LoadColumn, ///< in the last second
         MeanLoadColumn,
         PeakLoadColumn, ///< in the busiest second
         RateColumn,     ///< in the last second
         CountColumn,
-        ErrorColumn
+        ErrorColumn,
+        BitRateColumn, ///< in kbit/s
+        DataBitRateColumn
     };
-    static constexpr int columns = ErrorColumn + 1;
+    static constexpr int columns = DataBitRateColumn + 1;
 
     explicit LineTable(QObject *parent = nullptr);
 
     /// Null for none.
     void setDigest(TraceDigest *digest);
+    /// Takes in what the digest has come to know.
+    void refresh();
     /// Of one of the lines.
     BitRates bitRates(quint8 line) const { return rates.value(line); }
 
@@ -46,7 +49,6 @@ signals:
 
 private:
     void rebuild();
-    void refresh();
     QString text(const LineDigest &line, int column) const;
     double meanLoad(const LineDigest &line) const;
 

@@ -33,7 +33,7 @@ StatisticsDock::StatisticsDock(QWidget *parent)
 
 void StatisticsDock::setTrace(ShownTrace *newTrace)
 {
-    if (trace == newTrace && (trace || !digest))
+    if (newTrace && trace == newTrace)
         return;
     if (digest) {
         digest->setWatched(this, false);
@@ -45,12 +45,13 @@ void StatisticsDock::setTrace(ShownTrace *newTrace)
     identifiers->setDigest(digest);
     if (digest)
         connect(digest, &TraceDigest::updated, this, &StatisticsDock::showProgress);
-    watch(widget()->isVisible());
+    watch(isInSight);
     showProgress();
 }
 
 void StatisticsDock::watch(bool on)
 {
+    isInSight = on;
     if (digest)
         digest->setWatched(this, on);
 }

@@ -29,4 +29,5 @@ private:
     QLabel *const progress;
     QPointer<ShownTrace> trace;
     QPointer<TraceDigest> digest;
+    bool isInSight = false; // not so where it is behind another dock
 };

@@ -10,6 +10,7 @@
 #include "tracedigest.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTableView>
@@ -19,14 +20,18 @@ namespace {
 
 constexpr char columnsKey[] = "statistics/columns";
 
-// The parts one below the other, the first with what room is left.
-void layOut(QWidget *page, const QList<QWidget *> &parts)
+// The parts one below the other; the table takes what room is left, or only that of a few rows.
+void layOut(QWidget *page, const QList<QWidget *> &parts, bool isTableSmall)
 {
     auto *splitter = new QSplitter(Qt::Vertical);
     splitter->setChildrenCollapsible(true);
     for (QWidget *part : parts)
         splitter->addWidget(part);
-    splitter->setStretchFactor(0, 1);
+    constexpr int rows = 6;
+    for (int i = 0; i < parts.size(); ++i)
+        splitter->setStretchFactor(i, (i == 0) != isTableSmall ? 1 : 0);
+    if (isTableSmall)
+        splitter->setSizes({rows * (page->fontMetrics().height() + 4), 10000, 10000});
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins({});
     layout->addWidget(splitter);
@@ -78,6 +83,14 @@ void StatisticsPage::showEvent(QShowEvent *event)
     drawCurves();
 }
 
+// The colours follow those of the window.
+void StatisticsPage::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        drawSoon();
+}
+
 LinesPage::LinesPage(QWidget *parent)
     : StatisticsPage(parent), model(new LineTable(this)), table(new QTableView),
       loads(new CurvePlot([](double value) { return DigestText::percent(value / 100); })),
@@ -88,14 +101,14 @@ LinesPage::LinesPage(QWidget *parent)
     table->setModel(model);
     TableTools::prepare(table);
     static const char *const samples[LineTable::columns] = {
-        "000 00", "0,000", "0,000", "00.0 %", "00.0 %", "00.0 %", "00,000", "00,000,000", "0,000"};
+        "0000", "00.0 %", "00.0 %", "00.0 %", "00,000", "0,000,000", "000", "0,000", "0,000"};
     for (int column = 0; column < LineTable::columns; ++column)
         TableTools::setColumnWidth(table, column, samples[column]);
     table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
                            | QAbstractItemView::AnyKeyPressed);
     TableTools::copyAction(table);
     table->setContextMenuPolicy(Qt::ActionsContextMenu);
-    layOut(this, {table, loads, rates});
+    layOut(this, {table, loads, rates}, true);
     connect(model, &LineTable::bitRatesChanged, this, [this] { drawCurves(); });
 }
 
@@ -107,6 +120,7 @@ void LinesPage::setDigest(TraceDigest *digest)
 
 void LinesPage::drawCurves()
 {
+    model->refresh();
     const TraceSummary summary = digest() ? digest()->summary() : TraceSummary();
     QVector<PlotCurve> loadCurves;
     QVector<PlotCurve> rateCurves;
@@ -127,7 +141,7 @@ IdentifiersPage::IdentifiersPage(QWidget *parent)
       rate(new CurvePlot([](double value) { return DigestText::rate(value); }))
 {
     buildTable();
-    layOut(this, {table, rate});
+    layOut(this, {table, rate}, false);
     connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this] { drawCurves(); });
     connect(model, &QAbstractItemModel::modelReset, this, [this] { drawSoon(); });
@@ -146,15 +160,15 @@ void IdentifiersPage::buildTable()
     TableTools::prepare(table);
     table->setItemDelegateForColumn(IdentifierTable::CurveColumn, new CurveDelegate(model, this));
     static const char *const samples[IdentifierTable::columns] = {
-        "00000000",  "000",       "EXT FD",         "0,000,000", "00,000", "000.00 ms", "000.00 ms",
-        "000.00 ms", "000.00 ms", "00000000000000", "",          "",       ""};
+        "00000000",       "00",        "",       "",          "",
+        "00000000000000", "0,000,000", "00,000", "000.00 ms", "000.00 ms",
+        "000.00 ms",      "000.00 ms", ""};
     for (int column = 0; column < IdentifierTable::columns; ++column)
         TableTools::setColumnWidth(table, column, samples[column]);
     for (const int column :
          {IdentifierTable::KindColumn, IdentifierTable::PeriodColumn, IdentifierTable::AgeColumn,
           IdentifierTable::LengthColumn, IdentifierTable::DataColumn})
         table->setColumnHidden(column, true);
-    table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setSortIndicator(IdentifierTable::CountColumn, Qt::DescendingOrder);
     TableTools::restoreColumns(table, columnsKey);
     table->setSortingEnabled(true);

@@ -26,6 +26,7 @@ protected:
     void drawSoon();
 
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     QPointer<TraceDigest> ownDigest;

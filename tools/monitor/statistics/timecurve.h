@@ -10,10 +10,7 @@ class TimeCurve
 {
 public:
     /// \a intervals is even. What comes before \a start counts as of that time.
-    explicit TimeCurve(int intervals, qint64 start = 0)
-        : mostIntervals(intervals), begin(start)
-    {
-    }
+    explicit TimeCurve(int intervals, qint64 start = 0) : mostIntervals(intervals), begin(start) { }
 
     void add(qint64 time, quint64 amount)
     {

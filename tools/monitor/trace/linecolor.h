@@ -10,7 +10,7 @@ inline QColor lineColor(quint8 line, const QPalette &palette)
     static constexpr int hues[] = {212, 28, 130, 285, 178, 345, 55, 250};
     constexpr int count = int(sizeof(hues) / sizeof(hues[0]));
     const bool isDark = palette.color(QPalette::Base).lightness() < 128;
-    return QColor::fromHsl(hues[line % count], isDark ? 170 : 190, isDark ? 150 : 105);
+    return QColor::fromHsl(hues[line % count], isDark ? 130 : 150, isDark ? 140 : 118);
 }
 
 /// The colour of what is wrong on a bus, likewise.
