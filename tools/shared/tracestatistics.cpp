@@ -5,7 +5,8 @@
 
 #include <algorithm>
 
-void TraceStatistics::add(const CAN::CanRxMessage &message, quint64 position)
+const TraceStatistics::Identifier *TraceStatistics::add(const CAN::CanRxMessage &message,
+                                                        quint64 position)
 {
     const qint64 time = CAN::timeOf(message);
     const bool isError = message.id == CAN::errorFrameId;
@@ -19,7 +20,7 @@ void TraceStatistics::add(const CAN::CanRxMessage &message, quint64 position)
         sum->dataBits += quint64(bits.data);
         addTime(*sum, time, position);
     }
-    addToIdentifier(message, time);
+    return addToIdentifier(message, time);
 }
 
 void TraceStatistics::addTime(Sum &sum, qint64 time, quint64 position) const
@@ -58,14 +59,16 @@ TraceStatistics::Identifier *TraceStatistics::identifierOf(quint64 key)
     return known.identifier;
 }
 
-void TraceStatistics::addToIdentifier(const CAN::CanRxMessage &message, qint64 time)
+const TraceStatistics::Identifier *
+TraceStatistics::addToIdentifier(const CAN::CanRxMessage &message, qint64 time)
 {
     Identifier *identifier = identifierOf(keyOf(message));
     if (!identifier) {
         ++others;
-        return;
+        return nullptr;
     }
     if (identifier->count++ == 0) {
+        identifier->place = int(byKey.size()) - 1;
         identifier->id = message.id;
         identifier->line = quint8(message.line);
         identifier->extended = message.extended;
@@ -78,6 +81,7 @@ void TraceStatistics::addToIdentifier(const CAN::CanRxMessage &message, qint64 t
     identifier->last = time;
     identifier->leastLength = std::min(identifier->leastLength, int(message.length));
     identifier->mostLength = std::max(identifier->mostLength, int(message.length));
+    return identifier;
 }
 
 QMap<quint8, const TraceStatistics::Sum *> TraceStatistics::lines() const

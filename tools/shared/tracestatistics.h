@@ -26,6 +26,7 @@ public:
         bool extended = false;
         bool remote = false;
         bool fdFrame = false;
+        int place = 0; ///< among all of them, in the order in which they came, from 0
         quint64 count = 0;
         qint64 first = 0; ///< time of the first and of the last one
         qint64 last = 0;
@@ -62,7 +63,8 @@ public:
     {
     }
 
-    void add(const CAN::CanRxMessage &message, quint64 position);
+    /// Returns what it was added to; it holds as long as this. Null where it was not told apart.
+    const Identifier *add(const CAN::CanRxMessage &message, quint64 position);
 
     const Sum &all() const { return total; }
     /// By number, those that occur.
@@ -80,7 +82,7 @@ private:
 
     static quint64 keyOf(const CAN::CanRxMessage &message);
     Identifier *identifierOf(quint64 key);
-    void addToIdentifier(const CAN::CanRxMessage &message, qint64 time);
+    const Identifier *addToIdentifier(const CAN::CanRxMessage &message, qint64 time);
     void addTime(Sum &sum, qint64 time, quint64 position) const;
 
     const qint64 longestPause;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QVector>
+
+#include <algorithm>
+
+/// Amounts over time, in a bounded number of intervals of equal length: where they do not suffice,
+/// two become one. Times are in microseconds.
+class TimeCurve
+{
+public:
+    /// \a intervals is even. What comes before \a start counts as of that time.
+    explicit TimeCurve(int intervals, qint64 start = 0) : mostIntervals(intervals), begin(start) { }
+
+    void add(qint64 time, quint64 amount)
+    {
+        qint64 interval = std::max<qint64>(0, time - begin) / length;
+        for (; interval >= mostIntervals; interval /= 2)
+            halve();
+        if (interval >= amounts.size())
+            amounts.resize(int(interval) + 1);
+        amounts[int(interval)] += amount;
+    }
+
+    qint64 start() const { return begin; }
+    /// Of an interval.
+    qint64 width() const { return length; }
+    /// Number of intervals up to the last one with something in it.
+    int size() const { return amounts.size(); }
+    quint64 at(int interval) const { return amounts.at(interval); }
+    /// For each second, in the mean of an interval.
+    double perSecond(int interval) const { return double(at(interval)) * 1e6 / double(length); }
+
+private:
+    void halve()
+    {
+        for (int i = 0; i < amounts.size(); ++i) {
+            const quint64 amount = amounts[i];
+            amounts[i] = 0;
+            amounts[i / 2] += amount;
+        }
+        amounts.resize((amounts.size() + 1) / 2);
+        length *= 2;
+    }
+
+    int mostIntervals;
+    qint64 begin;
+    qint64 length = 15625; // a second has a whole number of them, and later the reverse
+    QVector<quint64> amounts;
+};
