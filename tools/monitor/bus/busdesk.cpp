@@ -36,6 +36,8 @@ BusDesk::BusDesk(QWidget *window)
 BusDesk::~BusDesk()
 {
     ownLines->disconnect(this);
+    delete ownDock;
+    delete ownStatus;
 }
 
 Recording *BusDesk::recording() const

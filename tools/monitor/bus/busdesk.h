@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 
 #include <memory>
 
@@ -37,7 +38,7 @@ public:
 
     /// Connect, disconnect, new recording, save it; a null pointer stands for a separator.
     QList<QAction *> actions() const { return ownActions; }
-    /// The lines with what comes from them. Owned by whoever puts it into a window.
+    /// The lines with what comes from them. Goes with this object at the latest.
     QDockWidget *dock() const;
     /// Folder, budget, messages taken, stored and dropped. Likewise.
     QWidget *status() const;
@@ -75,6 +76,6 @@ private:
     QAction *connectAction = nullptr;
     QAction *tryAction = nullptr;
     QAction *stopAction = nullptr;
-    LinesDock *ownDock = nullptr;
-    RecordingStatus *ownStatus = nullptr;
+    QPointer<LinesDock> ownDock;
+    QPointer<RecordingStatus> ownStatus;
 };

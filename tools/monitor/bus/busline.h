@@ -25,6 +25,8 @@ public:
 
     const QString &name() const { return ownName; }
     quint8 number() const { return ownNumber; }
+    /// The highest number that its messages have, where they have several.
+    virtual int lastNumber() const { return ownNumber; }
 
     State state() const { return ownState; }
     /// Whether messages come, or may come by themselves.

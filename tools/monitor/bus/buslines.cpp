@@ -19,11 +19,11 @@ bool BusLines::isAnyActive() const
 
 int BusLines::freeNumber() const
 {
-    int number = 0;
-    const auto hasNumber = [&number](const auto &line) { return line->number() == number; };
-    while (std::any_of(lines.begin(), lines.end(), hasNumber))
-        ++number;
-    return number;
+    constexpr int most = 255;
+    int free = 0;
+    for (const auto &line : lines)
+        free = qMax(free, line->lastNumber() + 1);
+    return free <= most ? free : 0;
 }
 
 BusLine *BusLines::add(const BusChoice &choice)

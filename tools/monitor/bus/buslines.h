@@ -19,7 +19,7 @@ public:
     int count() const { return int(lines.size()); }
     BusLine *at(int index) const { return lines[std::size_t(index)].get(); }
     bool isAnyActive() const;
-    /// The lowest number that no line has.
+    /// The number behind all those that lines have; 0 where there is none left.
     int freeNumber() const;
 
     /// Adds a line and starts it. Null, with a notice, when there are too many.

@@ -83,7 +83,6 @@ void ConnectDialog::buildLayout()
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     connectButton = buttons->addButton(tr("&Connect"), QDialogButtonBox::AcceptRole);
     connectButton->setObjectName(QStringLiteral("accept"));
-    connectButton->setDefault(true);
     refresh->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::accepted, this, &ConnectDialog::take);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -95,6 +94,8 @@ void ConnectDialog::buildLayout()
     layout->addWidget(sources, 1);
     layout->addWidget(options);
     layout->addLayout(bottom);
+    // Before it is in the dialog, the dialog would not know.
+    connectButton->setDefault(true);
 }
 
 // What was connected last stands there at once, whatever the plug-ins take to answer.
@@ -110,12 +111,12 @@ void ConnectDialog::buildSources()
     QTreeWidgetItem *device = nullptr;
     if (!last.device.plugin.isEmpty())
         device = addDevice(last.device.plugin, last.device.interface, tr("connected last"));
+    proposed = generator;
     if (last.kind == BusChoice::Replay)
-        sources->setCurrentItem(replay);
-    else if (last.kind == BusChoice::Generator || !device)
-        sources->setCurrentItem(generator);
-    else
-        sources->setCurrentItem(device);
+        proposed = replay;
+    else if (last.kind == BusChoice::Device && device)
+        proposed = device;
+    sources->setCurrentItem(proposed);
 }
 
 void ConnectDialog::look()
@@ -162,9 +163,11 @@ void ConnectDialog::addFound(const QString &plugin, const QStringList &names,
         addDevice(plugin, {}, tr("nothing found; type the name of the interface"));
     // Who has connected nothing so far is offered the first interface that there is.
     const bool isFirstTime = last.device.plugin.isEmpty() && last.kind == BusChoice::Device;
-    if (isFirstTime && !names.isEmpty() && !sources->hasFocus()
-        && kindOf(sources->currentItem()) != BusChoice::Device)
-        sources->setCurrentItem(findDevice(plugin, names.first()));
+    if (!isFirstTime || names.isEmpty() || sources->currentItem() != proposed
+        || kindOf(proposed) == BusChoice::Device)
+        return;
+    proposed = findDevice(plugin, names.first());
+    sources->setCurrentItem(proposed);
 }
 
 BusChoice ConnectDialog::choice() const

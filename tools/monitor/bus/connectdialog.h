@@ -53,5 +53,6 @@ private:
     GeneratorPage *const generatorPage;
     QSpinBox *const number;
     QPushButton *connectButton = nullptr;
-    bool isNumberChosen = false; // by the user
+    QTreeWidgetItem *proposed = nullptr; // the user has chosen another one once it is not current
+    bool isNumberChosen = false;         // by the user
 };

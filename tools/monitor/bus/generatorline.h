@@ -12,6 +12,8 @@ public:
                   std::shared_ptr<MessageSink> sink);
     ~GeneratorLine() override;
 
+    int lastNumber() const override { return number() + options.lines - 1; }
+
 private:
     End run() override;
 

@@ -48,6 +48,7 @@ SaveDialog::SaveDialog(const QString &proposed, const QString &folder, QWidget *
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(buttons);
+    saveButton->setDefault(true);
     setMinimumWidth(fontMetrics().averageCharWidth() * 70);
     connect(name, &QLineEdit::textChanged, this, &SaveDialog::check);
     connect(folderEdit, &QLineEdit::textChanged, this, &SaveDialog::check);

@@ -49,6 +49,7 @@ SettingsDialog::SettingsDialog(const RecordingSettings &settings, QWidget *paren
     layout->addLayout(form);
     layout->addStretch();
     layout->addWidget(buttons);
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     setMinimumWidth(fontMetrics().averageCharWidth() * 60);
 }
 
