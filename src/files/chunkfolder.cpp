@@ -25,9 +25,8 @@ bool makePrivateFolder(const QString &path)
 // Returns an empty string when no folder can be created.
 QString createFolder()
 {
-    const QDir location(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
-    const QDir parent(location.absoluteFilePath(QStringLiteral("datachunks")));
-    if (!location.mkpath(QStringLiteral(".")))
+    const QDir parent(ChunkFolder::parentPath());
+    if (!QDir().mkpath(QFileInfo(parent.path()).path()))
         return {};
     makePrivateFolder(parent.path());
     // Every process draws the same numbers unless the application seeds the generator. Only a
@@ -74,6 +73,12 @@ ChunkFolder::~ChunkFolder()
     for (const QString &path : qAsConst(filesBeside))
         unlink(QFile::encodeName(path).constData());
     rmdir(QFile::encodeName(folderPath).constData());
+}
+
+QString ChunkFolder::parentPath()
+{
+    const QDir location(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    return location.absoluteFilePath(QStringLiteral("datachunks"));
 }
 
 bool ChunkFolder::isOurs(const struct stat &status) const

@@ -23,6 +23,9 @@ public:
     ChunkFolder(const ChunkFolder &) = delete;
     ChunkFolder &operator=(const ChunkFolder &) = delete;
 
+    /// Where the folders of this application's stores lie.
+    static QString parentPath();
+
     /// False when no folder could be created; there is then no place for chunks.
     bool exists() const { return !folderPath.isEmpty(); }
 

@@ -48,6 +48,7 @@ public:
     std::atomic<quint32> budget{1000};
     std::atomic<quint32> mostWaiting{defaultMostWaiting};
     std::atomic<quint64> givenUp{0};
+    std::atomic<quint64> unwritten{0};
     std::atomic<quint64> generation{0};
     std::atomic<quint32> chunkCount{0};
     std::atomic<int> pauses{0};
@@ -58,6 +59,7 @@ private:
     bool giveUpOldestLocked(const SharedSaveJob &newest) REQUIRES(mutex);
     void giveUpAllLocked() REQUIRES(mutex);
     void run(const SharedSaveJob &job);
+    void countUnwritten(const SaveJob &job);
     Outcome saveIntoFolder(const SaveJob &job);
     bool keepBudget(const SaveJob &job, bool isInFolder);
     void report(const SaveReport &report) EXCLUDES(tellMutex);
@@ -170,8 +172,10 @@ void ChunkSaver::State::work()
             report({*job, Outcome::notOpened(qt_error_string(ENOMEM))});
         };
         // Whoever waits for the job must not wait for ever, whether or not the report finds room.
-        if (!withinMemory([&] { run(job); }))
+        if (!withinMemory([&] { run(job); })) {
+            countUnwritten(*job);
             withinMemory(reportLack);
+        }
         job->markFinished();
     }
     // The C library would keep what was freed for a store that may never again need as much.
@@ -185,9 +189,17 @@ void ChunkSaver::State::run(const SharedSaveJob &job)
     SaveReport ended(*job, isInFolder ? saveIntoFolder(*job) : save(*job));
     const Outcome::Kind kind = ended.outcome.kind;
     const bool wasTried = kind == Outcome::Done || kind == Outcome::NotOpened;
+    if (wasTried && !(kind == Outcome::Done && ended.outcome.text.isEmpty()))
+        countUnwritten(*job);
     if (isRotation(*job) && isChunkName(job->fileName) && wasTried)
         ended.chunkRemoved = keepBudget(*job, isInFolder);
     report(ended);
+}
+
+void ChunkSaver::State::countUnwritten(const SaveJob &job)
+{
+    if (isRotation(job))
+        unwritten += quint64(job.messages.size());
 }
 
 Outcome ChunkSaver::State::saveIntoFolder(const SaveJob &job)
@@ -294,6 +306,11 @@ void ChunkSaver::setMostWaiting(quint32 messages)
 quint64 ChunkSaver::givenUpCount() const
 {
     return state->givenUp;
+}
+
+quint64 ChunkSaver::unwrittenCount() const
+{
+    return state->unwritten;
 }
 
 void ChunkSaver::add(const SharedSaveJob &job)

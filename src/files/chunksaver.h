@@ -34,6 +34,8 @@ public:
     void setMostWaiting(quint32 messages);
     /// Messages given up because the disk was too slow.
     quint64 givenUpCount() const;
+    /// Messages of rotations whose chunk could not be written, or not to its end.
+    quint64 unwrittenCount() const;
 
     /// Gives \a job the next number of its trace, which takes the place of the last "%1" in its
     /// file name, and puts it behind the others. May be called under a lock; start() follows,

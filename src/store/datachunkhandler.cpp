@@ -38,6 +38,11 @@ quint64 DatachunkHandler::givenUpMessageCount() const
     return d->chunkSaver.givenUpCount();
 }
 
+quint64 DatachunkHandler::unwrittenMessageCount() const
+{
+    return d->chunkSaver.unwrittenCount();
+}
+
 unsigned int DatachunkHandler::getMaxMessageCount()
 {
     return d->trace.limit();

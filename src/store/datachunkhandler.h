@@ -57,6 +57,9 @@ public:
     void setMaximumWaitingMessages(unsigned int count);
     /// Number of messages given up so since the store was created. Any thread.
     quint64 givenUpMessageCount() const;
+    /// Number of messages whose chunk could not be written, or not to its end, since the store was
+    /// created; newErrorMessage has told why. Any thread.
+    quint64 unwrittenMessageCount() const;
 
     /// The limit in messages that the constructor was given, 10000 once continuous mode was set.
     /// Takes no lock.

@@ -4,13 +4,22 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 
+#include <memory>
+
+class BusLines;
+class ConnectDialog;
+class LeftRecordings;
+class LinesDock;
+class MessageSink;
 class QAction;
 class QDockWidget;
-class QMainWindow;
+class QLockFile;
 class QWidget;
 class Recording;
-class ShownTrace;
+class RecordingKeeper;
+class RecordingStatus;
 
 /// Everything about buses and the recording: its dialogs, its dock of lines, its place in the
 /// status bar.
@@ -24,10 +33,12 @@ public:
 
     /// The recording that runs, or waits for its first line; never null.
     Recording *recording() const;
+    /// The lines that bring its messages.
+    BusLines *lines() const { return ownLines.get(); }
 
-    /// Connect, disconnect, new recording, save it.
-    QList<QAction *> actions() const;
-    /// The lines with what comes from them. Owned by whoever puts it into a window.
+    /// Connect, disconnect, new recording, save it; a null pointer stands for a separator.
+    QList<QAction *> actions() const { return ownActions; }
+    /// The lines with what comes from them. Goes with this object at the latest.
     QDockWidget *dock() const;
     /// Folder, budget, messages taken, stored and dropped. Likewise.
     QWidget *status() const;
@@ -35,6 +46,11 @@ public:
     /// Asks the user what becomes of a recording that is not saved. False when he wants it to go
     /// on.
     bool mayClose();
+
+public slots:
+    void showConnect();
+    /// The generator, at once.
+    void tryWithoutHardware();
 
 signals:
     /// There is another recording; the one before lives until this returns.
@@ -44,8 +60,22 @@ signals:
     void notice(const Notice &notice);
 
 private:
+    QAction *addAction(const QString &text, const QKeySequence &key, const QString &name);
+    void makeActions();
+    void connectParts();
+    void setGrowing(bool growing);
+    void tellOthers();
+
     QWidget *const window;
-    QDockWidget *const ownDock;
-    QWidget *const ownStatus;
-    Recording *ownRecording;
+    const std::shared_ptr<MessageSink> sink;
+    const std::unique_ptr<RecordingKeeper> keeper;
+    const std::unique_ptr<LeftRecordings> left;
+    const std::unique_ptr<BusLines> ownLines; // behind the recording, so that they end first
+    std::unique_ptr<QLockFile> lock;          // shows other monitors that this one runs
+    QList<QAction *> ownActions;
+    QAction *connectAction = nullptr;
+    QAction *tryAction = nullptr;
+    QAction *stopAction = nullptr;
+    QPointer<LinesDock> ownDock;
+    QPointer<RecordingStatus> ownStatus;
 };

@@ -1,0 +1,400 @@
+#include "buschoice.h"
+#include "busdesk.h"
+#include "buslines.h"
+#include "chunkcopy.h"
+#include "diskwatch.h"
+#include "leftrecordings.h"
+#include "recording.h"
+#include "recordingsettings.h"
+#include "temporarysettings.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QDockWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/file.h>
+#include <unistd.h>
+
+/// A window with the desk in it, as in the program.
+class DeskWindow : public QMainWindow
+{
+public:
+    DeskWindow() : desk(new BusDesk(this))
+    {
+        addDockWidget(Qt::LeftDockWidgetArea, desk->dock());
+        setCentralWidget(desk->status());
+        const auto take = [this](const Notice &notice) { notices.push_back(notice); };
+        connect(desk, &BusDesk::notice, this, take);
+        connect(desk->recording(), &Recording::notice, this, take);
+        connect(desk, &BusDesk::saved, this, [this](const QStringList &paths) { saved = paths; });
+        show();
+    }
+
+    QAction *action(const char *name) const
+    {
+        return desk->findChild<QAction *>(QLatin1String(name));
+    }
+    template <typename Dialog = QDialog> Dialog *dialog(const char *name) const
+    {
+        return findChild<Dialog *>(QLatin1String(name));
+    }
+    bool hasTold(const QString &text) const
+    {
+        return std::any_of(notices.begin(), notices.end(),
+                           [&](const Notice &notice) { return notice.text.contains(text); });
+    }
+    QString countsText() const
+    {
+        return findChild<QLabel *>(QStringLiteral("recordingCounts"))->text();
+    }
+
+    /// Returns how many messages there are then.
+    quint64 record(quint64 messages)
+    {
+        BusChoice choice;
+        choice.generator.rate = 100000;
+        const BusLine *line = desk->lines()->add(choice);
+        const bool came = QTest::qWaitFor([&] { return line->taken() >= messages; });
+        desk->lines()->stopAll();
+        return came ? desk->recording()->counts().taken : 0;
+    }
+
+    BusDesk *const desk;
+    std::vector<Notice> notices;
+    QStringList saved;
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->setAccepted(desk->mayClose()); }
+};
+
+class TestKeeping : public QObject
+{
+    Q_OBJECT
+private:
+    const TemporarySettings settings;
+    QTemporaryDir place;
+
+    static quint64 countOf(const QStringList &paths);
+    static bool saveInto(DeskWindow &window, const QString &name, bool isArchive);
+    static QString makeLeftChunks(quint64 &messages);
+
+private slots:
+    void init();
+    void savesWhileLinesRun_data();
+    void savesWhileLinesRun();
+    void keepsWhatCannotBeSaved();
+    void begins_data();
+    void begins();
+    void closes_data();
+    void closes();
+    void tellsFolderGone();
+    void keepsBudget();
+    void copiesChunksOrNothing_data();
+    void copiesChunksOrNothing();
+    void warnsBeforeFull_data();
+    void warnsBeforeFull();
+    void offersLeftRecordings_data();
+    void offersLeftRecordings();
+    void tellsOtherMonitor();
+};
+
+void TestKeeping::init()
+{
+    QSettings().clear();
+    RecordingSettings wanted;
+    wanted.folder = place.path();
+    wanted.memory = RecordingSettings::leastMemory;
+    wanted.save();
+}
+
+quint64 TestKeeping::countOf(const QStringList &paths)
+{
+    TraceTimeline timeline(paths);
+    timeline.waitForAll();
+    return timeline.problems().isEmpty() ? timeline.count() : 0;
+}
+
+bool TestKeeping::saveInto(DeskWindow &window, const QString &name, bool isArchive)
+{
+    window.action("saveRecording")->trigger();
+    QDialog *dialog = window.dialog("saveDialog");
+    if (!dialog)
+        return false;
+    dialog->findChild<QLineEdit *>(QStringLiteral("name"))->setText(name);
+    dialog->findChild<QComboBox *>(QStringLiteral("kind"))->setCurrentIndex(isArchive ? 1 : 0);
+    if (!QTest::qWaitForWindowExposed(dialog))
+        return false;
+    QTest::keyClick(dialog, Qt::Key_Return);
+    return true;
+}
+
+void TestKeeping::savesWhileLinesRun_data()
+{
+    QTest::addColumn<bool>("isArchive");
+    QTest::newRow("folder") << false;
+    QTest::newRow("archive") << true;
+}
+
+void TestKeeping::savesWhileLinesRun()
+{
+    QFETCH(const bool, isArchive);
+    DeskWindow window;
+    BusChoice choice;
+    choice.generator.rate = 50000;
+    const BusLine *line = window.desk->lines()->add(choice);
+    QTRY_VERIFY(line->taken() > 22000);
+    QSignalSpy changes(window.desk, &BusDesk::recordingChanged);
+    const QString name = isArchive ? QStringLiteral("packed") : QStringLiteral("chunks");
+    QVERIFY(saveInto(window, name, isArchive));
+    QTRY_COMPARE(window.saved.size(), 1);
+    QCOMPARE(changes.size(), 1);
+    window.desk->lines()->stopAll();
+    const RecordingCounts counts = window.desk->recording()->counts();
+    QVERIFY(counts.taken > 0);
+    QCOMPARE(countOf(window.saved) + counts.stored, line->taken());
+    QCOMPARE(counts.dropped, quint64(0));
+}
+
+void TestKeeping::keepsWhatCannotBeSaved()
+{
+    DeskWindow window;
+    const quint64 messages = window.record(12000);
+    const QString notAFolder = place.filePath(QStringLiteral("file"));
+    QFile file(notAFolder);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(saveInto(window, notAFolder + QStringLiteral("/a"), false));
+    QTRY_VERIFY(window.hasTold(QStringLiteral("was not saved")));
+    // It has not become the one that runs, but neither is it forgotten.
+    QCOMPARE(window.desk->recording()->counts().taken, quint64(0));
+    QVERIFY(!window.desk->mayClose());
+    window.dialog<QMessageBox>("keepQuestion")->reject();
+    QVERIFY(saveInto(window, QStringLiteral("second try"), false));
+    QTRY_COMPARE(window.saved.size(), 1);
+    QCOMPARE(countOf(window.saved), messages);
+    QVERIFY(window.desk->mayClose());
+}
+
+void TestKeeping::begins_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("isNew");
+    QTest::newRow("discard") << int(QMessageBox::Discard) << true;
+    QTest::newRow("cancel") << int(QMessageBox::Cancel) << false;
+}
+
+void TestKeeping::begins()
+{
+    QFETCH(const int, answer);
+    QFETCH(const bool, isNew);
+    DeskWindow window;
+    window.record(6000);
+    const QString folder = window.desk->recording()->store().chunkFolderPath();
+    window.action("newRecording")->trigger();
+    auto *box = window.dialog<QMessageBox>("keepQuestion");
+    QVERIFY(box);
+    box->button(QMessageBox::StandardButton(answer))->click();
+    QTRY_COMPARE(window.desk->recording()->counts().taken == 0, isNew);
+    QTRY_COMPARE(QDir(folder).exists(), !isNew);
+}
+
+void TestKeeping::closes_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("saves");
+    QTest::newRow("save") << int(QMessageBox::Save) << true << true;
+    QTest::newRow("discard") << int(QMessageBox::Discard) << true << false;
+    QTest::newRow("cancel") << int(QMessageBox::Cancel) << false << false;
+}
+
+void TestKeeping::closes()
+{
+    QFETCH(const int, answer);
+    QFETCH(const bool, closes);
+    QFETCH(const bool, saves);
+    DeskWindow window;
+    BusChoice choice;
+    window.desk->lines()->add(choice);
+    QTRY_VERIFY(window.desk->recording()->isUnsaved());
+    QVERIFY(!window.close());
+    auto *box = window.dialog<QMessageBox>("keepQuestion");
+    QVERIFY(box);
+    box->button(QMessageBox::StandardButton(answer))->click();
+    const QString path = place.filePath(QString::fromLatin1(QTest::currentDataTag()));
+    if (saves)
+        QVERIFY(saveInto(window, QFileInfo(path).fileName(), false));
+    QTRY_COMPARE(window.isVisible(), !closes);
+    QCOMPARE(QDir(path).exists(), saves);
+    if (saves)
+        QCOMPARE(countOf({path}), window.desk->lines()->at(0)->taken());
+}
+
+void TestKeeping::tellsFolderGone()
+{
+    DeskWindow window;
+    const quint64 first = window.record(11000);
+    const QString folder = window.desk->recording()->store().chunkFolderPath();
+    QVERIFY(window.desk->recording()->store().waitForSaves());
+    QVERIFY(QDir(folder).removeRecursively());
+    const quint64 all = window.record(21000);
+    QVERIFY(all > first);
+    QTRY_VERIFY(window.hasTold(QStringLiteral("has removed the folder")));
+    // What cannot be written is counted.
+    QTRY_VERIFY(window.desk->recording()->counts().dropped > 0);
+    const RecordingCounts counts = window.desk->recording()->counts();
+    QCOMPARE(counts.stored + counts.dropped, counts.taken);
+    const auto told = std::find_if(window.notices.begin(), window.notices.end(),
+                                   [](const Notice &notice) { return bool(notice.action); });
+    QVERIFY(told != window.notices.end());
+    const Notice notice = *told;
+    notice.action();
+    QVERIFY(QDir(window.desk->recording()->store().chunkFolderPath()).exists());
+    QCOMPARE(window.desk->recording()->counts().taken, quint64(0));
+}
+
+void TestKeeping::keepsBudget()
+{
+    DeskWindow window;
+    window.action("recordingSettings")->trigger();
+    QDialog *dialog = window.dialog("recordingSettings");
+    dialog->findChild<QSpinBox *>(QStringLiteral("budget"))->setValue(1);
+    QVERIFY(QTest::qWaitForWindowExposed(dialog));
+    QTest::keyClick(dialog, Qt::Key_Return);
+    QTRY_COMPARE(window.desk->recording()->budget(), RecordingSettings::leastBudget);
+    QCOMPARE(RecordingSettings::saved().budget, RecordingSettings::leastBudget);
+    window.desk->recording()->setBudget(1);
+    const quint64 messages = window.record(100000);
+    QTRY_VERIFY(window.hasTold(QStringLiteral("its budget of 1 MiB")));
+    QCOMPARE(window.desk->recording()->counts().stored, messages);
+    QVERIFY(window.desk->recording()->counts().chunksRemoved > 0);
+    QTRY_VERIFY(window.countsText().contains(QLocale().toString(messages)));
+}
+
+void TestKeeping::copiesChunksOrNothing_data()
+{
+    QTest::addColumn<int>("most"); // chunks before it is cancelled
+    QTest::addColumn<bool>("isTaken");
+    QTest::addColumn<int>("copied");
+    QTest::newRow("all") << 10 << false << 3;
+    QTest::newRow("cancelled") << 1 << false << 0;
+    QTest::newRow("taken") << 10 << true << 0;
+}
+
+void TestKeeping::copiesChunksOrNothing()
+{
+    QFETCH(const int, most);
+    QFETCH(const bool, isTaken);
+    QFETCH(const int, copied);
+    QTemporaryDir folder;
+    const QString from = folder.filePath(QStringLiteral("from"));
+    const QString to = folder.filePath(QStringLiteral("to"));
+    QDir().mkdir(from);
+    if (isTaken)
+        QDir().mkdir(to);
+    for (int i = 0; i < 3; ++i) {
+        QFile chunk(QStringLiteral("%1/tmpData%2.dck").arg(from).arg(i));
+        QVERIFY(chunk.open(QIODevice::WriteOnly));
+    }
+    int asked = 0;
+    const QString failure = copyChunks(from, to, [&](int) { return asked++ < most; });
+    QCOMPARE(QDir(to).entryList({QStringLiteral("*.dck")}).size(), copied);
+    QCOMPARE(QDir(to).exists(), copied > 0 || isTaken);
+    QCOMPARE(!failure.isEmpty(), isTaken);
+    QCOMPARE(QDir(from).entryList(QDir::Files).size(), 3);
+}
+
+void TestKeeping::warnsBeforeFull_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<qint64>("free");
+    QTest::addColumn<bool>("isNearlyFull");
+    constexpr qint64 gibibyte = 1LL << 30;
+    QTest::newRow("large, enough") << 500 * gibibyte << 2 * gibibyte << false;
+    QTest::newRow("large, little") << 500 * gibibyte << gibibyte - 1 << true;
+    QTest::newRow("small, enough") << gibibyte << gibibyte / 5 << false;
+    QTest::newRow("small, little") << gibibyte << gibibyte / 20 << true;
+    QTest::newRow("not known") << qint64(0) << qint64(0) << false;
+}
+
+void TestKeeping::warnsBeforeFull()
+{
+    QFETCH(const qint64, size);
+    QFETCH(const qint64, free);
+    DiskState state;
+    state.size = size;
+    state.free = free;
+    QTEST(state.isNearlyFull(), "isNearlyFull");
+}
+
+// As a store leaves them whose program is killed.
+QString TestKeeping::makeLeftChunks(quint64 &messages)
+{
+    DatachunkHandler store(RecordingSettings::leastMemory);
+    for (messages = 0; messages < 12000; ++messages)
+        store.addnewtestmessage();
+    store.rotate();
+    store.waitForSaves();
+    const QString left = QFileInfo(store.chunkFolderPath()).path() + QStringLiteral("/4711");
+    return copyChunks(store.chunkFolderPath(), left, [](int) { return true; }).isEmpty()
+        ? left
+        : QString();
+}
+
+void TestKeeping::offersLeftRecordings_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("isLeft");
+    QTest::addColumn<bool>("isOpened");
+    QTest::newRow("later") << int(QMessageBox::Cancel) << true << false;
+    QTest::newRow("recover") << int(QMessageBox::Save) << false << true;
+    QTest::newRow("delete") << int(QMessageBox::Discard) << false << false;
+}
+
+void TestKeeping::offersLeftRecordings()
+{
+    QFETCH(const int, answer);
+    QFETCH(const bool, isLeft);
+    QFETCH(const bool, isOpened);
+    quint64 messages = 0;
+    const QString left = makeLeftChunks(messages);
+    QVERIFY(!left.isEmpty());
+    {
+        DeskWindow window;
+        QTRY_VERIFY(window.hasTold(QStringLiteral("was not closed")));
+        const Notice notice = window.notices.back();
+        notice.action();
+        auto *box = window.dialog<QMessageBox>("leftQuestion");
+        box->button(QMessageBox::StandardButton(answer))->click();
+        QTRY_COMPARE(QDir(left).exists(), isLeft);
+        QTRY_COMPARE(window.saved.isEmpty(), !isOpened);
+        if (isOpened)
+            QCOMPARE(countOf(window.saved), messages);
+    }
+    QDir(left).removeRecursively();
+}
+
+void TestKeeping::tellsOtherMonitor()
+{
+    const DeskWindow first;
+    QTest::qWait(0);
+    QVERIFY(!first.hasTold(QStringLiteral("Another monitor")));
+    const DeskWindow second;
+    QTRY_VERIFY(second.hasTold(QStringLiteral("Another monitor")));
+    QVERIFY(first.desk->recording()->store().chunkFolderPath()
+            != second.desk->recording()->store().chunkFolderPath());
+}
+
+QTEST_MAIN(TestKeeping)
+#include "tst_keeping.moc"

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "recordingsettings.h"
+
+#include <QDialog>
+
+class QLineEdit;
+class QSpinBox;
+
+/// Lets the user say how recordings are kept.
+class SettingsDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    SettingsDialog(const RecordingSettings &settings, QWidget *parent);
+
+    RecordingSettings settings() const;
+
+private:
+    void chooseFolder();
+
+    QSpinBox *const budget;
+    QSpinBox *const memory;
+    QLineEdit *const folder;
+};
