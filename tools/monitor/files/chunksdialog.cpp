@@ -46,6 +46,8 @@ public:
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
     {
+        if (role == Qt::TextAlignmentRole)
+            return int((section == Name ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
         if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
             return {};
         const QString titles[] = {ChunksDialog::tr("Chunk"), ChunksDialog::tr("Position"),

@@ -171,6 +171,8 @@ void ConvertDialog::update()
             : tr("The file exists already and will be replaced.");
     else if (isMerged && file.isDir())
         remarks += tr("This is a folder; add a name.");
+    if (list->count() == 0)
+        remarks = QStringList(tr("Add the files and folders to convert, or drop them here."));
     remarks.removeAll(QString());
     remark->setText(remarks.join(QLatin1Char(' ')));
     const bool hasPlace =

@@ -26,10 +26,17 @@ namespace {
 
 const QString lastFolder = QStringLiteral("files/exportFolder");
 
-// What is proposed: where the last export went, called like the trace.
+// Where the last export went, or else where the trace lies.
+QString exportFolder(const QStringList &sources)
+{
+    const QString other =
+        sources.isEmpty() ? QDir::homePath() : QFileInfo(sources.first()).absolutePath();
+    return QSettings().value(lastFolder, other).toString();
+}
+
 QString proposedName(const ShownTrace &trace, const QString &suffix)
 {
-    const QString folder = QSettings().value(lastFolder, QDir::homePath()).toString();
+    const QString folder = exportFolder(trace.paths());
     const QString base = QFileInfo(trace.title()).completeBaseName();
     QString name = QStringLiteral("%1.%2").arg(base, suffix);
     for (int number = 2; QFileInfo::exists(QDir(folder).filePath(name)); ++number)
@@ -66,8 +73,6 @@ ExportDialog::ExportDialog(const ShownTrace &trace, const TraceView &view, QWidg
             &ExportDialog::update);
     update();
     name->setFocus();
-    name->setSelection(0, 0);
-    name->end(false);
 }
 
 QRadioButton *ExportDialog::addPart(Part part, const QString &text, bool isThere)
@@ -199,19 +204,26 @@ bool ExportDialog::isSource(const QString &target) const
     return false;
 }
 
+// A name alone is one in the folder that was proposed.
+QString ExportDialog::targetPath() const
+{
+    const QString text = name->text();
+    return text.isEmpty() ? text : QDir(exportFolder(sources)).absoluteFilePath(text);
+}
+
 // An existing file of the trace must not be replaced by a part of it.
 void ExportDialog::update()
 {
     deltas->setVisible(format->hasDeltaTimes());
     notes->setVisible(format->isOwnText());
-    const QFileInfo file(name->text());
+    const QFileInfo file(targetPath());
     QStringList remarks(format->limits());
     bool mayWrite = !file.fileName().isEmpty();
     if (file.isDir() || !file.dir().exists()) {
         remarks = QStringList(file.isDir() ? tr("This is a folder; add a name.")
                                            : tr("There is no such folder."));
         mayWrite = false;
-    } else if (isSource(name->text())) {
+    } else if (isSource(targetPath())) {
         remarks = QStringList(tr("The trace is read from there; choose another name."));
         mayWrite = false;
     } else if (file.exists()) {
@@ -254,7 +266,7 @@ void ExportDialog::choose()
     update();
     if (!button->isEnabled())
         return;
-    const QFileInfo file(QDir::current(), name->text());
+    const QFileInfo file(targetPath());
     format->remember();
     QSettings().setValue(lastFolder, file.absolutePath());
     ExportOrder order;

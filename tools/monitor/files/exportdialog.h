@@ -36,6 +36,7 @@ private:
     void followFormat();
     void update();
     void choose();
+    QString targetPath() const;
     std::optional<TraceSelection> selection() const;
     bool isSource(const QString &target) const;
 

@@ -51,9 +51,9 @@ void LineIndex::add(const char *bytes, qint64 count)
 {
     for (int at = 0; (at = findEnd(bytes, at, int(count))) >= 0;) {
         ++lineCount;
-        const qint64 offset = end + at;
-        if (offset - places.back().offset >= step)
-            places.push_back({lineCount, offset});
+        lastEnd = end + at;
+        if (lastEnd - places.back().offset >= step)
+            places.push_back({lineCount, lastEnd});
     }
     end += count;
 }

@@ -23,6 +23,11 @@ public:
     qint64 taken() const { return end; }
     /// Line ends so far, and one more for what stands behind the last of them.
     quint64 lines() const { return lineCount; }
+    /// The lines when there is nothing more to take: none stands behind the last line end then.
+    quint64 linesInAll() const
+    {
+        return lineCount > 1 && lastEnd == end ? lineCount - 1 : lineCount;
+    }
 
     /// Up to \a count lines from \a first on of those that were taken, as they are shown. Reads
     /// little more than one step of the index. A line whose beginning does not lie within that is
@@ -48,6 +53,7 @@ private:
     bool isWide = false;
     bool isBigEndian = false;
     qint64 end = 0;
+    qint64 lastEnd = 0; // behind the last line end
     quint64 lineCount = 1;
     std::vector<Place> places;
 };

@@ -26,18 +26,12 @@ void OpenedTrace::look()
     const QStringList problems = trace.problems();
     if (!problems.isEmpty())
         tellProblems(problems);
-    else if (trace.count() == 0)
-        emit notice({Notice::Warning, tr("There are no messages in %1.").arg(title()),
-                     tr("The recording may have ended before the first message came.")});
     emit complete();
 }
 
 void OpenedTrace::tellProblems(const QStringList &problems)
 {
-    const bool isEmpty = timeline().count() == 0;
-    emit notice({isEmpty ? Notice::Failure : Notice::Warning,
-                 tr("%1: %2").arg(title(), firstSentences(problems)),
-                 isEmpty ? tr("Try another copy of it.")
-                         : tr("What could be read is shown. Another copy may have more, and "
-                              "\"datachunk recover\" saves what is whole of damaged chunks.")});
+    emit notice({Notice::Warning, QStringLiteral("%1: %2").arg(title(), firstSentences(problems)),
+                 tr("What could be read is shown. Another copy may have more, and \"datachunk "
+                    "recover\" saves what is whole of damaged chunks.")});
 }

@@ -31,6 +31,7 @@ ReopenDialog::ReopenDialog(const ImportSource &source, QWidget *parent)
     types->setCurrentIndex(std::max(0, types->findData(int(source.type))));
     strict->setChecked(source.mode == DatachunkHelper::Strict);
     strict->setObjectName(QStringLiteral("strict"));
+    format->setObjectName(QStringLiteral("description"));
     format->setPlaceholderText(tr("what stands in the fields of a line"));
     auto *box = new QDialogButtonBox(QDialogButtonBox::Open | QDialogButtonBox::Cancel, this);
     connect(box, &QDialogButtonBox::accepted, this, &ReopenDialog::choose);

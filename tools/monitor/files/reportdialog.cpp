@@ -31,6 +31,7 @@ ReportDialog::ReportDialog(const ImportSource &source, const ImportReport &repor
 QWidget *ReportDialog::buttons(bool hasLines)
 {
     auto *box = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    box->button(QDialogButtonBox::Close)->setDefault(true);
     auto *copy = box->addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
     connect(copy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(browser->toPlainText()); });

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace {
 
 struct Report
@@ -101,6 +103,13 @@ void addLeftOut(const ImportReport &report, bool losses, Page &page)
     }
 }
 
+bool hasChanges(const ImportReport &report)
+{
+    return report.unlikely.count > 0
+        || std::any_of(report.changed.begin(), report.changed.end(),
+                       [](const Lines &lines) { return lines.count > 0; });
+}
+
 void addLosses(const ImportReport &report, Page &page)
 {
     if (!report.hasLoss()) {
@@ -112,6 +121,8 @@ void addLosses(const ImportReport &report, Page &page)
         addLeftOut(report, true, page);
         page.endTable();
     }
+    if (!hasChanges(report))
+        return;
     page.beginTable(Report::tr("Frames that may not be as the file means them"), lineColumns());
     for (int i = 0; i < ImportReport::changeCount; ++i)
         page.addLines(ImportReport::changeText(ImportReport::Change(i)),

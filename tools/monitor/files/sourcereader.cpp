@@ -40,7 +40,7 @@ public:
     bool isComplete() const { return isAtEnd; }
 
     QStringList read(quint64 first, int count) { return index->read(file, first, count); }
-    quint64 lines() const { return index->lines(); }
+    quint64 lines() const { return isAtEnd ? index->linesInAll() : index->lines(); }
     qint64 done() const { return index->taken(); }
     qint64 total() const { return file.size(); }
 

@@ -109,6 +109,37 @@ std::optional<Refused> sortFile(const QString &path, SortedPaths &sorted)
     return refused;
 }
 
+namespace {
+
+Refused emptyTrace(const SortedPaths &sorted, const QStringList &problems)
+{
+    const QString names = shortNames(sorted.chunks);
+    if (problems.isEmpty())
+        return {sorted.chunks.first(),
+                {Notice::Failure, Sorting::tr("There are no messages in %1.").arg(names),
+                 Sorting::tr("The recording may have ended before the first message came.")}};
+    return {sorted.chunks.first(),
+            {Notice::Failure, QStringLiteral("%1: %2").arg(names, firstSentences(problems)),
+             Sorting::tr("Try another copy of it.")}};
+}
+
+// Nobody wants to see a trace without messages; one that has some may grow while it is shown.
+void openChunks(SortedPaths &sorted, const std::atomic<bool> &isCancelled)
+{
+    TraceTimeline timeline(sorted.chunks);
+    const auto isEmpty = [&] {
+        timeline.refresh();
+        return !isCancelled && timeline.count() == 0;
+    };
+    const bool isKnown = timeline.waitForAll(isEmpty);
+    if (timeline.count() > 0)
+        sorted.timeline = timeline;
+    else if (isKnown)
+        sorted.refused.append(emptyTrace(sorted, timeline.problems()));
+}
+
+} // namespace
+
 SortedPaths sortPaths(const QStringList &paths, const std::atomic<bool> &isCancelled)
 {
     SortedPaths sorted;
@@ -122,7 +153,7 @@ SortedPaths sortPaths(const QStringList &paths, const std::atomic<bool> &isCance
             sorted.refused.append(*refused);
     }
     if (!sorted.chunks.isEmpty())
-        sorted.timeline = TraceTimeline(sorted.chunks);
+        openChunks(sorted, isCancelled);
     return sorted;
 }
 
