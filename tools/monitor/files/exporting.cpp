@@ -129,6 +129,8 @@ private:
     {
         result.isCancelled = control.isCancelled;
         result.isWritten = isComplete && !result.isCancelled;
+        if (result.isCancelled)
+            result.error.clear();
         return result;
     }
 

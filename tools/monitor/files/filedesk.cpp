@@ -30,7 +30,7 @@ const QString lastFolder = QStringLiteral("files/folder");
 
 FileDesk::FileDesk(QWidget *window)
     : QObject(window), window(window), queue(new JobQueue(this)), rows(new JobRows(queue, window)),
-      opener(new TraceOpener(queue, this)), writing(new WritingDesk(window, queue)),
+      opener(new TraceOpener(queue, this)), writing(new WritingDesk(window, queue, this)),
       recent(new RecentFiles(window))
 {
     connectParts();

@@ -26,8 +26,8 @@ QString lastArchiveFolder()
 
 } // namespace
 
-WritingDesk::WritingDesk(QWidget *window, JobQueue *queue)
-    : QObject(window), window(window), queue(queue)
+WritingDesk::WritingDesk(QWidget *window, JobQueue *queue, QObject *parent)
+    : QObject(parent), window(window), queue(queue)
 {
 }
 

@@ -17,7 +17,7 @@ class WritingDesk : public QObject
     Q_OBJECT
 public:
     /// Dialogs belong to \a window; \a queue must live as long.
-    WritingDesk(QWidget *window, JobQueue *queue);
+    WritingDesk(QWidget *window, JobQueue *queue, QObject *parent = nullptr);
     ~WritingDesk() override;
 
     // They ask first.
