@@ -43,6 +43,8 @@ public:
     /// All messages of each line of the index, then error frames.
     const std::vector<quint32> &totals() const { return ownTotals; }
 
+    /// What the user calls the chunk that the messages lie in; empty of those in memory.
+    virtual QString name() const { return {}; }
     /// Whether messages lie in a chunk, which does not keep all of them.
     virtual bool isChunk() const = 0;
     /// False when they are no longer there.
@@ -65,6 +67,7 @@ class ChunkSegment : public TraceSegment
 public:
     ChunkSegment(std::shared_ptr<const ChunkBytes> bytes, ChunkIndex index);
 
+    QString name() const override { return bytes->name(); }
     bool isChunk() const override { return true; }
     bool decode(quint32 step, Messages &messages) const override;
     bool scan(const Scan &scan, const TakeStep &take) const override;

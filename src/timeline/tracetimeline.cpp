@@ -67,6 +67,19 @@ quint64 TraceTimeline::count() const
     return data->snapshot()->count();
 }
 
+QVector<TraceChunk> TraceTimeline::chunks() const
+{
+    const SharedSnapshot snapshot = data->snapshot();
+    QVector<TraceChunk> all;
+    for (const auto &placed : snapshot->segments()) {
+        const ChunkIndex &index = placed.segment->index();
+        if (index.count > 0)
+            all.append({placed.segment->name(), placed.begin, index.count, index.minTime,
+                        index.maxTime});
+    }
+    return all;
+}
+
 quint64 TraceTimeline::forEach(quint64 from, quint64 count,
                                const std::function<bool(const TraceBlock &block)> &visit) const
 {

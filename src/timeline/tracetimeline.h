@@ -63,6 +63,17 @@ struct TraceIdentifier
     quint64 last = 0;      ///< position of the last
 };
 
+/// A run of messages that lie in one place, one behind the other.
+struct TraceChunk
+{
+    QString name;         ///< of the file with its path, or of the file within its archive; empty
+                          ///< of messages in memory
+    quint64 position = 0; ///< of its first message
+    quint64 count = 0;    ///< of its messages, 1 at least
+    qint64 firstTime = 0; ///< the lowest of them, in microseconds
+    qint64 lastTime = 0;  ///< the highest
+};
+
 /// All messages of a recording as one trace, however long: chunk files, folders of them, archives,
 /// or a store with its live messages. Keeps an index and some hundred thousand messages of them in
 /// memory, and reads the rest where it lies.
@@ -100,6 +111,8 @@ public:
 
     /// Number of positions, those included whose message is gone.
     quint64 count() const;
+    /// Where the messages lie, by position. From the index alone.
+    QVector<TraceChunk> chunks() const;
     /// Reads up to 4096 messages of a chunk where they are not at hand. Behind for a position from
     /// count() on.
     TraceRow row(quint64 position) const;

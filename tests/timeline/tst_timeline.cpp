@@ -98,6 +98,23 @@ void compareRows(const TraceTimeline &timeline, const Recording &recording)
     QCOMPARE(int(timeline.row(timeline.count()).state), int(TraceRow::Behind));
 }
 
+void compareChunks(const TraceTimeline &timeline, const Recording &recording)
+{
+    quint64 position = 0;
+    const QVector<TraceChunk> chunks = timeline.chunks();
+    for (const TraceChunk &chunk : chunks) {
+        QCOMPARE(chunk.position, position);
+        QVERIFY(chunk.name.endsWith(QStringLiteral(".dck")));
+        QVector<qint64> times;
+        for (quint64 i = 0; i < chunk.count; ++i)
+            times.append(MessageView(recording.messages.at(int(position + i))).time());
+        QCOMPARE(chunk.firstTime, *std::min_element(times.cbegin(), times.cend()));
+        QCOMPARE(chunk.lastTime, *std::max_element(times.cbegin(), times.cend()));
+        position += chunk.count;
+    }
+    QCOMPARE(position, timeline.count());
+}
+
 void compareTimes(const TraceTimeline &timeline, const Recording &recording)
 {
     QVector<qint64> highest;
@@ -171,6 +188,7 @@ void TestTimeline::everyQuestionIsAnsweredAsByOneMessageAfterTheOther()
     QCOMPARE(timeline.problems(), QStringList());
     compareRows(timeline, recording);
     compareTimes(timeline, recording);
+    compareChunks(timeline, recording);
     const char *texts[] = {"",
                            "id==5",
                            "line==1 and not ext",

@@ -1,27 +1,211 @@
 #include "filedesk.h"
 
-#include "showntrace.h"
+#include "chunksdialog.h"
+#include "importedtrace.h"
+#include "jobqueue.h"
+#include "jobrows.h"
+#include "recentfiles.h"
+#include "reopendialog.h"
+#include "reportdialog.h"
+#include "sourcedialog.h"
+#include "traceopener.h"
+#include "traceview.h"
+#include "writingdesk.h"
 
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QMenu>
+#include <QSettings>
 #include <QWidget>
 
-FileDesk::FileDesk(QWidget *window) : QObject(window), window(window) { }
+#include <utility>
+
+namespace {
+
+const QString lastFolder = QStringLiteral("files/folder");
+
+} // namespace
+
+FileDesk::FileDesk(QWidget *window)
+    : QObject(window), window(window), queue(new JobQueue(this)), rows(new JobRows(queue, window)),
+      opener(new TraceOpener(queue, this)), writing(new WritingDesk(window, queue, this)),
+      recent(new RecentFiles(window))
+{
+    connectParts();
+    buildOpening();
+    addSeparator();
+    buildTraceActions();
+    addSeparator();
+    buildWriting();
+    updateActions();
+}
 
 FileDesk::~FileDesk() = default;
 
-void FileDesk::open(const QStringList &paths)
+void FileDesk::connectParts()
 {
-    if (!paths.isEmpty())
-        emit opened(new ShownTrace(TraceTimeline(paths), QFileInfo(paths.first()).fileName()));
+    connect(opener, &TraceOpener::opened, this, &FileDesk::opened);
+    connect(opener, &TraceOpener::notice, this, &FileDesk::notice);
+    connect(opener, &TraceOpener::wasOpened, recent, &RecentFiles::add);
+    connect(opener, &TraceOpener::wasRefused, this,
+            [this](const QString &path) { recent->remove({path}); });
+    connect(opener, &TraceOpener::reportWanted, this, &FileDesk::showReport);
+    connect(opener, &TraceOpener::reopenWanted, this, &FileDesk::askHowToRead);
+    connect(opener, &TraceOpener::choiceWanted, this, &FileDesk::askForFiles);
+    connect(writing, &WritingDesk::notice, this, &FileDesk::notice);
+    connect(writing, &WritingDesk::openWanted, opener, &TraceOpener::open);
+    connect(recent, &RecentFiles::chosen, opener, &TraceOpener::open);
 }
 
-void FileDesk::setCurrent(ShownTrace *trace, TraceView *view)
+QAction *FileDesk::add(const QString &text, const QString &name, const std::function<void()> &act)
 {
-    Q_UNUSED(trace)
-    Q_UNUSED(view)
+    auto *action = new QAction(text, this);
+    action->setObjectName(name);
+    connect(action, &QAction::triggered, this, act);
+    all.append(action);
+    return action;
+}
+
+void FileDesk::buildOpening()
+{
+    add(tr("&Open…"), QStringLiteral("open"), [this] {
+        askForFiles();
+    })->setShortcut(QKeySequence::Open);
+    add(tr("Open &Folder…"), QStringLiteral("openFolder"), [this] {
+        askForFolder();
+    })->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_O);
+    QAction *last = add(tr("Open &Recent"), QStringLiteral("openRecent"), [] {});
+    last->setMenu(recent->menu());
+}
+
+void FileDesk::buildTraceActions()
+{
+    ofTrace += add(tr("&Chunks…"), QStringLiteral("showChunks"), [this] { showChunks(); });
+    ofImported +=
+        add(tr("&Import Report"), QStringLiteral("showReport"), [this] { showReport(imported()); });
+    ofImported += add(tr("Read in &Another Way…"), QStringLiteral("readAs"), [this] {
+        if (const ImportedTrace *trace = imported())
+            askHowToRead(trace->source());
+    });
+}
+
+void FileDesk::buildWriting()
+{
+    QAction *exportIt = add(tr("&Export…"), QStringLiteral("exportTrace"), [this] {
+        if (current && view)
+            writing->askForExport(*current, *view);
+    });
+    exportIt->setShortcut(Qt::CTRL | Qt::Key_E);
+    QAction *pack = add(tr("&Pack into an Archive…"), QStringLiteral("pack"), [this] {
+        if (current)
+            writing->askForPacking(*current);
+    });
+    ofTrace << exportIt << pack;
+    add(tr("&Unpack an Archive…"), QStringLiteral("unpack"), [this] {
+        const QStringList paths = current ? current->paths() : QStringList();
+        writing->askForUnpacking(paths.size() == 1 ? paths.first() : QString());
+    });
+    add(tr("Con&vert Files…"), QStringLiteral("convertFiles"),
+        [this] { writing->askForConversion(false); });
+    add(tr("&Merge Files…"), QStringLiteral("mergeFiles"),
+        [this] { writing->askForConversion(true); });
 }
 
 QList<QAction *> FileDesk::actions() const
 {
-    return {};
+    return all;
+}
+
+QWidget *FileDesk::progress() const
+{
+    return rows;
+}
+
+void FileDesk::open(const QStringList &paths)
+{
+    opener->open(paths);
+}
+
+void FileDesk::setCurrent(ShownTrace *trace, TraceView *traceView)
+{
+    if (current)
+        disconnect(current, nullptr, this, nullptr);
+    current = trace;
+    view = traceView;
+    // There is a report only when the import has ended.
+    if (ImportedTrace *import = imported())
+        connect(import->job(), &BackgroundJob::finished, this, &FileDesk::updateActions);
+    updateActions();
+}
+
+ImportedTrace *FileDesk::imported() const
+{
+    return qobject_cast<ImportedTrace *>(current.data());
+}
+
+void FileDesk::updateActions()
+{
+    const ImportedTrace *import = imported();
+    const bool hasReport = import && !import->isGrowing() && import->outcome().report.lines > 0;
+    for (QAction *action : std::as_const(ofTrace))
+        action->setEnabled(current && view);
+    for (QAction *action : std::as_const(ofImported))
+        action->setEnabled(import);
+    ofImported.first()->setEnabled(hasReport);
+}
+
+QFileDialog *FileDesk::openDialog(const QString &title, const QString &folder)
+{
+    const QString from =
+        folder.isEmpty() ? QSettings().value(lastFolder, QDir::homePath()).toString() : folder;
+    auto *dialog = new QFileDialog(window, title, from);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList &paths) {
+        QSettings().setValue(lastFolder, QFileInfo(paths.value(0)).path());
+        open(paths);
+    });
+    return dialog;
+}
+
+void FileDesk::askForFiles(const QString &folder)
+{
+    QFileDialog *dialog = openDialog(tr("Open Traces"), folder);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->open();
+}
+
+void FileDesk::askForFolder()
+{
+    QFileDialog *dialog = openDialog(tr("Open a Folder of Chunks"), {});
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->open();
+}
+
+void FileDesk::showReport(ImportedTrace *trace)
+{
+    if (!trace || trace->isGrowing())
+        return;
+    const ImportSource source = trace->source();
+    auto *dialog = new ReportDialog(source, trace->outcome().report,
+                                    SourceDialog::canShow(source.path), window);
+    connect(dialog, &ReportDialog::reopenWanted, this, [this, source] { askHowToRead(source); });
+    dialog->show();
+}
+
+void FileDesk::askHowToRead(const ImportSource &source)
+{
+    auto *dialog = new ReopenDialog(source, window);
+    connect(dialog, &ReopenDialog::chosen, opener, &TraceOpener::import);
+    dialog->open();
+}
+
+void FileDesk::showChunks()
+{
+    if (!current || !view)
+        return;
+    auto *dialog = new ChunksDialog(*current, view->currentPosition().value_or(0), window);
+    connect(dialog, &ChunksDialog::positionChosen, view, &TraceView::showPosition);
+    dialog->show();
 }
