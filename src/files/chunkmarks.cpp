@@ -202,16 +202,18 @@ Changed rewrite(const QString &name, const LockedChunk &chunk, qint64 records,
     return {Changed::Done, {}};
 }
 
-Changed changeLocked(const QString &name, const LockedChunk &chunk, const MarkChange &change,
-                     const IsMeant &isMeant, const Placed &placed)
+Changed changeLocked(const QString &name, const LockedChunk &chunk, MarkChange change,
+                     const FindNumber &findNumber, const Placed &placed)
 {
     ChunkReading::Front front;
     const Outcome::Kind read = readFront(chunk.handle(), front);
     const QString whyNot = whyNotReadable(name, read, front);
     if (!whyNot.isEmpty())
         return failed(whyNot);
-    if (!isMeant(chunk.handle(), front))
+    const auto number = findNumber(chunk.handle(), front);
+    if (!number)
         return gone();
+    change.number = *number;
     const bool changesNotes = applyChange(change, front.maps.notes);
     const bool changesBookmarks = applyChange(change, front.maps.bookmarks);
     if (!changesNotes && !changesBookmarks)
@@ -226,7 +228,7 @@ Changed changeLocked(const QString &name, const LockedChunk &chunk, const MarkCh
 
 } // namespace
 
-Changed change(const QString &fileName, const MarkChange &change, const IsMeant &isMeant,
+Changed change(const QString &fileName, const MarkChange &change, const FindNumber &findNumber,
                const Placed &placed)
 {
     // Of a link, what it leads to is replaced.
@@ -240,7 +242,7 @@ Changed change(const QString &fileName, const MarkChange &change, const IsMeant 
     if (!chunk.isLocked())
         return failed(beingWritten(fileName));
     Changed changed;
-    if (!withinMemory([&] { changed = changeLocked(path, chunk, change, isMeant, placed); }))
+    if (!withinMemory([&] { changed = changeLocked(path, chunk, change, findNumber, placed); }))
         return failed(FileErrors::outOfMemory(fileName));
     return changed;
 }

@@ -23,16 +23,18 @@ struct Changed
     QString error; ///< where it has failed, a sentence
 };
 
-/// Whether an open file is the chunk that is meant, from what stands in front of its records.
-using IsMeant = std::function<bool(int handle, const ChunkReading::Front &front)>;
+/// The number of the message that is meant, in an open file with \a front in front of its records;
+/// nothing where that is another chunk.
+using FindNumber =
+    std::function<std::optional<quint32>(int handle, const ChunkReading::Front &front)>;
 /// Takes the file that is in its place.
 using Placed = std::function<void(int handle, const ChunkReading::Front &front)>;
 
-/// Gives the chunk \a fileName other notes and bookmarks, in a version that has them and the same
-/// records. Its rights and its time of writing stay, so that a budget takes it in its turn; what
-/// is deleted meanwhile does not come back. Both are called while nobody else changes what stood
-/// there before, \a placed only where it was replaced.
-Changed change(const QString &fileName, const MarkChange &change, const IsMeant &isMeant,
+/// Changes what is written on a message of the chunk \a fileName, in a version that has it and the
+/// same records. Its rights and its time of writing stay, so that a budget takes it in its turn;
+/// what is deleted meanwhile does not come back. Both are called while nobody else changes what
+/// stood there before, \a placed only where it was replaced.
+Changed change(const QString &fileName, const MarkChange &change, const FindNumber &findNumber,
                const Placed &placed);
 
 /// How many chunks this process has changed: the clock of a file system is too coarse to tell.

@@ -33,7 +33,7 @@ private:
     TraceSource &source;
     const quint32 epoch;
     const quint64 position;
-    MarkChange change;
+    const MarkChange change;
     QString error;
 };
 
@@ -66,11 +66,7 @@ bool Annotating::attempt()
 
 bool Annotating::changeInChunk(const ChunkSegment &chunk, quint32 offset)
 {
-    TraceSegment::Messages messages;
-    if (!chunk.decode(offset / ChunkIndex::recordsPerStep, messages))
-        return false;
-    change.number = messages[offset % ChunkIndex::recordsPerStep].messageNumber;
-    const ChunkMarks::Changed changed = chunk.change(change);
+    const ChunkMarks::Changed changed = chunk.change(change, offset);
     error = changed.error;
     return changed.state != ChunkMarks::Changed::Gone;
 }

@@ -122,7 +122,8 @@ IndexedChunk ArchiveChunkBytes::index(const KeepGoing &keepGoing) const
 }
 
 ChunkMarks::Changed ArchiveChunkBytes::change(const MarkChange & /*change*/,
-                                              const ChunkIndex & /*index*/) const
+                                              const ChunkIndex & /*index*/,
+                                              quint32 /*offset*/) const
 {
     return {ChunkMarks::Changed::Failed,
             StoreTexts::tr("What is in the archive %1 stays as it is. Unpack the archive and open "

@@ -56,7 +56,8 @@ public:
                   const KeepGoing &keepGoing) const override;
     IndexedChunk index(const KeepGoing &keepGoing) const override;
     /// Always refused.
-    ChunkMarks::Changed change(const MarkChange &change, const ChunkIndex &index) const override;
+    ChunkMarks::Changed change(const MarkChange &change, const ChunkIndex &index,
+                               quint32 offset) const override;
 
 private:
     const std::shared_ptr<ArchiveChunks> archive;

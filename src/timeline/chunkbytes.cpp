@@ -105,13 +105,14 @@ bool ChunkFileBytes::readWith(const std::function<void(QIODevice &)> &read,
     return true;
 }
 
-ChunkMarks::Changed ChunkFileBytes::change(const MarkChange &change, const ChunkIndex &index) const
+ChunkMarks::Changed ChunkFileBytes::change(const MarkChange &change, const ChunkIndex &index,
+                                           quint32 offset) const
 {
     std::optional<ChunkIndex> now;
-    const auto isMeant = [&](int handle, const ChunkReading::Front &front) {
+    const auto findNumber = [&](int handle, const ChunkReading::Front &front) {
         const auto file = FileIdentity::of(handle);
         now = file ? remarkedIndex(index, identity, *file, front) : std::nullopt;
-        return now.has_value();
+        return now ? numberAt(path, *file, *now, offset) : std::nullopt;
     };
     const auto placed = [&](int handle, const ChunkReading::Front &front) {
         const QFileInfo file(path);
@@ -121,5 +122,5 @@ ChunkMarks::Changed ChunkFileBytes::change(const MarkChange &change, const Chunk
         putBehind(front, *now);
         ChunkDirectory::add(file.path(), {file.fileName(), *there, *now});
     };
-    return ChunkMarks::change(path, change, isMeant, placed);
+    return ChunkMarks::change(path, change, findNumber, placed);
 }

@@ -41,6 +41,16 @@ std::optional<ChunkIndex> remarkedIndex(const ChunkIndex &index, const FileIdent
     return moved;
 }
 
+std::optional<quint32> numberAt(const QString &path, const FileIdentity &now,
+                                const ChunkIndex &index, quint32 offset)
+{
+    const ChunkSegment segment(std::make_shared<ChunkFileBytes>(path, now), index);
+    TraceSegment::Messages messages;
+    if (!segment.decode(offset / ChunkIndex::recordsPerStep, messages))
+        return {};
+    return messages[offset % ChunkIndex::recordsPerStep].messageNumber;
+}
+
 SharedSegment remarkedSegment(const QString &path, const TraceSegment &segment,
                               const FileIdentity &before, const FileIdentity &now)
 {

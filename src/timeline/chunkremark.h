@@ -16,6 +16,11 @@ void putBehind(const ChunkReading::Front &front, ChunkIndex &index);
 std::optional<ChunkIndex> remarkedIndex(const ChunkIndex &index, const FileIdentity &before,
                                         const FileIdentity &now, const ChunkReading::Front &front);
 
+/// The number of message \a offset of the chunk \a path, which is \a now; nothing where it cannot
+/// be read.
+std::optional<quint32> numberAt(const QString &path, const FileIdentity &now,
+                                const ChunkIndex &index, quint32 offset);
+
 /// The same chunk in the file \a path, which is \a now; null where it is another one. Looks at the
 /// ends of the records.
 SharedSegment remarkedSegment(const QString &path, const TraceSegment &segment,

@@ -69,10 +69,10 @@ public:
     bool decode(quint32 step, Messages &messages) const override;
     bool scan(const Scan &scan, const TakeStep &take) const override;
     TraceNotes::Marks marks() const override;
-    /// Changes what is written on a message, in the chunk.
-    ChunkMarks::Changed change(const MarkChange &change) const
+    /// Changes what is written on message \a offset, in the chunk.
+    ChunkMarks::Changed change(const MarkChange &change, quint32 offset) const
     {
-        return bytes->change(change, index());
+        return bytes->change(change, index(), offset);
     }
 
 private:

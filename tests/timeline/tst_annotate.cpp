@@ -154,8 +154,8 @@ void TestAnnotate::chunksCarryWhatIsWritten()
             now.insert(int(std::lower_bound(now.begin(), now.end(), 8999U) - now.begin()), 8999);
         QCOMPARE(shown->notePositions(), now);
         for (quint64 position = 0; position < 9000; position += 17)
-            QVERIFY(sameInChunk(shown->row(position).message,
-                                recording.messages.at(int(position))));
+            QVERIFY(
+                sameInChunk(shown->row(position).message, recording.messages.at(int(position))));
     }
     struct stat after = {};
     QCOMPARE(stat(encoded.constData(), &after), 0);
@@ -191,8 +191,8 @@ void TestAnnotate::versionsKeepTheirRecords()
     QVERIFY(timeline.waitForAll());
     QString error;
     const QString text = QStringLiteral("noted");
-    const bool isDone = isBookmark ? timeline.setBookmark(1, text, &error)
-                                   : timeline.setNote(1, text, &error);
+    const bool isDone =
+        isBookmark ? timeline.setBookmark(1, text, &error) : timeline.setNote(1, text, &error);
     QCOMPARE(isDone, written != 0);
     QCOMPARE(error.isEmpty(), isDone);
     const QByteArray after = readFile(chunk);
@@ -213,8 +213,7 @@ void TestAnnotate::whatCannotBeWrittenStaysAsItWas_data()
     QTest::addColumn<QString>("state");
     QTest::addColumn<QString>("told");
     for (const char *row : {"full disk|could not be written", "no place|could not be written",
-                            "archive|Unpack", "damaged|repaired", "gone|no longer there",
-                            "behind|no longer there"}) {
+                            "archive|Unpack", "gone|no longer there", "behind|no longer there"}) {
         const QStringList parts = QString::fromLatin1(row).split(QLatin1Char('|'));
         QTest::newRow(qPrintable(parts.first())) << parts.first() << parts.last();
     }
@@ -233,11 +232,6 @@ void TestAnnotate::whatCannotBeWrittenStaysAsItWas()
         QVERIFY(writeArchive(opened, {{QStringLiteral("a.dck"), readFile(chunk)}}));
     } else if (state == QLatin1String("no place")) {
         QVERIFY(QDir(folder.path()).mkpath(QStringLiteral(".tmpData0.dck.new/full")));
-    } else if (state == QLatin1String("damaged")) {
-        // The notes claim more than there is.
-        QByteArray bytes = chunkOfVersion(ChunkFormat::currentVersion);
-        bytes[4 + 2 * 19 + 4 + 6] = 1;
-        writeFile(chunk, bytes);
     }
     TraceTimeline timeline({opened});
     QVERIFY(timeline.waitForAll());
