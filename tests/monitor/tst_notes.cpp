@@ -185,12 +185,12 @@ void TestNotes::editingInPlace()
     QVERIFY(trace->timeline().row(5).note.isEmpty());
     selectRow(0);
     QTest::keyClick(view(), Qt::Key_F2);
-    QTRY_VERIFY(editor());
+    QTRY_VERIFY(editor() && editor()->hasFocus());
     QTest::keyClick(editor(), Qt::Key_Escape);
     QCOMPARE(cell(0, TextColumn), QStringLiteral("door opens"));
     // Nothing is left of it when nothing is written.
     QTest::keyClick(view(), Qt::Key_F2);
-    QTRY_VERIFY(editor());
+    QTRY_VERIFY(editor() && editor()->hasFocus());
     QTest::keyClick(editor(), Qt::Key_Delete);
     QTest::keyClick(editor(), Qt::Key_Return);
     QTRY_COMPARE(view()->model()->rowCount(), 2);
