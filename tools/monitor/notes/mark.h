@@ -10,8 +10,9 @@ struct Mark
     quint64 position = 0; ///< of the message
     Kind kind = Note;
     QString text;
-    QString time;       ///< in seconds; empty as long as it is not known
-    QString identifier; ///< likewise, and of error frames
+    qint64 microseconds = 0; ///< time of the message
+    QString time;            ///< the same in seconds; empty as long as it is not known
+    QString identifier;      ///< likewise, and of error frames
 
     /// In the order of a list.
     friend bool operator<(const Mark &a, const Mark &b)

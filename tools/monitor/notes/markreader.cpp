@@ -107,17 +107,28 @@ MarkList MarkReader::listOf(TraceTimeline &timeline)
     const QVector<TraceMark> marks =
         timeline.marks(mostMessages + 1, [this, ofRound] { return goesOn(ofRound); });
     list.isCut = marks.size() > mostMessages;
-    for (int i = 0; i < qMin(marks.size(), mostMessages) && goesOn(ofRound); ++i) {
-        const TraceMark &mark = marks.at(i);
-        const Known &message = known(timeline, mark.position);
-        if (!mark.note.isEmpty())
-            list.marks.append(
-                {mark.position, Mark::Note, mark.note, message.time, message.identifier});
-        if (mark.bookmark.isValid())
-            list.marks.append({mark.position, Mark::Bookmark, mark.bookmark.text(), message.time,
-                               message.identifier});
-    }
+    const int count = qMin(int(marks.size()), mostMessages);
+    for (int i = 0; i < count && goesOn(ofRound); ++i)
+        add(marks.at(i), known(timeline, marks.at(i).position), list);
     return list;
+}
+
+void MarkReader::add(const TraceMark &mark, const Known &message, MarkList &list)
+{
+    Mark listed;
+    listed.position = mark.position;
+    listed.microseconds = message.microseconds;
+    listed.time = message.time;
+    listed.identifier = message.identifier;
+    if (!mark.note.isEmpty()) {
+        listed.text = mark.note;
+        list.marks.append(listed);
+    }
+    if (mark.bookmark.isValid()) {
+        listed.kind = Mark::Bookmark;
+        listed.text = mark.bookmark.text();
+        list.marks.append(listed);
+    }
 }
 
 // A message is read once: a chunk of many thousands lies between two of them.
@@ -132,6 +143,7 @@ const MarkReader::Known &MarkReader::known(const TraceTimeline &timeline, quint6
     const TraceRow row = timeline.row(position);
     Known message;
     if (row.state == TraceRow::Known)
-        message = {timeText(CAN::timeOf(row.message)), identifierText(row.message)};
+        message = {CAN::timeOf(row.message), timeText(CAN::timeOf(row.message)),
+                   identifierText(row.message)};
     return *messages.insert(position, message);
 }

@@ -39,6 +39,7 @@ private:
     /// What does not change of a message.
     struct Known
     {
+        qint64 microseconds = 0;
         QString time;
         QString identifier;
     };
@@ -46,6 +47,7 @@ private:
     void work();
     void tell(const MarkList &list, int ofRound);
     MarkList listOf(TraceTimeline &timeline);
+    static void add(const TraceMark &mark, const Known &message, MarkList &list);
     const Known &known(const TraceTimeline &timeline, quint64 position);
     bool goesOn(int ofRound) const { return !isStopping && round == ofRound; }
 

@@ -23,7 +23,7 @@ int MarksModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : columns;
 }
 
-QVariant MarksModel::text(const Mark &mark, int column) const
+QVariant MarksModel::text(const Mark &mark, int column)
 {
     switch (column) {
     case PositionColumn:
@@ -36,6 +36,20 @@ QVariant MarksModel::text(const Mark &mark, int column) const
         return mark.identifier;
     default:
         return {};
+    }
+}
+
+QVariant MarksModel::sortValue(const Mark &mark, int column)
+{
+    switch (column) {
+    case KindColumn:
+        return int(mark.kind);
+    case PositionColumn:
+        return mark.position;
+    case TimeColumn:
+        return mark.microseconds;
+    default:
+        return text(mark, column);
     }
 }
 
@@ -66,10 +80,7 @@ QVariant MarksModel::data(const QModelIndex &index, int role) const
             ? QVariant(int(Qt::AlignRight | Qt::AlignVCenter))
             : QVariant();
     case SortRole:
-        return index.column() == KindColumn ? QVariant(int(mark.kind))
-            : index.column() == PositionColumn || index.column() == TimeColumn
-            ? QVariant(mark.position)
-            : text(mark, index.column());
+        return sortValue(mark, index.column());
     case PositionRole:
         return mark.position;
     default:
@@ -83,7 +94,7 @@ QVariant MarksModel::headerData(int section, Qt::Orientation orientation, int ro
         return QAbstractTableModel::headerData(section, orientation, role);
     switch (section) {
     case PositionColumn:
-        return tr("Message");
+        return tr("Position");
     case TextColumn:
         return tr("Text");
     case TimeColumn:

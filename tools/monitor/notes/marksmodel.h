@@ -46,7 +46,8 @@ signals:
 private:
     void removeAt(int row);
     void insert(int row, const Mark &mark);
-    QVariant text(const Mark &mark, int column) const;
+    static QVariant text(const Mark &mark, int column);
+    static QVariant sortValue(const Mark &mark, int column);
 
     QVector<Mark> all; // rising
     QIcon noteIcon;

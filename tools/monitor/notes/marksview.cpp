@@ -17,6 +17,8 @@ MarksView::MarksView(QWidget *parent) : QTableView(parent)
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 4 / 3);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setMinimumSectionSize(0);
     const auto choose = [this](const QModelIndex &index) {
         emit positionChosen(index.data(MarksModel::PositionRole).toULongLong());
     };
@@ -27,16 +29,7 @@ MarksView::MarksView(QWidget *parent) : QTableView(parent)
 void MarksView::setModel(QAbstractItemModel *model)
 {
     QTableView::setModel(model);
-    QHeaderView *header = horizontalHeader();
-    constexpr int rowsMeasured = 200;
-    header->setResizeContentsPrecision(rowsMeasured);
-    for (int column = 0; column < MarksModel::columns; ++column) {
-        const bool isText = column == MarksModel::TextColumn;
-        header->setSectionResizeMode(column,
-                                     isText ? QHeaderView::Fixed : QHeaderView::ResizeToContents);
-    }
     sortByColumn(MarksModel::PositionColumn, Qt::AscendingOrder);
-    connect(header, &QHeaderView::sectionResized, this, &MarksView::fitColumns);
     fitColumns();
 }
 
@@ -52,11 +45,16 @@ void MarksView::fitColumns()
 {
     constexpr int leastCharacters = 18;
     QHeaderView *header = horizontalHeader();
-    const int others = header->length() - header->sectionSize(MarksModel::TextColumn);
-    const int least = leastCharacters * fontMetrics().averageCharWidth();
-    const int width = qMax(least, viewport()->width() - others);
-    if (header->sectionSize(MarksModel::TextColumn) != width)
-        header->resizeSection(MarksModel::TextColumn, width);
+    int left = viewport()->width();
+    for (int column = 0; column < MarksModel::columns; ++column) {
+        if (column == MarksModel::TextColumn)
+            continue;
+        const int width = qMax(header->sectionSizeHint(column), sizeHintForColumn(column));
+        header->resizeSection(column, width);
+        left -= width;
+    }
+    header->resizeSection(MarksModel::TextColumn,
+                          qMax(leastCharacters * fontMetrics().averageCharWidth(), left));
 }
 
 void MarksView::resizeEvent(QResizeEvent *event)

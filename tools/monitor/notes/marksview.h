@@ -13,6 +13,8 @@ public:
 
     void setModel(QAbstractItemModel *model) override;
 
+    /// Makes the columns as wide as what is in sight.
+    void fitColumns();
     /// The position of the message of the current row.
     std::optional<quint64> currentMessage() const;
 
@@ -25,7 +27,4 @@ signals:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
-
-private:
-    void fitColumns();
 };

@@ -202,6 +202,7 @@ void NotesDock::showList(const MarkList &list)
 {
     isCut = list.isCut;
     model->setMarks(list.marks);
+    view->fitColumns();
     tellCount();
 }
 
@@ -231,7 +232,7 @@ void NotesDock::tellCount()
     else if (shown < all)
         hint->setText(tr("%1 of %2").arg(locale.toString(shown), locale.toString(all)));
     else
-        hint->setText(tr("%n note(s) and bookmark(s)", nullptr, all));
+        hint->setText(tr("Notes and bookmarks: %1").arg(locale.toString(all)));
 }
 
 void NotesDock::add(Mark::Kind kind)
