@@ -64,9 +64,16 @@ QString timeText(const CAN::CanRxMessage &first, const CAN::CanRxMessage &last)
 void writeHeader(QDataStream &stream, const QString &timeText, const Notes &notes,
                  const Bookmarks &bookmarks)
 {
-    stream << timeText << QString::number(currentVersion);
-    writeMap(stream, notes);
-    writeMap(stream, bookmarks);
+    writeHeader(stream, {timeText, currentVersion}, {notes, bookmarks});
+}
+
+void writeHeader(QDataStream &stream, const Preamble &preamble, const Maps &maps)
+{
+    stream << preamble.timeText << QString::number(preamble.version);
+    if (preamble.version >= notesSince)
+        writeMap(stream, maps.notes);
+    if (preamble.version >= bookmarksSince)
+        writeMap(stream, maps.bookmarks);
 }
 
 Preamble readPreamble(QDataStream &stream)

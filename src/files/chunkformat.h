@@ -55,6 +55,9 @@ struct Maps
 };
 enum class BookmarkMap { Read, NotRead };
 
+/// The same in the version of \a preamble, with what that has of \a maps.
+void writeHeader(QDataStream &stream, const Preamble &preamble, const Maps &maps);
+
 /// Stores one record at \a out, which has room for maxRecordSize bytes; returns its size.
 int encodeRecord(char *out, const CAN::CanRxMessage &message, quint32 version);
 /// Writes one record in the stream's byte order; that of chunk files is the default one.

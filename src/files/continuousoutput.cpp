@@ -2,6 +2,7 @@
 
 #include "chunknames.h"
 #include "chunkversion.h"
+#include "filelock.h"
 #include "savejob.h"
 
 #include <QDebug>
@@ -23,6 +24,7 @@ bool ContinuousOutput::create(const QString &fileName, const QString &timeText,
     file.setFileName(fileName);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate))
         return false;
+    FileLock::tryLock(file.handle());
     ChunkFormat::Stream stream(&file);
     ChunkFormat::writeHeader(stream, timeText, notes, bookmarks);
     return true;

@@ -2,6 +2,7 @@
 
 #include "chunkversion.h"
 #include "fileerrors.h"
+#include "filelock.h"
 #include "pipes.h"
 #include "storetexts.h"
 #include "textexport.h"
@@ -159,6 +160,7 @@ Outcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened)
         qDebug() << "void SaveFileWorker::saveToFile()" << file.errorString();
         return Outcome::notOpened(file.errorString());
     }
+    FileLock::tryLock(file.handle());
     if (opened)
         opened();
     Outcome outcome;

@@ -1,6 +1,8 @@
 #include "recordedtrace.h"
 
 #include "chunkdirectory.h"
+#include "chunkremark.h"
+#include "storetexts.h"
 
 #include <QFileInfo>
 
@@ -53,6 +55,17 @@ QString RecordedTrace::chunkPath(quint32 chunkIndex)
     return saver ? saver->folder().chunkPath(chunkIndex) : QString();
 }
 
+Trace::Marked RecordedTrace::markLive(quint32 generation, const MarkChange &change)
+{
+    const MutexLock storeLocker(storeMutex);
+    if (!trace)
+        return Trace::Marked::NotLive;
+    return trace->markLive(change, [&] {
+        const MutexLock locker(mutex);
+        return generation == currentGeneration;
+    });
+}
+
 namespace {
 
 ChunkIndex indexOf(const SaveJob &job)
@@ -80,6 +93,10 @@ SharedSegment movedInto(const std::shared_ptr<const ChunkBytes> &bytes,
 {
     ChunkIndex index = inMemory.index();
     index.moveBy(fileSize - index.recordsEnd);
+    // Somebody may have changed its marks since.
+    const ChunkFormat::Maps maps = bytes->maps();
+    index.notes = quint32(maps.notes.size());
+    index.bookmarks = quint32(maps.bookmarks.size());
     if (index.recordsStart < 0 || index.count == 0)
         return {};
     auto segment = std::make_shared<ChunkSegment>(bytes, std::move(index));
@@ -114,7 +131,7 @@ bool StoreSource::isShown(const RecordedTrace::State &state) const
 {
     return generation == state.generation && state.rotated.empty()
         && std::all_of(parts.begin(), parts.end(), [](const Part &part) { return part.isFinal; })
-        && (parts.empty() || QFile::exists(parts.front().fileName))
+        && (parts.empty() || QFile::exists(parts.front().fileName)) && areFilesUnchanged()
         && state.live.size() == liveIndexed
         && (liveIndexed == 0 || state.live.at(0).messageNumber == liveFirst)
         && state.liveMarks.notes == liveMarks.notes
@@ -125,6 +142,7 @@ void StoreSource::show(const RecordedTrace::State &state)
 {
     takeOver(state);
     dropGone();
+    followFiles();
     auto now = std::make_shared<TraceSnapshot>();
     now->setEpoch(generation);
     const auto place = [&now](quint32 firstNumber, const SharedSegment &segment) {
@@ -147,6 +165,82 @@ void StoreSource::show(const RecordedTrace::State &state)
     snapshot = now;
 }
 
+namespace {
+
+QString folderOf(const QString &chunk)
+{
+    return chunk.left(chunk.lastIndexOf(QLatin1Char('/')));
+}
+
+} // namespace
+
+bool StoreSource::areFilesUnchanged() const
+{
+    return parts.empty()
+        || (changesSeen == ChunkMarks::changeCount()
+            && FileIdentity::ofAny(folderOf(parts.front().fileName)) == folderSeen);
+}
+
+// Where the marks of a chunk have changed, another file is in its place.
+void StoreSource::followFiles()
+{
+    if (parts.empty() || areFilesUnchanged())
+        return;
+    changesSeen = ChunkMarks::changeCount();
+    folderSeen = FileIdentity::ofAny(folderOf(parts.front().fileName)).value_or(FileIdentity());
+    for (Part &part : parts) {
+        if (!part.isFinal || !part.segment)
+            continue;
+        const auto now = FileIdentity::of(part.fileName);
+        if (!now || *now == part.identity)
+            continue;
+        if (const auto marked =
+                remarkedSegment(part.fileName, *part.segment, part.identity, *now)) {
+            part.segment = marked;
+            part.identity = *now;
+        }
+    }
+}
+
+// The job of a buffer that waits for the disk; null where there is none.
+SharedSaveJob StoreSource::jobAt(quint64 position)
+{
+    const MutexLock locker(mutex);
+    const TraceSnapshot::Place place = snapshot->at(position);
+    for (const Part &part : parts) {
+        if (place.placed && part.segment == place.placed->segment)
+            return part.rotated.job.lock();
+    }
+    return {};
+}
+
+bool StoreSource::changeInMemory(quint32 epoch, quint64 position, const MarkChange &change,
+                                 QString &error)
+{
+    constexpr int patience = 60000;
+    if (!hasTrace) {
+        error = StoreTexts::tr("The recording has ended, and what was not saved of it is gone.");
+        return true;
+    }
+    MarkChange ofMessage = change;
+    ofMessage.number = quint32(position);
+    switch (recorded->markLive(epoch, ofMessage)) {
+    case Trace::Marked::Done:
+        return true;
+    case Trace::Marked::NoBookmarks:
+        error = StoreTexts::tr("This recording keeps no bookmarks on messages in memory. Write a "
+                               "note instead.");
+        return true;
+    case Trace::Marked::NotLive:
+        break;
+    }
+    const SharedSaveJob job = jobAt(position);
+    if (!job || job->waitForFinished(QDeadlineTimer(patience)))
+        return false;
+    error = StoreTexts::tr("The disk takes its time with the message. Try it again later.");
+    return true;
+}
+
 void StoreSource::takeOver(const RecordedTrace::State &state)
 {
     if (generation != state.generation) {
@@ -156,7 +250,7 @@ void StoreSource::takeOver(const RecordedTrace::State &state)
     }
     generation = state.generation;
     for (const RecordedTrace::Rotated &rotated : state.rotated)
-        parts.push_back({rotated, {}, {}, !rotated.isSaved});
+        parts.push_back({rotated, {}, {}, {}, !rotated.isSaved});
 }
 
 // A budget takes the oldest chunks, and a recording without an end must not keep their indexes.
@@ -184,6 +278,7 @@ void StoreSource::update(Part &part, Directory &directory)
     const auto identity = FileIdentity::of(part.fileName);
     if (!identity)
         return;
+    part.identity = *identity;
     const auto bytes = std::make_shared<ChunkFileBytes>(part.fileName, *identity);
     if (inMemory && (part.segment = movedInto(bytes, *inMemory, identity->size)))
         return;

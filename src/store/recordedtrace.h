@@ -46,6 +46,9 @@ public:
     /// All at one moment, for somebody who knows the first \a known buffers of \a generation.
     /// Nothing once the store is gone.
     std::optional<State> state(quint32 generation, std::size_t known) EXCLUDES(storeMutex, mutex);
+    /// Changes what is written on a live message.
+    Trace::Marked markLive(quint32 generation, const MarkChange &change)
+        EXCLUDES(storeMutex, mutex);
     /// The file of a chunk; empty once the store is gone.
     QString chunkPath(quint32 chunkIndex) EXCLUDES(storeMutex);
 
@@ -71,6 +74,8 @@ public:
     bool isComplete() const override { return true; }
     bool mayChange() const override { return hasTrace; }
     QStringList problems() const override { return {}; }
+    bool changeInMemory(quint32 epoch, quint64 position, const MarkChange &change,
+                        QString &error) override EXCLUDES(mutex);
 
 private:
     /// The directory of the chunk folder, once it was needed.
@@ -81,6 +86,7 @@ private:
     {
         RecordedTrace::Rotated rotated;
         QString fileName;      ///< once it is written
+        FileIdentity identity; ///< of that file
         SharedSegment segment; ///< null where nothing is known of it
         bool isFinal = false;
     };
@@ -88,6 +94,9 @@ private:
     void takeOver(const RecordedTrace::State &state) REQUIRES(mutex);
     void dropGone() REQUIRES(mutex);
     void update(Part &part, Directory &directory) REQUIRES(mutex);
+    bool areFilesUnchanged() const REQUIRES(mutex);
+    void followFiles() REQUIRES(mutex);
+    SharedSaveJob jobAt(quint64 position) EXCLUDES(mutex);
     bool isShown(const RecordedTrace::State &state) const REQUIRES(mutex);
     void show(const RecordedTrace::State &state) REQUIRES(mutex);
     SharedSegment liveSegment(const RecordedTrace::State &state) REQUIRES(mutex);
@@ -99,8 +108,10 @@ private:
     std::deque<Part> parts GUARDED_BY(mutex);
     std::size_t dropped GUARDED_BY(mutex) = 0; // parts in front of these, whose chunks are gone
     std::unique_ptr<ChunkIndexer> liveIndexer GUARDED_BY(mutex);
-    quint32 liveFirst GUARDED_BY(mutex) = 0; // number of the first message that it has
-    int liveIndexed GUARDED_BY(mutex) = 0;   // messages that it has
+    FileIdentity folderSeen GUARDED_BY(mutex); // that of the chunks
+    quint64 changesSeen GUARDED_BY(mutex) = 0; // of the marks of chunks
+    quint32 liveFirst GUARDED_BY(mutex) = 0;   // number of the first message that it has
+    int liveIndexed GUARDED_BY(mutex) = 0;     // messages that it has
     TraceNotes::Marks liveMarks GUARDED_BY(mutex);
     SharedSnapshot snapshot GUARDED_BY(mutex) = std::make_shared<TraceSnapshot>();
 };

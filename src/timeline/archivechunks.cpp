@@ -2,6 +2,7 @@
 
 #include "archivelimits.h"
 #include "fileerrors.h"
+#include "storetexts.h"
 
 #include <QDir>
 #include <QTemporaryFile>
@@ -118,4 +119,14 @@ IndexedChunk ArchiveChunkBytes::index(const KeepGoing &keepGoing) const
     if (!isOpen)
         indexed.damage = Damage::notOpened(name());
     return indexed;
+}
+
+ChunkMarks::Changed ArchiveChunkBytes::change(const MarkChange & /*change*/,
+                                              const ChunkIndex & /*index*/,
+                                              quint32 /*offset*/) const
+{
+    return {ChunkMarks::Changed::Failed,
+            StoreTexts::tr("What is in the archive %1 stays as it is. Unpack the archive and open "
+                           "its chunks to change notes and bookmarks.")
+                .arg(archive->path())};
 }

@@ -17,6 +17,7 @@ public:
 
     explicit ArchiveChunks(const QString &path);
 
+    QString path() const { return reader.fileName(); }
     /// Why it cannot be read; empty when it can.
     QString problem() const { return error; }
     /// All of them, in order of their start.
@@ -54,6 +55,9 @@ public:
     bool readWith(const std::function<void(QIODevice &)> &read,
                   const KeepGoing &keepGoing) const override;
     IndexedChunk index(const KeepGoing &keepGoing) const override;
+    /// Always refused.
+    ChunkMarks::Changed change(const MarkChange &change, const ChunkIndex &index,
+                               quint32 offset) const override;
 
 private:
     const std::shared_ptr<ArchiveChunks> archive;

@@ -1,9 +1,13 @@
 #include "chunkbytes.h"
 
 #include "archivelimits.h"
+#include "chunkdirectory.h"
+#include "chunkremark.h"
 #include "fileerrors.h"
 #include "regularfile.h"
 #include "uninterrupted.h"
+
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -69,12 +73,13 @@ ChunkFormat::Maps ChunkBytes::maps() const
     return front.maps;
 }
 
-// A file that has only grown still has what it had.
+// A file that has only grown still has what it had. One whose notes and bookmarks have changed is
+// another one, even if it gets the number of one before it; what was written to it is as old.
 bool ChunkFileBytes::isStillThere(int handle) const
 {
     const std::optional<FileIdentity> now = FileIdentity::of(handle);
     return now && now->inode == identity.inode
-        && (*now == identity || now->size > identity.size
+        && (*now == identity || (now->size > identity.size && now->modified != identity.modified)
             || (now->size == identity.size && now->modified == identity.modified));
 }
 
@@ -98,4 +103,24 @@ bool ChunkFileBytes::readWith(const std::function<void(QIODevice &)> &read,
         return false;
     read(file);
     return true;
+}
+
+ChunkMarks::Changed ChunkFileBytes::change(const MarkChange &change, const ChunkIndex &index,
+                                           quint32 offset) const
+{
+    std::optional<ChunkIndex> now;
+    const auto findNumber = [&](int handle, const ChunkReading::Front &front) {
+        const auto file = FileIdentity::of(handle);
+        now = file ? remarkedIndex(index, identity, *file, front) : std::nullopt;
+        return now ? numberAt(path, *file, *now, offset) : std::nullopt;
+    };
+    const auto placed = [&](int handle, const ChunkReading::Front &front) {
+        const QFileInfo file(path);
+        const auto there = FileIdentity::of(handle);
+        if (!there || !QFile::exists(ChunkDirectory::path(file.path())))
+            return;
+        putBehind(front, *now);
+        ChunkDirectory::add(file.path(), {file.fileName(), *there, *now});
+    };
+    return ChunkMarks::change(path, change, findNumber, placed);
 }

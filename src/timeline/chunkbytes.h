@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chunkindexing.h"
+#include "chunkmarks.h"
 #include "directoryentry.h"
 
 #include <QString>
@@ -49,6 +50,10 @@ public:
     virtual bool readWith(const std::function<void(QIODevice &)> &read,
                           const KeepGoing &keepGoing) const = 0;
 
+    /// Changes what is written on message \a offset of the chunk, whose index is \a index.
+    virtual ChunkMarks::Changed change(const MarkChange &change, const ChunkIndex &index,
+                                       quint32 offset) const = 0;
+
     /// NotOpened when the chunk is no longer there.
     virtual IndexedChunk index(const KeepGoing &keepGoing) const;
     /// The notes and bookmarks; none when they cannot be read.
@@ -68,6 +73,8 @@ public:
     std::shared_ptr<const ChunkHandle> open() const override;
     bool readWith(const std::function<void(QIODevice &)> &read,
                   const KeepGoing &keepGoing) const override;
+    ChunkMarks::Changed change(const MarkChange &change, const ChunkIndex &index,
+                               quint32 offset) const override;
 
 private:
     bool isStillThere(int handle) const;

@@ -2,6 +2,7 @@
 
 #include "archivelimits.h"
 #include "chunkdirectory.h"
+#include "chunkremark.h"
 #include "fileerrors.h"
 
 #include <QCoreApplication>
@@ -117,7 +118,7 @@ bool FileSource::isUnchanged()
         const auto now = FileIdentity::ofAny(path);
         return now && *now == before;
     };
-    if (looked.isEmpty())
+    if (looked.isEmpty() || changesSeen != ChunkMarks::changeCount())
         return false;
     for (auto entry = looked.cbegin(); entry != looked.cend(); ++entry) {
         if (!isSame(entry.key(), *entry))
@@ -134,6 +135,7 @@ bool FileSource::isUnchanged()
 void FileSource::look()
 {
     looked.clear();
+    changesSeen = ChunkMarks::changeCount();
     for (Chunk &chunk : known)
         chunk.isGone = true;
     QSet<QString> foldersOfFiles; // with the slash behind
@@ -145,8 +147,13 @@ void FileSource::look()
             lookAtArchive(path);
         } else {
             lookAtFile(path);
+            const QString folder = path.left(path.lastIndexOf(QLatin1Char('/')) + 1);
             if (!known[path].isRead)
-                foldersOfFiles.insert(path.left(path.lastIndexOf(QLatin1Char('/')) + 1));
+                foldersOfFiles.insert(folder);
+            // Somebody may put another file in the place of any of them.
+            const QString entered = folder.isEmpty() ? QStringLiteral(".") : folder;
+            if (const auto identity = FileIdentity::ofAny(entered))
+                looked.insert(entered, *identity);
         }
     }
     for (const QString &folder : qAsConst(foldersOfFiles))
@@ -240,12 +247,25 @@ void FileSource::add(const QString &name, Chunk chunk)
     }
     chunk.lineage = ++lastLineage;
     // What a file held before it grew is shown until it is read again.
-    if (before != known.end() && before->identity.inode == chunk.identity.inode
-        && before->identity.size < chunk.identity.size) {
+    if (before != known.end() && takeOverMarked(*before, chunk))
+        chunk.lineage = before->lineage;
+    else if (before != known.end() && before->identity.inode == chunk.identity.inode
+             && before->identity.size < chunk.identity.size) {
         chunk.segment = before->segment;
         chunk.lineage = before->lineage;
     }
     known.insert(name, chunk);
+}
+
+// A chunk of which only notes and bookmarks have changed need not be read again.
+bool FileSource::takeOverMarked(const Chunk &before, Chunk &chunk)
+{
+    if (!before.isRead || !before.segment || chunk.path.isEmpty())
+        return false;
+    chunk.segment = remarkedSegment(chunk.path, *before.segment, before.identity, chunk.identity);
+    chunk.isRead = chunk.segment != nullptr;
+    chunk.problem = before.problem;
+    return chunk.isRead;
 }
 
 void FileSource::sortIntoRuns()

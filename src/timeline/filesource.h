@@ -60,6 +60,7 @@ private:
     void lookAtFile(const QString &path) REQUIRES(workMutex);
     void lookAtArchive(const QString &path) REQUIRES(workMutex);
     void add(const QString &name, Chunk chunk) REQUIRES(workMutex);
+    static bool takeOverMarked(const Chunk &before, Chunk &chunk);
     void sortIntoRuns() REQUIRES(workMutex);
     std::optional<Task> nextMissing() EXCLUDES(workMutex);
     void readMissing() EXCLUDES(workMutex, mutex);
@@ -81,6 +82,7 @@ private:
     std::deque<QString> missing GUARDED_BY(workMutex); // nobody reads them yet; in order
     QDeadlineTimer nextPublication GUARDED_BY(workMutex);
     QHash<QString, FileIdentity> looked GUARDED_BY(workMutex); // paths, as they were
+    quint64 changesSeen GUARDED_BY(workMutex) = 0;             // of the marks of chunks
 
     mutable Mutex mutex; // taken last
     SharedSnapshot snapshot GUARDED_BY(mutex);

@@ -76,6 +76,11 @@ void FilterRun::takeOver(std::vector<Part> &before)
             isWhole = isWhole && &part == &parts.front();
         if (old == before.end() || old->begin != part.begin || old->done > part.segment->count())
             continue;
+        if (areNotesOthers(*old->segment, *part.segment)) {
+            part.round = (old++)->round + 1;
+            isWhole = false;
+            continue;
+        }
         const SharedSegment segment = part.segment;
         part = std::move(*old++);
         part.segment = segment;
@@ -91,6 +96,17 @@ void FilterRun::takeOver(std::vector<Part> &before)
             part.begin = begin;
         }
     }
+}
+
+// The notes of a chunk that another one has replaced cannot be read any more; how many there were
+// is known.
+bool FilterRun::areNotesOthers(const TraceSegment &before, const TraceSegment &now) const
+{
+    if (!filter.needsNotes() || before.id() == now.id())
+        return false;
+    const quint32 notes = now.index().notes;
+    return before.index().notes != notes
+        || (notes > 0 && before.marks().notes != now.marks().notes);
 }
 
 // Whether a message is changed may depend on one that other words of the expression refuse.
@@ -139,6 +155,7 @@ bool FilterRun::next(Look &look)
         return false;
     part->isTaken = true;
     look.generation = generation;
+    look.round = part->round;
     look.partBegin = part->begin;
     look.segment = part->segment;
     look.begin = look.end = part->stepsDone;
@@ -175,7 +192,7 @@ void FilterRun::take(const Look &look)
 {
     const MutexLock locker(mutex);
     Part *part = partAt(look.partBegin);
-    if (!part || generation != look.generation)
+    if (!part || generation != look.generation || part->round != look.round)
         return;
     part->isTaken = false;
     if (part->stepsDone != look.begin)

@@ -53,6 +53,7 @@ private:
     {
         SharedSegment segment;
         quint64 begin = 0;
+        quint32 round = 0;    ///< rises when what was known of it is not so any more
         quint32 done = 0;     ///< messages from its start on of which all is known
         quint64 found = 0;    ///< among these
         bool isTaken = false; ///< by a thread
@@ -68,6 +69,7 @@ private:
     struct Look
     {
         quint32 generation = 0;
+        quint32 round = 0; ///< of the part
         quint64 partBegin = 0;
         SharedSegment segment;
         quint32 begin = 0; ///< from which message on, and to which
@@ -79,6 +81,7 @@ private:
     void follow() EXCLUDES(mutex);
     void followLocked(const SharedSnapshot &now) REQUIRES(mutex);
     void takeOver(std::vector<Part> &before) REQUIRES(mutex);
+    bool areNotesOthers(const TraceSegment &before, const TraceSegment &now) const;
     void countByKeys(KeyCounter &counter, Part &part) const;
     void work() EXCLUDES(mutex);
     bool next(Look &look) EXCLUDES(mutex);

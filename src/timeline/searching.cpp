@@ -184,23 +184,29 @@ std::optional<quint64> Searching::positionOfNumber(const TraceSnapshot &snapshot
     return {};
 }
 
-std::vector<quint32> Searching::offsetsOf(const TraceSegment &segment, const Bookmarks &bookmarks)
+std::vector<Searching::Numbered> Searching::offsetsOf(const TraceSegment &segment,
+                                                      const std::vector<quint32> &numbers)
 {
     const ChunkIndex &index = segment.index();
-    std::vector<quint32> offsets;
+    std::vector<Numbered> found;
+    if (index.numbersRise) {
+        for (const quint32 number : numbers) {
+            if (number - index.firstNumber < index.count)
+                found.push_back({number - index.firstNumber, number});
+        }
+        std::sort(found.begin(), found.end(),
+                  [](Numbered a, Numbered b) { return a.offset < b.offset; });
+        return found;
+    }
     TraceSegment::Messages messages;
     for (quint32 step = 0; step < index.stepCount(); ++step) {
-        const quint32 first = step * perStep;
-        // Where numbers rise, few steps need be looked at.
-        const auto next = bookmarks.lowerBound(index.firstNumber + first);
-        const bool hasAny = next != bookmarks.end()
-            && next.key() < quint64(index.firstNumber) + first + index.sizeOfStep(step);
-        if ((index.numbersRise && !hasAny) || !segment.decode(step, messages))
+        if (!segment.decode(step, messages))
             continue;
         for (std::size_t i = 0; i < messages.size(); ++i) {
-            if (bookmarks.contains(messages[i].messageNumber))
-                offsets.push_back(first + quint32(i));
+            const quint32 number = messages[i].messageNumber;
+            if (std::binary_search(numbers.begin(), numbers.end(), number))
+                found.push_back({step * perStep + quint32(i), number});
         }
     }
-    return offsets;
+    return found;
 }

@@ -21,8 +21,15 @@ public:
     /// See TraceTimeline::forEachFound.
     quint64 all(quint64 from, quint64 count, const Visit &visit);
 
-    /// Where in a segment the messages are that have a bookmark, rising.
-    static std::vector<quint32> offsetsOf(const TraceSegment &segment, const Bookmarks &bookmarks);
+    /// A message in a segment.
+    struct Numbered
+    {
+        quint32 offset = 0;
+        quint32 number = 0;
+    };
+    /// Where in a segment the messages with one of \a numbers are, rising; these rise as well.
+    static std::vector<Numbered> offsetsOf(const TraceSegment &segment,
+                                           const std::vector<quint32> &numbers);
 
     static std::optional<quint64> positionOfNumber(const TraceSnapshot &snapshot, quint32 number);
 

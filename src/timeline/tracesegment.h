@@ -72,6 +72,11 @@ public:
     bool decode(quint32 step, Messages &messages) const override;
     bool scan(const Scan &scan, const TakeStep &take) const override;
     TraceNotes::Marks marks() const override;
+    /// Changes what is written on message \a offset, in the chunk.
+    ChunkMarks::Changed change(const MarkChange &change, quint32 offset) const
+    {
+        return bytes->change(change, index(), offset);
+    }
 
 private:
     bool readSteps(const ChunkHandle &handle, quint32 first, quint32 end, QByteArray &buffer) const;

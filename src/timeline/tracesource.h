@@ -18,4 +18,12 @@ public:
     virtual bool mayChange() const { return true; }
     /// What cannot be read, a sentence each.
     virtual QStringList problems() const = 0;
+    /// Changes what is written on a message in memory. False when it is no longer there, and by
+    /// now perhaps in a chunk; that may be waited for. True when it is changed, or never will be:
+    /// \a error is a sentence then.
+    virtual bool changeInMemory(quint32 /*epoch*/, quint64 /*position*/,
+                                const MarkChange & /*change*/, QString & /*error*/)
+    {
+        return false;
+    }
 };

@@ -1,5 +1,6 @@
 #include "tracetimeline.h"
 
+#include "annotating.h"
 #include "filesource.h"
 #include "filterrun.h"
 #include "searching.h"
@@ -135,6 +136,29 @@ TraceIdentifier identifierOf(FrameKey frame, quint64 first)
             0};
 }
 
+// Of the messages that anything is written on, rising.
+std::vector<quint32> numbersOf(const TraceNotes::Marks &marks)
+{
+    std::vector<quint32> numbers(marks.notes.keyBegin(), marks.notes.keyEnd());
+    numbers.insert(numbers.end(), marks.bookmarks.keyBegin(), marks.bookmarks.keyEnd());
+    std::sort(numbers.begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    return numbers;
+}
+
+void addMarks(const TraceSnapshot::Placed &placed, const TraceNotes::Marks &marks, int most,
+              QVector<TraceMark> &all)
+{
+    for (const auto &message : Searching::offsetsOf(*placed.segment, numbersOf(marks))) {
+        if (all.size() >= most)
+            return;
+        const TraceMark mark{placed.begin + message.offset, marks.notes.value(message.number),
+                             marks.bookmarks.value(message.number)};
+        if (!mark.note.isEmpty() || mark.bookmark.isValid())
+            all.append(mark);
+    }
+}
+
 } // namespace
 
 QVector<quint64> TraceTimeline::bookmarkPositions() const
@@ -145,10 +169,47 @@ QVector<quint64> TraceTimeline::bookmarkPositions() const
         if (placed.segment->index().bookmarks == 0)
             continue;
         const auto marks = data->cache.marks(*placed.segment);
-        for (const quint32 offset : Searching::offsetsOf(*placed.segment, marks->bookmarks))
-            positions.append(placed.begin + offset);
+        for (const auto &message :
+             Searching::offsetsOf(*placed.segment, numbersOf({{}, marks->bookmarks})))
+            positions.append(placed.begin + message.offset);
     }
     return positions;
+}
+
+QVector<quint64> TraceTimeline::notePositions() const
+{
+    constexpr int most = 1000000;
+    QVector<quint64> positions;
+    for (const TraceMark &mark : marks(most)) {
+        if (!mark.note.isEmpty())
+            positions.append(mark.position);
+    }
+    return positions;
+}
+
+QVector<TraceMark> TraceTimeline::marks(int most, const std::function<bool()> &keepGoing) const
+{
+    const SharedSnapshot snapshot = data->snapshot();
+    QVector<TraceMark> all;
+    for (const auto &placed : snapshot->segments()) {
+        const ChunkIndex &index = placed.segment->index();
+        if (index.notes == 0 && index.bookmarks == 0)
+            continue;
+        if (all.size() >= most || (keepGoing && !keepGoing()))
+            break;
+        addMarks(placed, *data->cache.marks(*placed.segment), most, all);
+    }
+    return all;
+}
+
+bool TraceTimeline::setNote(quint64 position, const QString &note, QString *error)
+{
+    return annotate(*data->source, data->snapshot()->epoch(), position, {0, note, {}}, error);
+}
+
+bool TraceTimeline::setBookmark(quint64 position, const QString &text, QString *error)
+{
+    return annotate(*data->source, data->snapshot()->epoch(), position, {0, {}, text}, error);
 }
 
 QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const

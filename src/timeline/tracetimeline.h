@@ -41,6 +41,14 @@ struct TraceBlock
     const QMap<unsigned int, QString> &notes; ///< by number, of more messages than these
 };
 
+/// What is written on a message.
+struct TraceMark
+{
+    quint64 position = 0;        ///< of the message
+    QString note;                ///< empty where there is none
+    CanMessageBookmark bookmark; ///< not valid where there is none
+};
+
 /// How often messages came, in intervals of equal length.
 struct TraceRate
 {
@@ -141,6 +149,26 @@ public:
     /// Where messages have a bookmark, rising. Reads the notes and bookmarks of chunks that have
     /// any.
     QVector<quint64> bookmarkPositions() const;
+
+    /// Where messages have a note, rising; the first 1000000 of them. Likewise.
+    QVector<quint64> notePositions() const;
+    /// What is written on messages, in their order, of \a most messages at most. Likewise, and
+    /// nothing else is read, as long as \a keepGoing returns true.
+    QVector<TraceMark> marks(int most, const std::function<bool()> &keepGoing = {}) const;
+
+    /// Gives the message at \a position another note; an empty one takes it away. What lies in a
+    /// chunk file is written there, which takes as long as copying it; what waits for the disk is
+    /// waited for. A chunk keeps its place, its rights and its time of writing, and every timeline
+    /// shows the change after its next refresh. Changes of the same chunk at the same time all
+    /// last.
+    ///
+    /// False, and \a error, where it is not null, is a sentence for the user, when nothing has
+    /// changed: an archive, a folder or file that cannot be written, a full disk, a chunk that is
+    /// gone, damaged or still being written, a trace that was cleared.
+    bool setNote(quint64 position, const QString &note, QString *error = nullptr);
+    /// The same for a bookmark. A chunk older than version 103 cannot have any, nor can the live
+    /// messages of a store without a BookmarkHandler.
+    bool setBookmark(quint64 position, const QString &text, QString *error = nullptr);
 
     /// Every identifier with each line and kind, by identifier. False in \a isExact, and some are
     /// missing, where a chunk has more than 65536 of them, or all together more than 1000000.

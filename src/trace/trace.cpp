@@ -104,6 +104,16 @@ MessageList Trace::liveMessages(const std::function<void()> &meanwhile) const
     return current;
 }
 
+Trace::Marked Trace::markLive(const MarkChange &change, const std::function<bool()> &isMeant)
+{
+    const ReadLock locker(lock);
+    const bool isLiveNumber =
+        !current.isEmpty() && change.number - current.at(0).messageNumber < quint32(current.size());
+    if (!isLiveNumber || !isMeant())
+        return Marked::NotLive;
+    return marks.changeLive(change) ? Marked::Done : Marked::NoBookmarks;
+}
+
 MessageList Trace::rotatedMessages() const
 {
     const ReadLock locker(lock);

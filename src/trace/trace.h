@@ -67,6 +67,14 @@ public:
     MessageList liveMessages() const EXCLUDES(lock);
     /// The same, with \a meanwhile called under the read lock.
     MessageList liveMessages(const std::function<void()> &meanwhile) const EXCLUDES(lock);
+    enum class Marked {
+        Done,
+        NotLive,     ///< the message is not in the live list, or \a isMeant returned false
+        NoBookmarks, ///< there is no handler to keep them
+    };
+    /// Changes note and bookmark of a live message, whatever is shown, between two rotations.
+    /// \a isMeant is called under the read lock.
+    Marked markLive(const MarkChange &change, const std::function<bool()> &isMeant) EXCLUDES(lock);
     MessageList rotatedMessages() const EXCLUDES(lock);
     /// Drops all live messages. Nothing is shown of the rotated ones any more either.
     void clear() EXCLUDES(lock);

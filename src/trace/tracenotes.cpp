@@ -109,6 +109,21 @@ TraceNotes::Marks TraceNotes::live() const
     return {unshared(notes), shownBookmarks()};
 }
 
+bool TraceNotes::changeLive(const MarkChange &change)
+{
+    const MutexLock locker(mutex);
+    if (change.bookmark && !handler)
+        return false;
+    applyChange(change, isAside ? aside.notes : notes);
+    if (isAside) {
+        applyChange(change, aside.bookmarks);
+    } else if (change.bookmark) {
+        handler->removeBookmark(change.number);
+        handler->addBookmark(change.number, *change.bookmark);
+    }
+    return true;
+}
+
 TraceNotes::Marks TraceNotes::takeLive()
 {
     const MutexLock locker(mutex);

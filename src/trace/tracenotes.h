@@ -58,6 +58,8 @@ public:
     // The live notes and bookmarks, whether or not others are shown.
 
     Marks live() const EXCLUDES(mutex);
+    /// False, and nothing changes, when it is about a bookmark and there is no handler.
+    bool changeLive(const MarkChange &change) EXCLUDES(mutex);
     Marks takeLive() EXCLUDES(mutex);
     /// Undoes takeLive().
     void giveBackLive(Marks &marks) EXCLUDES(mutex);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "notewriter.h"
 #include "notices.h"
 #include "tracetimeline.h"
 
@@ -34,6 +35,8 @@ public:
 
 signals:
     void titleChanged();
+    /// A note or bookmark was written, or could not be; it shows after a refresh of the timeline.
+    void marksChanged();
     /// Something for the user; for the window to show.
     void notice(const Notice &notice);
 
@@ -41,6 +44,9 @@ protected:
     void setTitle(const QString &title);
 
 private:
+    void tellEnd(const NoteWriter::Change &change, const QString &error);
+
     const TraceTimeline ownTimeline;
     QString ownTitle;
+    NoteWriter writer;
 };

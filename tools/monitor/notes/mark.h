@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+/// A note or a bookmark, with what a list shows of its message.
+struct Mark
+{
+    enum Kind { Note, Bookmark };
+    quint64 position = 0; ///< of the message
+    Kind kind = Note;
+    QString text;
+    qint64 microseconds = 0; ///< time of the message
+    QString time;            ///< the same in seconds; empty as long as it is not known
+    QString identifier;      ///< likewise, and of error frames
+
+    /// In the order of a list.
+    friend bool operator<(const Mark &a, const Mark &b)
+    {
+        return a.position != b.position ? a.position < b.position : a.kind < b.kind;
+    }
+    friend bool operator==(const Mark &a, const Mark &b)
+    {
+        return a.position == b.position && a.kind == b.kind && a.text == b.text && a.time == b.time
+            && a.identifier == b.identifier;
+    }
+};
+
+/// The marks of a trace, rising.
+struct MarkList
+{
+    QVector<Mark> marks;
+    bool isCut = false; ///< whether there are more of them
+};

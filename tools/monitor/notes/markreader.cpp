@@ -1,0 +1,149 @@
+#include "markreader.h"
+
+#include "canframe.h"
+
+#include <utility>
+
+namespace {
+
+QString timeText(qint64 microseconds)
+{
+    constexpr qint64 million = 1000000;
+    return QStringLiteral("%1%2.%3")
+        .arg(microseconds < 0 ? QStringLiteral("-") : QString())
+        .arg(qAbs(microseconds / million))
+        .arg(qAbs(microseconds % million), 6, 10, QLatin1Char('0'));
+}
+
+QString identifierText(const CAN::CanRxMessage &message)
+{
+    if (message.id == CAN::errorFrameId)
+        return {};
+    const int digits = message.extended ? 8 : 3;
+    return QStringLiteral("%1").arg(message.id, digits, 16, QLatin1Char('0')).toUpper();
+}
+
+} // namespace
+
+MarkReader::MarkReader(QObject *parent) : QObject(parent) { }
+
+MarkReader::~MarkReader()
+{
+    {
+        const std::lock_guard<std::mutex> locker(mutex);
+        isStopping = true;
+    }
+    wake.notify_one();
+    if (thread.joinable())
+        thread.join();
+}
+
+void MarkReader::read(const TraceTimeline &timeline)
+{
+    {
+        const std::lock_guard<std::mutex> locker(mutex);
+        wanted = timeline;
+    }
+    if (!thread.joinable())
+        thread = std::thread([this] { work(); });
+    wake.notify_one();
+}
+
+void MarkReader::forget()
+{
+    const std::lock_guard<std::mutex> locker(mutex);
+    wanted.reset();
+    ++round;
+}
+
+void MarkReader::forgetTrace()
+{
+    forget();
+    const std::lock_guard<std::mutex> locker(mutex);
+    isOtherTrace = true;
+}
+
+void MarkReader::work()
+{
+    std::unique_lock<std::mutex> locker(mutex);
+    for (;;) {
+        wake.wait(locker, [this] { return isStopping || wanted; });
+        if (isStopping)
+            return;
+        TraceTimeline timeline = *std::exchange(wanted, std::nullopt);
+        const int ofRound = round;
+        if (std::exchange(isOtherTrace, false))
+            messages.clear();
+        locker.unlock();
+        const bool isFirst = std::exchange(lastRound, ofRound) != ofRound;
+        MarkList list = listOf(timeline);
+        if (goesOn(ofRound) && (isFirst || list.isCut != last.isCut || list.marks != last.marks)) {
+            last = list;
+            tell(list, ofRound);
+        }
+        locker.lock();
+    }
+}
+
+void MarkReader::tell(const MarkList &list, int ofRound)
+{
+    const auto tellIfWanted = [this, list, ofRound] {
+        if (goesOn(ofRound))
+            emit marksRead(list);
+    };
+    QMetaObject::invokeMethod(this, tellIfWanted, Qt::QueuedConnection);
+}
+
+MarkList MarkReader::listOf(TraceTimeline &timeline)
+{
+    timeline.refresh();
+    // Another trace in place of the one before.
+    if (timeline.count() < lastCount || timeline.firstTime() != lastStart)
+        messages.clear();
+    lastCount = timeline.count();
+    lastStart = timeline.firstTime();
+    MarkList list;
+    const int ofRound = lastRound;
+    const QVector<TraceMark> marks =
+        timeline.marks(mostMessages + 1, [this, ofRound] { return goesOn(ofRound); });
+    list.isCut = marks.size() > mostMessages;
+    const int count = qMin(int(marks.size()), mostMessages);
+    for (int i = 0; i < count && goesOn(ofRound); ++i)
+        add(marks.at(i), known(timeline, marks.at(i).position), list);
+    return list;
+}
+
+void MarkReader::add(const TraceMark &mark, const Known &message, MarkList &list)
+{
+    Mark listed;
+    listed.position = mark.position;
+    listed.microseconds = message.microseconds;
+    listed.time = message.time;
+    listed.identifier = message.identifier;
+    if (!mark.note.isEmpty()) {
+        listed.text = mark.note;
+        list.marks.append(listed);
+    }
+    if (mark.bookmark.isValid()) {
+        listed.kind = Mark::Bookmark;
+        listed.text = mark.bookmark.text();
+        list.marks.append(listed);
+    }
+}
+
+// A message is read once: a chunk of many thousands lies between two of them.
+const MarkReader::Known &MarkReader::known(const TraceTimeline &timeline, quint64 position)
+{
+    const auto before = messages.constFind(position);
+    if (before != messages.constEnd())
+        return *before;
+    constexpr int mostKnown = 2 * mostMessages;
+    if (messages.size() >= mostKnown)
+        messages.clear();
+    const TraceRow row = timeline.row(position);
+    Known message;
+    if (row.state == TraceRow::Known)
+        message = {CAN::timeOf(row.message), timeText(CAN::timeOf(row.message)),
+                   identifierText(row.message)};
+    return *messages.insert(position, message);
+}

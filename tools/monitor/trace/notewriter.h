@@ -1,0 +1,46 @@
+#pragma once
+
+#include "tracetimeline.h"
+
+#include <QObject>
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+
+/// Writes notes and bookmarks into a trace, one after the other, on a thread of its own: a chunk
+/// file may have to be copied for each. Its end waits until all of them are written.
+class NoteWriter : public QObject
+{
+    Q_OBJECT
+public:
+    explicit NoteWriter(const TraceTimeline &timeline, QObject *parent = nullptr);
+    ~NoteWriter() override;
+
+    struct Change
+    {
+        enum Kind { Note, Bookmark };
+        Kind kind = Note;
+        quint64 position = 0;
+        QString text; ///< an empty one takes it away
+    };
+    /// Never waits.
+    void write(const Change &change);
+
+signals:
+    /// A change has been tried; \a error tells why it has failed, or is empty.
+    void ended(const NoteWriter::Change &change, const QString &error);
+
+private:
+    void work();
+
+    TraceTimeline timeline;
+    std::mutex mutex;
+    std::condition_variable wake;
+    std::deque<Change> changes; // under the mutex
+    bool isStopping = false;    // likewise
+    std::thread thread;         // started with the first change
+};
+
+Q_DECLARE_METATYPE(NoteWriter::Change)
