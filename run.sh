@@ -1,12 +1,17 @@
 #!/bin/bash
-# Without arguments: records, pages back and imports the sample traces. With arguments: runs
-# "datachunk" with them. Installs and builds what is missing first.
+# Without arguments: records, pages back and imports the sample traces. With "monitor": opens its
+# window, with the traces that follow. With other arguments: runs "datachunk" with them. Installs and
+# builds what is missing first.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/scripts/setup.sh"
 
 datachunk="$project/build/release/tools/datachunk/datachunk"
 
 install_packages
+if [ "${1:-}" = monitor ]; then
+    quietly build release --target datachunk-monitor
+    exec "$project/build/release/tools/monitor/datachunk-monitor" "${@:2}"
+fi
 if [ $# -gt 0 ]; then
     quietly build release --target datachunk
     exec "$datachunk" "$@"

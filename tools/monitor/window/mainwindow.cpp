@@ -5,6 +5,7 @@
 #include "messagebar.h"
 #include "notesdock.h"
 #include "recording.h"
+#include "startpage.h"
 #include "statisticsdock.h"
 #include "tracetab.h"
 #include "traceview.h"
@@ -46,6 +47,7 @@ MainWindow::MainWindow()
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(messages);
+    layout->addWidget(files->progress());
     layout->addWidget(tabs, 1);
     setCentralWidget(middle);
     addDockWidget(Qt::LeftDockWidgetArea, buses->dock());
@@ -53,8 +55,8 @@ MainWindow::MainWindow()
     addDockWidget(Qt::BottomDockWidgetArea, statistics);
     statusBar()->addWidget(buses->status(), 1);
     connectDesks();
-    addTab(buses->recording());
     buildMenus();
+    addTab(buses->recording());
     restore();
 }
 
@@ -118,6 +120,8 @@ int MainWindow::addTab(ShownTrace *trace)
     });
     const int index = tabs->addTab(tab, trace->title());
     tabs->setTabToolTip(index, trace->paths().join(QLatin1Char('\n')));
+    if (trace == buses->recording())
+        tab->setStartPage(new StartPage(startActions()));
     return index;
 }
 

@@ -34,6 +34,8 @@ private:
     void buildMenus();
     void buildTraceMenus();
     void buildViewMenu(QMenu *menu);
+    void buildToolBar();
+    QList<QAction *> startActions() const;
     void connectDesks();
     void restore();
     int addTab(ShownTrace *trace);

@@ -12,6 +12,9 @@
 #include <QDockWidget>
 #include <QMenuBar>
 #include <QTabWidget>
+#include <QToolBar>
+
+#include <algorithm>
 
 namespace {
 
@@ -24,6 +27,15 @@ void addAll(QMenu *menu, const QList<QAction *> &actions)
         else
             menu->addSeparator();
     }
+}
+
+QAction *named(const QList<QAction *> &actions, const char *name)
+{
+    const auto found = std::find_if(actions.begin(), actions.end(), [name](const QAction *action) {
+        return action && action->objectName() == QLatin1String(name);
+    });
+    Q_ASSERT(found != actions.end());
+    return *found;
 }
 
 } // namespace
@@ -40,6 +52,7 @@ void MainWindow::buildMenus()
     quit->setShortcut(QKeySequence::Quit);
     addAll(menuBar()->addMenu(tr("&Bus")), buses->actions());
     buildTraceMenus();
+    buildToolBar();
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About the monitor"), this, &MainWindow::about);
 }
@@ -86,4 +99,22 @@ void MainWindow::buildViewMenu(QMenu *menu)
     for (QDockWidget *dock :
          {buses->dock(), static_cast<QDockWidget *>(notes), static_cast<QDockWidget *>(statistics)})
         menu->addAction(dock->toggleViewAction());
+}
+
+QList<QAction *> MainWindow::startActions() const
+{
+    return {named(buses->actions(), "connect"), named(buses->actions(), "try"),
+            named(files->actions(), "open")};
+}
+
+void MainWindow::buildToolBar()
+{
+    QToolBar *bar = addToolBar(tr("Tools"));
+    bar->setObjectName(QStringLiteral("tools"));
+    bar->addAction(named(files->actions(), "open"));
+    bar->addSeparator();
+    for (const char *name : {"connect", "stopAll", "saveRecording"})
+        bar->addAction(named(buses->actions(), name));
+    bar->addSeparator();
+    bar->addAction(byIdentifier);
 }

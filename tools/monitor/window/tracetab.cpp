@@ -4,10 +4,19 @@
 #include "identifierview.h"
 #include "overviewstrip.h"
 #include "showntrace.h"
+#include "tracetablemodel.h"
 #include "traceview.h"
 
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <utility>
+
+namespace {
+
+constexpr int startInterval = 100; // milliseconds
+
+} // namespace
 
 TraceTab::TraceTab(ShownTrace *trace, QWidget *parent)
     : QWidget(parent), shown(trace), ownView(new TraceView(trace)),
@@ -36,16 +45,42 @@ void TraceTab::connectParts()
     connect(identifiers, &IdentifierView::positionChosen, this, showMessages);
     connect(identifiers, &IdentifierView::filterWanted, bar, &FilterBar::setText);
     connect(identifiers, &IdentifierView::filterWanted, this, showMessages);
-    connect(pages, &QStackedWidget::currentChanged, this,
-            [this] { emit byIdentifierChanged(isByIdentifier()); });
+    connect(ownView->model(), &TraceTableModel::totalChanged, this, &TraceTab::showPage);
+    connect(&timer, &QTimer::timeout, this, &TraceTab::lookForFirst);
+}
+
+void TraceTab::setStartPage(QWidget *page)
+{
+    startPage = page;
+    pages->addWidget(page);
+    showPage();
 }
 
 void TraceTab::setByIdentifier(bool on)
 {
-    pages->setCurrentWidget(on ? static_cast<QWidget *>(identifiers) : ownView);
+    if (std::exchange(wantsIdentifiers, on) == on)
+        return;
+    showPage();
+    emit byIdentifierChanged(on);
 }
 
-bool TraceTab::isByIdentifier() const
+void TraceTab::showPage()
 {
-    return pages->currentWidget() == identifiers;
+    QWidget *page = wantsIdentifiers ? static_cast<QWidget *>(identifiers) : ownView;
+    if (startPage && shown->timeline().count() == 0)
+        page = startPage;
+    pages->setCurrentWidget(page);
+    if (page == startPage)
+        timer.start(startInterval);
+    else
+        timer.stop();
+    bar->setVisible(page == ownView);
+    strip->setVisible(page != startPage);
+}
+
+void TraceTab::lookForFirst()
+{
+    TraceTimeline timeline = shown->timeline();
+    if (timeline.refresh() && timeline.count() != 0)
+        showPage();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 class FilterBar;
@@ -20,15 +21,20 @@ public:
     TraceView *view() const { return ownView; }
     FilterBar *filterBar() const { return bar; }
 
+    /// Stands in place of the messages as long as there are none. Takes it over.
+    void setStartPage(QWidget *page);
+
     /// One row for each message, or for each identifier.
     void setByIdentifier(bool on);
-    bool isByIdentifier() const;
+    bool isByIdentifier() const { return wantsIdentifiers; }
 
 signals:
     void byIdentifierChanged(bool on);
 
 private:
     void connectParts();
+    void showPage();
+    void lookForFirst();
 
     ShownTrace *const shown;
     TraceView *const ownView;
@@ -36,4 +42,7 @@ private:
     IdentifierView *const identifiers;
     OverviewStrip *const strip;
     QStackedWidget *const pages;
+    QWidget *startPage = nullptr;
+    QTimer timer; // while the start page is there: the table rests where it is not in sight
+    bool wantsIdentifiers = false;
 };
