@@ -38,6 +38,11 @@ public:
         for (int i = 0; i < count; ++i)
             store.appendCanMessage(message(appended++));
     }
+    void clear()
+    {
+        store.clearAllMessages();
+        appended = 0;
+    }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(table, key, modifiers);

@@ -23,6 +23,7 @@ private slots:
     void followsTheEnd();
     void clickEndsFollowing();
     void filterKeepsTheMessageInSight();
+    void anotherTraceBeginsAnew();
     void tellsWhatIsInSight();
 };
 
@@ -164,6 +165,22 @@ void TestTraceView::filterKeepsTheMessageInSight()
     at.view->setFilter({});
     QVERIFY(at.isInSight(200000));
     QCOMPARE(at.view->selectedPositions(), QVector<quint64>{200000});
+}
+
+void TestTraceView::anotherTraceBeginsAnew()
+{
+    TraceWindow at;
+    QVERIFY(at.show(manyMessages));
+    at.view->showPosition(200000);
+    at.press(Qt::Key_Down, Qt::ShiftModifier);
+    at.clear();
+    QTRY_COMPARE(at.total(), quint64(0));
+    at.append(5);
+    QTRY_COMPARE(at.total(), quint64(5));
+    QVERIFY(at.isInSight(0));
+    QVERIFY(at.view->selectedPositions().isEmpty());
+    at.press(Qt::Key_Down);
+    QCOMPARE(at.view->currentPosition(), std::optional<quint64>(0));
 }
 
 void TestTraceView::tellsWhatIsInSight()
