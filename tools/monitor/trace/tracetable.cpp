@@ -172,7 +172,7 @@ void TraceTable::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint
 {
     Q_UNUSED(hint)
     QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
-    rows->setRefreshInterval(refreshInterval);
+    rows->setRefreshInterval(isVisible() ? refreshInterval : 0);
 }
 
 std::optional<quint64> TraceTable::rowOfKey(const QKeyEvent &event) const
