@@ -72,7 +72,7 @@ void TraceActions::addViewActions()
     ownFollow->setShortcut(QKeySequence(tr("Ctrl+L")));
     ownFollow->setChecked(model->isFollowing());
     table->addAction(ownFollow);
-    connect(ownLook, &LookMenus::timeChosen, columns, &TraceColumns::fitTimes);
+    connect(ownLook, &LookMenus::chosen, columns, &TraceColumns::fit);
     connect(ownFollow, &QAction::triggered, model, &TraceTableModel::setFollowing);
     connect(model, &TraceTableModel::followingChanged, ownFollow, &QAction::setChecked);
     viewActions = {ownFollow, ownLook->times()->menuAction(), ownLook->numbers()->menuAction(),
@@ -95,7 +95,7 @@ void TraceActions::markTime()
         return;
     model->setMark(*position, time.toLongLong());
     ownLook->update();
-    columns->fitTimes();
+    columns->fit(TraceTableModel::TimeColumn);
 }
 
 void TraceActions::showMenu(const QPoint &point)
