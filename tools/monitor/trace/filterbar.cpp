@@ -29,6 +29,8 @@ QToolButton *buttonFor(QAction *action, QWidget *parent)
     auto *button = new QToolButton(parent);
     button->setDefaultAction(action);
     button->setAutoRaise(true);
+    // The menus have them for the keyboard; Tab leads from the field to the messages.
+    button->setFocusPolicy(Qt::NoFocus);
     button->setAccessibleName(action->iconText());
     return button;
 }
@@ -85,6 +87,7 @@ void FilterBar::layOut()
     more->setText(tr("Saved"));
     more->setToolTip(tr("Saved and recent filters"));
     more->setAutoRaise(true);
+    more->setFocusPolicy(Qt::NoFocus);
     more->setPopupMode(QToolButton::InstantPopup);
     more->setMenu(saved);
     auto *row = new QHBoxLayout(this);
@@ -112,6 +115,10 @@ void FilterBar::connectParts()
     connect(nextAction, &QAction::triggered, this, [this] { find(Forwards); });
     connect(previousAction, &QAction::triggered, this, [this] { find(Backwards); });
     connect(findOnlyAction, &QAction::triggered, this, &FilterBar::setFindOnly);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *old, QWidget *now) {
+        if (now == field && old && !isAncestorOf(old))
+            before = old;
+    });
     connect(saved, &QMenu::aboutToShow, this, &FilterBar::fillMenu);
     connect(model, &TraceTableModel::found, this, [this] { setSearch(Found); });
     connect(model, &TraceTableModel::notFound, this, [this] { setSearch(AtEnd); });
@@ -200,8 +207,6 @@ void FilterBar::escape()
 
 void FilterBar::focusField()
 {
-    if (!field->hasFocus())
-        before = QApplication::focusWidget();
     field->setHistory(SavedFilters::recent());
     field->setFocus(Qt::ShortcutFocusReason);
     field->selectAll();

@@ -16,7 +16,7 @@ constexpr Word words[] = {
     {"line", QT_TRANSLATE_NOOP("FilterWords", "bus line: line==0")},
     {"len", QT_TRANSLATE_NOOP("FilterWords", "bytes of payload: len<8")},
     {"number", QT_TRANSLATE_NOOP("FilterWords", "message number: number>=1000")},
-    {"time", QT_TRANSLATE_NOOP("FilterWords", "time stamp in seconds: time 12.5..13")},
+    {"time", QT_TRANSLATE_NOOP("FilterWords", "time stamp as recorded, in seconds: time 12.5..13")},
     {"b0", QT_TRANSLATE_NOOP("FilterWords", "first byte, and so on to b63: b0==ff, b3&f0==a0")},
     {"ext", QT_TRANSLATE_NOOP("FilterWords", "extended identifiers")},
     {"fd", QT_TRANSLATE_NOOP("FilterWords", "CAN FD frames")},

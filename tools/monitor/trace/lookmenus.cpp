@@ -36,14 +36,16 @@ void LookMenus::addChoice(QMenu *menu, const QString &text,
     action->setCheckable(true);
     choices.append({action, choose});
     connect(action, &QAction::triggered, this, [this, choose] {
-        const TraceLook::Time before = model->look().time;
+        const TraceLook before = model->look();
         TraceLook look = model->look();
         choose(look);
         look.save();
         model->setLook(look);
         update();
-        if (look.time != before)
-            emit timeChosen();
+        if (look.time != before.time)
+            emit chosen(TraceTableModel::TimeColumn);
+        if (look.dataBase != before.dataBase)
+            emit chosen(TraceTableModel::DataColumn);
     });
 }
 

@@ -27,8 +27,8 @@ public:
     void update();
 
 signals:
-    /// Times are written in another way.
-    void timeChosen();
+    /// What stands in a column is written in another way.
+    void chosen(int column);
 
 private:
     struct Choice

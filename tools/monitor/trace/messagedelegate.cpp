@@ -39,9 +39,10 @@ MessageDelegate::MessageDelegate(QObject *parent) : QStyledItemDelegate(parent) 
 void MessageDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (index.column() == TraceTableModel::NoteColumn)
-        option->font = QApplication::font();
     const int marks = index.data(MessageModel::MarksRole).toInt();
+    const bool isNote = index.column() == TraceTableModel::NoteColumn;
+    if (isNote)
+        option->font = QApplication::font();
     QPalette &palette = option->palette;
     const QColor base = palette.color(QPalette::Base);
     const QColor text = palette.color(QPalette::Text);
@@ -50,7 +51,7 @@ void MessageDelegate::initStyleOption(QStyleOptionViewItem *option, const QModel
         palette.setColor(QPalette::Text, mixed(text, Qt::red, 0.45));
     } else if (marks & MessageModel::GoneMark) {
         palette.setColor(QPalette::Text, mixed(text, base, 0.5));
-    } else if (marks & MessageModel::SentMark) {
+    } else if (marks & MessageModel::SentMark && !isNote) {
         palette.setColor(QPalette::Text, mixed(text, palette.color(QPalette::Link), 0.7));
     }
     if (marks & (MessageModel::BookmarkMark | MessageModel::TimeMark))

@@ -43,6 +43,7 @@ PlaceLine::PlaceLine(MessageModel *model, TraceTable *table, QAction *follow, QW
         update();
     });
     connect(model, &TraceTableModel::totalChanged, this, &PlaceLine::update);
+    connect(model, &TraceTableModel::followingChanged, this, &PlaceLine::update);
     update();
 }
 
@@ -63,6 +64,8 @@ QString PlaceLine::place() const
     const int current = table->currentPosition() ? model->rowOf(*table->currentPosition()) : -1;
     if (model->total() == 0)
         return model->filter() ? tr("No messages found") : tr("No messages");
+    if (model->isFollowing())
+        return tr("%1 messages, following the end").arg(total);
     if (current < 0)
         return tr("%1 messages").arg(total);
     return tr("%1 of %2").arg(locale.toString(model->origin() + quint64(current) + 1), total);

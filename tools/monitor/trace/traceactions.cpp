@@ -48,7 +48,7 @@ void TraceActions::addEditActions()
 {
     connect(addEdit(tr("&Copy"), QKeySequence::Copy, InTable), &QAction::triggered, this,
             &TraceActions::copyWanted);
-    connect(addEdit(tr("Copy as c&andump Log"), QKeySequence(tr("Ctrl+Shift+C")), InTable),
+    connect(addEdit(tr("Cop&y as candump Log"), QKeySequence(tr("Ctrl+Shift+C")), InTable),
             &QAction::triggered, this, &TraceActions::candumpWanted);
     connect(addEdit(tr("&Select All"), QKeySequence::SelectAll, InTable), &QAction::triggered,
             table, &QAbstractItemView::selectAll);
@@ -62,7 +62,7 @@ void TraceActions::addEditActions()
     addSeparator();
     connect(addEdit(tr("&Go to Number\u2026"), QKeySequence(tr("Ctrl+G")), InWindow),
             &QAction::triggered, this, &TraceActions::numberWanted);
-    connect(addEdit(tr("G&o to Time\u2026"), QKeySequence(tr("Ctrl+T")), InWindow),
+    connect(addEdit(tr("Go to Ti&me\u2026"), QKeySequence(tr("Ctrl+T")), InWindow),
             &QAction::triggered, this, &TraceActions::timeWanted);
 }
 
@@ -72,7 +72,7 @@ void TraceActions::addViewActions()
     ownFollow->setShortcut(QKeySequence(tr("Ctrl+L")));
     ownFollow->setChecked(model->isFollowing());
     table->addAction(ownFollow);
-    connect(ownLook, &LookMenus::timeChosen, columns, &TraceColumns::fitTimes);
+    connect(ownLook, &LookMenus::chosen, columns, &TraceColumns::fit);
     connect(ownFollow, &QAction::triggered, model, &TraceTableModel::setFollowing);
     connect(model, &TraceTableModel::followingChanged, ownFollow, &QAction::setChecked);
     viewActions = {ownFollow, ownLook->times()->menuAction(), ownLook->numbers()->menuAction(),
@@ -95,7 +95,7 @@ void TraceActions::markTime()
         return;
     model->setMark(*position, time.toLongLong());
     ownLook->update();
-    columns->fitTimes();
+    columns->fit(TraceTableModel::TimeColumn);
 }
 
 void TraceActions::showMenu(const QPoint &point)

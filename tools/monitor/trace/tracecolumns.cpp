@@ -79,13 +79,15 @@ int TraceColumns::widthFor(const QString &text) const
     return table->fontMetrics().horizontalAdvance(text) + sides;
 }
 
-void TraceColumns::fitTimes()
+void TraceColumns::fit(int column)
 {
-    constexpr int column = TraceTableModel::TimeColumn;
+    constexpr int mostCharacters = 32;
     const QAbstractItemModel &model = *table->model();
     int width = header->sectionSizeHint(column);
-    for (const int row : {0, model.rowCount() - 1})
-        width = qMax(width, widthFor(model.index(row, column).data().toString()));
+    for (const int row : {0, model.rowCount() / 2, model.rowCount() - 1}) {
+        const QString text = model.index(row, column).data().toString();
+        width = qMax(width, widthFor(text.left(mostCharacters)));
+    }
     header->resizeSection(column, width);
 }
 

@@ -20,8 +20,8 @@ public:
     QMenu *menu() const { return ownMenu; }
     /// Takes over what was chosen in another table since.
     void load();
-    /// Gives the times as much room as they take.
-    void fitTimes();
+    /// Gives a column as much room as its messages take, unless they are long.
+    void fit(int column);
 
 private:
     int widthFor(const QString &text) const;

@@ -8,10 +8,9 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
-
-constexpr int refreshInterval = 50;
 
 // Counts what is under way.
 class Quiet
@@ -86,13 +85,14 @@ QVector<quint64> TraceTable::selectedPositions(int most) const
 {
     QVector<int> selected;
     for (const QItemSelectionRange &range : selectionModel()->selection()) {
-        for (int row = range.top(); row <= range.bottom() && selected.size() < most; ++row)
+        for (int row = range.top(); row <= range.bottom(); ++row)
             selected.append(row);
     }
     std::sort(selected.begin(), selected.end());
     selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
+    selected.resize(std::min<int>(int(selected.size()), most));
     QVector<quint64> positions;
-    for (const int row : selected) {
+    for (const int row : std::as_const(selected)) {
         if (const auto position = rows->positionOf(row))
             positions.append(*position);
     }
@@ -172,7 +172,7 @@ void TraceTable::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint
 {
     Q_UNUSED(hint)
     QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
-    rows->setRefreshInterval(refreshInterval);
+    rows->setRefreshInterval(isVisible() ? refreshInterval : 0);
 }
 
 std::optional<quint64> TraceTable::rowOfKey(const QKeyEvent &event) const

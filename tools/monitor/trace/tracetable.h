@@ -15,6 +15,8 @@ class TraceTable : public QTableView
 {
     Q_OBJECT
 public:
+    static constexpr int refreshInterval = 50; ///< of the model, in milliseconds
+
     explicit TraceTable(MessageModel *model, QWidget *parent = nullptr);
 
     /// The row of all on top.

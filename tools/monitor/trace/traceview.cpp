@@ -22,8 +22,6 @@
 
 namespace {
 
-constexpr int refreshInterval = 50;
-
 void makeDense(QTableView &table)
 {
     table.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -142,7 +140,7 @@ void TraceView::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     columns->load();
     actions->look()->load();
-    ownModel->setRefreshInterval(refreshInterval);
+    ownModel->setRefreshInterval(TraceTable::refreshInterval);
     ownModel->refresh();
 }
 
