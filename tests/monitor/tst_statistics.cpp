@@ -20,6 +20,7 @@
 
 namespace {
 
+constexpr int mostMilliseconds = 30000;
 constexpr qint64 start = Q_INT64_C(1700000000000000); // microseconds
 
 CAN::CanRxMessage message(qint64 time, quint32 id, const QByteArray &payload = {}, int line = 0)
@@ -54,8 +55,10 @@ struct Recorded
     void watch() { digest().setWatched(&watcher, true); }
     bool hasDone(quint64 count)
     {
-        return QTest::qWaitFor(
-            [this, count] { return digest().summary().done == count && digest().isUpToDate(); });
+        const auto isDone = [this, count] {
+            return digest().summary().done == count && digest().isUpToDate();
+        };
+        return QTest::qWaitFor(isDone, mostMilliseconds);
     }
 };
 
