@@ -20,6 +20,7 @@
 
 namespace {
 
+constexpr int mostMilliseconds = 30000;
 constexpr qint64 start = Q_INT64_C(1700000000000000); // microseconds
 
 CAN::CanRxMessage message(qint64 time, quint32 id, const QByteArray &payload = {}, int line = 0)
@@ -35,19 +36,29 @@ CAN::CanRxMessage message(qint64 time, quint32 id, const QByteArray &payload = {
     return message;
 }
 
+/// A trace that messages may still come to.
+class GrowingTrace : public ShownTrace
+{
+public:
+    using ShownTrace::ShownTrace;
+    bool isGrowing() const override { return true; }
+};
+
 /// A store with its trace, and somebody who watches it.
 struct Recorded
 {
     DatachunkHandler store{100000};
-    ShownTrace trace{store.timeline(), QStringLiteral("trace")};
+    GrowingTrace trace{store.timeline(), QStringLiteral("trace")};
     QWidget watcher;
 
     TraceDigest &digest() { return *TraceDigest::of(&trace); }
     void watch() { digest().setWatched(&watcher, true); }
     bool hasDone(quint64 count)
     {
-        return QTest::qWaitFor(
-            [this, count] { return digest().summary().done == count && digest().isUpToDate(); });
+        const auto isDone = [this, count] {
+            return digest().summary().done == count && digest().isUpToDate();
+        };
+        return QTest::qWaitFor(isDone, mostMilliseconds);
     }
 };
 
@@ -75,6 +86,7 @@ private slots:
     void filters();
     void searchesWhatIsTyped();
     void keepsTheRow();
+    void noticesSilence();
     void showsNoneAfterTheTrace();
 };
 
@@ -321,6 +333,22 @@ void TestStatistics::keepsTheRow()
     QCOMPARE(table->currentIndex().siblingAtColumn(0).data().toString(), QStringLiteral("300"));
     table->sortByColumn(IdentifierTable::IdentifierColumn, Qt::DescendingOrder);
     QCOMPARE(table->currentIndex().row(), 0);
+}
+
+void TestStatistics::noticesSilence()
+{
+    Recorded recorded;
+    for (int i = 0; i <= 100; ++i)
+        recorded.store.appendCanMessage(message(i * 10000, 0x100));
+    StatisticsDock dock;
+    dock.setTrace(&recorded.trace);
+    dock.show();
+    auto *table = dock.findChild<QTableView *>(QStringLiteral("lines"));
+    const auto rate = [table] {
+        return table->model()->index(0, LineTable::RateColumn).data().toString();
+    };
+    QTRY_COMPARE(rate(), QStringLiteral("100"));
+    QTRY_COMPARE(rate(), QStringLiteral("0"));
 }
 
 void TestStatistics::showsNoneAfterTheTrace()

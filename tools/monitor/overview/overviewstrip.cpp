@@ -35,7 +35,7 @@ OverviewStrip::OverviewStrip(ShownTrace *trace, QWidget *parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     connect(reader, &OverviewReader::pictureReady, this, &OverviewStrip::setPicture);
     auto *all = new QAction(tr("Show &all of the trace"), this);
-    all->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+    all->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
     all->setShortcutContext(Qt::WidgetShortcut);
     connect(all, &QAction::triggered, this, &OverviewStrip::showAll);
     auto *clock = new QAction(tr("&Time of day"), this);

@@ -94,7 +94,7 @@ void CurvePlot::setCurves(const QString &newTitle, const QVector<PlotCurve> &new
 
 QSize CurvePlot::sizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 9};
+    return {fontMetrics().averageCharWidth() * 56, fontMetrics().height() * 9};
 }
 
 QSize CurvePlot::minimumSizeHint() const

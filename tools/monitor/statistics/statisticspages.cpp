@@ -18,6 +18,8 @@
 
 namespace {
 
+constexpr int millisecondsPerPicture = 250;
+constexpr int millisecondsUntilSilence = 1100;
 constexpr char columnsKey[] = "statistics/columns";
 
 // The parts one below the other; the table takes what room is left, or only that of a few rows.
@@ -53,10 +55,8 @@ PlotCurve loadCurve(const LineDigest &line, const BitRates &bitRates, qint64 las
 
 StatisticsPage::StatisticsPage(QWidget *parent) : QWidget(parent)
 {
-    constexpr int millisecondsBetweenPictures = 250;
     drawing.setSingleShot(true);
-    drawing.setInterval(millisecondsBetweenPictures);
-    connect(&drawing, &QTimer::timeout, this, [this] { drawCurves(); });
+    connect(&drawing, &QTimer::timeout, this, &StatisticsPage::draw);
 }
 
 void StatisticsPage::setDigest(TraceDigest *digest)
@@ -73,14 +73,22 @@ void StatisticsPage::setDigest(TraceDigest *digest)
 
 void StatisticsPage::drawSoon()
 {
-    if (isVisible() && !drawing.isActive())
-        drawing.start();
+    if (isVisible() && (!drawing.isActive() || drawing.remainingTime() > millisecondsPerPicture))
+        drawing.start(millisecondsPerPicture);
+}
+
+// Nobody tells when messages stay away.
+void StatisticsPage::draw()
+{
+    drawCurves();
+    if (isVisible() && ownDigest && ownDigest->isGrowing() && !ownDigest->isSilent())
+        drawing.start(millisecondsUntilSilence);
 }
 
 void StatisticsPage::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    drawCurves();
+    draw();
 }
 
 // The colours follow those of the window.

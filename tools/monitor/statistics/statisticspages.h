@@ -29,6 +29,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void draw();
+
     QPointer<TraceDigest> ownDigest;
     QTimer drawing;
 };

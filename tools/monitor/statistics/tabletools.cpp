@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QMenu>
@@ -12,6 +13,11 @@
 #include <algorithm>
 
 namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(TableTools)
+};
 
 void showColumnMenu(QTableView *table, const QPoint &where)
 {
@@ -105,7 +111,7 @@ void TableTools::copy(const QTableView *table)
 
 QAction *TableTools::copyAction(QTableView *table)
 {
-    auto *action = new QAction(QTableView::tr("&Copy"), table);
+    auto *action = new QAction(Texts::tr("&Copy"), table);
     action->setShortcut(QKeySequence::Copy);
     action->setShortcutContext(Qt::WidgetShortcut);
     QObject::connect(action, &QAction::triggered, table, [table] { copy(table); });

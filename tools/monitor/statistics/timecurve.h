@@ -14,12 +14,10 @@ public:
 
     void add(qint64 time, quint64 amount)
     {
-        qint64 interval = std::max<qint64>(0, time - begin) / length;
-        for (; interval >= mostIntervals; interval /= 2)
-            halve();
-        if (interval >= amounts.size())
-            amounts.resize(int(interval) + 1);
-        amounts[int(interval)] += amount;
+        // Most messages come in the interval of the one before.
+        if (latest < 0 || time < latestStart || time - latestStart >= length)
+            findInterval(time);
+        amounts[latest] += amount;
     }
 
     qint64 start() const { return begin; }
@@ -32,6 +30,16 @@ public:
     double perSecond(int interval) const { return double(at(interval)) * 1e6 / double(length); }
 
 private:
+    void findInterval(qint64 time)
+    {
+        qint64 interval = std::max<qint64>(0, time - begin) / length;
+        for (; interval >= mostIntervals; interval /= 2)
+            halve();
+        if (interval >= amounts.size())
+            amounts.resize(int(interval) + 1);
+        latest = int(interval);
+        latestStart = begin + interval * length;
+    }
     void halve()
     {
         for (int i = 0; i < amounts.size(); ++i) {
@@ -47,4 +55,6 @@ private:
     qint64 begin;
     qint64 length = 15625; // a second has a whole number of them, and later the reverse
     QVector<quint64> amounts;
+    int latest = -1; // the interval of the last one, and where it begins
+    qint64 latestStart = 0;
 };
