@@ -53,6 +53,7 @@ private:
     GeneratorPage *const generatorPage;
     QSpinBox *const number;
     QPushButton *connectButton = nullptr;
+    QTreeWidgetItem *replay = nullptr;
     QTreeWidgetItem *proposed = nullptr; // the user has chosen another one once it is not current
     bool isNumberChosen = false;         // by the user
 };

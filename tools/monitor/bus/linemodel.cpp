@@ -42,7 +42,7 @@ QVariant LineModel::headerData(int section, Qt::Orientation orientation, int rol
         return int((section >= Messages ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (role != Qt::DisplayRole)
         return {};
-    const QString titles[] = {tr("Line"), tr("From"), tr("State"), tr("Messages"), tr("Per second")};
+    const QString titles[] = {tr("Line"), tr("From"), tr("State"), tr("Messages"), tr("Per s")};
     return titles[section];
 }
 

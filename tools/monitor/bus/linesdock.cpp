@@ -31,6 +31,8 @@ LinesDock::LinesDock(BusLines *lines, QAction *connectAction, QAction *tryAction
     view->setAlternatingRowColors(true);
     view->setAllColumnsShowFocus(true);
     view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    constexpr int characters = 46; // all columns of an ordinary line
+    pages->setMinimumWidth(fontMetrics().averageCharWidth() * characters);
     view->header()->setStretchLastSection(false);
     view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view->header()->setSectionResizeMode(LineModel::Name, QHeaderView::Stretch);
