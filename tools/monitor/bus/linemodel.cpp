@@ -83,7 +83,7 @@ QString LineModel::textOf(int row, int column) const
     case Name:
         return line->name();
     case State:
-        return BusLine::stateText(line->state());
+        return line->stateText();
     case Messages:
         return QLocale().toString(counts.taken);
     default:
