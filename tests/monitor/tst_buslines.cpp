@@ -234,7 +234,8 @@ void TestBusLines::tellsBadReplays_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("text");
-    QTest::newRow("none of a kind") << QByteArray("this is no trace\nat all\n") << "cannot be replayed";
+    QTest::newRow("none of a kind")
+        << QByteArray("this is no trace\nat all\n") << "cannot be replayed";
     QTest::newRow("empty") << QByteArray() << "cannot be replayed";
     QTest::newRow("gone") << QByteArray("-") << "is not there";
 }
@@ -282,8 +283,8 @@ void TestBusLines::connectsVirtualCan()
     const BusLine *line =
         window.desk->lines()->add(device(QStringLiteral("virtualcan"), QStringLiteral("can0")));
     QTRY_COMPARE(line->state(), BusLine::Running);
-    const std::unique_ptr<QCanBusDevice> sender(QCanBus::instance()->createDevice(
-        QStringLiteral("virtualcan"), QStringLiteral("can0")));
+    const std::unique_ptr<QCanBusDevice> sender(
+        QCanBus::instance()->createDevice(QStringLiteral("virtualcan"), QStringLiteral("can0")));
     QVERIFY(sender->connectDevice());
     QTRY_COMPARE(sender->state(), QCanBusDevice::ConnectedState);
     // The server knows both only when both have told it their channel.
@@ -299,11 +300,21 @@ void TestBusLines::tellsBadDevices_data()
     QTest::addColumn<QString>("plugin");
     QTest::addColumn<QString>("interface");
     QTest::addColumn<QString>("text");
-    QTest::newRow("no such plug-in") << "nosuchcan" << "can0" << "There is no CAN bus plug-in";
-    QTest::newRow("no such interface") << "socketcan" << "can77" << "There is no CAN interface can77";
-    QTest::newRow("virtual one to be made") << "socketcan" << "vcan77" << "ip link add vcan77";
-    QTest::newRow("fails") << "testcan" << "broken" << "It is broken.";
-    QTest::newRow("wrong name") << "virtualcan" << "can9" << "one of these: can0, can1";
+    QTest::newRow("no such plug-in") << "nosuchcan"
+                                     << "can0"
+                                     << "There is no CAN bus plug-in";
+    QTest::newRow("no such interface") << "socketcan"
+                                       << "can77"
+                                       << "There is no CAN interface can77";
+    QTest::newRow("virtual one to be made") << "socketcan"
+                                            << "vcan77"
+                                            << "ip link add vcan77";
+    QTest::newRow("fails") << "testcan"
+                           << "broken"
+                           << "It is broken.";
+    QTest::newRow("wrong name") << "virtualcan"
+                                << "can9"
+                                << "one of these: can0, can1";
 }
 
 void TestBusLines::tellsBadDevices()

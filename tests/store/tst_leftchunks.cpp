@@ -60,8 +60,9 @@ void TestLeftChunks::finds()
     const QStringList chunks = found[0].chunks();
     for (const QString &chunk : chunks)
         names << QFileInfo(chunk).fileName();
-    QCOMPARE(names, QStringList({QStringLiteral("tmpData9.dck"), QStringLiteral("tmpData10.dck"),
-                                 QStringLiteral("zlastChunk.dck")}));
+    QCOMPARE(names,
+             QStringList({QStringLiteral("tmpData9.dck"), QStringLiteral("tmpData10.dck"),
+                          QStringLiteral("zlastChunk.dck")}));
     QVERIFY(found[0].remove());
 }
 

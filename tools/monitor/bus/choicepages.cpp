@@ -51,8 +51,8 @@ DevicePage::DevicePage(QWidget *parent)
     interface->setObjectName(QStringLiteral("interface"));
     bitRate->setObjectName(QStringLiteral("bitRate"));
     fd->setObjectName(QStringLiteral("fd"));
-    addRates(bitRate, {10000, 20000, 33333, 50000, 83333, 100000, 125000, 250000, 500000, 800000,
-                       1000000});
+    addRates(bitRate,
+             {10000, 20000, 33333, 50000, 83333, 100000, 125000, 250000, 500000, 800000, 1000000});
     addRates(dataBitRate, {1000000, 2000000, 4000000, 5000000, 8000000});
     QFormLayout *form = makeForm(this);
     form->addRow(tr("&Interface:"), interface);
@@ -71,9 +71,9 @@ void DevicePage::setDevice(const QString &name, const QString &device)
     interface->setText(device);
     // The system has set that of a network interface, and lets only its administrator change it.
     const bool isNetwork = plugin == QLatin1String("socketcan");
-    bitRate->setToolTip(isNetwork ? tr("Set it with \"sudo ip link set %1 up type can bitrate …\".")
-                                        .arg(device)
-                                  : QString());
+    bitRate->setToolTip(
+        isNetwork ? tr("Set it with \"sudo ip link set %1 up type can bitrate …\".").arg(device)
+                  : QString());
 }
 
 void DevicePage::setOptions(const DeviceOptions &options)
@@ -96,9 +96,8 @@ DeviceOptions DevicePage::options() const
 }
 
 ReplayPage::ReplayPage(QWidget *parent)
-    : QWidget(parent),
-      path(new PathEdit(PathEdit::ExistingFile, tr("Trace to replay"))), speed(new QComboBox),
-      loops(new QCheckBox(tr("Begin anew at the &end"))),
+    : QWidget(parent), path(new PathEdit(PathEdit::ExistingFile, tr("Trace to replay"))),
+      speed(new QComboBox), loops(new QCheckBox(tr("Begin anew at the &end"))),
       keepsLines(new QCheckBox(tr("&Keep the bus lines of the trace")))
 {
     path->setObjectName(QStringLiteral("replayPath"));

@@ -61,8 +61,7 @@ QString copyAll(const QStringList &names, const QString &from, const QString &to
 
 } // namespace
 
-QString copyChunks(const QString &from, const QString &to,
-                   const std::function<bool(int)> &goesOn)
+QString copyChunks(const QString &from, const QString &to, const std::function<bool(int)> &goesOn)
 {
     const QStringList names = chunkNames(from);
     if (names.isEmpty())

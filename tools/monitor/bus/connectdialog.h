@@ -33,8 +33,7 @@ private:
     QTreeWidgetItem *addDevice(const QString &plugin, const QString &interface,
                                const QString &description);
     QTreeWidgetItem *findDevice(const QString &plugin, const QString &interface) const;
-    void addFound(const QString &plugin, const QStringList &names,
-                  const QStringList &descriptions);
+    void addFound(const QString &plugin, const QStringList &names, const QStringList &descriptions);
     BusChoice choice() const;
     void showOptions();
     void proposeNumber();

@@ -65,9 +65,9 @@ QVariant LineModel::data(const QModelIndex &index, int role) const
             return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
         return {};
     case Qt::ForegroundRole:
-        return line->isActive() ? QVariant()
-                                : QVariant(QApplication::palette().brush(QPalette::Disabled,
-                                                                         QPalette::Text));
+        return line->isActive()
+            ? QVariant()
+            : QVariant(QApplication::palette().brush(QPalette::Disabled, QPalette::Text));
     default:
         return {};
     }

@@ -101,8 +101,8 @@ void LinesDock::addSpeeds()
     auto *menu = new QMenu(tr("&Speed"), view);
     auto *group = new QActionGroup(menu);
     for (const double speed : {0.1, 0.5, 1.0, 2.0, 10.0, 100.0, 0.0}) {
-        QAction *action = menu->addAction(speed > 0 ? tr("%1 times").arg(speed)
-                                                    : tr("as fast as possible"));
+        QAction *action =
+            menu->addAction(speed > 0 ? tr("%1 times").arg(speed) : tr("as fast as possible"));
         action->setCheckable(true);
         action->setData(speed);
         group->addAction(action);
@@ -115,7 +115,8 @@ void LinesDock::addSpeeds()
         const BusLine *line = currentLine();
         const auto actions = group->actions();
         for (QAction *action : actions)
-            action->setChecked(line && qFuzzyCompare(1 + action->data().toDouble(), 1 + line->speed()));
+            action->setChecked(line
+                               && qFuzzyCompare(1 + action->data().toDouble(), 1 + line->speed()));
     });
     speedAction = menu->menuAction();
     view->addAction(speedAction);

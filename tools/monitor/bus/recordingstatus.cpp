@@ -113,8 +113,7 @@ void RecordingStatus::updateCounts()
 void RecordingStatus::updateDisk()
 {
     const DiskState &disk = keeper->disk()->state();
-    const QString path =
-        QDir::toNativeSeparators(keeper->recording()->store().chunkFolderPath());
+    const QString path = QDir::toNativeSeparators(keeper->recording()->store().chunkFolderPath());
     const QString text = path.isEmpty() ? tr("no folder") : path;
     folder->setText(fontMetrics().elidedText(text, Qt::ElideMiddle,
                                              fontMetrics().averageCharWidth() * folderCharacters));
@@ -124,8 +123,9 @@ void RecordingStatus::updateDisk()
     budget->setRange(0, most);
     budget->setValue(used);
     const QLocale locale;
-    budget->setFormat(tr("%1 of %2").arg(locale.formattedDataSize(disk.used, 0),
-                                         locale.formattedDataSize(most * bytesPerMebibyte, 0)));
+    budget->setFormat(tr("%1 of %2")
+                          .arg(locale.formattedDataSize(disk.used, 0),
+                               locale.formattedDataSize(most * bytesPerMebibyte, 0)));
     QString tip = tr("Room that the recording takes, of its budget.");
     if (disk.size > 0)
         tip += QLatin1Char(' ')
@@ -142,6 +142,5 @@ void RecordingStatus::updateSaving()
 
 void RecordingStatus::openFolder() const
 {
-    QDesktopServices::openUrl(
-        QUrl::fromLocalFile(keeper->recording()->store().chunkFolderPath()));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(keeper->recording()->store().chunkFolderPath()));
 }

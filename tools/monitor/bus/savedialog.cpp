@@ -19,8 +19,9 @@ const QLatin1String archiveSuffix(".zip");
 } // namespace
 
 SaveDialog::SaveDialog(const QString &proposed, const QString &folder, QWidget *parent)
-    : QDialog(parent), name(new QLineEdit(proposed)), folderEdit(new PathEdit(PathEdit::Folder, tr("Folder for recordings"))),
-      kind(new QComboBox), remark(new QLabel)
+    : QDialog(parent), name(new QLineEdit(proposed)),
+      folderEdit(new PathEdit(PathEdit::Folder, tr("Folder for recordings"))), kind(new QComboBox),
+      remark(new QLabel)
 {
     setWindowTitle(tr("Save recording"));
     setObjectName(QStringLiteral("saveDialog"));
