@@ -43,6 +43,7 @@ RecordingStatus::RecordingStatus(RecordingKeeper *keeper, QWidget *parent)
     saving->setObjectName(QStringLiteral("savingProgress"));
     saving->setFixedWidth(character * budgetCharacters);
     saving->setFormat(tr("saving, %p %"));
+    cancel->setObjectName(QStringLiteral("cancelSaving"));
     cancel->setAutoRaise(true);
     cancel->setIcon(style()->standardIcon(QStyle::SP_DialogCancelButton));
     cancel->setAccessibleName(tr("Cancel saving"));
