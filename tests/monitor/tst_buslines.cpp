@@ -7,10 +7,6 @@
 #include "temporarysettings.h"
 
 #include <QCanBus>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTreeView>
-#include <QTreeWidget>
 
 class TestBusLines : public QObject
 {
@@ -41,9 +37,6 @@ private slots:
     void tellsBadDevices_data();
     void tellsBadDevices();
     void bringsBackLostDevice();
-    void connectsByKeyboard();
-    void remembersChoice();
-    void startsWithoutHardware();
 };
 
 BusChoice TestBusLines::device(const QString &plugin, const QString &interface)
@@ -345,68 +338,6 @@ void TestBusLines::bringsBackLostDevice()
     QTRY_VERIFY(window.allTexts().contains(QStringLiteral("is back")));
     line->stop();
     QCOMPARE(line->state(), BusLine::Stopped);
-}
-
-void TestBusLines::connectsByKeyboard()
-{
-    DeskWindow window;
-    QVERIFY(activate(window));
-    window.desk->showConnect();
-    auto *dialog = window.findChild<QDialog *>(QStringLiteral("connectDialog"));
-    QVERIFY(activate(*dialog));
-    auto *sources = dialog->findChild<QTreeWidget *>(QStringLiteral("sources"));
-    // The interfaces that need no hardware are found.
-    QTRY_VERIFY(!sources->findItems(QStringLiteral("can1"), Qt::MatchExactly).isEmpty());
-    sources->setCurrentItem(sources->findItems(QStringLiteral("can1"), Qt::MatchExactly).first());
-    QCOMPARE(dialog->findChild<QSpinBox *>(QStringLiteral("number"))->value(), 1);
-    QTest::keyClick(sources, Qt::Key_Return);
-    QTRY_COMPARE(window.desk->lines()->count(), 1);
-    const BusLine *line = window.desk->lines()->at(0);
-    QCOMPARE(line->name(), QStringLiteral("can1 (virtualcan)"));
-    QTRY_COMPARE(line->state(), BusLine::Running);
-    auto *table = window.findChild<QTreeView *>(QStringLiteral("lineTable"));
-    QVERIFY(activate(window));
-    table->setFocus();
-    QTest::keyClick(table, Qt::Key_Space);
-    QTRY_COMPARE(line->state(), BusLine::Stopped);
-    QTest::keyClick(table, Qt::Key_Delete);
-    QTRY_COMPARE(window.desk->lines()->count(), 0);
-}
-
-void TestBusLines::remembersChoice()
-{
-    DeskWindow window;
-    const auto open = [&window] {
-        window.desk->showConnect();
-        return window.findChildren<QDialog *>(QStringLiteral("connectDialog")).last();
-    };
-    QDialog *dialog = open();
-    auto *sources = dialog->findChild<QTreeWidget *>(QStringLiteral("sources"));
-    sources->setCurrentItem(
-        sources->findItems(QStringLiteral("Generator"), Qt::MatchExactly).first());
-    dialog->findChild<QSpinBox *>(QStringLiteral("rate"))->setValue(1234);
-    QVERIFY(activate(*dialog));
-    QTest::keyClick(dialog, Qt::Key_Return);
-    QTRY_COMPARE(window.desk->lines()->count(), 1);
-    window.desk->lines()->stopAll();
-    QTRY_VERIFY(!window.findChild<QDialog *>(QStringLiteral("connectDialog")));
-    dialog = open();
-    QCOMPARE(dialog->findChild<QSpinBox *>(QStringLiteral("rate"))->value(), 1234);
-    QCOMPARE(dialog->findChild<QSpinBox *>(QStringLiteral("number"))->value(), 2);
-    QVERIFY(activate(*dialog));
-    QTest::keyClick(dialog, Qt::Key_Return);
-    QTRY_COMPARE(window.desk->lines()->count(), 2);
-    QCOMPARE(window.desk->lines()->at(1)->number(), quint8(2));
-}
-
-void TestBusLines::startsWithoutHardware()
-{
-    DeskWindow window;
-    auto *button = window.findChild<QPushButton *>(QStringLiteral("tryButton"));
-    QVERIFY(button->isVisible());
-    QTest::mouseClick(button, Qt::LeftButton);
-    QTRY_VERIFY(window.recorded() > 100);
-    QVERIFY(!button->isVisible());
 }
 
 QTEST_MAIN(TestBusLines)
