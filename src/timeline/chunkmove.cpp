@@ -5,6 +5,7 @@
 #include "chunklisting.h"
 #include "damage.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 
@@ -16,21 +17,22 @@ namespace {
 std::optional<DirectoryEntry> entryOf(const QString &chunk)
 {
     const QFileInfo file(chunk);
-    const auto now = FileIdentity::of(chunk);
     std::vector<DirectoryEntry> entries = ChunkDirectory::read(file.absolutePath());
     const auto known = std::find_if(
         entries.begin(), entries.end(),
         [name = file.fileName()](const DirectoryEntry &entry) { return entry.name == name; });
-    if (!now || known == entries.end() || !describes(*known, *now))
+    if (known == entries.end())
         return {};
     return std::move(*known);
 }
 
-} // namespace
-
-bool moveChunk(const QString &from, const QString &to, const std::function<bool()> &move)
+// What the entry says counts only as long as the file is as it was.
+bool moveKnown(std::optional<DirectoryEntry> entry, const QString &from, const QString &to,
+               const std::function<bool()> &move)
 {
-    auto entry = entryOf(from);
+    const auto before = FileIdentity::of(from);
+    if (entry && (!before || !describes(*entry, *before)))
+        entry.reset();
     if (!move())
         return false;
     const auto now = FileIdentity::of(to);
@@ -42,6 +44,29 @@ bool moveChunk(const QString &from, const QString &to, const std::function<bool(
     if (describes(*entry, *now))
         ChunkDirectory::add(QFileInfo(to).absolutePath(), *entry);
     return true;
+}
+
+} // namespace
+
+bool moveChunk(const QString &from, const QString &to, const std::function<bool()> &move)
+{
+    return moveKnown(entryOf(from), from, to, move);
+}
+
+bool moveChunks(const QString &from, const QString &to, const QStringList &names,
+                const std::function<bool(const QString &)> &move)
+{
+    QHash<QString, DirectoryEntry> known;
+    for (DirectoryEntry &entry : ChunkDirectory::read(from))
+        known[QString(entry.name)] = std::move(entry);
+    const QDir source(from);
+    const QDir target(to);
+    return std::all_of(names.begin(), names.end(), [&](const QString &name) {
+        const auto entry = known.constFind(name);
+        return moveKnown(entry == known.constEnd() ? std::nullopt : std::optional(*entry),
+                         source.absoluteFilePath(name), target.absoluteFilePath(name),
+                         [&] { return move(name); });
+    });
 }
 
 bool indexChunks(const QString &folder)

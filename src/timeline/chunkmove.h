@@ -6,6 +6,7 @@
 #include "datachunkglobal.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -14,6 +15,11 @@
 /// thread; nobody else may write to the chunk meanwhile.
 DATACHUNK_EXPORT bool moveChunk(const QString &from, const QString &to,
                                 const std::function<bool()> &move);
+
+/// The same for the chunks \a names of the folder \a from, which go to the folder \a to under their
+/// names, one after the other until \a move returns false for one. Reads the directory once.
+DATACHUNK_EXPORT bool moveChunks(const QString &from, const QString &to, const QStringList &names,
+                                 const std::function<bool(const QString &name)> &move);
 
 /// Has the directory of \a folder know all chunks in it; those that it does not know are read.
 /// False when it cannot be written. Any thread; nobody may write to the chunks meanwhile.

@@ -1,59 +1,12 @@
 #include "buschoice.h"
 #include "busclock.h"
-#include "busdesk.h"
 #include "buslines.h"
 #include "canframe.h"
-#include "recording.h"
+#include "deskwindow.h"
+#include "pacer.h"
 #include "temporarysettings.h"
 
-#include <QAction>
 #include <QCanBus>
-#include <QDialog>
-#include <QDockWidget>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QTest>
-#include <QTreeView>
-#include <QTreeWidget>
-
-/// A window with the desk in it, as in the program.
-class DeskWindow : public QMainWindow
-{
-public:
-    DeskWindow() : desk(new BusDesk(this))
-    {
-        addDockWidget(Qt::LeftDockWidgetArea, desk->dock());
-        connect(desk, &BusDesk::notice, this, [this](const Notice &notice) {
-            texts << notice.text + QLatin1Char('|') + notice.advice;
-        });
-        show();
-    }
-
-    quint64 recorded() const
-    {
-        TraceTimeline timeline = desk->recording()->timeline();
-        timeline.refresh();
-        return timeline.count();
-    }
-    TraceRow row(quint64 position) const { return desk->recording()->timeline().row(position); }
-    QString allTexts() const { return texts.join(QLatin1Char('\n')); }
-
-    BusDesk *const desk;
-    QStringList texts;
-};
-
-/// Where there is no window manager, windows do not become active by being shown.
-static bool activate(QWidget &window)
-{
-    if (!QTest::qWaitForWindowExposed(&window))
-        return false;
-    window.activateWindow();
-    return QTest::qWaitForWindowActive(&window);
-}
 
 class TestBusLines : public QObject
 {
@@ -70,9 +23,12 @@ private slots:
     void init() { QSettings().clear(); }
     void bringsTimesToTheClock_data();
     void bringsTimesToTheClock();
+    void waitsForTheTimesOfTraces_data();
+    void waitsForTheTimesOfTraces();
     void makesTraffic();
     void generates();
     void replaysTogether();
+    void replaysFolder();
     void pausesAndLoops();
     void tellsBadReplays_data();
     void tellsBadReplays();
@@ -81,9 +37,6 @@ private slots:
     void tellsBadDevices_data();
     void tellsBadDevices();
     void bringsBackLostDevice();
-    void connectsByKeyboard();
-    void remembersChoice();
-    void startsWithoutHardware();
 };
 
 BusChoice TestBusLines::device(const QString &plugin, const QString &interface)
@@ -141,6 +94,36 @@ void TestBusLines::bringsTimesToTheClock()
     setTime(message, first == 0 ? 0 : first + second);
     clock.set(message, now);
     QTEST(CAN::timeOf(message), "expected");
+}
+
+void TestBusLines::waitsForTheTimesOfTraces_data()
+{
+    constexpr qint64 hour = 3600LL * 1000000;
+    QTest::addColumn<double>("speed");
+    QTest::addColumn<qint64>("next"); // behind a message at an hour
+    QTest::addColumn<bool>("isDue");
+    QTest::newRow("at once") << 1.0 << hour << true;
+    QTest::newRow("later") << 1.0 << 2 * hour << false;
+    QTest::newRow("faster, still later") << 100.0 << 2 * hour << false;
+    QTest::newRow("faster than anything") << 0.0 << 2 * hour << true;
+    QTest::newRow("times fall a little") << 1.0 << hour - 1 << true;
+    QTest::newRow("times begin anew") << 1.0 << qint64(0) << true;
+}
+
+void TestBusLines::waitsForTheTimesOfTraces()
+{
+    constexpr qint64 hour = 3600LL * 1000000;
+    QFETCH(const double, speed);
+    QFETCH(const qint64, next);
+    Pacer pacer;
+    pacer.reset();
+    pacer.setSpeed(speed);
+    QVERIFY(pacer.waitFor(hour));
+    QTEST(pacer.isDue(next), "isDue");
+    pacer.setPaused(true);
+    QVERIFY(!pacer.isDue(next));
+    pacer.stop();
+    QVERIFY(!pacer.waitFor(next));
 }
 
 void TestBusLines::makesTraffic()
@@ -204,10 +187,24 @@ void TestBusLines::replaysTogether()
     QTRY_COMPARE(line->state(), BusLine::Stopped);
     QVERIFY(line->taken() > 10);
     QCOMPARE(window.recorded(), line->taken());
-    QCOMPARE(window.row(0).message.line, quint16(9));
+    QCOMPARE(window.message(0).line, quint16(9));
     constexpr qint64 millisecond = 1000;
-    QVERIFY(CAN::timeOf(window.row(0).message) >= before - millisecond);
-    QVERIFY(window.texts.isEmpty());
+    QVERIFY(CAN::timeOf(window.message(0)) >= before - millisecond);
+    QVERIFY(window.notices.empty());
+}
+
+void TestBusLines::replaysFolder()
+{
+    const QTemporaryDir folder;
+    DatachunkHandler store(10000);
+    for (int i = 0; i < 100; ++i)
+        store.addnewtestmessage();
+    store.exportMessages(folder.filePath(QStringLiteral("a.dck")));
+    QVERIFY(store.waitForSaves());
+    DeskWindow window;
+    const BusLine *line = window.desk->lines()->add(replay(folder.path()));
+    QTRY_COMPARE(line->state(), BusLine::Stopped);
+    QCOMPARE(window.recorded(), quint64(100));
 }
 
 void TestBusLines::pausesAndLoops()
@@ -234,7 +231,8 @@ void TestBusLines::tellsBadReplays_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("text");
-    QTest::newRow("none of a kind") << QByteArray("this is no trace\nat all\n") << "cannot be replayed";
+    QTest::newRow("none of a kind")
+        << QByteArray("this is no trace\nat all\n") << "cannot be replayed";
     QTest::newRow("empty") << QByteArray() << "cannot be replayed";
     QTest::newRow("gone") << QByteArray("-") << "is not there";
 }
@@ -267,12 +265,12 @@ void TestBusLines::connectsPlugin()
     const BusLine *line = window.desk->lines()->add(choice);
     QTRY_COMPARE(window.recorded(), quint64(3));
     QTRY_COMPARE(line->state(), BusLine::Running);
-    const CAN::CanRxMessage message = window.row(0).message;
+    const CAN::CanRxMessage message = window.message(0);
     QCOMPARE(message.line, quint16(5));
     QVERIFY(message.fdFrame);
     QCOMPARE(QByteArray(reinterpret_cast<const char *>(message.data), message.length),
              QByteArray::fromHex("0100fa07d0"));
-    QCOMPARE(window.row(2).message.id, CAN::errorFrameId);
+    QCOMPARE(window.message(2).id, CAN::errorFrameId);
     QVERIFY(CAN::timeOf(message) > 0);
 }
 
@@ -282,14 +280,14 @@ void TestBusLines::connectsVirtualCan()
     const BusLine *line =
         window.desk->lines()->add(device(QStringLiteral("virtualcan"), QStringLiteral("can0")));
     QTRY_COMPARE(line->state(), BusLine::Running);
-    const std::unique_ptr<QCanBusDevice> sender(QCanBus::instance()->createDevice(
-        QStringLiteral("virtualcan"), QStringLiteral("can0")));
+    const std::unique_ptr<QCanBusDevice> sender(
+        QCanBus::instance()->createDevice(QStringLiteral("virtualcan"), QStringLiteral("can0")));
     QVERIFY(sender->connectDevice());
     QTRY_COMPARE(sender->state(), QCanBusDevice::ConnectedState);
     // The server knows both only when both have told it their channel.
     QTRY_VERIFY(sender->writeFrame(QCanBusFrame(0x123, QByteArray(2, 'x'))) && line->taken() > 0);
     QVERIFY(window.recorded() > 0);
-    QCOMPARE(window.row(0).message.id, quint32(0x123));
+    QCOMPARE(window.message(0).id, quint32(0x123));
     sender->disconnectDevice();
     QTRY_COMPARE(sender->state(), QCanBusDevice::UnconnectedState);
 }
@@ -299,11 +297,21 @@ void TestBusLines::tellsBadDevices_data()
     QTest::addColumn<QString>("plugin");
     QTest::addColumn<QString>("interface");
     QTest::addColumn<QString>("text");
-    QTest::newRow("no such plug-in") << "nosuchcan" << "can0" << "There is no CAN bus plug-in";
-    QTest::newRow("no such interface") << "socketcan" << "can77" << "There is no CAN interface can77";
-    QTest::newRow("virtual one to be made") << "socketcan" << "vcan77" << "ip link add vcan77";
-    QTest::newRow("fails") << "testcan" << "broken" << "It is broken.";
-    QTest::newRow("wrong name") << "virtualcan" << "can9" << "one of these: can0, can1";
+    QTest::newRow("no such plug-in") << "nosuchcan"
+                                     << "can0"
+                                     << "There is no CAN bus plug-in";
+    QTest::newRow("no such interface") << "socketcan"
+                                       << "can77"
+                                       << "There is no CAN interface can77";
+    QTest::newRow("virtual one to be made") << "socketcan"
+                                            << "vcan77"
+                                            << "ip link add vcan77";
+    QTest::newRow("fails") << "testcan"
+                           << "broken"
+                           << "It is broken.";
+    QTest::newRow("wrong name") << "virtualcan"
+                                << "can9"
+                                << "one of these: can0, can1";
 }
 
 void TestBusLines::tellsBadDevices()
@@ -315,7 +323,7 @@ void TestBusLines::tellsBadDevices()
     const BusLine *line = window.desk->lines()->add(device(plugin, interface));
     QTRY_COMPARE(line->state(), BusLine::Failed);
     QVERIFY2(window.allTexts().contains(text), qPrintable(window.allTexts()));
-    QCOMPARE(window.texts.size(), 1);
+    QCOMPARE(window.notices.size(), std::size_t(1));
     QCOMPARE(window.desk->recording()->counts().taken, quint64(0));
 }
 
@@ -330,68 +338,6 @@ void TestBusLines::bringsBackLostDevice()
     QTRY_VERIFY(window.allTexts().contains(QStringLiteral("is back")));
     line->stop();
     QCOMPARE(line->state(), BusLine::Stopped);
-}
-
-void TestBusLines::connectsByKeyboard()
-{
-    DeskWindow window;
-    QVERIFY(activate(window));
-    window.desk->showConnect();
-    auto *dialog = window.findChild<QDialog *>(QStringLiteral("connectDialog"));
-    QVERIFY(activate(*dialog));
-    auto *sources = dialog->findChild<QTreeWidget *>(QStringLiteral("sources"));
-    // The interfaces that need no hardware are found.
-    QTRY_VERIFY(!sources->findItems(QStringLiteral("can1"), Qt::MatchExactly).isEmpty());
-    sources->setCurrentItem(sources->findItems(QStringLiteral("can1"), Qt::MatchExactly).first());
-    QCOMPARE(dialog->findChild<QSpinBox *>(QStringLiteral("number"))->value(), 1);
-    QTest::keyClick(sources, Qt::Key_Return);
-    QTRY_COMPARE(window.desk->lines()->count(), 1);
-    const BusLine *line = window.desk->lines()->at(0);
-    QCOMPARE(line->name(), QStringLiteral("can1 (virtualcan)"));
-    QTRY_COMPARE(line->state(), BusLine::Running);
-    auto *table = window.findChild<QTreeView *>(QStringLiteral("lineTable"));
-    QVERIFY(activate(window));
-    table->setFocus();
-    QTest::keyClick(table, Qt::Key_Space);
-    QTRY_COMPARE(line->state(), BusLine::Stopped);
-    QTest::keyClick(table, Qt::Key_Delete);
-    QTRY_COMPARE(window.desk->lines()->count(), 0);
-}
-
-void TestBusLines::remembersChoice()
-{
-    DeskWindow window;
-    const auto open = [&window] {
-        window.desk->showConnect();
-        return window.findChildren<QDialog *>(QStringLiteral("connectDialog")).last();
-    };
-    QDialog *dialog = open();
-    auto *sources = dialog->findChild<QTreeWidget *>(QStringLiteral("sources"));
-    sources->setCurrentItem(
-        sources->findItems(QStringLiteral("Generator"), Qt::MatchExactly).first());
-    dialog->findChild<QSpinBox *>(QStringLiteral("rate"))->setValue(1234);
-    QVERIFY(activate(*dialog));
-    QTest::keyClick(dialog, Qt::Key_Return);
-    QTRY_COMPARE(window.desk->lines()->count(), 1);
-    window.desk->lines()->stopAll();
-    QTRY_VERIFY(!window.findChild<QDialog *>(QStringLiteral("connectDialog")));
-    dialog = open();
-    QCOMPARE(dialog->findChild<QSpinBox *>(QStringLiteral("rate"))->value(), 1234);
-    QCOMPARE(dialog->findChild<QSpinBox *>(QStringLiteral("number"))->value(), 2);
-    QVERIFY(activate(*dialog));
-    QTest::keyClick(dialog, Qt::Key_Return);
-    QTRY_COMPARE(window.desk->lines()->count(), 2);
-    QCOMPARE(window.desk->lines()->at(1)->number(), quint8(2));
-}
-
-void TestBusLines::startsWithoutHardware()
-{
-    DeskWindow window;
-    auto *button = window.findChild<QPushButton *>(QStringLiteral("tryButton"));
-    QVERIFY(button->isVisible());
-    QTest::mouseClick(button, Qt::LeftButton);
-    QTRY_VERIFY(window.recorded() > 100);
-    QVERIFY(!button->isVisible());
 }
 
 QTEST_MAIN(TestBusLines)

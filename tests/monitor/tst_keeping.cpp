@@ -1,83 +1,20 @@
 #include "buschoice.h"
-#include "busdesk.h"
 #include "buslines.h"
 #include "chunkcopy.h"
+#include "deskwindow.h"
 #include "diskwatch.h"
-#include "leftrecordings.h"
-#include "recording.h"
 #include "recordingsettings.h"
 #include "temporarysettings.h"
 
-#include <QAction>
-#include <QCloseEvent>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QDir>
-#include <QDockWidget>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
-#include <QTest>
-
-#include <sys/file.h>
-#include <unistd.h>
-
-/// A window with the desk in it, as in the program.
-class DeskWindow : public QMainWindow
-{
-public:
-    DeskWindow() : desk(new BusDesk(this))
-    {
-        addDockWidget(Qt::LeftDockWidgetArea, desk->dock());
-        setCentralWidget(desk->status());
-        const auto take = [this](const Notice &notice) { notices.push_back(notice); };
-        connect(desk, &BusDesk::notice, this, take);
-        connect(desk->recording(), &Recording::notice, this, take);
-        connect(desk, &BusDesk::saved, this, [this](const QStringList &paths) { saved = paths; });
-        show();
-    }
-
-    QAction *action(const char *name) const
-    {
-        return desk->findChild<QAction *>(QLatin1String(name));
-    }
-    template <typename Dialog = QDialog> Dialog *dialog(const char *name) const
-    {
-        return findChild<Dialog *>(QLatin1String(name));
-    }
-    bool hasTold(const QString &text) const
-    {
-        return std::any_of(notices.begin(), notices.end(),
-                           [&](const Notice &notice) { return notice.text.contains(text); });
-    }
-    QString countsText() const
-    {
-        return findChild<QLabel *>(QStringLiteral("recordingCounts"))->text();
-    }
-
-    /// Returns how many messages there are then.
-    quint64 record(quint64 messages)
-    {
-        BusChoice choice;
-        choice.generator.rate = 100000;
-        const BusLine *line = desk->lines()->add(choice);
-        const bool came = QTest::qWaitFor([&] { return line->taken() >= messages; });
-        desk->lines()->stopAll();
-        return came ? desk->recording()->counts().taken : 0;
-    }
-
-    BusDesk *const desk;
-    std::vector<Notice> notices;
-    QStringList saved;
-
-protected:
-    void closeEvent(QCloseEvent *event) override { event->setAccepted(desk->mayClose()); }
-};
+#include <QToolButton>
 
 class TestKeeping : public QObject
 {
@@ -86,6 +23,7 @@ private:
     const TemporarySettings settings;
     QTemporaryDir place;
 
+    static quint64 record(DeskWindow &window, quint64 messages);
     static quint64 countOf(const QStringList &paths);
     static bool saveInto(DeskWindow &window, const QString &name, bool isArchive);
     static QString makeLeftChunks(quint64 &messages);
@@ -95,6 +33,8 @@ private slots:
     void savesWhileLinesRun_data();
     void savesWhileLinesRun();
     void keepsWhatCannotBeSaved();
+    void cancelsSaving();
+    void closesWhenSaved();
     void begins_data();
     void begins();
     void closes_data();
@@ -117,6 +57,17 @@ void TestKeeping::init()
     wanted.folder = place.path();
     wanted.memory = RecordingSettings::leastMemory;
     wanted.save();
+}
+
+// Returns how many messages there are then.
+quint64 TestKeeping::record(DeskWindow &window, quint64 messages)
+{
+    BusChoice choice;
+    choice.generator.rate = 100000;
+    const BusLine *line = window.desk->lines()->add(choice);
+    const bool came = QTest::qWaitFor([&] { return line->taken() >= messages; });
+    window.desk->lines()->stopAll();
+    return came ? window.desk->recording()->counts().taken : 0;
 }
 
 quint64 TestKeeping::countOf(const QStringList &paths)
@@ -170,7 +121,7 @@ void TestKeeping::savesWhileLinesRun()
 void TestKeeping::keepsWhatCannotBeSaved()
 {
     DeskWindow window;
-    const quint64 messages = window.record(12000);
+    const quint64 messages = record(window, 12000);
     const QString notAFolder = place.filePath(QStringLiteral("file"));
     QFile file(notAFolder);
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -186,6 +137,34 @@ void TestKeeping::keepsWhatCannotBeSaved()
     QVERIFY(window.desk->mayClose());
 }
 
+void TestKeeping::cancelsSaving()
+{
+    DeskWindow window;
+    const quint64 messages = record(window, 30000);
+    QVERIFY(saveInto(window, QStringLiteral("cancelled"), true));
+    auto *cancel = window.findChild<QToolButton *>(QStringLiteral("cancelSaving"));
+    QTRY_VERIFY(cancel->isVisible());
+    cancel->click();
+    QTRY_VERIFY(window.hasTold(QStringLiteral("Saving was cancelled")));
+    QVERIFY(!cancel->isVisible());
+    QVERIFY(QDir(place.path())
+                .entryList({QStringLiteral("*cancelled*")}, QDir::Files | QDir::Hidden)
+                .isEmpty());
+    QVERIFY(saveInto(window, QStringLiteral("then saved"), false));
+    QTRY_COMPARE(window.saved.size(), 1);
+    QCOMPARE(countOf(window.saved), messages);
+}
+
+void TestKeeping::closesWhenSaved()
+{
+    DeskWindow window;
+    const quint64 messages = record(window, 12000);
+    QVERIFY(saveInto(window, QStringLiteral("closing"), true));
+    QVERIFY(!window.close());
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(countOf({place.filePath(QStringLiteral("closing.zip"))}), messages);
+}
+
 void TestKeeping::begins_data()
 {
     QTest::addColumn<int>("answer");
@@ -199,7 +178,7 @@ void TestKeeping::begins()
     QFETCH(const int, answer);
     QFETCH(const bool, isNew);
     DeskWindow window;
-    window.record(6000);
+    record(window, 6000);
     const QString folder = window.desk->recording()->store().chunkFolderPath();
     window.action("newRecording")->trigger();
     auto *box = window.dialog<QMessageBox>("keepQuestion");
@@ -244,11 +223,11 @@ void TestKeeping::closes()
 void TestKeeping::tellsFolderGone()
 {
     DeskWindow window;
-    const quint64 first = window.record(11000);
+    const quint64 first = record(window, 11000);
     const QString folder = window.desk->recording()->store().chunkFolderPath();
     QVERIFY(window.desk->recording()->store().waitForSaves());
     QVERIFY(QDir(folder).removeRecursively());
-    const quint64 all = window.record(21000);
+    const quint64 all = record(window, 21000);
     QVERIFY(all > first);
     QTRY_VERIFY(window.hasTold(QStringLiteral("has removed the folder")));
     // What cannot be written is counted.
@@ -275,7 +254,7 @@ void TestKeeping::keepsBudget()
     QTRY_COMPARE(window.desk->recording()->budget(), RecordingSettings::leastBudget);
     QCOMPARE(RecordingSettings::saved().budget, RecordingSettings::leastBudget);
     window.desk->recording()->setBudget(1);
-    const quint64 messages = window.record(100000);
+    const quint64 messages = record(window, 100000);
     QTRY_VERIFY(window.hasTold(QStringLiteral("its budget of 1 MiB")));
     QCOMPARE(window.desk->recording()->counts().stored, messages);
     QVERIFY(window.desk->recording()->counts().chunksRemoved > 0);

@@ -49,6 +49,7 @@ private slots:
     void rotationAddsWhatReadingFinds();
     void movedChunksTakeTheirEntriesAlong_data();
     void movedChunksTakeTheirEntriesAlong();
+    void linkedChunksAreKnown();
 
 private:
     QString folder() const { return temporary->path(); }
@@ -481,6 +482,29 @@ void TestDirectory::movedChunksTakeTheirEntriesAlong()
         QCOMPARE(moved.name, QStringLiteral("b"));
         QVERIFY(moved.index == entry.index);
         QVERIFY(describes(moved, FileIdentity::of(to).value_or(FileIdentity())));
+    }
+}
+
+void TestDirectory::linkedChunksAreKnown()
+{
+    const QTemporaryDir target;
+    const QStringList names = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+    for (const QString &name : names) {
+        writeChunkOf(chunk(name), 1);
+        QVERIFY(ChunkDirectory::add(folder(), entryOfFile(chunk(name))));
+    }
+    const auto hardLink = [&](const QString &name) {
+        return name != names.last()
+            && link(QFile::encodeName(chunk(name)).constData(),
+                    QFile::encodeName(target.filePath(name)).constData())
+            == 0;
+    };
+    QVERIFY(!moveChunks(folder(), target.path(), names, hardLink));
+    const auto known = ChunkDirectory::read(target.path());
+    QCOMPARE(known.size(), std::size_t(2));
+    for (const DirectoryEntry &entry : known) {
+        const QString path = target.filePath(entry.name);
+        QVERIFY(describes(entry, FileIdentity::of(path).value_or(FileIdentity())));
     }
 }
 

@@ -130,7 +130,8 @@ void BusDesk::tellOthers()
 {
     const QString folder = QFileInfo(QSettings().fileName()).absolutePath();
     QDir().mkpath(folder);
-    lock = std::make_unique<QLockFile>(QDir(folder).filePath(QStringLiteral("datachunk-monitor.lock")));
+    lock = std::make_unique<QLockFile>(
+        QDir(folder).filePath(QStringLiteral("datachunk-monitor.lock")));
     lock->setStaleLockTime(0);
     if (lock->tryLock(0))
         return;

@@ -22,13 +22,13 @@ void BusLine::fail(const QString &text, const QString &advice)
     emit notice({Notice::Failure, text, advice});
 }
 
-QString BusLine::stateText(State state)
+QString BusLine::stateText() const
 {
-    switch (state) {
+    switch (ownState) {
     case Starting:
         return tr("connecting");
     case Running:
-        return tr("running");
+        return isPaced() ? tr("running") : tr("connected");
     case Paused:
         return tr("paused");
     case Lost:

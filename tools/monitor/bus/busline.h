@@ -48,7 +48,8 @@ public:
     virtual void setSpeed(double) { }
     virtual double speed() const { return 1; }
 
-    static QString stateText(State state);
+    /// The state for the user.
+    QString stateText() const;
 
 signals:
     void stateChanged();

@@ -14,7 +14,8 @@ BusLines::~BusLines() = default;
 
 bool BusLines::isAnyActive() const
 {
-    return std::any_of(lines.begin(), lines.end(), [](const auto &line) { return line->isActive(); });
+    return std::any_of(lines.begin(), lines.end(),
+                       [](const auto &line) { return line->isActive(); });
 }
 
 int BusLines::freeNumber() const

@@ -1,13 +1,12 @@
 #include "choicepages.h"
 
+#include "pathedit.h"
+
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QLocale>
-#include <QPushButton>
 #include <QSpinBox>
 
 namespace {
@@ -52,8 +51,8 @@ DevicePage::DevicePage(QWidget *parent)
     interface->setObjectName(QStringLiteral("interface"));
     bitRate->setObjectName(QStringLiteral("bitRate"));
     fd->setObjectName(QStringLiteral("fd"));
-    addRates(bitRate, {10000, 20000, 33333, 50000, 83333, 100000, 125000, 250000, 500000, 800000,
-                       1000000});
+    addRates(bitRate,
+             {10000, 20000, 33333, 50000, 83333, 100000, 125000, 250000, 500000, 800000, 1000000});
     addRates(dataBitRate, {1000000, 2000000, 4000000, 5000000, 8000000});
     QFormLayout *form = makeForm(this);
     form->addRow(tr("&Interface:"), interface);
@@ -72,9 +71,9 @@ void DevicePage::setDevice(const QString &name, const QString &device)
     interface->setText(device);
     // The system has set that of a network interface, and lets only its administrator change it.
     const bool isNetwork = plugin == QLatin1String("socketcan");
-    bitRate->setToolTip(isNetwork ? tr("Set it with \"sudo ip link set %1 up type can bitrate …\".")
-                                        .arg(device)
-                                  : QString());
+    bitRate->setToolTip(
+        isNetwork ? tr("Set it with \"sudo ip link set %1 up type can bitrate …\".").arg(device)
+                  : QString());
 }
 
 void DevicePage::setOptions(const DeviceOptions &options)
@@ -97,8 +96,8 @@ DeviceOptions DevicePage::options() const
 }
 
 ReplayPage::ReplayPage(QWidget *parent)
-    : QWidget(parent), path(new QLineEdit), speed(new QComboBox),
-      loops(new QCheckBox(tr("Begin anew at the &end"))),
+    : QWidget(parent), path(new PathEdit(PathEdit::ExistingFile, tr("Trace to replay"))),
+      speed(new QComboBox), loops(new QCheckBox(tr("Begin anew at the &end"))),
       keepsLines(new QCheckBox(tr("&Keep the bus lines of the trace")))
 {
     path->setObjectName(QStringLiteral("replayPath"));
@@ -106,32 +105,18 @@ ReplayPage::ReplayPage(QWidget *parent)
     for (const double times : {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0})
         speed->addItem(tr("%1 times").arg(QLocale().toString(times)), times);
     speed->addItem(tr("as fast as possible"), 0.0);
-    auto *browse = new QPushButton(tr("&Browse…"));
-    connect(browse, &QPushButton::clicked, this, &ReplayPage::chooseFile);
-    auto *file = new QHBoxLayout;
-    file->addWidget(path, 1);
-    file->addWidget(browse);
     QFormLayout *form = makeForm(this);
-    form->addRow(tr("&Trace:"), file);
+    form->addRow(tr("&Trace:"), path);
     form->addRow(tr("&Speed:"), speed);
     form->addRow(QString(), loops);
     form->addRow(QString(), keepsLines);
-    connect(path, &QLineEdit::textChanged, this, &ReplayPage::changed);
+    connect(path, &PathEdit::changed, this, &ReplayPage::changed);
     connect(keepsLines, &QCheckBox::toggled, this, &ReplayPage::changed);
-}
-
-void ReplayPage::chooseFile()
-{
-    auto *dialog = new QFileDialog(this, tr("Trace to replay"), path->text());
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    connect(dialog, &QFileDialog::fileSelected, path, &QLineEdit::setText);
-    dialog->open();
 }
 
 void ReplayPage::setOptions(const ReplayOptions &options)
 {
-    path->setText(options.path);
+    path->setPath(options.path);
     const int index = speed->findData(options.speed);
     speed->setCurrentIndex(index >= 0 ? index : speed->findData(1.0));
     loops->setChecked(options.loops);
@@ -141,7 +126,7 @@ void ReplayPage::setOptions(const ReplayOptions &options)
 ReplayOptions ReplayPage::options() const
 {
     ReplayOptions result;
-    result.path = path->text().trimmed();
+    result.path = path->path();
     result.speed = speed->currentData().toDouble();
     result.loops = loops->isChecked();
     result.keepsLines = keepsLines->isChecked();

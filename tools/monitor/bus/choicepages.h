@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class PathEdit;
 class QCheckBox;
 class QComboBox;
 class QLineEdit;
@@ -48,9 +49,7 @@ signals:
     void changed();
 
 private:
-    void chooseFile();
-
-    QLineEdit *const path;
+    PathEdit *const path;
     QComboBox *const speed;
     QCheckBox *const loops;
     QCheckBox *const keepsLines;

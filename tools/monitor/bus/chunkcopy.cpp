@@ -46,24 +46,22 @@ QString linkOrCopy(const QString &from, const QString &to)
 }
 
 QString copyAll(const QStringList &names, const QString &from, const QString &to,
-                const std::function<bool(int)> &goesOn, QStringList &made)
+                const std::function<bool(int)> &goesOn, int &made)
 {
-    for (const QString &name : names) {
-        if (!goesOn(made.size() * 100 / names.size()))
-            return {};
-        const QString target = to + QLatin1Char('/') + name;
-        const QString failure = linkOrCopy(from + QLatin1Char('/') + name, target);
-        if (!failure.isEmpty())
-            return failure;
-        made.append(target);
-    }
-    return {};
+    QString failure;
+    moveChunks(from, to, names, [&](const QString &name) {
+        if (!goesOn(made * 100 / names.size()))
+            return false;
+        failure = linkOrCopy(from + QLatin1Char('/') + name, to + QLatin1Char('/') + name);
+        made += failure.isEmpty() ? 1 : 0;
+        return failure.isEmpty();
+    });
+    return failure;
 }
 
 } // namespace
 
-QString copyChunks(const QString &from, const QString &to,
-                   const std::function<bool(int)> &goesOn)
+QString copyChunks(const QString &from, const QString &to, const std::function<bool(int)> &goesOn)
 {
     const QStringList names = chunkNames(from);
     if (names.isEmpty())
@@ -72,16 +70,14 @@ QString copyChunks(const QString &from, const QString &to,
         QFile::exists(to) ? CopyTexts::tr("%1 is there already.").arg(to) : makeFolder(to);
     if (!folderError.isEmpty())
         return folderError;
-    QStringList made;
+    int made = 0;
     const QString failure = copyAll(names, from, to, goesOn, made);
-    if (made.size() == names.size()) {
+    if (made == names.size()) {
         // What the directory lacks is found by whoever opens the folder.
         indexChunks(to);
         return {};
     }
-    for (const QString &path : qAsConst(made))
-        QFile::remove(path);
-    QDir().rmdir(to);
+    QDir(to).removeRecursively();
     return failure;
 }
 

@@ -14,6 +14,7 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -101,13 +102,18 @@ void ConnectDialog::buildLayout()
 // What was connected last stands there at once, whatever the plug-ins take to answer.
 void ConnectDialog::buildSources()
 {
-    const auto add = [this](BusChoice::Kind kind, const QString &name, const QString &what) {
-        auto *item = new QTreeWidgetItem(sources, {name, what});
+    const auto add = [this](BusChoice::Kind kind, const QString &name, const QString &what,
+                            QStyle::StandardPixmap icon) {
+        auto *item = new QTreeWidgetItem({name, what});
         item->setData(0, KindRole, kind);
+        item->setIcon(0, style()->standardIcon(icon));
+        sources->addTopLevelItem(item);
         return item;
     };
-    auto *replay = add(BusChoice::Replay, tr("Trace"), tr("replays a recorded trace"));
-    auto *generator = add(BusChoice::Generator, tr("Generator"), tr("traffic without hardware"));
+    replay = add(BusChoice::Replay, tr("Recorded trace"), tr("comes again as if it were received"),
+                 QStyle::SP_FileIcon);
+    auto *generator = add(BusChoice::Generator, tr("Generator"), tr("traffic without hardware"),
+                          QStyle::SP_MediaPlay);
     QTreeWidgetItem *device = nullptr;
     if (!last.device.plugin.isEmpty())
         device = addDevice(last.device.plugin, last.device.interface, tr("connected last"));
@@ -137,7 +143,7 @@ QTreeWidgetItem *ConnectDialog::findDevice(const QString &plugin, const QString 
     return nullptr;
 }
 
-// In front of the replay and the generator.
+// In front of the replay and the generator, and behind them where a name has to be entered.
 QTreeWidgetItem *ConnectDialog::addDevice(const QString &plugin, const QString &interface,
                                           const QString &description)
 {
@@ -147,8 +153,11 @@ QTreeWidgetItem *ConnectDialog::addDevice(const QString &plugin, const QString &
         item->setData(0, KindRole, BusChoice::Device);
         item->setData(0, PluginRole, plugin);
         item->setData(0, InterfaceRole, interface);
-        item->setText(0, interface.isEmpty() ? tr("other…") : interface);
-        sources->insertTopLevelItem(sources->topLevelItemCount() - 2, item);
+        item->setText(0, interface.isEmpty() ? tr("Other…") : interface);
+        item->setIcon(0, style()->standardIcon(QStyle::SP_ComputerIcon));
+        sources->insertTopLevelItem(interface.isEmpty() ? sources->topLevelItemCount()
+                                                        : sources->indexOfTopLevelItem(replay),
+                                    item);
     }
     item->setText(1, description.isEmpty() ? plugin : tr("%1: %2").arg(plugin, description));
     return item;
@@ -160,10 +169,12 @@ void ConnectDialog::addFound(const QString &plugin, const QStringList &names,
     for (int i = 0; i < names.size(); ++i)
         addDevice(plugin, names.at(i), descriptions.at(i));
     if (names.isEmpty() && !findDevice(plugin, last.device.interface))
-        addDevice(plugin, {}, tr("nothing found; type the name of the interface"));
-    // Who has connected nothing so far is offered the first interface that there is.
+        addDevice(plugin, {}, tr("none found; type its name"));
+    // Who has connected nothing so far is offered the first interface that there is. Some plug-ins
+    // tell of interfaces whether or not there are any.
     const bool isFirstTime = last.device.plugin.isEmpty() && last.kind == BusChoice::Device;
-    if (!isFirstTime || names.isEmpty() || sources->currentItem() != proposed
+    const bool isReal = plugin != QLatin1String("virtualcan") && plugin != QLatin1String("tinycan");
+    if (!isFirstTime || !isReal || names.isEmpty() || sources->currentItem() != proposed
         || kindOf(proposed) == BusChoice::Device)
         return;
     proposed = findDevice(plugin, names.first());

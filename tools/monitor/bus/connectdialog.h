@@ -33,8 +33,7 @@ private:
     QTreeWidgetItem *addDevice(const QString &plugin, const QString &interface,
                                const QString &description);
     QTreeWidgetItem *findDevice(const QString &plugin, const QString &interface) const;
-    void addFound(const QString &plugin, const QStringList &names,
-                  const QStringList &descriptions);
+    void addFound(const QString &plugin, const QStringList &names, const QStringList &descriptions);
     BusChoice choice() const;
     void showOptions();
     void proposeNumber();
@@ -53,6 +52,7 @@ private:
     GeneratorPage *const generatorPage;
     QSpinBox *const number;
     QPushButton *connectButton = nullptr;
+    QTreeWidgetItem *replay = nullptr;
     QTreeWidgetItem *proposed = nullptr; // the user has chosen another one once it is not current
     bool isNumberChosen = false;         // by the user
 };

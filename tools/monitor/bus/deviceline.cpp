@@ -59,8 +59,8 @@ void DeviceLine::nowConnected()
     const bool wasLost = state() == Lost;
     setState(Running);
     if (wasLost)
-        emit notice({Notice::Information,
-                     tr("%1 is back, and the recording goes on.").arg(name()), {}});
+        emit notice(
+            {Notice::Information, tr("%1 is back, and the recording goes on.").arg(name()), {}});
 }
 
 void DeviceLine::nowFailed(const QString &text, const QString &advice)
@@ -84,8 +84,8 @@ void DeviceLine::nowOverflowed()
 {
     if (std::exchange(overflowTold, true))
         return;
-    emit notice({Notice::Warning,
-                 tr("The controller of %1 had no room for all frames, and some are lost.")
-                     .arg(name()),
-                 tr("Close programs that keep the computer busy.")});
+    emit notice(
+        {Notice::Warning,
+         tr("The controller of %1 had no room for all frames, and some are lost.").arg(name()),
+         tr("Close programs that keep the computer busy.")});
 }

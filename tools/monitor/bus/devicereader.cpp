@@ -41,8 +41,7 @@ void DeviceReader::open()
 {
     QString error;
     if (QCanBus::instance()->plugins().contains(options.plugin))
-        device.reset(
-            QCanBus::instance()->createDevice(options.plugin, options.interface, &error));
+        device.reset(QCanBus::instance()->createDevice(options.plugin, options.interface, &error));
     if (!device) {
         lose(error);
         return;

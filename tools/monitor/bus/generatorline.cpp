@@ -4,8 +4,7 @@
 
 GeneratorLine::GeneratorLine(const GeneratorOptions &options, quint8 number,
                              std::shared_ptr<MessageSink> sink)
-    : PacedLine(tr("Generator, %n messages/s", nullptr, options.rate), number, std::move(sink)),
-      options(options)
+    : PacedLine(tr("Generator"), number, std::move(sink)), options(options)
 {
 }
 

@@ -71,15 +71,15 @@ void LeftRecordings::look()
     worker.run([this](const TaskThread::GoesOn &) {
         const std::vector<LeftChunkFolder> found = LeftChunkFolder::find();
         if (!found.empty())
-            QMetaObject::invokeMethod(this, [this, found] { tell(found); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this, found] { tell(found); }, Qt::QueuedConnection);
     });
 }
 
 void LeftRecordings::tell(const std::vector<LeftChunkFolder> &found)
 {
     folders = found;
-    const QString time =
-        QLocale().toString(folders.back().lastWritten(), QLocale::ShortFormat);
+    const QString time = QLocale().toString(folders.back().lastWritten(), QLocale::ShortFormat);
     const QString text = folders.size() == 1
         ? tr("A recording of %1 was not closed, because its monitor was killed.").arg(time)
         : tr("%n recordings were not closed, the last one of %1.", nullptr, int(folders.size()))
@@ -97,10 +97,10 @@ void LeftRecordings::ask()
     qint64 bytes = 0;
     for (const LeftChunkFolder &folder : folders)
         bytes += folder.bytes();
-    auto *box = new QMessageBox(QMessageBox::Question, tr("Recordings left behind"),
-                                tr("What is to become of the recordings that were not closed?"),
-                                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
-                                window);
+    auto *box =
+        new QMessageBox(QMessageBox::Question, tr("Recordings left behind"),
+                        tr("What is to become of the recordings that were not closed?"),
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
     box->setObjectName(QStringLiteral("leftQuestion"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setInformativeText(
@@ -122,19 +122,19 @@ void LeftRecordings::ask()
 void LeftRecordings::recover()
 {
     const QString place = RecordingSettings::saved().folder;
-    worker.run([this, place, left = std::exchange(folders, {})](
-                   const TaskThread::GoesOn &goesOn) mutable {
-        Recovered all;
-        for (LeftChunkFolder &folder : left) {
-            const QString name = tr("Recovered %1")
-                                     .arg(folder.lastWritten().toString(
-                                         QStringLiteral("yyyy-MM-dd HH-mm-ss")));
-            recoverFolder(folder, freeFolder(QDir(place).absoluteFilePath(name)), goesOn, all);
-        }
-        QMetaObject::invokeMethod(
-            this, [this, all] { tellRecovered(all.paths, all.messages, all.problems); },
-            Qt::QueuedConnection);
-    });
+    worker.run(
+        [this, place, left = std::exchange(folders, {})](const TaskThread::GoesOn &goesOn) mutable {
+            Recovered all;
+            for (LeftChunkFolder &folder : left) {
+                const QString name =
+                    tr("Recovered %1")
+                        .arg(folder.lastWritten().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss")));
+                recoverFolder(folder, freeFolder(QDir(place).absoluteFilePath(name)), goesOn, all);
+            }
+            QMetaObject::invokeMethod(
+                this, [this, all] { tellRecovered(all.paths, all.messages, all.problems); },
+                Qt::QueuedConnection);
+        });
 }
 
 void LeftRecordings::tellRecovered(const QStringList &paths, qint64 messages,

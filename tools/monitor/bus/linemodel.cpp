@@ -42,7 +42,7 @@ QVariant LineModel::headerData(int section, Qt::Orientation orientation, int rol
         return int((section >= Messages ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (role != Qt::DisplayRole)
         return {};
-    const QString titles[] = {tr("Line"), tr("From"), tr("State"), tr("Messages"), tr("Per second")};
+    const QString titles[] = {tr("Line"), tr("From"), tr("State"), tr("Messages"), tr("Per s")};
     return titles[section];
 }
 
@@ -65,9 +65,9 @@ QVariant LineModel::data(const QModelIndex &index, int role) const
             return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
         return {};
     case Qt::ForegroundRole:
-        return line->isActive() ? QVariant()
-                                : QVariant(QApplication::palette().brush(QPalette::Disabled,
-                                                                         QPalette::Text));
+        return line->isActive()
+            ? QVariant()
+            : QVariant(QApplication::palette().brush(QPalette::Disabled, QPalette::Text));
     default:
         return {};
     }
@@ -83,7 +83,7 @@ QString LineModel::textOf(int row, int column) const
     case Name:
         return line->name();
     case State:
-        return BusLine::stateText(line->state());
+        return line->stateText();
     case Messages:
         return QLocale().toString(counts.taken);
     default:

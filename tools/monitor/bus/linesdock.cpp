@@ -31,6 +31,8 @@ LinesDock::LinesDock(BusLines *lines, QAction *connectAction, QAction *tryAction
     view->setAlternatingRowColors(true);
     view->setAllColumnsShowFocus(true);
     view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    constexpr int characters = 46; // all columns of an ordinary line
+    pages->setMinimumWidth(fontMetrics().averageCharWidth() * characters);
     view->header()->setStretchLastSection(false);
     view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     view->header()->setSectionResizeMode(LineModel::Name, QHeaderView::Stretch);
@@ -99,8 +101,8 @@ void LinesDock::addSpeeds()
     auto *menu = new QMenu(tr("&Speed"), view);
     auto *group = new QActionGroup(menu);
     for (const double speed : {0.1, 0.5, 1.0, 2.0, 10.0, 100.0, 0.0}) {
-        QAction *action = menu->addAction(speed > 0 ? tr("%1 times").arg(speed)
-                                                    : tr("as fast as possible"));
+        QAction *action =
+            menu->addAction(speed > 0 ? tr("%1 times").arg(speed) : tr("as fast as possible"));
         action->setCheckable(true);
         action->setData(speed);
         group->addAction(action);
@@ -113,7 +115,8 @@ void LinesDock::addSpeeds()
         const BusLine *line = currentLine();
         const auto actions = group->actions();
         for (QAction *action : actions)
-            action->setChecked(line && qFuzzyCompare(1 + action->data().toDouble(), 1 + line->speed()));
+            action->setChecked(line
+                               && qFuzzyCompare(1 + action->data().toDouble(), 1 + line->speed()));
     });
     speedAction = menu->menuAction();
     view->addAction(speedAction);

@@ -17,7 +17,8 @@ void PacedLine::start()
     setState(Running);
     thread = std::thread([this] {
         const End end = run();
-        QMetaObject::invokeMethod(this, [this, end] { ended(end); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, end] { ended(end); }, Qt::QueuedConnection);
     });
 }
 

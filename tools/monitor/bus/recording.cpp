@@ -91,6 +91,5 @@ void Recording::chunkRemoved()
                  tr("The recording has used up its budget of %n MiB: from now on its oldest "
                     "messages are deleted.",
                     nullptr, budgetSize),
-                 tr("Save the recording, or give it more room."), tr("Settings…"),
-                 wantSettings});
+                 tr("Save the recording, or give it more room."), tr("Settings…"), wantSettings});
 }

@@ -91,9 +91,9 @@ QMessageBox *RecordingKeeper::ask(const QString &text, const QString &discardTex
         return nullptr;
     }
     const RecordingCounts counts = current->counts();
-    question = new QMessageBox(QMessageBox::Question, tr("Recording"), text,
-                               QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
-                               window);
+    question =
+        new QMessageBox(QMessageBox::Question, tr("Recording"), text,
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
     question->setObjectName(QStringLiteral("keepQuestion"));
     question->setAttribute(Qt::WA_DeleteOnClose);
     question->setInformativeText(tr("It has %1 messages. Discarded, they are gone for good.")
@@ -113,9 +113,9 @@ void RecordingKeeper::save()
                      tr("Connect a bus line first.")});
     if (!hasSomething || ownSaver.isBusy() || saveDialog)
         return;
-    const QString name = tr("Recording %1")
-                             .arg(QDateTime::currentDateTime().toString(
-                                 QStringLiteral("yyyy-MM-dd HH-mm-ss")));
+    const QString name =
+        tr("Recording %1")
+            .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss")));
     saveDialog = new SaveDialog(name, RecordingSettings::saved().folder, window);
     connect(saveDialog, &QDialog::accepted, this, [this] { saveInto(saveDialog->target()); });
     connect(saveDialog, &QDialog::rejected, this, [this] { closesWhenSaved = false; });

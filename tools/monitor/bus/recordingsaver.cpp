@@ -78,16 +78,16 @@ void RecordingSaver::bringToTarget()
         end(error);
         return;
     }
-    worker.run([this, folder = recording->store().chunkFolderPath()](
-                   const TaskThread::GoesOn &isWanted) {
-        const QString failure =
-            target.isArchive ? saveArchive(isWanted) : saveFolder(folder, isWanted);
-        // The store would delete them on the window's thread.
-        if (failure.isEmpty() && !isCancelled)
-            removeChunks(folder);
-        QMetaObject::invokeMethod(
-            this, [this, failure] { end(failure); }, Qt::QueuedConnection);
-    });
+    worker.run(
+        [this, folder = recording->store().chunkFolderPath()](const TaskThread::GoesOn &isWanted) {
+            const QString failure =
+                target.isArchive ? saveArchive(isWanted) : saveFolder(folder, isWanted);
+            // The store would delete them on the window's thread.
+            if (failure.isEmpty() && !isCancelled)
+                removeChunks(folder);
+            QMetaObject::invokeMethod(
+                this, [this, failure] { end(failure); }, Qt::QueuedConnection);
+        });
 }
 
 QString RecordingSaver::saveFolder(const QString &chunkFolder, const TaskThread::GoesOn &isWanted)
@@ -114,7 +114,8 @@ QString RecordingSaver::saveArchive(const TaskThread::GoesOn &isWanted)
     store.saveDatachunksToZip();
     if (!goesOn(isWanted) || !QFile::exists(unfinished)) {
         QFile::remove(unfinished);
-        return isCancelled ? QString() : tr("The archive %1 could not be written.").arg(target.path);
+        return isCancelled ? QString()
+                           : tr("The archive %1 could not be written.").arg(target.path);
     }
     return replaceFile(unfinished, target.path);
 }

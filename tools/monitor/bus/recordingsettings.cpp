@@ -8,12 +8,10 @@ RecordingSettings RecordingSettings::saved()
     RecordingSettings result;
     QSettings settings;
     settings.beginGroup(QStringLiteral("recording"));
-    result.budget = qBound(leastBudget,
-                           settings.value(QStringLiteral("budget"), result.budget).toInt(),
-                           mostBudget);
-    result.memory = qBound(leastMemory,
-                           settings.value(QStringLiteral("memory"), result.memory).toInt(),
-                           mostMemory);
+    result.budget = qBound(
+        leastBudget, settings.value(QStringLiteral("budget"), result.budget).toInt(), mostBudget);
+    result.memory = qBound(
+        leastMemory, settings.value(QStringLiteral("memory"), result.memory).toInt(), mostMemory);
     result.folder = settings.value(QStringLiteral("folder")).toString();
     if (result.folder.isEmpty())
         result.folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

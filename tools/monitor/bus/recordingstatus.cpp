@@ -43,6 +43,7 @@ RecordingStatus::RecordingStatus(RecordingKeeper *keeper, QWidget *parent)
     saving->setObjectName(QStringLiteral("savingProgress"));
     saving->setFixedWidth(character * budgetCharacters);
     saving->setFormat(tr("saving, %p %"));
+    cancel->setObjectName(QStringLiteral("cancelSaving"));
     cancel->setAutoRaise(true);
     cancel->setIcon(style()->standardIcon(QStyle::SP_DialogCancelButton));
     cancel->setAccessibleName(tr("Cancel saving"));
@@ -113,8 +114,7 @@ void RecordingStatus::updateCounts()
 void RecordingStatus::updateDisk()
 {
     const DiskState &disk = keeper->disk()->state();
-    const QString path =
-        QDir::toNativeSeparators(keeper->recording()->store().chunkFolderPath());
+    const QString path = QDir::toNativeSeparators(keeper->recording()->store().chunkFolderPath());
     const QString text = path.isEmpty() ? tr("no folder") : path;
     folder->setText(fontMetrics().elidedText(text, Qt::ElideMiddle,
                                              fontMetrics().averageCharWidth() * folderCharacters));
@@ -124,8 +124,9 @@ void RecordingStatus::updateDisk()
     budget->setRange(0, most);
     budget->setValue(used);
     const QLocale locale;
-    budget->setFormat(tr("%1 of %2").arg(locale.formattedDataSize(disk.used, 0),
-                                         locale.formattedDataSize(most * bytesPerMebibyte, 0)));
+    budget->setFormat(tr("%1 of %2")
+                          .arg(locale.formattedDataSize(disk.used, 0),
+                               locale.formattedDataSize(most * bytesPerMebibyte, 0)));
     QString tip = tr("Room that the recording takes, of its budget.");
     if (disk.size > 0)
         tip += QLatin1Char(' ')
@@ -142,6 +143,5 @@ void RecordingStatus::updateSaving()
 
 void RecordingStatus::openFolder() const
 {
-    QDesktopServices::openUrl(
-        QUrl::fromLocalFile(keeper->recording()->store().chunkFolderPath()));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(keeper->recording()->store().chunkFolderPath()));
 }

@@ -44,11 +44,13 @@ PacedLine::End ReplayLine::replayOnce()
     const QFileInfo file(options.path);
     if (!file.exists())
         return {tr("%1 is not there any more.").arg(options.path),
-                tr("Choose another trace to replay."), {}};
+                tr("Choose another trace to replay."),
+                {}};
     End end = file.isDir() ? replayFolder() : replayFile();
     if (messages == 0 && end.failure.isEmpty() && !pacer.isStopped())
         end = {tr("There are no messages in %1.").arg(options.path),
-               tr("Choose another trace to replay."), {}};
+               tr("Choose another trace to replay."),
+               {}};
     return end;
 }
 
@@ -57,7 +59,8 @@ PacedLine::End ReplayLine::replayFile()
     const TraceRecognition kind = TraceRecognition::of(options.path);
     if (kind.type == DatachunkHelper::Unknown)
         return {tr("%1 cannot be replayed: %2").arg(options.path, kind.explanation),
-                tr("Choose a trace, a chunk file or an archive of them."), {}};
+                tr("Choose a trace, a chunk file or an archive of them."),
+                {}};
     TraceStream stream(options.path, kind.type);
     stream.setMode(DatachunkHelper::Tolerant);
     const TraceStream::Result result =
@@ -66,7 +69,8 @@ PacedLine::End ReplayLine::replayFile()
     const QString texts = stream.errorTexts().join(QLatin1Char(' '));
     if (result == TraceStream::Failed)
         return {tr("%1 could not be replayed. %2").arg(options.path, texts),
-                tr("Choose another trace, or open this one to see what is whole of it."), {}};
+                tr("Choose another trace, or open this one to see what is whole of it."),
+                {}};
     if (result == TraceStream::Incomplete)
         return {{}, {}, tr("Not all of %1 could be replayed. %2").arg(options.path, texts)};
     return {};

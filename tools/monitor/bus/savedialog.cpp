@@ -1,12 +1,12 @@
 #include "savedialog.h"
 
+#include "pathedit.h"
+
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,26 +19,23 @@ const QLatin1String archiveSuffix(".zip");
 } // namespace
 
 SaveDialog::SaveDialog(const QString &proposed, const QString &folder, QWidget *parent)
-    : QDialog(parent), name(new QLineEdit(proposed)), folderEdit(new QLineEdit(folder)),
-      kind(new QComboBox), remark(new QLabel)
+    : QDialog(parent), name(new QLineEdit(proposed)),
+      folderEdit(new PathEdit(PathEdit::Folder, tr("Folder for recordings"))), kind(new QComboBox),
+      remark(new QLabel)
 {
     setWindowTitle(tr("Save recording"));
     setObjectName(QStringLiteral("saveDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
     name->setObjectName(QStringLiteral("name"));
+    folderEdit->setPath(folder);
     folderEdit->setObjectName(QStringLiteral("folder"));
     kind->setObjectName(QStringLiteral("kind"));
     kind->addItem(tr("Folder of chunk files"));
     kind->addItem(tr("ZIP archive, smaller and slower"));
     remark->setWordWrap(true);
-    auto *browse = new QPushButton(tr("&Browse…"));
-    connect(browse, &QPushButton::clicked, this, &SaveDialog::chooseFolder);
-    auto *place = new QHBoxLayout;
-    place->addWidget(folderEdit, 1);
-    place->addWidget(browse);
     auto *form = new QFormLayout;
     form->addRow(tr("&Name:"), name);
-    form->addRow(tr("&In folder:"), place);
+    form->addRow(tr("&In folder:"), folderEdit);
     form->addRow(tr("&As:"), kind);
     form->addRow(QString(), remark);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
@@ -51,7 +48,7 @@ SaveDialog::SaveDialog(const QString &proposed, const QString &folder, QWidget *
     saveButton->setDefault(true);
     setMinimumWidth(fontMetrics().averageCharWidth() * 70);
     connect(name, &QLineEdit::textChanged, this, &SaveDialog::check);
-    connect(folderEdit, &QLineEdit::textChanged, this, &SaveDialog::check);
+    connect(folderEdit, &PathEdit::changed, this, &SaveDialog::check);
     connect(kind, &QComboBox::currentTextChanged, this, &SaveDialog::check);
     name->selectAll();
     check();
@@ -69,19 +66,7 @@ SaveTarget SaveDialog::target() const
 
 QString SaveDialog::folder() const
 {
-    return QDir::fromNativeSeparators(folderEdit->text().trimmed());
-}
-
-void SaveDialog::chooseFolder()
-{
-    auto *dialog = new QFileDialog(this, tr("Folder for recordings"), folder());
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString &path) {
-        folderEdit->setText(QDir::toNativeSeparators(path));
-    });
-    dialog->open();
+    return folderEdit->path();
 }
 
 void SaveDialog::check()

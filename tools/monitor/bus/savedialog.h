@@ -6,6 +6,7 @@
 
 class QComboBox;
 class QLabel;
+class PathEdit;
 class QLineEdit;
 class QPushButton;
 
@@ -21,11 +22,10 @@ public:
     QString folder() const;
 
 private:
-    void chooseFolder();
     void check();
 
     QLineEdit *const name;
-    QLineEdit *const folderEdit;
+    PathEdit *const folderEdit;
     QComboBox *const kind;
     QLabel *const remark;
     QPushButton *saveButton = nullptr;

@@ -1,18 +1,16 @@
 #include "settingsdialog.h"
 
+#include "pathedit.h"
+
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QFormLayout>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
 SettingsDialog::SettingsDialog(const RecordingSettings &settings, QWidget *parent)
     : QDialog(parent), budget(new QSpinBox), memory(new QSpinBox),
-      folder(new QLineEdit(settings.folder))
+      folder(new PathEdit(PathEdit::Folder, tr("Folder for recordings")))
 {
     setWindowTitle(tr("Recording settings"));
     setObjectName(QStringLiteral("recordingSettings"));
@@ -33,15 +31,11 @@ SettingsDialog::SettingsDialog(const RecordingSettings &settings, QWidget *paren
     memory->setToolTip(tr("So many messages are in memory before they go to the disk. It holds "
                           "from the next recording on."));
     folder->setObjectName(QStringLiteral("folder"));
-    auto *browse = new QPushButton(tr("&Browse…"));
-    connect(browse, &QPushButton::clicked, this, &SettingsDialog::chooseFolder);
-    auto *place = new QHBoxLayout;
-    place->addWidget(folder, 1);
-    place->addWidget(browse);
+    folder->setPath(settings.folder);
     auto *form = new QFormLayout;
     form->addRow(tr("&Disk budget:"), budget);
     form->addRow(tr("In &memory:"), memory);
-    form->addRow(tr("&Saved into:"), place);
+    form->addRow(tr("&Saved into:"), folder);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -58,16 +52,6 @@ RecordingSettings SettingsDialog::settings() const
     RecordingSettings result;
     result.budget = budget->value();
     result.memory = memory->value();
-    result.folder = QDir::fromNativeSeparators(folder->text().trimmed());
+    result.folder = folder->path();
     return result;
-}
-
-void SettingsDialog::chooseFolder()
-{
-    auto *dialog = new QFileDialog(this, tr("Folder for recordings"), folder->text());
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    connect(dialog, &QFileDialog::fileSelected, folder, &QLineEdit::setText);
-    dialog->open();
 }

@@ -4,7 +4,7 @@
 
 #include <QDialog>
 
-class QLineEdit;
+class PathEdit;
 class QSpinBox;
 
 /// Lets the user say how recordings are kept.
@@ -17,9 +17,7 @@ public:
     RecordingSettings settings() const;
 
 private:
-    void chooseFolder();
-
     QSpinBox *const budget;
     QSpinBox *const memory;
-    QLineEdit *const folder;
+    PathEdit *const folder;
 };
