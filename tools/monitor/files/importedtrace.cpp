@@ -2,6 +2,7 @@
 
 #include "plaintexts.h"
 #include "rotation.h"
+#include "storeremoval.h"
 
 #include <QPointer>
 
@@ -17,7 +18,7 @@ ImportedTrace::ImportedTrace(const ImportSource &source, QObject *parent)
 ImportedTrace::ImportedTrace(const ImportSource &source, std::unique_ptr<DatachunkHandler> newStore,
                              QObject *parent)
     : ShownTrace(newStore->timeline(), shortName(source.path), parent), ownSource(source),
-      bookmarks(std::make_unique<BookmarkHandler>()), store(std::move(newStore)),
+      desk(parent), bookmarks(std::make_unique<BookmarkHandler>()), store(std::move(newStore)),
       ownOutcome(std::make_unique<ImportOutcome>())
 {
     store->setBookmarkhandler(bookmarks.get());
@@ -29,7 +30,13 @@ ImportedTrace::ImportedTrace(const ImportSource &source, std::unique_ptr<Datachu
         tr("Reading %1").arg(title()), [this](JobControl &control) { return import(control); });
 }
 
-ImportedTrace::~ImportedTrace() = default;
+ImportedTrace::~ImportedTrace()
+{
+    ownJob.reset();
+    store->disconnect(this);
+    if (desk)
+        new StoreRemoval(std::move(bookmarks), std::move(store), desk);
+}
 
 // On the job's thread.
 Notice ImportedTrace::import(JobControl &control)

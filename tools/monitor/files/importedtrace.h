@@ -5,6 +5,8 @@
 #include "importing.h"
 #include "showntrace.h"
 
+#include <QPointer>
+
 #include <memory>
 
 /// A foreign trace, read in the background into a store of its own, so that it takes no more memory
@@ -13,6 +15,7 @@ class ImportedTrace : public ShownTrace
 {
     Q_OBJECT
 public:
+    /// \a parent also outlives the trace where it may take its time to clear up.
     explicit ImportedTrace(const ImportSource &source, QObject *parent = nullptr);
     /// Gives up the import.
     ~ImportedTrace() override;
@@ -40,8 +43,9 @@ private:
     void withReport(Notice &notice) const;
 
     const ImportSource ownSource;
-    const std::unique_ptr<BookmarkHandler> bookmarks;
-    const std::unique_ptr<DatachunkHandler> store;
+    const QPointer<QObject> desk; // that clears up
+    std::unique_ptr<BookmarkHandler> bookmarks;
+    std::unique_ptr<DatachunkHandler> store;
     const std::unique_ptr<ImportOutcome> ownOutcome; // written by the job before it finishes
     std::atomic<bool> isFull{false};
     std::unique_ptr<BackgroundJob> ownJob; // last: it uses the others
