@@ -1,5 +1,6 @@
 #include "filereplacement.h"
 
+#include "filelock.h"
 #include "uninterrupted.h"
 
 #include <QFile>
@@ -58,8 +59,8 @@ FileReplacement::~FileReplacement()
 {
     if (ownHandle < 0)
         return;
-    close(ownHandle);
     unlink(hidden.constData());
+    close(ownHandle);
 }
 
 bool FileReplacement::create()
@@ -75,6 +76,8 @@ bool FileReplacement::create()
     });
     if (ownHandle < 0)
         return false;
+    // Who finds it in its place waits until what was there before is gone: both have the same names.
+    FileLock::tryLock(ownHandle);
     // Nobody but the superuser gives files away.
     static_cast<void>(fchown(ownHandle, status.st_uid, status.st_gid) == 0);
     return fchmod(ownHandle, status.st_mode & rights) == 0;

@@ -3,7 +3,8 @@
 #include <QString>
 
 /// A file that is to come in place of another one, at one stroke. It lies beside that one, hidden,
-/// and goes with this unless it was put in place. One thread.
+/// and goes with this unless it was put in place. It is locked as long as this lives, as the
+/// original has to be. One thread.
 class FileReplacement
 {
 public:

@@ -191,7 +191,7 @@ void StoreSource::followFiles()
     for (Part &part : parts) {
         if (!part.isFinal || !part.segment)
             continue;
-        const auto now = FileIdentity::of(part.fileName);
+        auto now = FileIdentity::of(part.fileName);
         if (!now || *now == part.identity)
             continue;
         if (const auto marked =

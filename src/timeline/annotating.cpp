@@ -1,6 +1,7 @@
 #include "annotating.h"
 
 #include <QCoreApplication>
+#include <QThread>
 
 namespace {
 
@@ -40,10 +41,11 @@ private:
 QString Annotating::run()
 {
     // It may go from memory into a chunk, and somebody else may change that: but not for ever.
-    constexpr int attempts = 16;
-    for (int i = 0; i < attempts; ++i) {
+    constexpr unsigned long attempts = 16;
+    for (unsigned long i = 0; i < attempts; ++i) {
         if (attempt())
             return error;
+        QThread::msleep(2 * i);
     }
     return Texts::tr("The message is no longer there.");
 }

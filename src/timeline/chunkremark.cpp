@@ -51,8 +51,10 @@ std::optional<quint32> numberAt(const QString &path, const FileIdentity &now,
     return messages[offset % ChunkIndex::recordsPerStep].messageNumber;
 }
 
-SharedSegment remarkedSegment(const QString &path, const TraceSegment &segment,
-                              const FileIdentity &before, const FileIdentity &now)
+namespace {
+
+SharedSegment remarkedAs(const QString &path, const TraceSegment &segment,
+                         const FileIdentity &before, const FileIdentity &now)
 {
     const auto bytes = std::make_shared<ChunkFileBytes>(path, now);
     const ChunkReading::Bounds bounds{ArchiveLimits::memoryLimit(), [] { return true; }};
@@ -67,4 +69,21 @@ SharedSegment remarkedSegment(const QString &path, const TraceSegment &segment,
         return {};
     auto moved = std::make_shared<ChunkSegment>(bytes, std::move(*index));
     return hasSameEnds(*moved) ? moved : nullptr;
+}
+
+} // namespace
+
+SharedSegment remarkedSegment(const QString &path, const TraceSegment &segment,
+                              const FileIdentity &before, FileIdentity &now)
+{
+    constexpr int attempts = 50;
+    for (int i = 0; i < attempts; ++i) {
+        if (SharedSegment marked = remarkedAs(path, segment, before, now))
+            return marked;
+        const auto next = FileIdentity::of(path);
+        if (!next || *next == now)
+            return {};
+        now = *next;
+    }
+    return {};
 }

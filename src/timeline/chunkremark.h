@@ -21,7 +21,8 @@ std::optional<ChunkIndex> remarkedIndex(const ChunkIndex &index, const FileIdent
 std::optional<quint32> numberAt(const QString &path, const FileIdentity &now,
                                 const ChunkIndex &index, quint32 offset);
 
-/// The same chunk in the file \a path, which is \a now; null where it is another one. Looks at the
-/// ends of the records.
+/// The same chunk in the file \a path, which was \a now a moment ago, and is \a now again when this
+/// returns: it may change at any time. Null where it is another one. Looks at the ends of the
+/// records.
 SharedSegment remarkedSegment(const QString &path, const TraceSegment &segment,
-                              const FileIdentity &before, const FileIdentity &now);
+                              const FileIdentity &before, FileIdentity &now);

@@ -249,12 +249,20 @@ void FileSource::add(const QString &name, Chunk chunk)
     // What a file held before it grew is shown until it is read again.
     if (before != known.end() && takeOverMarked(*before, chunk))
         chunk.lineage = before->lineage;
+    else if (before != known.end() && isGoneAgain(chunk))
+        return;
     else if (before != known.end() && before->identity.inode == chunk.identity.inode
              && before->identity.size < chunk.identity.size) {
         chunk.segment = before->segment;
         chunk.lineage = before->lineage;
     }
     known.insert(name, chunk);
+}
+
+// One that has gone since it was found keeps its place.
+bool FileSource::isGoneAgain(const Chunk &chunk)
+{
+    return !chunk.path.isEmpty() && !FileIdentity::of(chunk.path);
 }
 
 // A chunk of which only notes and bookmarks have changed need not be read again.

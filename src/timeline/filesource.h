@@ -60,6 +60,7 @@ private:
     void lookAtFile(const QString &path) REQUIRES(workMutex);
     void lookAtArchive(const QString &path) REQUIRES(workMutex);
     void add(const QString &name, Chunk chunk) REQUIRES(workMutex);
+    static bool isGoneAgain(const Chunk &chunk);
     static bool takeOverMarked(const Chunk &before, Chunk &chunk);
     void sortIntoRuns() REQUIRES(workMutex);
     std::optional<Task> nextMissing() EXCLUDES(workMutex);

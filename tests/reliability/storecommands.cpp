@@ -10,6 +10,7 @@ const StoreDriver::Command StoreDriver::commands[] = {
     {"append", 40, 65, &StoreDriver::append},
     {"rotate", 3, 3, &StoreDriver::rotate},
     {"note", 8, 5, &StoreDriver::writeNote},
+    {"note anywhere", 2, 1, &StoreDriver::writeNoteAnywhere},
     {"bookmark", 8, 5, &StoreDriver::writeBookmark},
     {"note on the next", 4, 2, &StoreDriver::noteNextMessage},
     {"note on the last", 4, 0, &StoreDriver::noteLastMessage},
@@ -110,6 +111,32 @@ void StoreDriver::writeNote()
     store->appendMessageNote(number, words);
     if (!existing.contains(words))
         model->notes[number] = existing.isEmpty() ? words : existing + " ; " + words;
+}
+
+// Through the timeline, into memory or a chunk. What a budget takes depends on the sizes of chunks,
+// so none may be on its way.
+void StoreDriver::writeNoteAnywhere()
+{
+    const QString words = below(3) == 0 ? QString() : text();
+    const std::size_t chunks = model->chunks.size();
+    const auto chosen = std::size_t(below(int(chunks) + 1));
+    const bool isLive = chosen == chunks;
+    const MessageRun run = isLive ? model->live : model->chunks[chosen].messages;
+    if (run.count == 0)
+        return;
+    const quint32 number = run.number + quint32(below(int(run.count)));
+    note(QString::number(number));
+    store->waitForSaves();
+    timeline->refresh();
+    QString error;
+    const bool isWritten = timeline->setNote(number, words, &error);
+    if (!isLive && model->chunks[chosen].removed)
+        return require(!isWritten, "a note on a chunk that is gone");
+    require(isWritten, "a note is not written: " + error);
+    if (isLive)
+        model->annotate(number, words);
+    else
+        model->annotateChunk(chosen, number, words);
 }
 
 void StoreDriver::writeBookmark()

@@ -51,6 +51,7 @@ private:
     void rotate();
     void appendBurst(int count);
     void writeNote();
+    void writeNoteAnywhere();
     void writeBookmark();
     void noteNextMessage();
     void noteLastMessage();

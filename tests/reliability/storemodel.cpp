@@ -147,11 +147,37 @@ void StoreModel::rotate()
     enforceBudget();
 }
 
+namespace {
+
+quint32 sizeOf(const ModelFile &file)
+{
+    return quint32(file.chunkBytes().size() / 1024);
+}
+
+void annotateIn(ChunkFormat::Notes &notes, quint32 number, const QString &text)
+{
+    if (text.isEmpty())
+        notes.remove(number);
+    else
+        notes[number] = text;
+}
+
+} // namespace
+
+void StoreModel::annotate(quint32 number, const QString &text)
+{
+    annotateIn(isLive ? notes : liveNotes, number, text);
+}
+
+void StoreModel::annotateChunk(std::size_t chunk, quint32 number, const QString &text)
+{
+    kibibytes -= sizeOf(chunks[chunk]);
+    annotateIn(chunks[chunk].notes, number, text);
+    kibibytes += sizeOf(chunks[chunk]);
+}
+
 void StoreModel::enforceBudget()
 {
-    const auto sizeOf = [](const ModelFile &file) {
-        return quint32(file.chunkBytes().size() / 1024);
-    };
     kibibytes += sizeOf(chunks.back());
     if ((kibibytes + otherKibibytes) / 1024 <= budget)
         return;

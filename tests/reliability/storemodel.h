@@ -59,6 +59,8 @@ public:
 
     void append(quint32 count);
     void rotate();
+    void annotate(quint32 number, const QString &text);
+    void annotateChunk(std::size_t chunk, quint32 number, const QString &text);
     void page(const ModelFile &chunk);
     void merge(const QVector<ModelFile> &entriesInArchiveOrder, const QString &archive);
     void goLive();

@@ -328,7 +328,7 @@ void TestAnnotate::whatIsDeletedDoesNotComeBack()
 {
     QTemporaryDir folder;
     const QString chunk = folder.filePath(QStringLiteral("tmpData0.dck"));
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 6; ++round) {
         record(folder.path(), 1, {5000});
         TraceTimeline timeline({folder.path()});
         QVERIFY(timeline.waitForAll());

@@ -69,16 +69,18 @@ QAction *NotesDock::newAction(const QString &objectName, const QString &text,
 
 void NotesDock::buildActions()
 {
-    noteAction = newAction(QStringLiteral("addNote"), tr("&Note"), &NotesDock::addNote);
+    noteAction = newAction(QStringLiteral("addNote"), tr("Note"), &NotesDock::addNote);
+    noteAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+M")));
     noteAction->setToolTip(tr("Write a note on the current message"));
     bookmarkAction =
-        newAction(QStringLiteral("addBookmark"), tr("&Bookmark"), &NotesDock::addBookmark);
+        newAction(QStringLiteral("addBookmark"), tr("Bookmark"), &NotesDock::addBookmark);
+    bookmarkAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
     bookmarkAction->setToolTip(tr("Set a bookmark on the current message"));
-    editAction = newAction(QStringLiteral("editMark"), tr("&Edit"), &NotesDock::editCurrent);
+    editAction = newAction(QStringLiteral("editMark"), tr("Edit"), &NotesDock::editCurrent);
     editAction->setShortcut(Qt::Key_F2);
     editAction->setShortcutContext(Qt::WidgetShortcut);
     removeAction =
-        newAction(QStringLiteral("removeMark"), tr("&Remove"), &NotesDock::removeSelected);
+        newAction(QStringLiteral("removeMark"), tr("Remove"), &NotesDock::removeSelected);
     removeAction->setShortcut(QKeySequence::Delete);
     // The same key edits the text in an editor.
     removeAction->setShortcutContext(Qt::WidgetShortcut);
@@ -142,7 +144,7 @@ void NotesDock::connectParts()
     });
 }
 
-QList<QAction *> NotesDock::actions() const
+QList<QAction *> NotesDock::markActions() const
 {
     return {noteAction, bookmarkAction};
 }

@@ -25,8 +25,9 @@ public:
     explicit NotesDock(QWidget *parent = nullptr);
     ~NotesDock() override;
 
-    /// Add a note, add a bookmark at the current position. They belong to the dock, and show it.
-    QList<QAction *> actions() const;
+    /// Add a note, add a bookmark at the current position, for a menu: their keys work there while
+    /// the dock is hidden. They belong to the dock, and show it.
+    QList<QAction *> markActions() const;
 
 public slots:
     /// Null for none.
