@@ -146,7 +146,9 @@ void TestTraceActions::menuFilters()
     QVERIFY(at.show(100));
     QSignalSpy wanted(at.view.get(), &TraceView::filterWanted);
     at.press(Qt::Key_Down);
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(10, 10));
+    const QPoint point(10, 10);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, point,
+                            at.table->viewport()->mapToGlobal(point));
     QApplication::sendEvent(at.table->viewport(), &event);
     auto *menu = at.table->findChild<QMenu *>(QStringLiteral("messageMenu"));
     QVERIFY(menu);

@@ -142,7 +142,7 @@ void TestTraceView::clickEndsFollowing()
     TraceWindow at;
     QVERIFY(at.show(1000, true));
     QTRY_VERIFY(at.isInSight(999));
-    QTest::mouseClick(at.table->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
+    QTest::mouseClick(at.table->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 200));
     QVERIFY(!at.view->model()->isFollowing());
     const quint64 chosen = *at.view->currentPosition();
     at.append(1000);

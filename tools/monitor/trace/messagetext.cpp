@@ -61,7 +61,7 @@ QString MessageText::seconds(qint64 time)
 
 bool MessageText::isDate(qint64 time)
 {
-    constexpr qint64 year = 365 * 24 * 3600 * million;
+    constexpr qint64 year = qint64(365) * 24 * 3600 * million;
     return time >= year;
 }
 

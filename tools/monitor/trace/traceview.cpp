@@ -25,7 +25,8 @@ namespace {
 void makeDense(QTableView &table)
 {
     table.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    const int height = qMax(table.fontMetrics().height(), QApplication::fontMetrics().height());
+    const int height =
+        qMax(table.fontMetrics().height(), QFontMetrics(QApplication::font()).height());
     table.horizontalHeader()->setFont(QApplication::font());
     table.verticalHeader()->setMinimumSectionSize(height);
     table.verticalHeader()->setDefaultSectionSize(height + height / 6);
