@@ -108,7 +108,7 @@ void CurveDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     if (!identifier)
         return;
     const TraceSummary &summary = table->digest()->summary();
-    PlotCurve curve = rateCurve(identifier->curve, summary.last);
+    PlotCurve curve = rateCurve(identifier->curve, summary.last, smoothing(identifier->curve));
     const bool isSelected = item.state.testFlag(QStyle::State_Selected);
     curve.color =
         isSelected ? textColor(item) : lineColor(quint8(identifier->last.line), item.palette);
