@@ -200,7 +200,7 @@ void IdentifiersPage::drawCurves()
     }
     const TraceSummary &summary = digest()->summary();
     PlotCurve curve = rateCurve(chosen->curve, summary.last, smoothing(chosen->curve));
-    curve.name = DigestText::identifier(chosen->last, model->base()) + QLatin1Char(' ')
+    curve.name = DigestText::identifier(chosen->last, model->identifierBase()) + QLatin1Char(' ')
         + DigestText::kind(chosen->last);
     curve.color = lineColor(quint8(chosen->last.line), palette());
     rate->setCurves(tr("Messages per second"), {curve}, summary.first, summary.last);
