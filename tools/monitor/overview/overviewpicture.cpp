@@ -36,6 +36,19 @@ void count(const CAN::CanRxMessage &message, OverviewPicture &picture)
     rate.errors[interval] += message.id == CAN::errorFrameId ? 1 : 0;
 }
 
+// No more than there are messages for, so that the counts of neighbours can be compared.
+int intervalsFor(const TraceTimeline &timeline, const OverviewPicture &picture,
+                 const OverviewWish &wish)
+{
+    constexpr quint64 least = 20;
+    constexpr quint64 perInterval = 2;
+    const quint64 begin = timeline.positionOfTime(picture.first);
+    const quint64 end = timeline.positionOfTime(picture.last);
+    const quint64 messages = end - std::min(begin, end);
+    return int(
+        std::min(quint64(std::max(0, wish.intervals)), std::max(least, messages / perInterval)));
+}
+
 // Replaces the counts by exact ones, where the messages are few.
 void countOneByOne(const TraceTimeline &timeline, OverviewPicture &picture,
                    const std::function<bool()> &keepGoing)
@@ -71,10 +84,15 @@ OverviewPicture overviewOf(const TraceTimeline &timeline, const OverviewWish &wi
     picture.traceFirst = timeline.firstTime();
     // The end of an interval does not belong to it.
     picture.traceLast = timeline.lastTime() + 1;
+    constexpr qint64 shortest = 1000;
+    constexpr qint64 second = 1000000;
+    if (picture.traceLast - picture.traceFirst < shortest)
+        picture.traceLast = picture.traceFirst + second;
     const bool isPart = wish.first < wish.last;
     picture.first = isPart ? wish.first : picture.traceFirst;
     picture.last = isPart ? wish.last : picture.traceLast;
-    picture.rate = timeline.rate(picture.first, picture.last, wish.intervals);
+    picture.rate =
+        timeline.rate(picture.first, picture.last, intervalsFor(timeline, picture, wish));
     countOneByOne(timeline, picture, keepGoing);
     return picture;
 }

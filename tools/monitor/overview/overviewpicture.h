@@ -36,7 +36,7 @@ struct OverviewWish
 {
     qint64 first = 0;
     qint64 last = 0;
-    int intervals = 0;
+    int intervals = 0; ///< at most
 };
 
 /// Everything but the marks. Counts a few messages one by one, and takes the steps of the timeline

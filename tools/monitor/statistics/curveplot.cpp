@@ -23,23 +23,39 @@ double roundedUp(double value)
 
 } // namespace
 
-PlotCurve rateCurve(const TimeCurve &curve, qint64 last)
+int smoothing(const TimeCurve &messages)
+{
+    constexpr quint64 wanted = 4;
+    quint64 sum = 0;
+    for (int i = 0; i < messages.size(); ++i)
+        sum += messages.at(i);
+    int group = 1;
+    while (group < messages.size() && sum * quint64(group) < wanted * quint64(messages.size()))
+        group *= 2;
+    return group;
+}
+
+PlotCurve rateCurve(const TimeCurve &curve, qint64 last, int group)
 {
     PlotCurve plot;
-    for (int i = 0; i < curve.size(); ++i) {
+    const qint64 whole = group * curve.width();
+    for (int i = 0; i < curve.size(); i += group) {
         const qint64 begin = curve.start() + i * curve.width();
-        const qint64 width = std::min(curve.width(), last - begin);
+        const qint64 width = std::min(whole, last - begin);
         // What has hardly begun would make a rate of one message.
-        const bool isOpen = width < curve.width() && width < curve.width() / 2;
-        if (isOpen && i > 0)
+        const bool hasBegun = width >= whole / 2;
+        if (!hasBegun && i > 0)
             break;
-        const double rate = double(curve.at(i)) * 1e6 / double(isOpen ? curve.width() : width);
+        quint64 amount = 0;
+        for (int k = i; k < std::min(i + group, int(curve.size())); ++k)
+            amount += curve.at(k);
+        const double rate = double(amount) * 1e6 / double(hasBegun ? width : whole);
         plot.points.append({double(begin), rate});
         plot.points.append({double(begin + width), rate});
     }
-    // Where there is more of the trace, nothing came.
-    const qint64 end = curve.start() + curve.size() * curve.width();
-    if (!plot.points.isEmpty() && end < last)
+    // Where there is much more of the trace, nothing came.
+    const qint64 end = plot.points.isEmpty() ? last : qint64(plot.points.constLast().x());
+    if (last - end > whole)
         plot.points << QPointF(double(end), 0) << QPointF(double(last), 0);
     return plot;
 }

@@ -27,8 +27,10 @@ struct PlotRange
     double highest = 0; ///< from 0
 };
 
-/// Messages each second. Ends at \a last, where the last interval of the curve may not be over.
-PlotCurve rateCurve(const TimeCurve &curve, qint64 last);
+/// How many intervals of a curve are to be drawn as one, so that some messages fall into each.
+int smoothing(const TimeCurve &messages);
+/// What comes each second. Ends at \a last, where the last interval of the curve may not be over.
+PlotCurve rateCurve(const TimeCurve &curve, qint64 last, int group);
 double highest(const PlotCurve &curve);
 void drawCurve(QPainter &painter, const QRectF &area, const PlotCurve &curve,
                const PlotRange &range);

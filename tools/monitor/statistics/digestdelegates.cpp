@@ -70,7 +70,7 @@ void PayloadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     if (!identifier || identifier->last.remote)
         return;
     const QRect area = textRect(item);
-    const int digits = table->base() == 16 ? 2 : 3;
+    const int digits = table->dataBase() == 16 ? 2 : 3;
     const int character = item.fontMetrics.horizontalAdvance(QLatin1Char('0'));
     QRect cell(area.left(), area.top(), character * digits, area.height());
     const bool isSelected = item.state.testFlag(QStyle::State_Selected);
@@ -87,7 +87,7 @@ void PayloadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         if (fresh > 0)
             painter->fillRect(cell.adjusted(-character / 3, 1, character / 3, -1), mark);
         painter->drawText(cell, Qt::AlignVCenter | Qt::AlignRight,
-                          DigestText::byte(identifier->last.data[i], table->base()));
+                          DigestText::byte(identifier->last.data[i], table->dataBase()));
         cell.translate(character * (digits + 1), 0);
     }
     painter->restore();
@@ -108,7 +108,7 @@ void CurveDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     if (!identifier)
         return;
     const TraceSummary &summary = table->digest()->summary();
-    PlotCurve curve = rateCurve(identifier->curve, summary.last);
+    PlotCurve curve = rateCurve(identifier->curve, summary.last, smoothing(identifier->curve));
     const bool isSelected = item.state.testFlag(QStyle::State_Selected);
     curve.color =
         isSelected ? textColor(item) : lineColor(quint8(identifier->last.line), item.palette);

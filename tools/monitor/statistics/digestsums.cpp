@@ -152,7 +152,7 @@ QVector<QPair<int, IdentifierDigest>> DigestSums::takeChanged(int most)
         digest.meanPeriod = periods.mean();
         digest.leastPeriod = periods.least();
         digest.mostPeriod = periods.most();
-        taken.append(QPair<int, IdentifierDigest>(place, std::move(digest)));
+        taken.append({place, digest});
     }
     return taken;
 }

@@ -32,11 +32,12 @@ void IdentifierTable::setFilter(const QString &text)
     rebuild();
 }
 
-void IdentifierTable::setBase(int base)
+void IdentifierTable::setBases(int identifiers, int data)
 {
-    if (ownBase == base)
+    if (ownBase == identifiers && ownDataBase == data)
         return;
-    ownBase = base;
+    ownBase = identifiers;
+    ownDataBase = data;
     rebuild();
 }
 
@@ -253,7 +254,7 @@ QString IdentifierTable::text(const IdentifierDigest &identifier, int column) co
     case LengthColumn:
         return QString::number(CAN::payloadSize(identifier.last));
     case DataColumn:
-        return DigestText::bytes(identifier.last, ownBase);
+        return DigestText::bytes(identifier.last, ownDataBase);
     default:
         return {};
     }

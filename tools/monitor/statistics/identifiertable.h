@@ -40,9 +40,10 @@ public:
 
     /// Shows identifiers that contain the text as they are written.
     void setFilter(const QString &text);
-    /// 10 or 16.
-    void setBase(int base);
-    int base() const { return ownBase; }
+    /// Of identifiers and of payloads: 10 or 16.
+    void setBases(int identifiers, int data);
+    int identifierBase() const { return ownBase; }
+    int dataBase() const { return ownDataBase; }
 
     /// What a row is about; it holds until the next change. Null for no row.
     const IdentifierDigest *at(int row) const;
@@ -73,6 +74,7 @@ private:
     QPointer<TraceDigest> ownDigest;
     QString filter;
     int ownBase = 16;
+    int ownDataBase = 16;
     int sortColumn = IdentifierColumn;
     Qt::SortOrder sortOrder = Qt::AscendingOrder;
     QElapsedTimer sinceSorted;

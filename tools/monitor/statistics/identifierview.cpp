@@ -104,7 +104,12 @@ void IdentifierView::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     if (!digest)
         return;
-    model->setBase(QSettings().value(QStringLiteral("trace/number base")).toInt() == 10 ? 10 : 16);
+    // As the table of messages writes them.
+    const QSettings settings;
+    const auto base = [&settings](const char *key) {
+        return settings.value(QLatin1String(key)).toInt() == 10 ? 10 : 16;
+    };
+    model->setBases(base("trace/number base"), base("trace/data base"));
     digest->setWatched(this, true);
     tick();
     showProgress();

@@ -41,8 +41,9 @@ void layOut(QWidget *page, const QList<QWidget *> &parts, bool isTableSmall)
 
 PlotCurve loadCurve(const LineDigest &line, const BitRates &bitRates, qint64 last)
 {
-    PlotCurve curve = rateCurve(line.nominalBits, last);
-    const PlotCurve data = rateCurve(line.dataBits, last);
+    const int group = smoothing(line.messages);
+    PlotCurve curve = rateCurve(line.nominalBits, last, group);
+    const PlotCurve data = rateCurve(line.dataBits, last, group);
     for (int i = 0; i < curve.points.size(); ++i) {
         QPointF &point = curve.points[i];
         const double dataBits = i < data.points.size() ? data.points.at(i).y() : 0;
@@ -134,7 +135,7 @@ void LinesPage::drawCurves()
     QVector<PlotCurve> rateCurves;
     for (const LineDigest &line : summary.lines) {
         loadCurves += loadCurve(line, model->bitRates(line.line), summary.last);
-        rateCurves += rateCurve(line.messages, summary.last);
+        rateCurves += rateCurve(line.messages, summary.last, smoothing(line.messages));
         for (PlotCurve *curve : {&loadCurves.last(), &rateCurves.last()}) {
             curve->name = tr("Line %1").arg(line.line);
             curve->color = lineColor(line.line, palette());
@@ -198,8 +199,8 @@ void IdentifiersPage::drawCurves()
         return;
     }
     const TraceSummary &summary = digest()->summary();
-    PlotCurve curve = rateCurve(chosen->curve, summary.last);
-    curve.name = DigestText::identifier(chosen->last, model->base()) + QLatin1Char(' ')
+    PlotCurve curve = rateCurve(chosen->curve, summary.last, smoothing(chosen->curve));
+    curve.name = DigestText::identifier(chosen->last, model->identifierBase()) + QLatin1Char(' ')
         + DigestText::kind(chosen->last);
     curve.color = lineColor(quint8(chosen->last.line), palette());
     rate->setCurves(tr("Messages per second"), {curve}, summary.first, summary.last);

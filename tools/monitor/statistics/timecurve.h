@@ -26,8 +26,6 @@ public:
     /// Number of intervals up to the last one with something in it.
     int size() const { return amounts.size(); }
     quint64 at(int interval) const { return amounts.at(interval); }
-    /// For each second, in the mean of an interval.
-    double perSecond(int interval) const { return double(at(interval)) * 1e6 / double(length); }
 
 private:
     void findInterval(qint64 time)
