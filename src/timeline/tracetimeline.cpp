@@ -75,8 +75,8 @@ QVector<TraceChunk> TraceTimeline::chunks() const
     for (const auto &placed : snapshot->segments()) {
         const ChunkIndex &index = placed.segment->index();
         if (index.count > 0)
-            all.append({placed.segment->name(), placed.begin, index.count, index.minTime,
-                        index.maxTime});
+            all.append(
+                {placed.segment->name(), placed.begin, index.count, index.minTime, index.maxTime});
     }
     return all;
 }

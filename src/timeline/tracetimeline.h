@@ -74,8 +74,8 @@ struct TraceIdentifier
 /// A run of messages that lie in one place, one behind the other.
 struct TraceChunk
 {
-    QString name;         ///< of the file with its path, or of the file within its archive; empty
-                          ///< of messages in memory
+    QString name;         ///< the path of the file; in an archive, words for the user that name
+                          ///< both; empty of messages in memory
     quint64 position = 0; ///< of its first message
     quint64 count = 0;    ///< of its messages, 1 at least
     qint64 firstTime = 0; ///< the lowest of them, in microseconds

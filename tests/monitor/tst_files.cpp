@@ -41,6 +41,9 @@ private slots:
 
 namespace {
 
+// For what reads many messages, also where a sanitizer looks on; in milliseconds.
+constexpr int patience = 60000;
+
 quint64 messagesIn(const QString &path)
 {
     TraceStream stream(path, TraceRecognition::of(path).type);
@@ -173,7 +176,7 @@ void TestFiles::importIsBoundedAndKeepsNotes()
     QVERIFY(writeTrace(items, chunk) && compress(chunk));
     FileWindow window;
     window.desk.open({chunk + ".gz"});
-    QTRY_COMPARE(window.notices.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(window.notices.size(), 1, patience);
     QCOMPARE(window.countOf(), items.count);
     for (const quint32 number : marked) {
         const TraceRow row = window.trace()->timeline().row(number);
@@ -201,7 +204,7 @@ void TestFiles::cancelledImportLeavesNothing()
     });
     for (int i = 0; i < 3; ++i)
         window.desk.open({path});
-    QTRY_VERIFY(window.notices.size() >= 2 && queue->jobs().isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(window.notices.size() >= 2 && queue->jobs().isEmpty(), patience);
     for (const Notice &told : window.notices)
         QCOMPARE(told.kind, Notice::Warning);
     for (std::size_t i = 0; i < window.traces.size(); ++i)

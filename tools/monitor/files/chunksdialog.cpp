@@ -1,5 +1,6 @@
 #include "chunksdialog.h"
 
+#include "chunknames.h"
 #include "microseconds.h"
 #include "plaintexts.h"
 #include "showntrace.h"
@@ -57,11 +58,18 @@ public:
     }
 
 private:
+    // What lies in an archive comes with words of its own.
+    static QString nameOf(const TraceChunk &chunk)
+    {
+        if (chunk.name.isEmpty())
+            return ChunksDialog::tr("in memory");
+        return isChunkName(chunk.name) ? shortName(chunk.name) : chunk.name;
+    }
     static QVariant text(const TraceChunk &chunk, int column)
     {
         switch (column) {
         case Name:
-            return chunk.name.isEmpty() ? ChunksDialog::tr("in memory") : shortName(chunk.name);
+            return nameOf(chunk);
         case Position:
             return QString::number(chunk.position);
         case Messages:
