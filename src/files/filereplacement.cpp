@@ -76,7 +76,8 @@ bool FileReplacement::create()
     });
     if (ownHandle < 0)
         return false;
-    // Who finds it in its place waits until what was there before is gone: both have the same names.
+    // Who finds it in its place waits until what was there before is gone: both have the same
+    // names.
     FileLock::tryLock(ownHandle);
     // Nobody but the superuser gives files away.
     static_cast<void>(fchown(ownHandle, status.st_uid, status.st_gid) == 0);

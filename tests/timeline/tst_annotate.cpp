@@ -1,4 +1,5 @@
 #include "archives.h"
+#include "canframe.h"
 #include "chunkdirectory.h"
 #include "chunkmove.h"
 #include "messages.h"
@@ -299,6 +300,7 @@ void TestAnnotate::otherChunksAreReadAnew()
     QVERIFY(timeline.waitForAll());
     QCOMPARE(timeline.count(), 5000U);
     QCOMPARE(timeline.row(10).message.seconds, messages.at(10).seconds);
+    QCOMPARE(timeline.firstTime(), CAN::timeOf(messages.first()));
 }
 
 void TestAnnotate::changesOfManyThreadsAllLast()
