@@ -120,8 +120,12 @@ int MainWindow::addTab(ShownTrace *trace)
     });
     const int index = tabs->addTab(tab, trace->title());
     tabs->setTabToolTip(index, trace->paths().join(QLatin1Char('\n')));
-    if (trace == buses->recording())
+    if (trace == buses->recording()) {
         tab->setStartPage(new StartPage(startActions()));
+        // The recording has its own way to end.
+        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
+            tabs->tabBar()->setTabButton(index, side, nullptr);
+    }
     return index;
 }
 
@@ -162,11 +166,6 @@ void MainWindow::showCurrent()
     statistics->setTrace(trace);
     files->setCurrent(trace, tab ? tab->view() : nullptr);
     byIdentifier->setChecked(tab && tab->isByIdentifier());
-    // The recording has its own way to end.
-    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) {
-        if (QWidget *button = tabs->tabBar()->tabButton(recordingTab, side))
-            button->hide();
-    }
 }
 
 void MainWindow::about()

@@ -67,6 +67,8 @@ void MainWindow::buildTraceMenus()
             addAll(edit, tab->view()->editActions());
             edit->addSeparator();
             addAll(edit, tab->filterBar()->actions());
+            edit->addSeparator();
+            addAll(edit, notes->markActions());
         }
     });
     byIdentifier->setCheckable(true);

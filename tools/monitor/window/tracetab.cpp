@@ -40,6 +40,7 @@ void TraceTab::connectParts()
     connect(ownView, &TraceView::filterWanted, bar, &FilterBar::setText);
     connect(ownView, &TraceView::shownTimesChanged, strip, &OverviewStrip::setShownTimes);
     connect(strip, &OverviewStrip::timeChosen, ownView, &TraceView::showTime);
+    connect(shown, &ShownTrace::marksChanged, strip, &OverviewStrip::readMarks);
     const auto showMessages = [this] { setByIdentifier(false); };
     connect(identifiers, &IdentifierView::positionChosen, ownView, &TraceView::showPosition);
     connect(identifiers, &IdentifierView::positionChosen, this, showMessages);
