@@ -111,7 +111,7 @@ Notice WritingDesk::converted(const ConvertOrder &order, const ConvertResult &re
     told.actionText = tr("Details");
     told.action = [self, problems = result.problems] {
         if (self)
-            self->showList(tr("What Is Missing"), problems);
+            self->showList(tr("What is missing"), problems);
     };
     return told;
 }
@@ -124,7 +124,7 @@ void WritingDesk::showList(const QString &title, const QStringList &lines)
 
 void WritingDesk::askForPacking(const ShownTrace &trace)
 {
-    auto *dialog = new QFileDialog(window, tr("Pack into an Archive"), lastArchiveFolder(),
+    auto *dialog = new QFileDialog(window, tr("Pack into an archive"), lastArchiveFolder(),
                                    tr("Archives (*.zip)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
@@ -164,7 +164,7 @@ void WritingDesk::askForUnpacking(const QString &archive)
         askForFolder(archive);
         return;
     }
-    auto *dialog = new QFileDialog(window, tr("Archive to Unpack"), lastArchiveFolder(),
+    auto *dialog = new QFileDialog(window, tr("Archive to unpack"), lastArchiveFolder(),
                                    tr("Archives (*.zip);;All files (*)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
@@ -176,7 +176,7 @@ void WritingDesk::askForFolder(const QString &archive)
 {
     QSettings().setValue(archiveFolder, QFileInfo(archive).path());
     auto *dialog =
-        new QFileDialog(window, tr("Folder for the Chunks of %1").arg(shortName(archive)),
+        new QFileDialog(window, tr("Folder for the chunks of %1").arg(shortName(archive)),
                         QFileInfo(archive).path());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
