@@ -123,6 +123,11 @@ QWidget *FileDesk::progress() const
     return rows;
 }
 
+QStringList FileDesk::unfinished() const
+{
+    return writing->unfinished();
+}
+
 void FileDesk::open(const QStringList &paths)
 {
     opener->open(paths);
@@ -130,13 +135,12 @@ void FileDesk::open(const QStringList &paths)
 
 void FileDesk::setCurrent(ShownTrace *trace, TraceView *traceView)
 {
-    if (current)
-        disconnect(current, nullptr, this, nullptr);
     current = trace;
     view = traceView;
     // There is a report only when the import has ended.
     if (ImportedTrace *import = imported())
-        connect(import->job(), &BackgroundJob::finished, this, &FileDesk::updateActions);
+        connect(import->job(), &BackgroundJob::finished, this, &FileDesk::updateActions,
+                Qt::UniqueConnection);
     updateActions();
 }
 

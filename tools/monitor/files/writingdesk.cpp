@@ -1,10 +1,10 @@
 #include "writingdesk.h"
 
-#include "archiving.h"
 #include "convertdialog.h"
 #include "exportdialog.h"
 #include "jobqueue.h"
 #include "listdialog.h"
+#include "packing.h"
 #include "plaintexts.h"
 #include "showntrace.h"
 
@@ -33,7 +33,18 @@ WritingDesk::WritingDesk(QWidget *window, JobQueue *queue, QObject *parent)
 
 WritingDesk::~WritingDesk() = default;
 
-void WritingDesk::run(const QString &title, BackgroundJob::Work work)
+QStringList WritingDesk::unfinished() const
+{
+    QStringList titles;
+    const auto jobs = findChildren<BackgroundJob *>();
+    for (const BackgroundJob *job : jobs) {
+        if (!job->isFinished())
+            titles += job->title();
+    }
+    return titles;
+}
+
+BackgroundJob *WritingDesk::run(const QString &title, BackgroundJob::Work work)
 {
     auto *job = new BackgroundJob(title, std::move(work), this);
     connect(job, &BackgroundJob::finished, this, [this, job](const Notice &told) {
@@ -42,6 +53,17 @@ void WritingDesk::run(const QString &title, BackgroundJob::Work work)
             emit notice(told);
     });
     queue->add(job);
+    return job;
+}
+
+// Of all of a trace, when nothing was left out.
+void WritingDesk::keepMarks(BackgroundJob *job, ShownTrace *trace)
+{
+    connect(job, &BackgroundJob::finished, trace,
+            [job, trace, marks = trace->marksSet()](const Notice &told) {
+                if (told.kind == Notice::Information && !job->control().isCancelled)
+                    trace->setMarksKept(marks);
+            });
 }
 
 // Made on the job's thread, used on the window's.
@@ -56,25 +78,27 @@ Notice WritingDesk::withOpen(Notice notice, const QString &path) const
     return notice;
 }
 
-void WritingDesk::askForExport(const ShownTrace &trace, const TraceView &view)
+void WritingDesk::askForExport(ShownTrace &trace, const TraceView &view)
 {
     auto *dialog = new ExportDialog(trace, view, window);
     connect(dialog, &ExportDialog::chosen, this,
-            [this, timeline = trace.timeline()](const ExportOrder &order,
-                                                const TraceSelection &selection) {
-                exportTrace(timeline, selection, order);
+            [this, trace = QPointer<ShownTrace>(&trace), timeline = trace.timeline()](
+                const ExportOrder &order, const TraceSelection &selection) {
+                BackgroundJob *job = exportTrace(timeline, selection, order);
+                if (trace && selection.isAll() && order.withNotes)
+                    keepMarks(job, trace);
             });
     dialog->open();
 }
 
-void WritingDesk::exportTrace(const TraceTimeline &timeline, const TraceSelection &selection,
-                              const ExportOrder &order)
+BackgroundJob *WritingDesk::exportTrace(const TraceTimeline &timeline,
+                                        const TraceSelection &selection, const ExportOrder &order)
 {
-    run(tr("Writing %1").arg(shortName(order.target)),
-        [timeline, selection, order](JobControl &control) {
-            TimelineItems items(timeline, selection);
-            return exportNotice(order, exportItems(items, order, control));
-        });
+    return run(tr("Writing %1").arg(shortName(order.target)),
+               [timeline, selection, order](JobControl &control) {
+                   TimelineItems items(timeline, selection);
+                   return exportNotice(order, exportItems(items, order, control));
+               });
 }
 
 void WritingDesk::askForConversion(bool merged)
@@ -122,7 +146,7 @@ void WritingDesk::showList(const QString &title, const QStringList &lines)
     dialog->show();
 }
 
-void WritingDesk::askForPacking(const ShownTrace &trace)
+void WritingDesk::askForPacking(ShownTrace &trace)
 {
     auto *dialog = new QFileDialog(window, tr("Pack into an archive"), lastArchiveFolder(),
                                    tr("Archives (*.zip)"));
@@ -131,17 +155,21 @@ void WritingDesk::askForPacking(const ShownTrace &trace)
     dialog->setDefaultSuffix(QStringLiteral("zip"));
     dialog->selectFile(QFileInfo(trace.title()).completeBaseName() + QLatin1String(".zip"));
     connect(dialog, &QFileDialog::fileSelected, this,
-            [this, timeline = trace.timeline(), paths = trace.paths()](const QString &archive) {
+            [this, trace = QPointer<ShownTrace>(&trace), timeline = trace.timeline(),
+             paths = trace.paths()](const QString &archive) {
                 QSettings().setValue(archiveFolder, QFileInfo(archive).path());
-                pack(timeline, paths, archive);
+                BackgroundJob *job = pack(timeline, paths, archive);
+                if (trace)
+                    keepMarks(job, trace);
             });
     dialog->open();
 }
 
-void WritingDesk::pack(const TraceTimeline &timeline, const QStringList &paths,
-                       const QString &archive)
+BackgroundJob *WritingDesk::pack(const TraceTimeline &timeline, const QStringList &paths,
+                                 const QString &archive)
 {
-    run(tr("Packing %1").arg(shortName(archive)),
+    return run(
+        tr("Packing %1").arg(shortName(archive)),
         [this, timeline, paths, archive](JobControl &control) {
             const ArchiveResult result = packTrace(timeline, paths, archive, control);
             const QString name = shortName(archive);
