@@ -32,8 +32,6 @@ public:
     void reserve(std::size_t messages);
     void append(const CAN::CanRxMessage *messages, std::size_t count);
     void append(const CAN::CanRxMessage &message) { append(&message, 1); }
-    /// Adds the note to the message that was appended last.
-    void addNote(const QString &note) { addNote(size() - 1, note); }
     void addNote(std::size_t row, const QString &note) { notes.push_back({row, note}); }
     void addBookmark(std::size_t row, const QString &text) { bookmarks.push_back({row, text}); }
     /// To be called when all is there.

@@ -151,20 +151,51 @@ py::dict Reading::report() const
 
 namespace {
 
+// Messages come one by one; columns take some hundred of them in a third of the time.
+class Collector
+{
+public:
+    explicit Collector(Columns &columns) : columns(columns) { messages.reserve(blockSize); }
+
+    bool take(const TraceItem &item)
+    {
+        const std::size_t row = columns.size() + messages.size();
+        messages.push_back(item.message);
+        if (!item.note.isEmpty())
+            columns.addNote(row, item.note);
+        if (item.bookmark.isValid())
+            columns.addBookmark(row, item.bookmark.text());
+        if (messages.size() == blockSize)
+            handOn();
+        return true;
+    }
+    void finish()
+    {
+        handOn();
+        columns.finish();
+    }
+
+private:
+    static constexpr std::size_t blockSize = 256;
+
+    void handOn()
+    {
+        columns.append(messages.data(), messages.size());
+        messages.clear();
+    }
+
+    Columns &columns;
+    std::vector<CAN::CanRxMessage> messages;
+};
+
 py::tuple readColumns(const py::str &path, const py::str &mode, const py::object &type,
                       const py::str &description, const py::object &where)
 {
     Reading reading(path, mode, type, description, where);
     const auto columns = std::make_shared<Columns>();
-    reading.run([&columns](const TraceItem &item) {
-        columns->append(item.message);
-        if (!item.note.isEmpty())
-            columns->addNote(item.note);
-        if (item.bookmark.isValid())
-            columns->addBookmark(columns->size() - 1, item.bookmark.text());
-        return true;
-    });
-    columns->finish();
+    Collector collector(*columns);
+    reading.run([&collector](const TraceItem &item) { return collector.take(item); });
+    collector.finish();
     return py::make_tuple(columns, reading.report());
 }
 

@@ -39,6 +39,7 @@ bool refresh(TraceTimeline &timeline)
 {
     const quint64 before = timeline.count();
     workUnlocked([&](Interrupt &interrupt) {
+        timeline.refresh();
         timeline.waitForAll([&interrupt] { return interrupt.goesOn(); });
     });
     return timeline.count() != before;

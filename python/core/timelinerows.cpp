@@ -69,7 +69,7 @@ void Collecting::readOne(quint64 position)
     }
     columns->append(row.message);
     if (!row.note.isEmpty())
-        columns->addNote(row.note);
+        columns->addNote(0, row.note);
     if (row.bookmark.isValid())
         columns->addBookmark(0, row.bookmark.text());
 }
