@@ -11,22 +11,21 @@ namespace Parquet {
 
 namespace {
 
-constexpr ColumnType types[columnCount] = {
-    {"time", Type::Int64, Encoding::DeltaBinaryPacked, Converted::TimestampMicros},
-    {"number", Type::Int64, Encoding::DeltaBinaryPacked},
-    {"line", Type::Int32, Encoding::Dictionary},
-    {"identifier", Type::Int64, Encoding::Dictionary},
-    {"extended", Type::Boolean, Encoding::Plain},
-    {"remote", Type::Boolean, Encoding::Plain},
-    {"fd", Type::Boolean, Encoding::Plain},
-    {"brs", Type::Boolean, Encoding::Plain},
-    {"esi", Type::Boolean, Encoding::Plain},
-    {"error", Type::Boolean, Encoding::Plain},
-    {"flag_d", Type::Boolean, Encoding::Plain},
-    {"transmitted", Type::Boolean, Encoding::Plain},
-    {"length", Type::Int32, Encoding::Dictionary},
-    {"data", Type::ByteArray, Encoding::DeltaLength},
-    {"note", Type::ByteArray, Encoding::Plain, Converted::Utf8, true}};
+constexpr ColumnType types[columnCount] = {{"time", Type::Int64, Converted::TimestampMicros},
+                                           {"number", Type::Int64},
+                                           {"line", Type::Int32},
+                                           {"identifier", Type::Int64},
+                                           {"extended", Type::Boolean},
+                                           {"remote", Type::Boolean},
+                                           {"fd", Type::Boolean},
+                                           {"brs", Type::Boolean},
+                                           {"esi", Type::Boolean},
+                                           {"error", Type::Boolean},
+                                           {"flag_d", Type::Boolean},
+                                           {"transmitted", Type::Boolean},
+                                           {"length", Type::Int32},
+                                           {"data", Type::ByteArray},
+                                           {"note", Type::ByteArray, Converted::Utf8, true}};
 
 void addStatistics(int field, const ColumnChunk &chunk, ThriftWriter &thrift)
 {
@@ -39,10 +38,10 @@ void addStatistics(int field, const ColumnChunk &chunk, ThriftWriter &thrift)
     thrift.end();
 }
 
-void addEncodings(int field, const ColumnType &type, ThriftWriter &thrift)
+void addEncodings(int field, const ColumnType &type, const ColumnChunk &chunk, ThriftWriter &thrift)
 {
-    std::vector<Encoding> encodings{type.encoding};
-    if (type.encoding == Encoding::Dictionary)
+    std::vector<Encoding> encodings{chunk.encoding};
+    if (chunk.dictionaryAt >= 0)
         encodings.push_back(Encoding::Plain);
     if (type.isOptional)
         encodings.push_back(Encoding::Rle);
@@ -59,7 +58,7 @@ void addColumn(const ColumnType &type, const ColumnChunk &chunk, qint64 rows, Th
     thrift.addInt64(2, hasDictionary ? chunk.dictionaryAt : chunk.dataAt);
     thrift.beginStruct(3);
     thrift.addInt32(1, qint32(type.type));
-    addEncodings(2, type, thrift);
+    addEncodings(2, type, chunk, thrift);
     thrift.beginList(3, ThriftType::Binary, 1);
     thrift.addElement(QByteArray(type.name));
     thrift.addInt32(4, zstd);
@@ -145,11 +144,6 @@ void addOrders(int field, ThriftWriter &thrift)
 
 } // namespace
 
-const ColumnType &columnType(Column column)
-{
-    return types[column];
-}
-
 QByteArray metadataOf(const RowGroup &group)
 {
     QByteArray bytes;
@@ -198,8 +192,8 @@ QByteArray footer(const QByteArray &groups, int groupCount, qint64 rows,
 QString columnText(const QString &name, int type, int converted)
 {
     constexpr int plainIntegers[] = {17, 18};
-    const bool isPlain = converted < 0 || converted == plainIntegers[0]
-        || converted == plainIntegers[1];
+    const bool isPlain =
+        converted < 0 || converted == plainIntegers[0] || converted == plainIntegers[1];
     return QStringLiteral("%1 %2 %3").arg(name).arg(type).arg(isPlain ? -1 : converted);
 }
 

@@ -37,12 +37,9 @@ struct ColumnType
 {
     const char *name;
     Type type;
-    Encoding encoding;
     Converted converted = Converted::None;
     bool isOptional = false;
 };
-
-const ColumnType &columnType(Column column);
 
 /// What a row group tells of one of its columns.
 struct ColumnChunk
@@ -51,7 +48,8 @@ struct ColumnChunk
     qint64 dataAt = 0;
     qint64 plainSize = 0; ///< in bytes, with the headers of the pages
     qint64 packedSize = 0;
-    QByteArray least; ///< empty where that is not told
+    Encoding encoding = Encoding::Plain; ///< of the values, or of their indexes
+    QByteArray least;                    ///< empty where that is not told
     QByteArray greatest;
     qint64 nulls = 0;
 };

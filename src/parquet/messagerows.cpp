@@ -4,20 +4,19 @@
 #include "columns.h"
 #include "encodings.h"
 
+#include <cstring>
+
 namespace Parquet {
 
 namespace {
 
 quint8 flagsOf(const CAN::CanRxMessage &message)
 {
-    const bool isError = message.id == CAN::errorFrameId;
-    const bool all[flagCount] = {message.extended, message.remote, message.fdFrame, message.flagC,
-                                 message.flagB,    isError,        message.flagD,
-                                 message.transmitted};
-    quint8 flags = 0;
-    for (int i = 0; i < flagCount; ++i)
-        flags |= quint8(quint8(all[i]) << i);
-    return flags;
+    const auto bit = [](Column column, bool isSet) { return int(isSet) << (column - Extended); };
+    return quint8(bit(Extended, message.extended) | bit(Remote, message.remote)
+                  | bit(Fd, message.fdFrame) | bit(BitRateSwitch, message.flagC)
+                  | bit(ErrorState, message.flagB) | bit(Error, message.id == CAN::errorFrameId)
+                  | bit(FlagD, message.flagD) | bit(Transmitted, message.transmitted));
 }
 
 // A remote frame has no payload, whatever length it asks for. Bytes that a record has all the same
@@ -75,10 +74,20 @@ void MessageRows::add(const CAN::CanRxMessage &message)
     identifiers[row] = message.id;
     flags[row] = flagsOf(message);
     lengths[row] = quint32(qint32(message.length));
-    const int size = payloadOf(message);
-    payloadSizes[row] = quint8(size);
-    payload.append(reinterpret_cast<const char *>(message.data), size);
+    addPayload(message, row);
     ++count;
+}
+
+void MessageRows::addPayload(const CAN::CanRxMessage &message, std::size_t row)
+{
+    constexpr int word = sizeof(quint64);
+    const int size = payloadOf(message);
+    if (std::size_t(payloadSize + CAN::maxDataBytes + word) > payloads.size())
+        payloads.resize(payloads.size() * 2 + CAN::maxDataBytes + word);
+    // Eight bytes are copied faster than fewer.
+    std::memcpy(payloads.data() + payloadSize, message.data, std::size_t(std::max(size, word)));
+    payloadSizes[row] = quint8(size);
+    payloadSize += size;
 }
 
 bool MessageRows::addNote(const QString &note)
@@ -95,7 +104,7 @@ bool MessageRows::addNote(const QString &note)
 void MessageRows::clear()
 {
     count = 0;
-    payload.resize(0);
+    payloadSize = 0;
     notes.resize(0);
     notedRows.clear();
 }

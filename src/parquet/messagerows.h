@@ -16,7 +16,7 @@ struct MessageRows
     static constexpr int mostBytes = 16 * 1024 * 1024; ///< of payloads and notes, but for the last
     static constexpr int mostNoteBytes = 16 * 1024 * 1024;
 
-    bool isFull() const { return count == mostRows || payload.size() + notes.size() >= mostBytes; }
+    bool isFull() const { return count == mostRows || payloadSize + notes.size() >= mostBytes; }
     void add(const CAN::CanRxMessage &message);
     /// Adds the note of the message that was added last. False when its end was cut off.
     bool addNote(const QString &note);
@@ -28,16 +28,18 @@ struct MessageRows
     std::vector<quint32> numbers;
     std::vector<quint32> lines;
     std::vector<quint32> identifiers;
-    std::vector<quint8> flags; ///< a bit for each of the boolean columns, in their order
+    std::vector<quint8> flags;    ///< a bit for each of the boolean columns, in their order
     std::vector<quint32> lengths; ///< of 32 bits with a sign
     std::vector<quint8> payloadSizes;
 
-    QByteArray payload;             ///< of all messages, one behind the other
+    std::vector<char> payloads;     ///< of all messages, one behind the other, and eight more bytes
+    int payloadSize = 0;            ///< of all
     std::vector<quint32> notedRows; ///< rising
     QByteArray notes;               ///< of these, as PLAIN has them
 
 private:
     void grow();
+    void addPayload(const CAN::CanRxMessage &message, std::size_t row);
 };
 
 } // namespace Parquet

@@ -53,7 +53,9 @@ QByteArray endOf(QFile &file)
 QString firstDifference(const QStringList &columns)
 {
     const QStringList ours = columnTexts();
-    const auto nameOf = [](const QString &column) { return column.section(QLatin1Char(' '), 0, -3); };
+    const auto nameOf = [](const QString &column) {
+        return column.section(QLatin1Char(' '), 0, -3);
+    };
     for (const QString &column : columns) {
         if (!ours.contains(column))
             return nameOf(column);
@@ -157,7 +159,7 @@ QString ParquetTrace::differenceOf(const QString &fileName)
     if (columns.isEmpty())
         return ParquetTexts::tr("The file is no Parquet file.");
     const QString column = firstDifference(columns);
-    return column.isEmpty() ? QString()
-                            : ParquetTexts::tr("The column \"%1\" is not in both, or of another type.")
-                                  .arg(column);
+    return column.isEmpty()
+        ? QString()
+        : ParquetTexts::tr("The column \"%1\" is not in both, or of another type.").arg(column);
 }

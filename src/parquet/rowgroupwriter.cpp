@@ -46,14 +46,24 @@ void RowGroupWriter::finishColumn(const QByteArray &least, const QByteArray &gre
     encoded.resize(0);
 }
 
-template <typename Value>
-void RowGroupWriter::addDeltas(const std::vector<Value> &values)
+template <typename Value> void RowGroupWriter::addDeltas(const std::vector<Value> &values)
 {
     const auto end = values.begin() + group.rows;
     addDeltaBinaryPacked(values.data(), int(group.rows), encoded);
     pages.addData(encoded, int(group.rows), Encoding::DeltaBinaryPacked);
     const auto ends = std::minmax_element(values.begin(), end);
     finishColumn(plain(qint64(*ends.first)), plain(qint64(*ends.second)));
+}
+
+// Of a dictionary with so many values.
+void RowGroupWriter::addIndexes(quint32 values)
+{
+    // Some readers do not take a width of 0.
+    const int width = std::max(1, widthOf(values - 1));
+    encoded.resize(0);
+    encoded += char(width);
+    addHybrid(indexes.data(), int(group.rows), width, encoded);
+    pages.addData(encoded, int(group.rows), Encoding::Dictionary);
 }
 
 // Value is the type of the column.
@@ -64,12 +74,7 @@ template <typename Value> void RowGroupWriter::addDictionary(const std::vector<q
     for (const Value value : found)
         addPlain(value, encoded);
     pages.addDictionary(encoded, int(found.size()));
-    encoded.resize(0);
-    // Some readers do not take a width of 0.
-    const int width = std::max(1, widthOf(found.size() - 1));
-    encoded += char(width);
-    addHybrid(indexes.data(), int(group.rows), width, encoded);
-    pages.addData(encoded, int(group.rows), Encoding::Dictionary);
+    addIndexes(quint32(found.size()));
     const auto ends = std::minmax_element(found.begin(), found.end());
     finishColumn(plain(*ends.first), plain(*ends.second));
 }
@@ -91,10 +96,24 @@ void RowGroupWriter::addFlags(const MessageRows &rows)
 
 void RowGroupWriter::addData(const MessageRows &rows)
 {
-    addDeltaBinaryPacked(rows.payloadSizes.data(), rows.count, encoded);
-    encoded += rows.payload;
-    pages.addData(encoded, rows.count, Encoding::DeltaLength);
+    if (payloads.index(rows, indexes))
+        addPayloads();
+    else {
+        addDeltaBinaryPacked(rows.payloadSizes.data(), rows.count, encoded);
+        encoded.append(rows.payloads.data(), rows.payloadSize);
+        pages.addData(encoded, rows.count, Encoding::DeltaLength);
+    }
     finishColumn();
+}
+
+void RowGroupWriter::addPayloads()
+{
+    for (const PayloadDictionary::Payload &payload : payloads.values()) {
+        addPlain(quint32(payload.size), encoded);
+        encoded.append(payload.bytes, payload.size);
+    }
+    pages.addDictionary(encoded, int(payloads.values().size()));
+    addIndexes(quint32(payloads.values().size()));
 }
 
 void RowGroupWriter::addNotes(const MessageRows &rows)

@@ -17,7 +17,9 @@ private:
     template <typename Value> void addDeltas(const std::vector<Value> &values);
     template <typename Value> void addDictionary(const std::vector<quint32> &values);
     void addFlags(const MessageRows &rows);
+    void addIndexes(quint32 values);
     void addData(const MessageRows &rows);
+    void addPayloads();
     void addNotes(const MessageRows &rows);
     void finishColumn(const QByteArray &least = {}, const QByteArray &greatest = {},
                       qint64 nulls = 0);
@@ -27,6 +29,7 @@ private:
     qint64 origin = 0;
     PageWriter pages;
     ValueDictionary dictionary;
+    PayloadDictionary payloads;
     QByteArray encoded;
     std::vector<quint32> indexes;
 };

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QtGlobal>
-
-#include <vector>
+#include "hashplaces.h"
 
 namespace Parquet {
+
+struct MessageRows;
 
 /// The different values of a column, in the order of the first of each.
 class ValueDictionary
@@ -16,13 +16,31 @@ public:
     const std::vector<quint32> &values() const { return found; }
 
 private:
-    quint32 indexOf(quint32 value);
-    std::size_t placeOf(quint32 value) const;
-    void makeRoom(quint32 bits);
-
+    HashPlaces places;
     std::vector<quint32> found;
-    std::vector<quint32> places; // by the hash of a value, its index and 1; 0 where none is
-    quint32 shift = 0;           // from a hash to its place
+};
+
+/// The same of payloads, which are often repeated and often not.
+class PayloadDictionary
+{
+public:
+    struct Payload
+    {
+        const char *bytes;
+        int size;
+    };
+
+    /// False when more than a third of them differ: it is then not worth it, and nothing else
+    /// holds.
+    bool index(const MessageRows &rows, std::vector<quint32> &indexes);
+
+    const std::vector<Payload> &values() const { return found; }
+
+private:
+    quint32 numberOf(const Payload &payload);
+
+    HashPlaces places;
+    std::vector<Payload> found;
 };
 
 } // namespace Parquet
