@@ -15,7 +15,7 @@ packages=(
     qtbase5-dev qttools5-dev qttools5-dev-tools
     libqt5serialbus5-dev libqt5serialbus5-plugins
     libquazip1-qt5-dev zlib1g-dev libxxhash-dev
-    libarchive-dev liblzma-dev
+    libarchive-dev liblzma-dev libzstd-dev
     libbenchmark-dev
     libsystemd-dev
     libqt5svg5 xauth xvfb
