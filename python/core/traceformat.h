@@ -21,6 +21,8 @@ public:
 
     virtual void append(const CAN::CanRxMessage &message, const QString &note,
                         QByteArray &block) = 0;
+    /// What became of the lines of a text, as JSON, for formats that have a place for it.
+    virtual void setReport(const QString & /*report*/) { }
     virtual void finish(QByteArray &block) = 0;
     /// How many messages are written, and what was lost of others.
     virtual py::dict losses() const = 0;

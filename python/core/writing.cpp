@@ -87,13 +87,15 @@ py::dict convert(Reading &reading, int file, const py::str &formatName, const py
     FormatWriter writer(*format, file);
     reading.run(
         [&writer](const TraceItem &item) { return writer.append(item.message, item.note); });
+    const py::dict report = reading.report();
+    format->setReport(textFrom(py::module_::import("json").attr("dumps")(report)));
     {
         const py::gil_scoped_release unlocked;
         writer.finish();
     }
     writer.check();
     py::dict result = format->losses();
-    result["report"] = reading.report();
+    result["report"] = report;
     return result;
 }
 
@@ -169,7 +171,10 @@ void writeChunk(const Rows &rows, const py::str &path)
 
 py::object formatOfFile(const py::str &name)
 {
-    const auto format = TraceExport::formatOfFile(textFrom(name));
+    const QString fileName = textFrom(name);
+    if (fileName.endsWith(QLatin1String(".parquet"), Qt::CaseInsensitive))
+        return py::str("parquet");
+    const auto format = TraceExport::formatOfFile(fileName);
     return format ? py::object(textFor(TraceExport::formatNames().at(*format)))
                   : py::object(py::none());
 }
@@ -193,5 +198,7 @@ void bindWriting(py::module_ &module)
                py::arg("source"));
     module.def("write_chunk", &writeChunk, py::arg("rows"), py::arg("path"));
     module.def("format_of_file", &formatOfFile, py::arg("name"));
-    module.def("format_names", [] { return textsFor(TraceExport::formatNames()); });
+    module.def("format_names", [] {
+        return textsFor(TraceExport::formatNames() + QStringList(QStringLiteral("parquet")));
+    });
 }

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import errno
+import hashlib
 import os
 import stat
 import tempfile
@@ -25,6 +26,15 @@ def check_readable(name: str) -> None:
     if not stat.S_ISREG(os.stat(name).st_mode):
         raise OSError(errno.EINVAL, "Not a regular file", name)
     os.close(os.open(name, os.O_RDONLY))
+
+
+def sha256_of(name: str) -> str:
+    """The digest of a file's bytes in hexadecimal digits."""
+    digest = hashlib.sha256()
+    with open(name, "rb") as file:
+        while block := file.read(1 << 20):
+            digest.update(block)
+    return digest.hexdigest()
 
 
 @contextmanager

@@ -6,7 +6,7 @@ import os
 from typing import Any, NamedTuple, Optional
 
 from . import _core
-from ._files import Path, check_readable, name_of, whole_file
+from ._files import Path, check_readable, name_of, sha256_of, whole_file
 from ._timeline import Timeline
 from ._trace import Trace, format_of
 
@@ -70,5 +70,6 @@ def convert(
     check_readable(name)
     target_format = format or format_of(target)
     reading = _core.Reading(name, mode, type, description, where)
+    told = {"name": name, "sha256": sha256_of(name) if target_format == "parquet" else ""}
     with whole_file(target, ".part", overwrite) as (file, _):
-        return _core.convert(reading, file, target_format, {})
+        return _core.convert(reading, file, target_format, told)

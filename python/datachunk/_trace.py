@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import json
 import os
 from typing import TYPE_CHECKING, Any, Iterator, NamedTuple, Optional, Union, overload
 
@@ -12,7 +13,7 @@ from . import _core
 from ._files import Path, whole_file
 
 if TYPE_CHECKING:
-    import pandas
+    import pandas  # type: ignore[import]
 
 FLAGS = ("extended", "remote", "fd", "brs", "esi", "error", "transmitted")
 Rows = Union[slice, "npt.NDArray[Any]", "list[int]", "list[bool]"]
@@ -45,6 +46,7 @@ class Trace:
     """Messages by their fields, as arrays that cannot be written.
 
     Slices are views of the same memory; what is picked by an array is a copy, but for the payload.
+    Notes and bookmarks may be changed, and are written with the messages.
     """
 
     def __init__(
@@ -243,9 +245,33 @@ class Trace:
 
         Returns how many messages were written and left out, and the losses by their names.
         """
-        name = format or format_of(path)
+        return self._write(path, format or format_of(path), overwrite, {})
+
+    def to_parquet(
+        self,
+        path: Path,
+        *,
+        source: Optional[str] = None,
+        sha256: str = "",
+        overwrite: bool = False,
+    ) -> dict[str, Any]:
+        """Writes a Parquet file (docs/parquet.md); returns what export() does.
+
+        The file tells where the messages come from: ``source``, by default the file that was read,
+        ``sha256``, its digest in hexadecimal digits, and the report.
+        """
+        told = {
+            "name": self.report.get("file", "") if source is None else source,
+            "sha256": sha256,
+            "report": json.dumps(self.report) if self.report else "",
+        }
+        return self._write(path, "parquet", overwrite, told)
+
+    def _write(
+        self, path: Path, format: str, overwrite: bool, source: dict[str, str]
+    ) -> dict[str, Any]:
         with whole_file(path, ".part", overwrite) as (file, _):
-            return _core.write(self._rows(), file, name, {})
+            return _core.write(self._rows(), file, format, source)
 
 
 def format_of(path: Path) -> str:
