@@ -19,6 +19,7 @@ packages=(
     libbenchmark-dev
     libsystemd-dev
     libqt5svg5 xauth xvfb
+    python3-dev pybind11-dev python3-numpy python3-pandas python3-pytest python3-distributed mypy
 )
 
 missing_packages() {

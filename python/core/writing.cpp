@@ -2,6 +2,7 @@
 
 #include "errors.h"
 #include "interrupt.h"
+#include "parquettrace.h"
 #include "reading.h"
 #include "rows.h"
 #include "savefileworker.h"
@@ -179,6 +180,17 @@ py::object formatOfFile(const py::str &name)
                   : py::object(py::none());
 }
 
+py::str parquetDifference(const py::str &path)
+{
+    const QString fileName = textFrom(path);
+    QString difference;
+    {
+        const py::gil_scoped_release unlocked;
+        difference = ParquetTrace::differenceOf(fileName);
+    }
+    return textFor(difference);
+}
+
 } // namespace
 
 void bindWriting(py::module_ &module)
@@ -197,6 +209,7 @@ void bindWriting(py::module_ &module)
     module.def("convert", &convert, py::arg("reading"), py::arg("file"), py::arg("format"),
                py::arg("source"));
     module.def("write_chunk", &writeChunk, py::arg("rows"), py::arg("path"));
+    module.def("parquet_difference", &parquetDifference, py::arg("path"));
     module.def("format_of_file", &formatOfFile, py::arg("name"));
     module.def("format_names", [] {
         return textsFor(TraceExport::formatNames() + QStringList(QStringLiteral("parquet")));

@@ -1,7 +1,8 @@
 """Traces of CAN buses as NumPy arrays: see docs/python.md."""
 
 from ._errors import ExpressionError, TraceError
-from ._reading import Recognition, convert, read, recognise
+from ._files import sha256_of
+from ._reading import Recognition, convert, parquet_difference, read, recognise
 from ._timeline import Filter, Rate, Timeline, open
 from ._trace import Message, Trace
 
@@ -16,6 +17,8 @@ __all__ = [
     "TraceError",
     "convert",
     "open",
+    "parquet_difference",
     "read",
     "recognise",
+    "sha256_of",
 ]

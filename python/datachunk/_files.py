@@ -28,10 +28,10 @@ def check_readable(name: str) -> None:
     os.close(os.open(name, os.O_RDONLY))
 
 
-def sha256_of(name: str) -> str:
-    """The digest of a file's bytes in hexadecimal digits."""
+def sha256_of(path: Path) -> str:
+    """The SHA-256 of a file's bytes in hexadecimal digits."""
     digest = hashlib.sha256()
-    with open(name, "rb") as file:
+    with open(path, "rb") as file:
         while block := file.read(1 << 20):
             digest.update(block)
     return digest.hexdigest()

@@ -73,3 +73,13 @@ def convert(
     told = {"name": name, "sha256": sha256_of(name) if target_format == "parquet" else ""}
     with whole_file(target, ".part", overwrite) as (file, _):
         return _core.convert(reading, file, target_format, told)
+
+
+def parquet_difference(path: Path) -> str:
+    """Why a Parquet file cannot stand in one table with those that this module writes.
+
+    Empty when it can: it has the same columns. Reads the end of the file only.
+    """
+    name = name_of(path)
+    check_readable(name)
+    return _core.parquet_difference(name)
