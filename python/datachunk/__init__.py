@@ -22,3 +22,7 @@ __all__ = [
     "recognise",
     "sha256_of",
 ]
+
+# Names in tracebacks and pickles are those that users write.
+for _public in __all__:
+    globals()[_public].__module__ = __name__

@@ -14,7 +14,10 @@ class ExpressionError(ValueError):
     """
 
     def __init__(self, text: str, column: int, expression: str) -> None:
-        super().__init__(f"column {column}: {text}")
+        super().__init__(text, column, expression)
         self.text = text
         self.column = column
         self.expression = expression
+
+    def __str__(self) -> str:
+        return f"column {self.column}: {self.text}"

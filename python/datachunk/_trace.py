@@ -228,6 +228,19 @@ class Trace:
             frame["note"] = frame["note"].where(frame["note"].notna(), None)
         return frame
 
+    def __getstate__(self) -> dict[str, Any]:
+        # The payload of these rows only, however much of a longer trace is in memory.
+        lengths = self.length.astype(np.int64)
+        offsets = np.cumsum(lengths) - lengths
+        taken = np.arange(int(lengths.sum())) + np.repeat(self.offsets - offsets, lengths)
+        arrays = {**self._arrays, "offsets": offsets}
+        return {**self.__dict__, "_arrays": arrays, "data": self.data[taken], "_padded": {}}
+
+    def __setstate__(self, state: dict[str, Any]) -> None:
+        self.__dict__.update(state)
+        for array in (self.data, *self._arrays.values()):
+            array.flags.writeable = False
+
     def _rows(self) -> _core.Rows:
         return _core.Rows(self._arrays, self.data, self.notes, self.bookmarks)
 

@@ -1,6 +1,7 @@
 """Traces in memory: columns, views, and what other libraries get of them."""
 
 import gc
+import pickle
 
 import numpy as np
 import pytest
@@ -93,3 +94,13 @@ def test_an_empty_trace_is_one(log):
     empty = datachunk.read(log, where="id==7ff")
     assert len(empty) == 0 and list(empty) == [] and empty.payload().shape == (0, 8)
     assert len(empty.to_pandas()) == 0 and len(empty[:5]) == 0
+
+
+@pytest.mark.parametrize("rows", [slice(4300, 4400), slice(None, None, -50), [7, 7]], ids=str)
+def test_traces_and_errors_can_be_sent(recording, rows):
+    part = datachunk.read(recording)[rows]
+    sent = pickle.loads(pickle.dumps(part))
+    assert list(sent) == list(part) and len(sent.data) == 4 * len(part)
+    assert not sent.time.flags.writeable
+    error = pickle.loads(pickle.dumps(datachunk.ExpressionError("No.", 3, "no")))
+    assert str(error) == "column 3: No." and error.column == 3
