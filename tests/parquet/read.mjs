@@ -3,7 +3,6 @@
 //   read.mjs compare FOLDER   every NAME.parquet against the messages in NAME.jsonl; prints a line
 //                             for each file that differs, then how many files and rows were read
 //   read.mjs query SQL        prints what DuckDB answers, as JSON
-//   read.mjs bytes SQL        prints how many bytes of files DuckDB reads for that
 //
 // The readers are those below the folder READERS.
 
@@ -81,15 +80,8 @@ async function compare(folder) {
     process.exitCode = differences > 0 ? 1 : 0;
 }
 
-async function bytesRead(sql) {
-    const [plan] = await query(`explain (analyze, format json) ${sql}`);
-    return JSON.parse(plan.explain_value).total_bytes_read;
-}
-
 const [command, argument] = process.argv.slice(2);
 if (command === 'compare')
     await compare(argument);
-else if (command === 'bytes')
-    console.log(await bytesRead(argument));
 else
     console.log(JSON.stringify(await query(argument)));

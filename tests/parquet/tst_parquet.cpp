@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstring>
 #include <limits>
 
 using Change = void (*)(CAN::CanRxMessage &message, QRandomGenerator &random);
@@ -206,9 +207,14 @@ void TestParquet::endsOfColumnsAreTold()
         QSKIP(noReaders);
     QTemporaryDir folder;
     {
+        QRandomGenerator random(42);
         WrittenTwice files(folder.path(), "trace");
-        for (int i = 0; i < 4 * rowsOfAGroup; ++i)
-            files.add(ordinaryMessage(i), i % rowsOfAGroup == 7 ? "note" : "");
+        for (int i = 0; i < 4 * rowsOfAGroup; ++i) {
+            CAN::CanRxMessage message = ordinaryMessage(i);
+            const quint64 bytes = random.generate64();
+            std::memcpy(message.data, &bytes, sizeof bytes);
+            files.add(message, i % rowsOfAGroup == 7 ? "note" : "");
+        }
     }
     const QString file = folder.filePath("trace.parquet");
     const QString ends =
@@ -226,11 +232,14 @@ void TestParquet::endsOfColumnsAreTold()
                            told("error", R"("false")", R"("false")", "0"),
                            told("note", "null", "null", "131071")};
     QCOMPARE(readByOthers({"query", ends.arg(file)}), '[' + rows.join(',') + ']');
-    const QString all = QString("select bit_xor(hash(data)) from '%1'").arg(file);
-    const int ofAll = readByOthers({"bytes", all}).toInt();
-    const int ofOne =
-        readByOthers({"bytes", all + " where time < '2023-11-14 22:13:30+00'"}).toInt();
-    QVERIFY2(ofOne > 0 && ofOne < ofAll / 3, qPrintable(QString("%1 of %2").arg(ofOne).arg(ofAll)));
+    // Whoever reads the row groups behind the first comes upon damage.
+    QFile damaged(file);
+    QVERIFY(damaged.open(QIODevice::ReadWrite) && damaged.seek(damaged.size() / 2));
+    QVERIFY(damaged.write(QByteArray(int(damaged.size() / 3), '\xFF')) > 0 && damaged.flush());
+    const QString all = QString("select count(data) n from '%1'").arg(file);
+    QVERIFY(!readByOthers({"query", all}).startsWith('['));
+    QCOMPARE(readByOthers({"query", all + " where time < '2023-11-14 22:13:30+00'"}),
+             QString(R"([{"n":"10000"}])"));
 }
 
 void TestParquet::theSourceIsTold()
