@@ -16,8 +16,8 @@ struct ParquetState
 
     ParquetTrace::Source source;
     MessageRows rows;
-    RowGroupWriter writer;
-    QByteArray groups; // what the end of the file tells of them
+    std::unique_ptr<RowGroupWriter> writer; // none before the first row group
+    QByteArray groups;                      // what the end of the file tells of them
     int groupCount = 0;
     qint64 position = 0; // of what comes next, in the file
     quint64 written = 0;
@@ -82,7 +82,9 @@ void ParquetState::writeRows(QByteArray &block)
     if (rows.count == 0)
         return;
     const int before = block.size();
-    groups += metadataOf(writer.write(rows, block, position));
+    if (!writer)
+        writer = std::make_unique<RowGroupWriter>();
+    groups += metadataOf(writer->write(rows, block, position));
     position += block.size() - before;
     ++groupCount;
     rows.clear();
@@ -131,6 +133,13 @@ void ParquetTrace::append(const CAN::CanRxMessage *messages, int count, QByteArr
             d->writeRows(block);
     }
     d->written += quint64(count);
+}
+
+void ParquetTrace::release(QByteArray &block)
+{
+    d->writeRows(block);
+    d->writer.reset();
+    d->rows = {};
 }
 
 void ParquetTrace::finish(QByteArray &block)

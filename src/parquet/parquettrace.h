@@ -37,6 +37,9 @@ public:
     void append(const CAN::CanRxMessage &message, const QString &note, QByteArray &block);
     /// The same for \a count messages without notes.
     void append(const CAN::CanRxMessage *messages, int count, QByteArray &block);
+    /// Adds what is not written yet as a row group of its own, and takes next to no memory until
+    /// the next message; for many files that are written by turns.
+    void release(QByteArray &block);
     /// Adds the rest and the end of the file. Nothing may follow.
     void finish(QByteArray &block);
 
