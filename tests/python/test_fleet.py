@@ -1,7 +1,9 @@
 """The example of a cluster: a scheduler and two workers, one of which is killed."""
 
+import json
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import sys
@@ -122,6 +124,33 @@ def test_one_table_comes_back(cluster, traces):
     assert len(outcomes) == TRACES + 3 and len(table) == TRACES * 63
     assert table["time"].is_monotonic_increasing
     assert (table.groupby("trace")["number"].nunique() == 63).all()
+
+
+def duckdb(sql):
+    """What DuckDB answers, a dictionary for each row."""
+    readers = os.environ.get("DATACHUNK_READERS", str(PROJECT / "build" / "readers"))
+    if not os.path.isdir(f"{readers}/node_modules/@duckdb") or not shutil.which("node"):
+        pytest.skip("DuckDB is not there; test.sh installs it where there is a network.")
+    script = PROJECT / "tests" / "parquet" / "read.mjs"
+    answer = subprocess.run(
+        ["node", script, "query", sql], env={**os.environ, "READERS": readers}, capture_output=True
+    )
+    assert answer.returncode == 0, answer.stderr.decode()
+    return json.loads(answer.stdout)
+
+
+def test_duckdb_reads_the_data_set(tmp_path):
+    named = fleet.traces_in([str(PROJECT / "examples" / "traces")])
+    (tmp_path / convert.WORK).mkdir()
+    for name, path in named.items():
+        convert.convert_trace(name, path, str(tmp_path))
+    page = (PROJECT / "docs" / "fleet.md").read_text().replace("/lake/can", str(tmp_path))
+    view, count, speed = page.split("```sql")[1].split("```")[0].strip().rstrip(";").split(";\n\n")
+    assert duckdb(f"{view}; {count}") == [{"source": "engine_start.log", "count_star()": "150"}]
+    trace = datachunk.read(named["engine_start.log"], where="id==c0")
+    assert [row["speed"] for row in duckdb(f"{view}; {speed}")] == trace.payload()[:, 2].tolist()
+    (row,) = duckdb(f"{view}; SELECT source FROM can WHERE source LIKE 'door%' LIMIT 1")
+    assert row == {"source": "door_module.csv"}
 
 
 def test_what_was_converted_again_takes_its_place(tmp_path):
