@@ -91,7 +91,9 @@ py::tuple identifiers(const TraceTimeline &timeline)
 py::tuple rate(const TraceTimeline &timeline, qint64 from, qint64 to, int intervals)
 {
     constexpr int most = 1000000;
-    if (intervals < 1 || intervals > most || to <= from)
+    // Farther away than any record, and differences still are numbers.
+    constexpr qint64 mostTime = qint64(1) << 61;
+    if (intervals < 1 || intervals > most || to <= from || from < -mostTime || to > mostTime)
         throw py::value_error("A rate has 1 to 1000000 intervals, and ends behind its start.");
     TraceRate rate;
     {

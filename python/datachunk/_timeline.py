@@ -5,7 +5,7 @@ from __future__ import annotations
 import datetime
 import os
 import warnings
-from typing import Any, NamedTuple, Optional, Sequence, Union, overload
+from typing import Any, Iterator, NamedTuple, Optional, Sequence, Union, overload
 
 import numpy as np
 import numpy.typing as npt
@@ -31,6 +31,8 @@ class Rate(NamedTuple):
 def microseconds(time: Time) -> int:
     """A time as records have it; a datetime without a zone is in UTC."""
     if isinstance(time, np.datetime64):
+        if np.isnat(time):
+            raise ValueError("Not a time.")
         return int(time.astype("datetime64[us]").astype(np.int64))
     if isinstance(time, datetime.datetime):
         if time.tzinfo is None:
@@ -76,6 +78,11 @@ class Timeline:
             raise LookupError(f"The message at {position} is no longer there.")
         return trace[0]
 
+    def __iter__(self) -> Iterator[Message]:
+        block = 65536
+        for start in range(0, len(self), block):
+            yield from self.read(start, block)
+
     def _slice(self, taken: range) -> Trace:
         if taken.step == 1:
             return self.read(taken.start, len(taken))
@@ -85,11 +92,14 @@ class Timeline:
 
     def read(self, start: int, count: int) -> Trace:
         """The messages from a position on; those that are no longer there are left out and told."""
-        return self._trace(*self._core.read(start, count))
+        return self._trace(*self._core.read(_from_0(start), _from_0(count)))
 
     def read_positions(self, positions: npt.ArrayLike) -> Trace:
         """The messages at positions, which have to rise."""
-        return self._trace(*self._core.read_positions(np.asarray(positions, dtype=np.uint64)))
+        wanted = np.asarray(positions)
+        if wanted.size and not 0 <= wanted.min() <= wanted.max() < len(self):
+            raise IndexError("A position is outside of the timeline.")
+        return self._trace(*self._core.read_positions(wanted.astype(np.uint64)))
 
     def _trace(self, columns: _core.Columns, gone: int) -> Trace:
         problems = self.problems
@@ -108,11 +118,11 @@ class Timeline:
 
     def find(self, where: str, start: int = 0) -> Optional[int]:
         """The first position from ``start`` on that the expression takes."""
-        return self._core.find(where, start, False)
+        return self._core.find(where, _from_0(start), False)
 
     def rfind(self, where: str, end: Optional[int] = None) -> Optional[int]:
         """The last such position in front of ``end``."""
-        return self._core.find(where, len(self) if end is None else end, True)
+        return self._core.find(where, len(self) if end is None else _from_0(end), True)
 
     def position_of_time(self, time: Time) -> int:
         """The first position at which the highest time so far is that time or later."""
@@ -179,14 +189,23 @@ class Filter:
 
     def positions(self, start: int = 0, count: int = ALL) -> npt.NDArray[np.uint64]:
         """The positions, rising, of what it takes of ``count`` messages from ``start`` on."""
-        return self._timeline._core.positions(self.where, start, count)
+        return self._timeline._core.positions(self.where, _from_0(start), _from_0(count))
 
     def read(self) -> Trace:
         """The messages themselves."""
         return self._timeline.read_positions(self.positions())
 
 
+def _from_0(position: int) -> int:
+    if position < 0:
+        raise IndexError("Positions count from 0.")
+    return min(position, ALL)
+
+
 def _seconds(time: int) -> str:
+    # Seconds of records have 32 bits.
+    most = 2**32 * 10**6
+    time = max(-most, min(time, most))
     sign = "-" if time < 0 else ""
     return f"{sign}{abs(time) // 10**6}.{abs(time) % 10**6:06}"
 

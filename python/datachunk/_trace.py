@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import json
+import operator
 import os
 from typing import TYPE_CHECKING, Any, Iterator, NamedTuple, Optional, Union, overload
 
@@ -154,6 +155,7 @@ class Trace:
         """
         if width is None:
             width = 64 if len(self) and int(self.length.max()) > 8 else 8
+        width = operator.index(width)
         if width not in self._padded:
             table = _core.padded(self.data, self.offsets, self.length, width)
             table.flags.writeable = False
