@@ -236,10 +236,10 @@ void TestParquet::endsOfColumnsAreTold()
     QFile damaged(file);
     QVERIFY(damaged.open(QIODevice::ReadWrite) && damaged.seek(damaged.size() / 2));
     QVERIFY(damaged.write(QByteArray(int(damaged.size() / 3), '\xFF')) > 0 && damaged.flush());
-    const QString all = QString("select count(data) n from '%1'").arg(file);
+    const QString all = QString("select sum(octet_length(data)) n from '%1'").arg(file);
     QVERIFY(!readByOthers({"query", all}).startsWith('['));
     QCOMPARE(readByOthers({"query", all + " where time < '2023-11-14 22:13:30+00'"}),
-             QString(R"([{"n":"10000"}])"));
+             QString(R"([{"n":"39996"}])"));
 }
 
 void TestParquet::theSourceIsTold()
