@@ -24,6 +24,7 @@ private slots:
     void whatFailsLeavesNothing_data();
     void whatFailsLeavesNothing();
     void aSignalLeavesNothing();
+    void halfADataSetIsTakenBack();
     void otherDataSetsAreRefused_data();
     void otherDataSetsAreRefused();
 };
@@ -42,12 +43,14 @@ QByteArray daily(int days, int rounds)
     return text;
 }
 
+// Their places within the folder.
 QStringList filesIn(const QString &folder)
 {
+    const QDir root(QDir(folder).absolutePath());
     QStringList files;
-    QDirIterator all(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    QDirIterator all(root.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (all.hasNext())
-        files.append(QDir(folder).relativeFilePath(all.next()));
+        files.append(root.relativeFilePath(all.next()));
     files.sort();
     return files;
 }
@@ -56,7 +59,7 @@ QStringList filesIn(const QString &folder)
 QStringList foldersBelow(const QString &folder)
 {
     QMap<QString, int> counts;
-    for (const QString &file : filesIn(QDir(folder).absolutePath()))
+    for (const QString &file : filesIn(folder))
         ++counts[file.section('/', 0, -2)];
     QStringList list;
     for (auto count = counts.begin(); count != counts.end(); ++count)
@@ -231,6 +234,21 @@ void TestDataset::aSignalLeavesNothing()
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 1);
     QVERIFY(!QFile::exists("lake"));
+}
+
+void TestDataset::halfADataSetIsTakenBack()
+{
+    writeFile("a.log", daily(3, 9));
+    QVERIFY(QDir().mkdir("lake"));
+    // Where the folder of the second day should be.
+    writeFile("lake/date=1970-01-02", "");
+    QCOMPARE(run("export --into lake --partition date a.log").status, 1);
+    QCOMPARE(filesIn("lake"), QStringList("date=1970-01-02"));
+    QCOMPARE(namesIn("lake"), QStringList("date=1970-01-02"));
+    const ProgramResult full = run("export --into full --partition date a.log", {}, "ulimit -f 2;");
+    QCOMPARE(full.status, 1);
+    QVERIFY2(!full.errors.isEmpty() && full.output.isEmpty(), full.output);
+    QVERIFY(!QFile::exists("full"));
 }
 
 void TestDataset::otherDataSetsAreRefused_data()
