@@ -73,6 +73,26 @@ install_packages() {
         apt-get install --yes --no-install-recommends $missing
 }
 
+# What reads Parquet files back in the tests goes to build/readers. Without a network it is not
+# there, and those tests are skipped.
+install_readers() {
+    local wanted="$project/tests/parquet" readers="$project/build/readers"
+    if cmp -s "$wanted/package-lock.json" "$readers/package-lock.json"; then
+        return
+    fi
+    echo "== Installing the readers of Parquet files" >&2
+    mkdir -p "$readers"
+    (
+        command -v npm >/dev/null || packages=(nodejs npm)
+        install_packages && cd "$readers" &&
+            cp "$wanted/package.json" "$wanted/package-lock.json" . &&
+            quietly npm install --no-save --ignore-scripts --no-audit --no-fund
+    ) || {
+        rm -f "$readers/package-lock.json"
+        echo "They are not installed, and the tests that need them are skipped." >&2
+    }
+}
+
 # build PRESET [--target NAME]: configures where that has not been done and brings the build up to
 # date. Progress is for terminals.
 build() {

@@ -1,5 +1,6 @@
 #include "messages.h"
 #include "parquettrace.h"
+#include "peakmemory.h"
 #include "readers.h"
 #include "traceexport.h"
 #include "tracefixtures.h"
@@ -7,6 +8,7 @@
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <QtEndian>
 #include <QtTest>
 
 #include <cstring>
@@ -25,6 +27,7 @@ private slots:
     void readersSeeEverySampleTrace();
     void endsOfColumnsAreTold();
     void theSourceIsTold();
+    void memoryIsThatOfARowGroup_data();
     void memoryIsThatOfARowGroup();
     void longNotesAreCut();
     void otherTablesAreKnown_data();
@@ -236,10 +239,10 @@ void TestParquet::endsOfColumnsAreTold()
     QFile damaged(file);
     QVERIFY(damaged.open(QIODevice::ReadWrite) && damaged.seek(damaged.size() / 2));
     QVERIFY(damaged.write(QByteArray(int(damaged.size() / 3), '\xFF')) > 0 && damaged.flush());
-    const QString all = QString("select count(data) n from '%1'").arg(file);
+    const QString all = QString("select sum(octet_length(data)) n from '%1'").arg(file);
     QVERIFY(!readByOthers({"query", all}).startsWith('['));
     QCOMPARE(readByOthers({"query", all + " where time < '2023-11-14 22:13:30+00'"}),
-             QString(R"([{"n":"10000"}])"));
+             QString(R"([{"n":"39996"}])"));
 }
 
 void TestParquet::theSourceIsTold()
@@ -262,16 +265,33 @@ void TestParquet::theSourceIsTold()
                      R"({"k":"datachunk.report","v":"{\"lines\":1}"}])"));
 }
 
-// A row group ends before its payloads and notes take more than what is said of it.
+void TestParquet::memoryIsThatOfARowGroup_data()
+{
+    QTest::addColumn<int>("payloadSize");
+    QTest::addColumn<int>("noteSize");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("mebibytes");
+    QTest::newRow("classic CAN") << 8 << 0 << 4 * rowsOfAGroup << 16;
+    QTest::newRow("CAN FD") << 64 << 0 << 4 * rowsOfAGroup << 64;
+    QTest::newRow("long notes") << 8 << 1000000 << 100 << 100;
+}
+
 void TestParquet::memoryIsThatOfARowGroup()
 {
+    QFETCH(int, payloadSize);
+    QFETCH(int, noteSize);
+    QFETCH(int, count);
+    QFETCH(int, mebibytes);
+    const QString note(noteSize, QChar(0x20AC));
+    resetHeapPeak();
     ParquetTrace trace;
-    const QString note(1024 * 1024, 'n');
-    int messages = 0;
-    QByteArray block;
-    for (; block.size() < 10 && messages < 100; ++messages)
-        trace.append(ordinaryMessage(messages), note, block);
-    QCOMPARE(messages, 16);
+    for (int i = 0; i < count; ++i) {
+        CAN::CanRxMessage message = makeMessage(quint32(i), payloadSize);
+        qToLittleEndian(i, message.data);
+        QByteArray block;
+        trace.append(message, note, block);
+    }
+    QVERIFY2(heapPeak() < mebibytes * 1024LL * 1024, qPrintable(QString::number(heapPeak())));
 }
 
 void TestParquet::longNotesAreCut()

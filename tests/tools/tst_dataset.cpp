@@ -24,6 +24,7 @@ private slots:
     void whatFailsLeavesNothing_data();
     void whatFailsLeavesNothing();
     void aSignalLeavesNothing();
+    void halfADataSetIsTakenBack();
     void otherDataSetsAreRefused_data();
     void otherDataSetsAreRefused();
 };
@@ -42,12 +43,14 @@ QByteArray daily(int days, int rounds)
     return text;
 }
 
-QStringList filesBelow(const QString &folder)
+// Their places within the folder.
+QStringList filesIn(const QString &folder)
 {
+    const QDir root(QDir(folder).absolutePath());
     QStringList files;
-    QDirIterator all(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    QDirIterator all(root.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (all.hasNext())
-        files.append(QDir(folder).relativeFilePath(all.next()));
+        files.append(root.relativeFilePath(all.next()));
     files.sort();
     return files;
 }
@@ -56,11 +59,11 @@ QStringList filesBelow(const QString &folder)
 QStringList foldersBelow(const QString &folder)
 {
     QMap<QString, int> counts;
-    for (const QString &file : filesBelow(QDir(folder).absolutePath()))
+    for (const QString &file : filesIn(folder))
         ++counts[file.section('/', 0, -2)];
     QStringList list;
     for (auto count = counts.begin(); count != counts.end(); ++count)
-        list.append(QString("%1 %2").arg(count.key()).arg(count.value()));
+        list.append(count.key() + ' ' + QString::number(count.value()));
     return list;
 }
 
@@ -137,14 +140,14 @@ void TestDataset::filesAreDividedByTheKeys()
     writeFile("b.log", daily(1, 4));
     const QByteArray output = outputOf(options + " --into lake a.log b.log");
     QCOMPARE(foldersBelow("lake"), folders);
-    for (const QString &file : filesBelow("lake"))
+    for (const QString &file : filesIn("lake"))
         QVERIFY2(output.contains(file.toUtf8() + ": "), output);
     // What is there stays, and the new files stand beside it.
-    const QStringList before = filesBelow("lake");
+    const QStringList before = filesIn("lake");
     outputOf(options + " --into lake a.log b.log");
-    QCOMPARE(filesBelow("lake").size(), 2 * before.size());
+    QCOMPARE(filesIn("lake").size(), 2 * before.size());
     for (const QString &file : before)
-        QVERIFY(filesBelow("lake").contains(file));
+        QVERIFY(filesIn("lake").contains(file));
 }
 
 // Of more days than files are open, each has all of its messages, in one file.
@@ -192,7 +195,7 @@ void TestDataset::whatFailsLeavesNothing_data()
     };
     row("export a.log a.log --to x.parquet", "without --partition only one trace is taken", 2);
     row("export a.log --partition date", "--into is missing", 2);
-    row("convert a.log --partition date", "--into is missing", 2);
+    row("convert a.log x --partition date", "--into is missing", 2);
     row("export a.log --partition date --to x", "--partition goes with --into", 2);
     row("export a.log --partition '' --into x", "--partition takes source", 2);
     row("export a.log --partition date,date --into x", "--partition takes source", 2);
@@ -211,7 +214,7 @@ void TestDataset::whatFailsLeavesNothing()
     QFETCH(QByteArray, error);
     QFETCH(int, status);
     writeFile("a.log", daily(2, 9));
-    const ProgramResult result = run("--quiet " + arguments);
+    const ProgramResult result = run(arguments + " --quiet");
     QCOMPARE(result.status, status);
     QVERIFY2(result.errors.contains("datachunk: " + error), result.errors);
     QVERIFY2(result.output.isEmpty(), result.output);
@@ -221,17 +224,31 @@ void TestDataset::whatFailsLeavesNothing()
 void TestDataset::aSignalLeavesNothing()
 {
     writeFile("a.log", daily(2, 9));
-    QVERIFY(QProcess::execute("mkfifo", {"pipe"}) == 0);
     QProcess process;
     process.start(programPath(),
                   {"export", "--into", "lake", "--partition", "date", "a.log", "-", "--type",
                    "SocketCanDump"});
     process.write(daily(2, 9));
-    QTRY_VERIFY(filesBelow("lake").size() >= 3);
+    QTRY_VERIFY(filesIn("lake").size() >= 2);
     QCOMPARE(kill(pid_t(process.processId()), SIGTERM), 0);
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 1);
     QVERIFY(!QFile::exists("lake"));
+}
+
+void TestDataset::halfADataSetIsTakenBack()
+{
+    writeFile("a.log", daily(3, 9));
+    QVERIFY(QDir().mkdir("lake"));
+    // Where the folder of the second day should be.
+    writeFile("lake/date=1970-01-02", "");
+    QCOMPARE(run("export --into lake --partition date a.log").status, 1);
+    QCOMPARE(filesIn("lake"), QStringList("date=1970-01-02"));
+    QCOMPARE(namesIn("lake"), QStringList("date=1970-01-02"));
+    const ProgramResult full = run("export --into full --partition date a.log", {}, "ulimit -f 2;");
+    QCOMPARE(full.status, 1);
+    QVERIFY2(!full.errors.isEmpty() && full.output.isEmpty(), full.output);
+    QVERIFY(!QFile::exists("full"));
 }
 
 void TestDataset::otherDataSetsAreRefused_data()
@@ -270,7 +287,7 @@ void TestDataset::otherDataSetsAreRefused()
     const ProgramResult result = run("export --into lake --partition date a.log");
     QVERIFY2(result.errors.contains(error), result.errors);
     QCOMPARE(result.status, error.isEmpty() ? 0 : 1);
-    QCOMPARE(filesBelow("lake").size(), error.isEmpty() ? 3 : 1);
+    QCOMPARE(filesIn("lake").size(), error.isEmpty() ? 3 : 1);
 }
 
 QTEST_GUILESS_MAIN(TestDataset)

@@ -242,25 +242,28 @@ bool writeDataset(const QStringList &paths, const TraceFile &trace, const Conver
     const bool isWritten = writeInto(folder, paths, trace, wanted, partition);
     // Nothing goes that anything is in.
     if (!wasThere)
-        folder.rmdir(QStringLiteral("."));
+        QDir().rmdir(folder.path());
     return isWritten;
 }
 
 bool readOptions(const QCommandLineParser &parser, const TraceFile &trace, Conversion &wanted,
                  Partition &partition)
 {
-    wanted.target = parser.value(QStringLiteral("into"));
+    const QString folder = parser.value(QStringLiteral("into"));
     if (parser.isSet(QStringLiteral("to")))
         usageError(Cli::tr("--partition goes with --into, not with --to"));
-    else if (wanted.target.isEmpty())
+    else if (folder.isEmpty())
         usageError(Cli::tr("--into is missing"));
     else if (!partition.read(parser.value(QStringLiteral("partition")))
              || !readConversion(parser, trace, TargetFormat{TargetFormat::Parquet}, wanted))
         return false;
     else if (wanted.format.kind != TargetFormat::Parquet)
         usageError(Cli::tr("--partition is for Parquet alone"));
-    else
+    else {
+        // Only here: the end of its name tells no format.
+        wanted.target = folder;
         return true;
+    }
     return false;
 }
 

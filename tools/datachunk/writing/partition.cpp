@@ -16,7 +16,8 @@ QString escaped(const QString &value)
     QString text;
     for (const QChar c : value) {
         if (c.unicode() < ' ' || special.contains(c))
-            text += QStringLiteral("%%1").arg(c.unicode(), 2, 16, QLatin1Char('0')).toUpper();
+            text += QLatin1Char('%')
+                + QString::number(c.unicode(), 16).rightJustified(2, QLatin1Char('0')).toUpper();
         else
             text += c;
     }
