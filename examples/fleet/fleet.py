@@ -8,7 +8,7 @@ import os
 import sys
 from typing import Any, Callable, Iterable, Iterator, NamedTuple
 
-from distributed import Client, LocalCluster, as_completed
+from distributed import Client, Future, KilledWorker, LocalCluster, as_completed
 from distributed.diagnostics.plugin import UploadFile
 
 
@@ -57,17 +57,36 @@ def run(
     for module in {__name__, task.__module__} - {"__main__"}:
         _send(client, str(sys.modules[module].__file__))
     waiting = {
-        client.submit(_guarded, task, name, path, *options, pure=False): name
-        for name, path in traces.items()
+        _submit(client, task, name, path, options): _Try(name, path) for name, path in traces.items()
     }
     done = as_completed(list(waiting), with_results=True, raise_errors=False)
     for future, result in done:
         # Lets the workers forget the result.
-        name = waiting.pop(future)
-        if future.status == "error":
-            yield Outcome(name, None, f"{result[0].__name__}: {result[1]}")
-        else:
+        name, path, number = waiting.pop(future)
+        if future.status != "error":
             yield Outcome(name, *result)
+        elif issubclass(result[0], KilledWorker) and number < TRIES:
+            again = _submit(client, task, name, path, options)
+            waiting[again] = _Try(name, path, number + 1)
+            done.add(again)
+        else:
+            yield Outcome(name, None, f"{result[0].__name__}: {result[1]}")
+
+
+#: Dask gives a task up when four workers have died that had it, though it only waited there.
+TRIES = 4
+
+
+class _Try(NamedTuple):
+    name: str
+    path: str
+    number: int = 1
+
+
+def _submit(
+    client: Client, task: Callable[..., Any], name: str, path: str, options: tuple[Any, ...]
+) -> Future:
+    return client.submit(_guarded, task, name, path, *options, pure=False)
 
 
 # Workers that join later get it as well. One that has just died is forgotten at the next try.
