@@ -65,6 +65,9 @@ set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
     "${CPACK_DEBIAN_LIBRARIES_PACKAGE_NAME} (= ${version}), ${DATACHUNK_PYTHON_VERSIONS}, python3-numpy")
 set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS python3-pandas)
+# Root's interpreter would leave compiled modules behind that no package owns.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/packaging/python/postinst ${PROJECT_SOURCE_DIR}/packaging/python/prerm)
 set(CPACK_DEBIAN_PYTHON_DESCRIPTION "Reads the traces of many CAN tools, and recordings of any length, into NumPy
 arrays and pandas data frames, filters them, and writes chunk and Parquet
 files.
