@@ -14,7 +14,7 @@ generate="$project/build/release/bench/datachunk-generate"
 export PYTHONPATH="$project/build/release/python"
 
 fleet() {
-    local traces="$1" messages="$2" workers i TIMEFORMAT='%R s'
+    local traces="$1" messages="$2" workers i TIMEFORMAT='%R s, %U s of the processors'
     mkdir "$folder/traces"
     "$generate" candump "$messages" "$folder/drive.log"
     for ((i = 0; i < traces; ++i)); do
