@@ -25,6 +25,7 @@ public:
         QString report;    ///< what became of its lines, as JSON
     };
 
+    /// Begins a file.
     explicit ParquetTrace(const Source &source = {});
     ~ParquetTrace();
 
