@@ -104,8 +104,10 @@ void addDeltaBlock(quint64 *deltas, int count, QByteArray &bytes)
         bytes += char(widths[mini]);
     }
     // Of a block that is cut short the miniblocks behind its end have no bits, nor bytes.
-    for (int mini = 0; mini < miniblocks; ++mini)
-        packBits(deltas + mini * miniblockSize, miniblockSize, widths[mini], bytes);
+    for (const int width : widths) {
+        packBits(deltas, miniblockSize, width, bytes);
+        deltas += miniblockSize;
+    }
 }
 
 void addHybrid(const quint32 *values, int count, int width, QByteArray &bytes)

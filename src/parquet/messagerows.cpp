@@ -82,7 +82,7 @@ void MessageRows::addPayload(const CAN::CanRxMessage &message, std::size_t row)
 {
     constexpr int word = sizeof(quint64);
     const int size = payloadOf(message);
-    if (std::size_t(payloadSize + CAN::maxDataBytes + word) > payloads.size())
+    if (std::size_t(payloadSize) + CAN::maxDataBytes + word > payloads.size())
         payloads.resize(payloads.size() * 2 + CAN::maxDataBytes + word);
     // Eight bytes are copied faster than fewer.
     std::memcpy(payloads.data() + payloadSize, message.data, std::size_t(std::max(size, word)));

@@ -12,8 +12,8 @@ struct ParquetState;
 
 /// Writes messages as an Apache Parquet file, into blocks of bytes that the caller puts where they
 /// belong; opens no file itself. Takes the memory of one row group, which is 131,072 messages or 16
-/// MiB of payloads and notes, three times over while it is packed, and 2 KB for each before. One file for each object; any
-/// thread, one at a time. docs/parquet.md says what the columns hold.
+/// MiB of payloads and notes, three times over while it is packed, and 2 KB for each before. One
+/// file for each object; any thread, one at a time. docs/parquet.md says what the columns hold.
 class DATACHUNK_EXPORT ParquetTrace
 {
 public:
@@ -25,6 +25,7 @@ public:
         QString report;    ///< what became of its lines, as JSON
     };
 
+    /// Begins a file.
     explicit ParquetTrace(const Source &source = {});
     ~ParquetTrace();
 
