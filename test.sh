@@ -5,6 +5,7 @@
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/scripts/setup.sh"
 
 install_packages
+install_readers
 echo "== Building in build/dev, some minutes the first time"
 (build dev) 2>&1
 cd "$project"

@@ -5,6 +5,7 @@
 
 void registerExportBenchmarks();
 void registerImportBenchmarks();
+void registerParquetBenchmarks();
 
 int main(int argc, char *argv[])
 {
@@ -12,6 +13,7 @@ int main(int argc, char *argv[])
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     registerImportBenchmarks();
     registerExportBenchmarks();
+    registerParquetBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;

@@ -3,6 +3,9 @@
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL libraries development program monitor)
+if(TARGET pythonmodule)
+  list(APPEND CPACK_COMPONENTS_ALL python)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_STRIP_FILES ON)
 # Umasks differ, and folders of packages must not.
@@ -56,6 +59,20 @@ set(CPACK_DEBIAN_MONITOR_PACKAGE_RECOMMENDS "libqt5serialbus5-plugins, qttransla
 set(CPACK_DEBIAN_MONITOR_DESCRIPTION "Shows the messages of CAN buses as they come, records them for days, and opens
 recordings of any length and the traces of many CAN tools in one table, with
 filters, notes and statistics.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-datachunk)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "${CPACK_DEBIAN_LIBRARIES_PACKAGE_NAME} (= ${version}), ${DATACHUNK_PYTHON_VERSIONS}, python3-numpy")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS python3-pandas)
+# Root's interpreter would leave compiled modules behind that no package owns.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/packaging/python/postinst ${PROJECT_SOURCE_DIR}/packaging/python/prerm)
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION "Reads the traces of many CAN tools, and recordings of any length, into NumPy
+arrays and pandas data frames, filters them, and writes chunk and Parquet
+files.
+.
+This package has the Python module.")
 
 # What Debian wants in each package.
 set(changelog ${PROJECT_SOURCE_DIR}/packaging/changelog.Debian)

@@ -50,6 +50,7 @@ quietly in_root apt-get update
 in_root sh -c 'ls /srv/*.deb' >"$out/names"
 install_in_root $(grep -v -e -dev_ "$out/names")
 in_root sh -c 'cd /srv/work && ../smoke.sh ../README.md ../traces'
+in_root python3 -c 'import datachunk; print(datachunk.read("/srv/traces/engine_start.log"))'
 
 echo "== Building against the library in it"
 install_in_root $(grep -e -dev_ "$out/names") cmake g++ make pkg-config

@@ -7,6 +7,8 @@
 #   peers.sh verbose FOLDER   also every trace that is not read without loss
 #   peers.sh convert FOLDER   every trace converted to every format and read back: what is wrong,
 #                             and what the reader takes of no file of that format
+#   peers.sh parquet FOLDER   every trace written as Parquet and read by two other programs; the
+#                             bytes that a message takes in each file of more than a thousand
 #   peers.sh speed [FRAMES]   the time that one message takes, in generated traces
 #
 # The folder holds traces, and beside each "NAME.faithful" with the frames that are in it:
@@ -51,7 +53,32 @@ for message in can.LogReader(sys.argv[1]): pass'
     done
 }
 
+# Every file of a folder that is a trace.
+parquet() {
+    local traces="$1" folder name files=0
+    folder="$(mktemp -d)"
+    trap "rm -rf '$folder'" EXIT
+    while IFS= read -r trace; do
+        case "$trace" in *.expected | *.faithful) continue ;; esac
+        name="$folder/$((++files))"
+        "$datachunk" export "$trace" --to "$name.parquet" >/dev/null 2>&1 || continue
+        "$datachunk" export "$trace" --to "$name.jsonl" >/dev/null 2>&1
+        frames="$(wc -l <"$name.jsonl")"
+        if [ "$frames" -gt 1000 ]; then
+            awk -v frames="$frames" -v size="$(stat -c %s "$name.parquet")" -v name="${trace##*/}" \
+                'BEGIN { printf "%-40s %8d messages %6.2f bytes each\n", name, frames, size / frames }'
+        fi
+    done < <(find "$traces" -type f | sort)
+    READERS="$project/build/readers" node "$project/tests/parquet/read.mjs" compare "$folder"
+}
+
 install_packages
+if [ "${1:-}" = parquet ]; then
+    install_readers
+    build release --target datachunk
+    parquet "${2:-${DATACHUNK_TRACES:?is not set, and no folder is named}}"
+    exit
+fi
 build release --target datachunk datachunk-generate
 dpkg-query -W -f='${Package} ${Version}\n' can-utils python3-can tshark
 case "${1:-}" in

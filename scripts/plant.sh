@@ -10,6 +10,8 @@
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
 install_packages
+install_readers
+export DATACHUNK_READERS="$project/build/readers"
 work="$project/build/planted"
 tree="$work/tree"
 declare -A testsOf oldOf newOf

@@ -15,10 +15,11 @@ packages=(
     qtbase5-dev qttools5-dev qttools5-dev-tools
     libqt5serialbus5-dev libqt5serialbus5-plugins
     libquazip1-qt5-dev zlib1g-dev libxxhash-dev
-    libarchive-dev liblzma-dev
+    libarchive-dev liblzma-dev libzstd-dev
     libbenchmark-dev
     libsystemd-dev
     libqt5svg5 xauth xvfb
+    python3-dev pybind11-dev python3-numpy python3-pandas python3-pytest python3-distributed mypy
 )
 
 missing_packages() {
@@ -70,6 +71,26 @@ install_packages() {
     quietly as_root apt-get update || true
     quietly as_root env DEBIAN_FRONTEND=noninteractive \
         apt-get install --yes --no-install-recommends $missing
+}
+
+# What reads Parquet files back in the tests goes to build/readers. Without a network it is not
+# there, and those tests are skipped.
+install_readers() {
+    local wanted="$project/tests/parquet" readers="$project/build/readers"
+    if cmp -s "$wanted/package-lock.json" "$readers/package-lock.json"; then
+        return
+    fi
+    echo "== Installing the readers of Parquet files" >&2
+    mkdir -p "$readers"
+    (
+        command -v npm >/dev/null || packages=(nodejs npm)
+        install_packages && cd "$readers" &&
+            cp "$wanted/package.json" "$wanted/package-lock.json" . &&
+            quietly npm install --no-save --ignore-scripts --no-audit --no-fund
+    ) || {
+        rm -f "$readers/package-lock.json"
+        echo "They are not installed, and the tests that need them are skipped." >&2
+    }
 }
 
 # build PRESET [--target NAME]: configures where that has not been done and brings the build up to

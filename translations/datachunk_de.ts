@@ -708,10 +708,6 @@
         <translation>100 Nachrichten als Text</translation>
     </message>
     <message>
-        <source>an archive as one chunk file</source>
-        <translation>ein Archiv als eine Chunk-Datei</translation>
-    </message>
-    <message>
         <source>Write traces, merged by time, in the format of another tool.</source>
         <translation>Schreibt Traces, nach der Zeit zusammengeführt, im Format eines anderen Programms.</translation>
     </message>
@@ -1198,6 +1194,46 @@ Beispiele:
     <message>
         <source>Print a JSON object for each finding.</source>
         <translation>Gibt für jeden Befund ein JSON-Objekt aus.</translation>
+    </message>
+    <message>
+        <source>Parquet files in folders by source and day</source>
+        <translation>Parquet-Dateien in Ordnern nach Quelle und Tag</translation>
+    </message>
+    <message>
+        <source>Write a data set into this folder, as --partition says; several traces are taken then.</source>
+        <translation>Schreibt einen Datensatz in diesen Ordner, wie --partition sagt; dann werden mehrere Traces genommen.</translation>
+    </message>
+    <message>
+        <source>without --partition only one trace is taken</source>
+        <translation>ohne --partition wird nur ein Trace genommen</translation>
+    </message>
+    <message>
+        <source>The data set is not divided by %1.</source>
+        <translation>Der Datensatz ist nicht nach %1 geteilt.</translation>
+    </message>
+    <message>
+        <source>There is another data set.</source>
+        <translation>Dort liegt ein anderer Datensatz.</translation>
+    </message>
+    <message>
+        <source>Its times jump between too many days.</source>
+        <translation>Seine Zeiten springen zwischen zu vielen Tagen.</translation>
+    </message>
+    <message>
+        <source>--partition goes with --into, not with --to</source>
+        <translation>--partition gehört zu --into, nicht zu --to</translation>
+    </message>
+    <message>
+        <source>--partition is for Parquet alone</source>
+        <translation>--partition gibt es nur für Parquet</translation>
+    </message>
+    <message>
+        <source>Write a Parquet data set into the folder of --into: each trace for itself, in folders by these keys, source or source=NAME and date, with commas between.</source>
+        <translation>Schreibt einen Parquet-Datensatz in den Ordner von --into: jeden Trace für sich, in Ordnern nach diesen Schlüsseln, source oder source=NAME und date, mit Kommas dazwischen.</translation>
+    </message>
+    <message>
+        <source>--partition takes source, source=NAME and date, with commas between, not &quot;%1&quot;</source>
+        <translation>--partition nimmt source, source=NAME und date, mit Kommas dazwischen, nicht „%1“</translation>
     </message>
 </context>
 <context>

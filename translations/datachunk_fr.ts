@@ -708,10 +708,6 @@
         <translation>100 messages en texte</translation>
     </message>
     <message>
-        <source>an archive as one chunk file</source>
-        <translation>une archive en un seul fichier chunk</translation>
-    </message>
-    <message>
         <source>Write traces, merged by time, in the format of another tool.</source>
         <translation>Écrit des traces, fusionnées dans l’ordre du temps, au format d’un autre outil.</translation>
     </message>
@@ -1198,6 +1194,46 @@ Exemples :
     <message>
         <source>Print a JSON object for each finding.</source>
         <translation>Affiche un objet JSON par constat.</translation>
+    </message>
+    <message>
+        <source>Parquet files in folders by source and day</source>
+        <translation>des fichiers Parquet dans des dossiers par source et par jour</translation>
+    </message>
+    <message>
+        <source>Write a data set into this folder, as --partition says; several traces are taken then.</source>
+        <translation>Écrit un jeu de données dans ce dossier, comme --partition le dit ; plusieurs traces sont alors acceptées.</translation>
+    </message>
+    <message>
+        <source>without --partition only one trace is taken</source>
+        <translation>sans --partition, une seule trace est acceptée</translation>
+    </message>
+    <message>
+        <source>The data set is not divided by %1.</source>
+        <translation>Le jeu de données n’est pas divisé par %1.</translation>
+    </message>
+    <message>
+        <source>There is another data set.</source>
+        <translation>Un autre jeu de données s’y trouve.</translation>
+    </message>
+    <message>
+        <source>Its times jump between too many days.</source>
+        <translation>Ses instants sautent entre trop de jours.</translation>
+    </message>
+    <message>
+        <source>--partition goes with --into, not with --to</source>
+        <translation>--partition va avec --into, pas avec --to</translation>
+    </message>
+    <message>
+        <source>--partition is for Parquet alone</source>
+        <translation>--partition n’existe que pour Parquet</translation>
+    </message>
+    <message>
+        <source>Write a Parquet data set into the folder of --into: each trace for itself, in folders by these keys, source or source=NAME and date, with commas between.</source>
+        <translation>Écrit un jeu de données Parquet dans le dossier de --into : chaque trace à part, dans des dossiers selon ces clés, source ou source=NAME et date, séparées par des virgules.</translation>
+    </message>
+    <message>
+        <source>--partition takes source, source=NAME and date, with commas between, not &quot;%1&quot;</source>
+        <translation>--partition accepte source, source=NAME et date, séparés par des virgules, pas « %1 »</translation>
     </message>
 </context>
 <context>

@@ -316,6 +316,17 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
     </message>
 </context>
 <context>
+    <name>ParquetTrace</name>
+    <message>
+        <source>The file is no Parquet file.</source>
+        <translation>Die Datei ist keine Parquet-Datei.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is not in both, or of another type.</source>
+        <translation>Die Spalte „%1“ ist nicht in beiden oder von anderem Typ.</translation>
+    </message>
+</context>
+<context>
     <name>PeakTraceImporter</name>
     <message>
         <source>Import error occured at line %1 of file %2.</source>

@@ -316,6 +316,17 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
     </message>
 </context>
 <context>
+    <name>ParquetTrace</name>
+    <message>
+        <source>The file is no Parquet file.</source>
+        <translation>Le fichier n’est pas un fichier Parquet.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is not in both, or of another type.</source>
+        <translation>La colonne « %1 » n’est pas dans les deux ou est d’un autre type.</translation>
+    </message>
+</context>
+<context>
     <name>PeakTraceImporter</name>
     <message>
         <source>Import error occured at line %1 of file %2.</source>

@@ -6,6 +6,7 @@ namespace {
 
 const QString chunk = QStringLiteral("dck");
 const QString text = QStringLiteral("txt");
+const QString parquet = QStringLiteral("parquet");
 
 std::optional<TargetFormat> foreignFormat(std::optional<TraceExport::Format> format)
 {
@@ -20,6 +21,8 @@ std::optional<TargetFormat> TargetFormat::named(const QString &name)
         return TargetFormat{OwnChunk};
     if (name.compare(text, Qt::CaseInsensitive) == 0)
         return TargetFormat{OwnText};
+    if (name.compare(parquet, Qt::CaseInsensitive) == 0)
+        return TargetFormat{Parquet};
     return foreignFormat(TraceExport::formatNamed(name));
 }
 
@@ -29,18 +32,21 @@ std::optional<TargetFormat> TargetFormat::ofFile(const QString &fileName)
         return TargetFormat{OwnChunk};
     if (fileName.endsWith(QLatin1Char('.') + text, Qt::CaseInsensitive))
         return TargetFormat{OwnText};
+    if (fileName.endsWith(QLatin1Char('.') + parquet, Qt::CaseInsensitive))
+        return TargetFormat{Parquet};
     return foreignFormat(TraceExport::formatOfFile(fileName));
 }
 
 QString TargetFormat::allNames()
 {
-    return (QStringList{chunk, text} + TraceExport::formatNames()).join(QLatin1String(", "));
+    return (QStringList{chunk, text} + TraceExport::formatNames() + QStringList(parquet))
+        .join(QLatin1String(", "));
 }
 
 QString TargetFormat::name() const
 {
     if (kind != Foreign)
-        return kind == OwnChunk ? chunk : text;
+        return kind == OwnChunk ? chunk : kind == OwnText ? text : parquet;
     return TraceExport::formatNames().at(foreign);
 }
 

@@ -6,14 +6,15 @@
 
 #include <optional>
 
-/// What a trace is written as: a chunk file or a text of ours, or a format of another tool.
+/// What a trace is written as: a chunk file or a text of ours, a format of another tool, or
+/// Parquet.
 struct TargetFormat
 {
-    enum Kind { OwnChunk, OwnText, Foreign };
+    enum Kind { OwnChunk, OwnText, Foreign, Parquet };
     Kind kind = OwnText;
     TraceExport::Format foreign = TraceExport::Candump; ///< where it is one
 
-    /// Of "dck", "txt" or a name that TraceExport knows.
+    /// Of "dck", "txt", "parquet" or a name that TraceExport knows.
     static std::optional<TargetFormat> named(const QString &name);
     /// By the end of the name.
     static std::optional<TargetFormat> ofFile(const QString &fileName);

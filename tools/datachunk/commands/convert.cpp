@@ -1,8 +1,10 @@
 #include "commands.h"
 #include "conversion.h"
+#include "dataset.h"
 #include "filechecks.h"
 #include "stopsignals.h"
 #include "terminal.h"
+#include "tracenames.h"
 #include "workfolder.h"
 
 #include <QFileInfo>
@@ -20,7 +22,8 @@ bool readPaths(const QCommandLineParser &parser, QStringList &inputs, Conversion
         wanted.target = inputs.takeLast();
     if (hasTarget && hasFolder)
         usageError(Cli::tr("--to and --into exclude each other"));
-    else if (hasFolder && !parser.isSet(QStringLiteral("as")))
+    else if (hasFolder && !parser.isSet(QStringLiteral("as"))
+             && !parser.isSet(QStringLiteral("partition")))
         usageError(Cli::tr("--into needs --as"));
     else if (hasFolder && parser.value(QStringLiteral("into")).isEmpty())
         usageError(Cli::tr("--into is missing"));
@@ -57,24 +60,10 @@ bool isTaken(const QString &fileName)
     return file.exists() || file.isSymLink();
 }
 
-// The name of a trace without its suffix, and without that of a compression.
-QString baseName(const QFileInfo &file)
-{
-    const QString base = file.completeBaseName();
-    const bool isCompressed = QStringList{QStringLiteral("gz"), QStringLiteral("zst"),
-                                          QStringLiteral("xz"), QStringLiteral("bz2")}
-                                  .contains(file.suffix(), Qt::CaseInsensitive);
-    return isCompressed && QFileInfo(base).completeBaseName() != QString()
-        ? QFileInfo(base).completeBaseName()
-        : base;
-}
-
 // The name that a trace gets in the folder: its own one, with a number where that is taken.
 QString freeName(const QDir &folder, const QString &path, const QString &suffix)
 {
-    // A folder may be named by its place alone, as "." and ".." do.
-    const QFileInfo file(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
-    const QString base = file.isDir() ? file.fileName() : baseName(file);
+    const QString base = traceName(path);
     QString name = QStringLiteral("%1.%2").arg(base, suffix);
     for (int number = 2; isTaken(folder.filePath(name)); ++number)
         name = QStringLiteral("%1-%2.%3").arg(base, QString::number(number), suffix);
@@ -109,7 +98,8 @@ QList<QCommandLineOption> convertOptions()
                                     {QStringLiteral("into"),
                                      Cli::tr("Write a file for each trace into this folder, in "
                                              "the format of --as."),
-                                     QStringLiteral("FOLDER")}}
+                                     QStringLiteral("FOLDER")},
+                                    partitionOption()}
     + conversionOptions() + Selection::options({QStringLiteral("to")});
 }
 
@@ -118,8 +108,11 @@ int runConvert(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     Conversion wanted;
     QStringList inputs = files;
-    if (!readPaths(parser, inputs, wanted) || !readTraceOptions(parser, trace)
-        || !readConversion(parser, trace, std::nullopt, wanted))
+    if (!readPaths(parser, inputs, wanted) || !readTraceOptions(parser, trace))
+        return WrongUsage;
+    if (parser.isSet(QStringLiteral("partition")))
+        return runDataset(parser, inputs, trace);
+    if (!readConversion(parser, trace, std::nullopt, wanted))
         return WrongUsage;
     const bool isEach = parser.isSet(QStringLiteral("into"));
     const bool done = isEach

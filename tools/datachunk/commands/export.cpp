@@ -1,8 +1,11 @@
 #include "chunknames.h"
 #include "commands.h"
 #include "conversion.h"
+#include "dataset.h"
 #include "filechecks.h"
 #include "terminal.h"
+
+#include <QFileInfo>
 
 namespace {
 
@@ -17,8 +20,8 @@ bool readTarget(const QCommandLineParser &parser, Conversion &wanted)
 
 int exportTrace(const TraceFile &trace, const Conversion &wanted)
 {
-    const bool isStandardInput = trace.name == QLatin1String("-");
-    if ((!isStandardInput && !checkReadable(trace.name))
+    const bool isFile = trace.name != QLatin1String("-") && !QFileInfo(trace.name).isDir();
+    if ((isFile && !checkReadable(trace.name))
         || !(wanted.goesToOutput() || checkFree(wanted.target)))
         return Failed;
     TraceInputs inputs(trace);
@@ -36,7 +39,12 @@ QList<QCommandLineOption> exportOptions()
                                      Cli::tr("Write this file, in the format that its name ends "
                                              "in, or as a text. With \"-\" it goes to standard "
                                              "output."),
-                                     QStringLiteral("OUT")}}
+                                     QStringLiteral("OUT")},
+                                    {QStringLiteral("into"),
+                                     Cli::tr("Write a data set into this folder, as --partition "
+                                             "says; several traces are taken then."),
+                                     QStringLiteral("FOLDER")},
+                                    partitionOption()}
     + conversionOptions() + Selection::options({QStringLiteral("to")});
 }
 
@@ -55,8 +63,13 @@ int runExport(const QCommandLineParser &parser, const QStringList &files)
     TraceFile trace;
     trace.name = files.first();
     Conversion wanted;
-    if (!readTarget(parser, wanted) || !readTraceOptions(parser, trace)
-        || !readConversion(parser, trace, TargetFormat(), wanted))
+    if (!readTraceOptions(parser, trace))
+        return WrongUsage;
+    if (parser.isSet(QStringLiteral("partition")))
+        return runDataset(parser, files, trace);
+    if (files.size() > 1)
+        return usageError(Cli::tr("without --partition only one trace is taken"));
+    if (!readTarget(parser, wanted) || !readConversion(parser, trace, TargetFormat(), wanted))
         return WrongUsage;
     return exportTrace(trace, wanted);
 }

@@ -31,6 +31,7 @@ public:
         });
     }
     double part() const override { return reading.part(); }
+    QByteArray report() const override { return reading.report(); }
 
 private:
     const TraceFile trace;

@@ -40,6 +40,9 @@ public:
     /// returns false, which is no failure.
     virtual Result forEachMessage(quint64 from, const Visit &visit) = 0;
 
+    /// What became of the lines of a text, as JSON, once it is read; empty for other traces.
+    virtual QByteArray report() const { return {}; }
+
     /// The part that was handed on, from 0 to 1; less than 0 where nobody knows. Any thread.
     virtual double part() const = 0;
 };

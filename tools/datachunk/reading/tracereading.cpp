@@ -14,6 +14,7 @@ TraceReading::Result TraceReading::forEachMessage(const TraceStream::Take &visit
         QCoreApplication::processEvents();
         return !StopSignals::received();
     });
+    lastReport = reportJson(trace, stream.report());
     const QStringList errors = stream.errorTexts();
     for (const QString &error : errors) {
         if (!printed.contains(error))

@@ -29,6 +29,9 @@ public:
     /// nothing twice.
     Result forEachMessage(const TraceStream::Take &visit);
 
+    /// What became of the lines that were read last, as JSON; empty for chunks and archives.
+    QByteArray report() const { return lastReport; }
+
     /// The part of the trace that is read, from 0 to 1; less than 0 where nobody knows. Any thread.
     double part() const { return readPart; }
 
@@ -37,4 +40,5 @@ private:
     std::atomic<double> readPart{-1};
     QSet<QString> printed;
     bool reported = false;
+    QByteArray lastReport;
 };

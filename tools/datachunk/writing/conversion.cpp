@@ -4,6 +4,7 @@
 #include "filechecks.h"
 #include "movefiles.h"
 #include "owntrace.h"
+#include "sourcedigest.h"
 #include "stopsignals.h"
 #include "terminal.h"
 #include "traceoutput.h"
@@ -20,7 +21,7 @@ using Result = TraceReading::Result;
 
 bool isBinary(const TargetFormat &format)
 {
-    return format.kind == TargetFormat::OwnChunk
+    return format.kind == TargetFormat::OwnChunk || format.kind == TargetFormat::Parquet
         || (format.kind == TargetFormat::Foreign && !TraceExport::isText(format.foreign));
 }
 
@@ -56,10 +57,11 @@ struct Written
     ConversionLosses losses;
 };
 
-Written writeForeign(MergedTrace &trace, const Conversion &conversion, const QString &fileName)
+Written writeEncoded(MergedTrace &trace, const Conversion &conversion, const QString &fileName,
+                     std::unique_ptr<MessageEncoder> encoder)
 {
     Written written;
-    TraceOutput output(fileName, conversion.format.foreign, conversion.times);
+    TraceOutput output(fileName, std::move(encoder));
     bool isWritten = output.open();
     Progress progress(trace.subject(), [&] { return trace.part(); });
     quint64 count = 0;
@@ -81,7 +83,7 @@ Written writeForeign(MergedTrace &trace, const Conversion &conversion, const QSt
         tellNotWritten(conversion.target, output.errorText());
         written.result = Result::Failed;
     }
-    written.losses = ConversionLosses(output.trace(), output.bookmarksLost());
+    written.losses = output.losses();
     return written;
 }
 
@@ -101,9 +103,18 @@ Written writeOwn(MergedTrace &trace, const Conversion &conversion, const QString
 Written writeTrace(const std::vector<TraceInput *> &inputs, const Conversion &conversion,
                    const QString &fileName)
 {
-    if (conversion.format.kind == TargetFormat::Foreign) {
+    const TargetFormat &format = conversion.format;
+    const QString target = conversion.goesToOutput() ? QString() : fileName;
+    if (format.kind == TargetFormat::Foreign) {
         MergedTrace trace(inputs, conversion.selection);
-        return writeForeign(trace, conversion, conversion.goesToOutput() ? QString() : fileName);
+        return writeEncoded(trace, conversion, target,
+                            textEncoder(format.foreign, conversion.times));
+    }
+    if (format.kind == TargetFormat::Parquet) {
+        SourceDigest digest(inputs);
+        MergedTrace trace(inputs, conversion.selection);
+        return writeEncoded(trace, conversion, target,
+                            parquetEncoder([&digest] { return digest.source(); }));
     }
     const bool isStream = inputs.size() == 1 && !inputs.front()->timeline();
     UniqueNumbers numbered(*inputs.front());

@@ -39,12 +39,23 @@ QString nameOf(const Conversion &conversion)
 
 } // namespace
 
-ConversionLosses::ConversionLosses(const TraceExport &trace, quint64 bookmarks)
+ConversionLosses::ConversionLosses(const TraceExport &trace)
     : written(trace.written()), leftOut(trace.leftOut())
 {
     const QVector<TraceExport::LossCount> losses = trace.losses();
     for (const auto &[loss, messages] : losses)
         rows.append({TraceExport::lossText(loss, messages), TraceExport::lossName(loss), messages});
+}
+
+ConversionLosses::ConversionLosses(quint64 written, quint64 notesCut) : written(written)
+{
+    if (notesCut > 0)
+        rows.append({TraceExport::lossText(TraceExport::NoteCut, notesCut),
+                     TraceExport::lossName(TraceExport::NoteCut), notesCut});
+}
+
+void ConversionLosses::addBookmarks(quint64 bookmarks)
+{
     if (bookmarks > 0)
         rows.append({Cli::tr("Not written: bookmarks (%1).").arg(bookmarks),
                      QStringLiteral("bookmark"), bookmarks});

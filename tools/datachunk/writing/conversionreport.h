@@ -8,7 +8,12 @@ struct Conversion;
 struct ConversionLosses
 {
     ConversionLosses() = default;
-    ConversionLosses(const TraceExport &trace, quint64 bookmarks);
+    explicit ConversionLosses(const TraceExport &trace);
+    /// Those of a Parquet file.
+    ConversionLosses(quint64 written, quint64 notesCut);
+
+    /// Bookmarks that have no place in the format.
+    void addBookmarks(quint64 bookmarks);
 
     struct Row
     {

@@ -46,8 +46,12 @@ QJsonObject jsonOf(const char *what, const Lines &lines)
     return object;
 }
 
-QByteArray jsonOf(const TraceFile &trace, const ImportReport &report)
+} // namespace
+
+QByteArray reportJson(const TraceFile &trace, const ImportReport &report)
 {
+    if (report.lines == 0)
+        return {};
     QJsonArray leftOut;
     for (int i = 0; i < ImportReport::reasonCount; ++i) {
         if (report.leftOut[std::size_t(i)].count > 0)
@@ -77,17 +81,15 @@ QByteArray jsonOf(const TraceFile &trace, const ImportReport &report)
         object.insert(QStringLiteral("start"), report.start.toString(Qt::ISODateWithMs));
     if (!report.timeBase.isEmpty())
         object.insert(QStringLiteral("timeBase"), report.timeBase);
-    return jsonText(QJsonDocument(object)) + '\n';
+    return jsonText(QJsonDocument(object));
 }
-
-} // namespace
 
 void printReport(const TraceFile &trace, const ImportReport &report)
 {
     if (report.lines == 0)
         return;
     if (trace.reportsAsJson) {
-        const QByteArray json = jsonOf(trace, report);
+        const QByteArray json = reportJson(trace, report) + '\n';
         std::fwrite(json.constData(), 1, std::size_t(json.size()), stderr);
         return;
     }

@@ -8,5 +8,8 @@
 /// Nothing for chunks and archives, which have no lines.
 void printReport(const TraceFile &trace, const ImportReport &report);
 
+/// The same as JSON, an object without a line end; empty for chunks and archives.
+QByteArray reportJson(const TraceFile &trace, const ImportReport &report);
+
 /// Whether that is a failure to the user, who has asked for a trace without loss.
 bool failsOnLoss(const TraceFile &trace, const ImportReport &report);

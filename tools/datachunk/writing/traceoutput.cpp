@@ -6,9 +6,8 @@
 
 #include <unistd.h>
 
-TraceOutput::TraceOutput(const QString &fileName, TraceExport::Format format,
-                         TraceExport::Times times)
-    : file(fileName), toOutput(fileName.isEmpty()), text(format, times)
+TraceOutput::TraceOutput(const QString &fileName, std::unique_ptr<MessageEncoder> encoder)
+    : file(fileName), toOutput(fileName.isEmpty()), encoder(std::move(encoder))
 {
 }
 
@@ -20,7 +19,7 @@ bool TraceOutput::open()
 bool TraceOutput::write(const MessageBlock &block)
 {
     for (BlockCursor cursor(block); !cursor.isAtEnd(); cursor.moveOn())
-        text.append(cursor.message(), cursor.note(), bytes);
+        encoder->append(cursor.message(), cursor.note(), bytes);
     bookmarks += block.bookmarks.size();
     constexpr int leastWritten = 256 * 1024;
     return bytes.size() < leastWritten || flush();
@@ -28,7 +27,7 @@ bool TraceOutput::write(const MessageBlock &block)
 
 bool TraceOutput::close()
 {
-    text.finish(bytes);
+    encoder->finish(bytes);
     const bool isWritten = flush();
     file.close();
     return isWritten && file.error() == QFileDevice::NoError;
@@ -51,6 +50,13 @@ bool TraceOutput::writeToFile()
         at += taken;
     }
     return true;
+}
+
+ConversionLosses TraceOutput::losses() const
+{
+    ConversionLosses losses = encoder->losses();
+    losses.addBookmarks(bookmarks);
+    return losses;
 }
 
 QString TraceOutput::errorText() const

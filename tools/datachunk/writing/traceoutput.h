@@ -1,7 +1,7 @@
 #pragma once
 
 #include "messageblock.h"
-#include "traceexport.h"
+#include "messageencoder.h"
 
 #include <QFile>
 
@@ -10,7 +10,7 @@ class TraceOutput
 {
 public:
     /// An empty \a fileName is standard output.
-    TraceOutput(const QString &fileName, TraceExport::Format format, TraceExport::Times times);
+    TraceOutput(const QString &fileName, std::unique_ptr<MessageEncoder> encoder);
 
     // False when that is not written: the file is then incomplete.
 
@@ -22,9 +22,8 @@ public:
     /// Why the file is incomplete; empty of standard output.
     QString errorText() const;
 
-    const TraceExport &trace() const { return text; }
-    /// Bookmarks have no place in any of these formats.
-    quint64 bookmarksLost() const { return bookmarks; }
+    /// What was written, and what was not: bookmarks have no place in any of these formats.
+    ConversionLosses losses() const;
 
 private:
     bool flush();
@@ -33,7 +32,7 @@ private:
 
     QFile file;
     const bool toOutput;
-    TraceExport text;
+    const std::unique_ptr<MessageEncoder> encoder;
     QByteArray bytes;
     quint64 bookmarks = 0;
 };
