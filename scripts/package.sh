@@ -58,6 +58,6 @@ in_root cmake -DWORK=/srv/work/consumers "-DGENERATOR=Unix Makefiles" \
     "-DLIBDIR=lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)" -P /srv/tests/api/installtest.cmake
 
 echo "== Removing them"
-quietly in_root apt-get purge --yes datachunk datachunk-monitor 'libdatachunkhandler*'
+quietly in_root apt-get purge --yes datachunk datachunk-monitor python3-datachunk 'libdatachunkhandler*'
 as_root rm -rf "$try"
 echo "Good packages lie in $out"

@@ -21,6 +21,9 @@ struct TargetFormat
     /// Of all formats, with commas between.
     static QString allNames();
 
+    /// Whether it is one of this library's.
+    bool isOwn() const { return kind == OwnChunk || kind == OwnText; }
+
     QString name() const;
     /// What the name of a file of the format ends in.
     QString suffix() const;

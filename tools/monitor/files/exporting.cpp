@@ -46,7 +46,7 @@ public:
 
     ExportResult write(const QString &fileName)
     {
-        const bool isOwn = order.format.kind != TargetFormat::Foreign;
+        const bool isOwn = order.format.isOwn();
         passes = isOwn ? 2 : 1;
         if (isOwn && !survey())
             return ended(false);
@@ -64,7 +64,7 @@ private:
     bool forEach(const std::function<bool(const TraceItem &item)> &take)
     {
         RisingNumbers numbers;
-        const bool isOwn = order.format.kind != TargetFormat::Foreign;
+        const bool isOwn = order.format.isOwn();
         const auto renumber = [&](const TraceItem &item) {
             if (!isOwn)
                 return take(item);
@@ -104,6 +104,8 @@ private:
     {
         if (order.format.kind == TargetFormat::Foreign)
             return std::make_unique<ForeignWriter>(fileName, order.format.foreign, order.times);
+        if (order.format.kind == TargetFormat::Parquet)
+            return std::make_unique<ParquetWriter>(fileName);
         return std::make_unique<OwnWriter>(fileName, frame, order.withNotes);
     }
 

@@ -59,38 +59,55 @@ QString OwnWriter::errorText() const
     return worker.errorText().isEmpty() ? text.errorString() : worker.errorText();
 }
 
-ForeignWriter::ForeignWriter(const QString &fileName, TraceExport::Format format,
-                             TraceExport::Times times)
-    : file(fileName), trace(format, times)
-{
-}
-
-bool ForeignWriter::open()
+bool BlockWriter::open()
 {
     return file.open(QIODevice::WriteOnly);
 }
 
-bool ForeignWriter::write(const TraceItem &item)
+bool BlockWriter::write(const TraceItem &item)
 {
     constexpr int leastWritten = 256 * 1024;
-    trace.append(item.message, item.note, bytes);
+    append(item, bytes);
     bookmarks += item.bookmark.isValid() ? 1 : 0;
     return bytes.size() < leastWritten || flush();
 }
 
-bool ForeignWriter::flush()
+bool BlockWriter::flush()
 {
     const bool isWritten = file.write(bytes) == bytes.size();
     bytes.resize(0);
     return isWritten;
 }
 
-bool ForeignWriter::close()
+bool BlockWriter::close()
 {
-    trace.finish(bytes);
+    finish(bytes);
     const bool isWritten = flush() && file.flush();
     file.close();
     return isWritten && file.error() == QFileDevice::NoError;
+}
+
+QStringList BlockWriter::losses() const
+{
+    if (bookmarks == 0)
+        return {};
+    return {Writers::tr("Not written: bookmarks (%1).").arg(bookmarks)};
+}
+
+ForeignWriter::ForeignWriter(const QString &fileName, TraceExport::Format format,
+                             TraceExport::Times times)
+    : BlockWriter(fileName), trace(format, times)
+{
+}
+
+void ForeignWriter::append(const TraceItem &item, QByteArray &block)
+{
+    trace.append(item.message, item.note, block);
+}
+
+void ForeignWriter::finish(QByteArray &block)
+{
+    trace.finish(block);
 }
 
 QStringList ForeignWriter::losses() const
@@ -99,7 +116,15 @@ QStringList ForeignWriter::losses() const
     const QVector<TraceExport::LossCount> losses = trace.losses();
     for (const auto &[loss, messages] : losses)
         all += TraceExport::lossText(loss, messages);
-    if (bookmarks > 0)
-        all += Writers::tr("Not written: bookmarks (%1).").arg(bookmarks);
-    return all;
+    return all + BlockWriter::losses();
+}
+
+void ParquetWriter::append(const TraceItem &item, QByteArray &block)
+{
+    trace.append(item.message, item.note, block);
+}
+
+void ParquetWriter::finish(QByteArray &block)
+{
+    trace.finish(block);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "parquettrace.h"
 #include "savefileworker.h"
 #include "traceexport.h"
 #include "tracestream.h"
@@ -55,11 +56,11 @@ private:
     quint64 written = 0;
 };
 
-/// A format of another tool.
-class ForeignWriter : public FileWriter
+/// A format whose bytes come in blocks. Bookmarks have no place in any.
+class BlockWriter : public FileWriter
 {
 public:
-    ForeignWriter(const QString &fileName, TraceExport::Format format, TraceExport::Times times);
+    explicit BlockWriter(const QString &fileName) : file(fileName) { }
 
     bool open() override;
     bool write(const TraceItem &item) override;
@@ -67,11 +68,45 @@ public:
     QString errorText() const override { return file.errorString(); }
     QStringList losses() const override;
 
+protected:
+    /// They add what is ready to \a block.
+    virtual void append(const TraceItem &item, QByteArray &block) = 0;
+    virtual void finish(QByteArray &block) = 0;
+
 private:
     bool flush();
 
     QFile file;
-    TraceExport trace;
     QByteArray bytes;
     quint64 bookmarks = 0;
+};
+
+/// A format of another tool.
+class ForeignWriter : public BlockWriter
+{
+public:
+    ForeignWriter(const QString &fileName, TraceExport::Format format, TraceExport::Times times);
+
+    QStringList losses() const override;
+
+protected:
+    void append(const TraceItem &item, QByteArray &block) override;
+    void finish(QByteArray &block) override;
+
+private:
+    TraceExport trace;
+};
+
+/// A Parquet file.
+class ParquetWriter : public BlockWriter
+{
+public:
+    using BlockWriter::BlockWriter;
+
+protected:
+    void append(const TraceItem &item, QByteArray &block) override;
+    void finish(QByteArray &block) override;
+
+private:
+    ParquetTrace trace;
 };

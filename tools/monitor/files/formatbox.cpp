@@ -27,6 +27,8 @@ constexpr Row rows[] = {
      QT_TRANSLATE_NOOP("FormatBox", "Does not keep bookmarks.")},
     {"jsonl", QT_TRANSLATE_NOOP("FormatBox", "JSON lines (.jsonl)"),
      QT_TRANSLATE_NOOP("FormatBox", "Does not keep bookmarks.")},
+    {"parquet", QT_TRANSLATE_NOOP("FormatBox", "Parquet (.parquet)"),
+     QT_TRANSLATE_NOOP("FormatBox", "Does not keep bookmarks.")},
     {"pcapng", QT_TRANSLATE_NOOP("FormatBox", "Packet capture (.pcapng)"),
      QT_TRANSLATE_NOOP("FormatBox", "Does not keep bookmarks.")},
     {"trc21", QT_TRANSLATE_NOOP("FormatBox", "PEAK trace 2.1 (.trc)"),
