@@ -9,6 +9,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 
 #include <utility>
 
@@ -42,6 +43,8 @@ void RecordingKeeper::connectRecording()
 void RecordingKeeper::setGrowing(bool growing)
 {
     isGrowing = growing;
+    if (growing && current->store().chunkFolderPath().isEmpty())
+        tellNoFolder();
     current->setGrowing(growing);
     ownDisk.setOn(growing);
 }
@@ -172,6 +175,15 @@ void RecordingKeeper::tellStoreFailed(const QString &text)
     emit notice({Notice::Failure, text,
                  tr("Make room on the disk of the recording, or give it more in the settings: "
                     "messages that it does not take are dropped.")});
+}
+
+void RecordingKeeper::tellNoFolder()
+{
+    emit notice({Notice::Failure,
+                 tr("The recording has no folder: none could be made in %1.")
+                     .arg(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)),
+                 tr("Only the last messages are kept, in memory. Make room there, or see to the "
+                    "permissions, and begin a new recording.")});
 }
 
 void RecordingKeeper::tellFolderGone()

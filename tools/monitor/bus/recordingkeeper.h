@@ -56,6 +56,7 @@ private:
     void tellSaved(const QStringList &paths);
     void tellFailed(const QString &text, const QString &advice);
     void tellStoreFailed(const QString &text);
+    void tellNoFolder();
     void tellFolderGone();
 
     QWidget *const window;
