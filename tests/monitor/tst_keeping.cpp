@@ -232,13 +232,17 @@ void TestKeeping::tellsFolderGone()
     const QString folder = window.desk->recording()->store().chunkFolderPath();
     QVERIFY(window.desk->recording()->store().waitForSaves());
     QVERIFY(QDir(folder).removeRecursively());
-    const quint64 all = record(window, 21000);
+    const quint64 all = record(window, 41000);
     QVERIFY(all > first);
     QTRY_VERIFY(window.hasTold(QStringLiteral("has removed the folder")));
     // What cannot be written is counted.
-    QTRY_VERIFY(window.desk->recording()->counts().dropped > 0);
+    QVERIFY(window.desk->recording()->store().waitForSaves());
+    QTRY_VERIFY(window.hasTold(QStringLiteral("could not be written")));
     const RecordingCounts counts = window.desk->recording()->counts();
     QCOMPARE(counts.stored + counts.dropped, counts.taken);
+    // Each chunk fails, and is not told of.
+    QVERIFY(counts.dropped > 2 * quint64(RecordingSettings::leastMemory));
+    QCOMPARE(window.allTexts().count(QStringLiteral("could not be written")), 1);
     const auto told = std::find_if(window.notices.begin(), window.notices.end(),
                                    [](const Notice &notice) { return bool(notice.action); });
     QVERIFY(told != window.notices.end());

@@ -30,6 +30,7 @@ RecordingKeeper::~RecordingKeeper()
 
 void RecordingKeeper::connectRecording()
 {
+    storeFailureTold = false;
     sink->setRecording(current.get());
     ownDisk.setFolder(current->store().chunkFolderPath());
     current->setGrowing(isGrowing);
@@ -43,6 +44,7 @@ void RecordingKeeper::connectRecording()
 void RecordingKeeper::setGrowing(bool growing)
 {
     isGrowing = growing;
+    storeFailureTold = false;
     if (growing && current->store().chunkFolderPath().isEmpty())
         tellNoFolder();
     current->setGrowing(growing);
@@ -172,6 +174,9 @@ void RecordingKeeper::tellFailed(const QString &text, const QString &advice)
 void RecordingKeeper::tellStoreFailed(const QString &text)
 {
     ownDisk.look();
+    // On a full disk each chunk fails; the counts tell how it goes on.
+    if (std::exchange(storeFailureTold, true))
+        return;
     emit notice({Notice::Failure, text,
                  tr("Make room on the disk of the recording, or give it more in the settings: "
                     "messages that it does not take are dropped.")});

@@ -67,5 +67,6 @@ private:
     QPointer<QMessageBox> question;
     QPointer<SaveDialog> saveDialog;
     bool isGrowing = false;
+    bool storeFailureTold = false; // of this recording, since its lines were started
     bool closesWhenSaved = false;
 };
