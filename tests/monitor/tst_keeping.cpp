@@ -23,7 +23,7 @@ private:
     const TemporarySettings settings;
     QTemporaryDir place;
 
-    static quint64 record(DeskWindow &window, quint64 messages);
+    static quint64 record(const DeskWindow &window, quint64 messages);
     static quint64 countOf(const QStringList &paths);
     static bool saveInto(DeskWindow &window, const QString &name, bool isArchive);
     static QString makeLeftChunks(quint64 &messages);
@@ -40,6 +40,7 @@ private slots:
     void closes_data();
     void closes();
     void tellsFolderGone();
+    void tellsThatThereIsNoFolder();
     void keepsBudget();
     void copiesChunksOrNothing_data();
     void copiesChunksOrNothing();
@@ -60,7 +61,7 @@ void TestKeeping::init()
 }
 
 // Returns how many messages there are then.
-quint64 TestKeeping::record(DeskWindow &window, quint64 messages)
+quint64 TestKeeping::record(const DeskWindow &window, quint64 messages)
 {
     BusChoice choice;
     choice.generator.rate = 100000;
@@ -231,13 +232,17 @@ void TestKeeping::tellsFolderGone()
     const QString folder = window.desk->recording()->store().chunkFolderPath();
     QVERIFY(window.desk->recording()->store().waitForSaves());
     QVERIFY(QDir(folder).removeRecursively());
-    const quint64 all = record(window, 21000);
+    const quint64 all = record(window, 41000);
     QVERIFY(all > first);
     QTRY_VERIFY(window.hasTold(QStringLiteral("has removed the folder")));
     // What cannot be written is counted.
-    QTRY_VERIFY(window.desk->recording()->counts().dropped > 0);
+    QVERIFY(window.desk->recording()->store().waitForSaves());
+    QTRY_VERIFY(window.hasTold(QStringLiteral("could not be written")));
     const RecordingCounts counts = window.desk->recording()->counts();
     QCOMPARE(counts.stored + counts.dropped, counts.taken);
+    // Each chunk fails, and is not told of.
+    QVERIFY(counts.dropped > 2 * quint64(RecordingSettings::leastMemory));
+    QCOMPARE(window.allTexts().count(QStringLiteral("could not be written")), 1);
     const auto told = std::find_if(window.notices.begin(), window.notices.end(),
                                    [](const Notice &notice) { return bool(notice.action); });
     QVERIFY(told != window.notices.end());
@@ -245,6 +250,20 @@ void TestKeeping::tellsFolderGone()
     notice.action();
     QVERIFY(QDir(window.desk->recording()->store().chunkFolderPath()).exists());
     QCOMPARE(window.desk->recording()->counts().taken, quint64(0));
+}
+
+void TestKeeping::tellsThatThereIsNoFolder()
+{
+    const QByteArray before = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", "/dev/null");
+    const DeskWindow window;
+    qputenv("XDG_DATA_HOME", before);
+    QVERIFY(window.notices.empty());
+    const quint64 messages = record(window, 40000);
+    QVERIFY(window.hasTold(QStringLiteral("has no folder")));
+    const RecordingCounts counts = window.desk->recording()->counts();
+    QCOMPARE(counts.taken, messages);
+    QVERIFY(counts.stored <= 2 * quint64(RecordingSettings::leastMemory));
 }
 
 void TestKeeping::keepsBudget()

@@ -137,8 +137,7 @@ void TestWindow::noticesAreToldOnceAndBounded()
 {
     MessageBar bar;
     for (int i = 0; i < 2; ++i)
-        bar.add(
-            {Notice::Failure, QStringLiteral("The disk is full."), QStringLiteral("Empty it.")});
+        bar.add({Notice::Failure, QStringLiteral("The disk is full"), QStringLiteral("Empty it.")});
     QCOMPARE(noticesOf(bar), QStringList{QStringLiteral("The disk is full. Empty it.")});
     for (int i = 0; i < 100; ++i)
         bar.add({Notice::Warning, QStringLiteral("<b>%1</b>").arg(i), {}});

@@ -48,6 +48,9 @@ RecordingCounts Recording::counts() const
 {
     RecordingCounts counts;
     counts.dropped = ownStore->givenUpMessageCount() + ownStore->unwrittenMessageCount();
+    // Without a folder there is the memory, and nothing else.
+    if (ownStore->chunkFolderPath().isEmpty())
+        counts.dropped = taken - std::min<quint64>(taken, ownStore->getMessageCount());
     // The store may have given up some that are not counted yet.
     counts.taken = std::max<quint64>(taken, counts.dropped);
     counts.stored = counts.taken - counts.dropped;

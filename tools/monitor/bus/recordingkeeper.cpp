@@ -9,6 +9,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 
 #include <utility>
 
@@ -29,6 +30,7 @@ RecordingKeeper::~RecordingKeeper()
 
 void RecordingKeeper::connectRecording()
 {
+    storeFailureTold = false;
     sink->setRecording(current.get());
     ownDisk.setFolder(current->store().chunkFolderPath());
     current->setGrowing(isGrowing);
@@ -42,6 +44,9 @@ void RecordingKeeper::connectRecording()
 void RecordingKeeper::setGrowing(bool growing)
 {
     isGrowing = growing;
+    storeFailureTold = false;
+    if (growing && current->store().chunkFolderPath().isEmpty())
+        tellNoFolder();
     current->setGrowing(growing);
     ownDisk.setOn(growing);
 }
@@ -169,9 +174,21 @@ void RecordingKeeper::tellFailed(const QString &text, const QString &advice)
 void RecordingKeeper::tellStoreFailed(const QString &text)
 {
     ownDisk.look();
+    // On a full disk each chunk fails; the counts tell how it goes on.
+    if (std::exchange(storeFailureTold, true))
+        return;
     emit notice({Notice::Failure, text,
                  tr("Make room on the disk of the recording, or give it more in the settings: "
                     "messages that it does not take are dropped.")});
+}
+
+void RecordingKeeper::tellNoFolder()
+{
+    emit notice({Notice::Failure,
+                 tr("The recording has no folder: none could be made in %1.")
+                     .arg(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)),
+                 tr("Only the last messages are kept, in memory. Make room there, or see to the "
+                    "permissions, and begin a new recording.")});
 }
 
 void RecordingKeeper::tellFolderGone()

@@ -56,6 +56,7 @@ private:
     void tellSaved(const QStringList &paths);
     void tellFailed(const QString &text, const QString &advice);
     void tellStoreFailed(const QString &text);
+    void tellNoFolder();
     void tellFolderGone();
 
     QWidget *const window;
@@ -66,5 +67,6 @@ private:
     QPointer<QMessageBox> question;
     QPointer<SaveDialog> saveDialog;
     bool isGrowing = false;
+    bool storeFailureTold = false; // of this recording, since its lines were started
     bool closesWhenSaved = false;
 };

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+TaskThread::TaskThread() : thread([this] { work(); }) { }
+
 TaskThread::~TaskThread()
 {
     {
@@ -9,8 +11,7 @@ TaskThread::~TaskThread()
         isStopping = true;
         changed.notify_all();
     }
-    if (thread.joinable())
-        thread.join();
+    thread.join();
 }
 
 void TaskThread::run(Task task)
@@ -18,8 +19,6 @@ void TaskThread::run(Task task)
     const std::lock_guard<std::mutex> locker(mutex);
     tasks.push_back(std::move(task));
     changed.notify_all();
-    if (!thread.joinable())
-        thread = std::thread([this] { work(); });
 }
 
 void TaskThread::work()

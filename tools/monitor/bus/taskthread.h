@@ -7,7 +7,8 @@
 #include <mutex>
 #include <thread>
 
-/// Works on one task after the other on a thread of its own, which is started with the first.
+/// Works on one task after the other on a thread of its own. The thread is there from the start:
+/// one that is wanted later may be refused.
 class TaskThread
 {
 public:
@@ -15,7 +16,7 @@ public:
     using GoesOn = std::function<bool()>;
     using Task = std::function<void(const GoesOn &goesOn)>;
 
-    TaskThread() = default;
+    TaskThread();
     /// Ends the task that runs, and leaves out the others.
     ~TaskThread();
 
@@ -31,5 +32,5 @@ private:
     std::mutex mutex;
     std::condition_variable changed;
     std::deque<Task> tasks;
-    std::thread thread;
+    std::thread thread; // last: it uses the others
 };

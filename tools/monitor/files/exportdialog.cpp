@@ -88,7 +88,7 @@ QLineEdit *ExportDialog::addRange(Part part, const QString &text, const QString 
                                   const QString &last)
 {
     QRadioButton *radio = addPart(part, text, true);
-    const QString names[] = {tr("%1 First").arg(text), tr("%1 Last").arg(text)};
+    const QString names[] = {tr("%1 first").arg(text), tr("%1 last").arg(text)};
     QLineEdit **const fields[] = {&firstOf[part], &lastOf[part]};
     for (int i = 0; i < 2; ++i) {
         auto *field = new QLineEdit(i == 0 ? first : last, this);

@@ -97,7 +97,8 @@ void FileDesk::buildWriting()
         if (current && view)
             writing->askForExport(*current, *view);
     });
-    exportIt->setShortcut(Qt::CTRL | Qt::Key_E);
+    // Ctrl+E alone goes to the end of the text where the filter has the keys.
+    exportIt->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E);
     QAction *pack = add(tr("&Pack into an archive…"), QStringLiteral("pack"), [this] {
         if (current)
             writing->askForPacking(*current);

@@ -28,6 +28,16 @@ QStyle::StandardPixmap iconOf(Notice::Kind kind)
     }
 }
 
+// Texts that end with words of the system have no point.
+QString sentences(const Notice &notice)
+{
+    if (notice.advice.isEmpty())
+        return notice.text;
+    const bool isClosed = notice.text.endsWith(QLatin1Char('.'))
+        || notice.text.endsWith(QLatin1Char('!')) || notice.text.endsWith(QLatin1Char('?'));
+    return notice.text + QLatin1String(isClosed ? " " : ". ") + notice.advice;
+}
+
 /// One notice, with what closes it.
 class NoticeLine : public QFrame
 {
@@ -43,7 +53,7 @@ public:
         label->setObjectName(QStringLiteral("notice"));
         // What a file says must not become markup.
         label->setTextFormat(Qt::PlainText);
-        label->setText(notice.advice.isEmpty() ? text : text + QLatin1Char(' ') + notice.advice);
+        label->setText(sentences(notice));
         label->setWordWrap(true);
         label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
         auto *close = new QToolButton(this);
