@@ -3,15 +3,15 @@
 //     datachunk-bench-monitor open PATH
 // Needs a display.
 
-#include "busdesk.h"
 #include "buschoice.h"
+#include "busdesk.h"
 #include "buslines.h"
 #include "loopmeter.h"
 #include "mainwindow.h"
 #include "recording.h"
 #include "tracetab.h"
-#include "traceview.h"
 #include "tracetablemodel.h"
+#include "traceview.h"
 
 #include <QApplication>
 #include <QFile>
@@ -98,7 +98,9 @@ int open(MainWindow &window, const QString &path)
     time.start();
     window.open({path});
     auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("traces"));
-    const auto model = [tabs] { return static_cast<TraceTab *>(tabs->currentWidget())->view()->model(); };
+    const auto model = [tabs] {
+        return static_cast<TraceTab *>(tabs->currentWidget())->view()->model();
+    };
     while (tabs->count() < 2 || model()->total() == 0)
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QApplication::processEvents();
@@ -127,6 +129,8 @@ int main(int argc, char *argv[])
 {
     QElapsedTimer start;
     start.start();
+    // The event dispatcher of GLib tells that it wakes up when it has done everything already.
+    qputenv("QT_NO_GLIB", "1");
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     QCoreApplication::setOrganizationName(QStringLiteral("datachunk"));
