@@ -129,6 +129,8 @@ int main(int argc, char *argv[])
 {
     QElapsedTimer start;
     start.start();
+    // The event dispatcher of GLib tells that it wakes up when it has done everything already.
+    qputenv("QT_NO_GLIB", "1");
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     QCoreApplication::setOrganizationName(QStringLiteral("datachunk"));

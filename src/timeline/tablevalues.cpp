@@ -3,6 +3,13 @@
 #include "tabletext.h"
 #include "tracetablemodel_p.h"
 
+// Without reading the message: a view looks for a position among many rows that it does not show.
+std::optional<quint64> TraceTableModel::Private::positionOf(quint64 row) const
+{
+    const Shown *known = screen.object(row);
+    return known ? known->position : rows.positionOf(row);
+}
+
 TraceTableModel::Private::Shown TraceTableModel::Private::shown(quint64 row) const
 {
     if (const Shown *known = screen.object(row))
@@ -18,10 +25,12 @@ TraceTableModel::Private::Shown TraceTableModel::Private::shown(quint64 row) con
 
 QVariant TraceTableModel::Private::text(quint64 row, int column) const
 {
+    if (column == PositionColumn) {
+        const auto position = positionOf(row);
+        return position ? QVariant(QString::number(*position)) : QVariant();
+    }
     const Shown all = shown(row);
     const CAN::CanRxMessage &message = all.row.message;
-    if (column == PositionColumn)
-        return all.position ? QVariant(QString::number(*all.position)) : QVariant();
     if (all.row.state != TraceRow::Known)
         return column == DataColumn ? QVariant(tr("no longer there")) : QVariant();
     switch (column) {
@@ -65,8 +74,6 @@ QString TraceTableModel::Private::timeText(quint64 row, qint64 time) const
 QVariant TraceTableModel::Private::value(const Shown &shown, int role)
 {
     const TraceRow &row = shown.row;
-    if (role == PositionRole)
-        return shown.position ? QVariant(*shown.position) : QVariant();
     if (role == StateRole)
         return int(row.state);
     if (row.state != TraceRow::Known)

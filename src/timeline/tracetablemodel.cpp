@@ -39,7 +39,10 @@ QVariant TraceTableModel::data(const QModelIndex &index, int role) const
         return Private::alignment(index.column());
     case RowRole:
         return row;
-    case PositionRole:
+    case PositionRole: {
+        const auto position = d->positionOf(row);
+        return position ? QVariant(*position) : QVariant();
+    }
     case StateRole:
     case MessageRole:
     case TimeRole:

@@ -21,6 +21,7 @@ public:
 
     Private(TraceTableModel &model, const TraceTimeline &timeline);
 
+    std::optional<quint64> positionOf(quint64 row) const;
     Shown shown(quint64 row) const;
     QVariant text(quint64 row, int column) const;
     static QVariant value(const Shown &shown, int role);

@@ -15,8 +15,14 @@ void Periods::add(qint64 period)
     const auto distance = double(period - origin);
     sum += distance;
     sumOfSquares += distance * distance;
-    const Place place = placeOf(quint64(period));
-    auto &octave = histogram[std::size_t(place.octave)];
+    if (histogram)
+        countLength(quint64(period));
+}
+
+void Periods::countLength(quint64 period)
+{
+    const Place place = placeOf(period);
+    auto &octave = (*histogram)[std::size_t(place.octave)];
     if (!octave)
         octave = std::make_unique<Octave>();
     quint32 &counted = (*octave)[std::size_t(place.part)];
@@ -39,11 +45,10 @@ double Periods::deviation() const
 double Periods::percentile(int percent) const
 {
     quint64 wanted = quint64(std::ceil(double(periods) * percent / 100));
-    for (int octave = 0; octave < octaves; ++octave) {
-        if (!histogram[std::size_t(octave)])
-            continue;
-        for (int part = 0; part < parts; ++part) {
-            const quint64 counted = (*histogram[std::size_t(octave)])[std::size_t(part)];
+    for (int octave = 0; histogram && octave < octaves; ++octave) {
+        const auto &counts = (*histogram)[std::size_t(octave)];
+        for (int part = 0; counts && part < parts; ++part) {
+            const quint64 counted = (*counts)[std::size_t(part)];
             if (counted >= wanted)
                 return std::clamp(middleOf({octave, part}), double(shortest), double(longest));
             wanted -= counted;

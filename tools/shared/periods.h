@@ -6,11 +6,16 @@
 #include <memory>
 
 /// What is known of the times between the messages of one identifier, in microseconds: the exact
-/// mean, deviation and ends, and how many came to each length within one percent. Takes some 300
-/// bytes for each power of two that occurs.
+/// mean, deviation and ends, and where it is wanted, how many came to each length within one
+/// percent. That takes some 300 bytes for each power of two that occurs.
 class Periods
 {
 public:
+    explicit Periods(bool countsLengths = true)
+        : histogram(countsLengths ? std::make_unique<Histogram>() : nullptr)
+    {
+    }
+
     /// \a period is not negative.
     void add(qint64 period);
 
@@ -20,7 +25,8 @@ public:
     double mean() const;
     /// Standard deviation of all of them.
     double deviation() const;
-    /// The length that \a percent of them do not go beyond, at most 1 % off.
+    /// The length that \a percent of them do not go beyond, at most 1 % off; the longest where
+    /// lengths are not counted.
     double percentile(int percent) const;
 
 private:
@@ -29,6 +35,7 @@ private:
     static constexpr int parts = 1 << bitsOfPart;
     static constexpr int octaves = 64 - bitsOfPart;
     using Octave = std::array<quint32, parts>;
+    using Histogram = std::array<std::unique_ptr<Octave>, octaves>;
 
     struct Place
     {
@@ -37,6 +44,7 @@ private:
     };
     static Place placeOf(quint64 period);
     static double middleOf(Place place);
+    void countLength(quint64 period);
 
     quint64 periods = 0;
     qint64 shortest = 0;
@@ -45,5 +53,5 @@ private:
     qint64 origin = 0;
     double sum = 0;
     double sumOfSquares = 0;
-    std::array<std::unique_ptr<Octave>, octaves> histogram;
+    std::unique_ptr<Histogram> histogram; // null where lengths are not counted
 };

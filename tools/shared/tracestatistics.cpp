@@ -10,7 +10,7 @@ const TraceStatistics::Identifier *TraceStatistics::add(const CAN::CanRxMessage 
 {
     const qint64 time = CAN::timeOf(message);
     const bool isError = message.id == CAN::errorFrameId;
-    const FrameBits bits = countsBits ? frameBits(message) : FrameBits();
+    const FrameBits bits = detail == Everything ? frameBits(message) : FrameBits();
     auto &line = byLine[quint8(message.line)];
     if (!line)
         line = std::make_unique<Sum>();
@@ -52,10 +52,13 @@ TraceStatistics::Identifier *TraceStatistics::identifierOf(quint64 key)
     Recent &known = recent[(key * Q_UINT64_C(0x9E3779B97F4A7C15) >> 32) % recent.size()];
     if (known.key == key + 1)
         return known.identifier;
-    const auto found = byKey.find(key);
-    if (found == byKey.end() && byKey.size() >= mostIdentifiers)
-        return nullptr;
-    known = {key + 1, found == byKey.end() ? &byKey[key] : &found->second};
+    auto found = byKey.find(key);
+    if (found == byKey.end()) {
+        if (byKey.size() >= mostIdentifiers)
+            return nullptr;
+        found = byKey.emplace(key, detail != NoLengths).first;
+    }
+    known = {key + 1, &found->second};
     return known.identifier;
 }
 

@@ -21,6 +21,8 @@ public:
     /// Messages of one identifier, line and kind.
     struct Identifier
     {
+        explicit Identifier(bool countsLengths) : periods(countsLengths) { }
+
         quint32 id = 0;
         quint8 line = 0;
         bool extended = false;
@@ -58,8 +60,13 @@ public:
         Gaps gaps;
     };
 
-    TraceStatistics(qint64 longestPause, bool countsBits)
-        : longestPause(longestPause), countsBits(countsBits)
+    /// What is added up; less takes less time.
+    enum Detail {
+        NoLengths, ///< of the periods no lengths, and no bits
+        NoBits,
+        Everything
+    };
+    TraceStatistics(qint64 longestPause, Detail detail) : longestPause(longestPause), detail(detail)
     {
     }
 
@@ -86,7 +93,7 @@ private:
     void addTime(Sum &sum, qint64 time, quint64 position) const;
 
     const qint64 longestPause;
-    const bool countsBits;
+    const Detail detail;
     Sum total;
     std::array<std::unique_ptr<Sum>, 256> byLine;
     std::unordered_map<quint64, Identifier> byKey;

@@ -85,7 +85,9 @@ int runStats(const QCommandLineParser &parser, const QStringList &files)
         return WrongUsage;
     if (!inputs.open(files, TraceInputs::AsTimeline))
         return Failed;
-    TraceStatistics statistics(request.longestPause, request.bitrate > 0);
+    const bool countsBits = request.bitrate > 0;
+    TraceStatistics statistics(request.longestPause,
+                               countsBits ? TraceStatistics::Everything : TraceStatistics::NoBits);
     SelectedMessages selected(selection);
     TraceReading::Result result = TraceReading::Complete;
     for (const auto &input : inputs.all()) {

@@ -3,6 +3,8 @@
 #include "canframe.h"
 #include "framebits.h"
 
+#include <cstring>
+
 namespace {
 
 constexpr qint64 second = 1000000;
@@ -13,9 +15,17 @@ double weight(const BusBits &bits)
     return double(bits.nominal) + double(bits.data) / 4;
 }
 
-bool isSame(const CAN::CanRxMessage &a, const CAN::CanRxMessage &b, int byte)
+BusBits busBits(const CAN::CanRxMessage &message)
 {
-    return byte < CAN::payloadSize(a) && byte < CAN::payloadSize(b) && a.data[byte] == b.data[byte];
+    const FrameBits bits = frameBits(message);
+    return {quint64(bits.nominal), quint64(bits.data)};
+}
+
+// Of two messages of the same identifier, whether one is on the bus as the other.
+bool isSame(const CAN::CanRxMessage &a, const CAN::CanRxMessage &b)
+{
+    return a.length == b.length && a.flagB == b.flagB && a.flagC == b.flagC
+        && memcmp(a.data, b.data, std::size_t(CAN::payloadSize(a))) == 0;
 }
 
 } // namespace
@@ -23,18 +33,29 @@ bool isSame(const CAN::CanRxMessage &a, const CAN::CanRxMessage &b, int byte)
 void DigestSums::add(const CAN::CanRxMessage &message, quint64 position)
 {
     const TraceStatistics::Identifier *sums = statistics.add(message, position);
-    addToLine(lineOf(message), message, CAN::timeOf(message));
-    if (sums)
-        addToIdentifier(*sums, message, position);
+    const qint64 time = CAN::timeOf(message);
+    if (!sums) {
+        addToLine(lineOf(message), message, time, busBits(message));
+        return;
+    }
+    Identifier &identifier = identifierOf(*sums);
+    const bool isRepeated = sums->count > 1 && isSame(message, identifier.digest.last);
+    if (!isRepeated)
+        identifier.bits = busBits(message);
+    addToLine(lineOf(message), message, time, identifier.bits);
+    if (!isRepeated)
+        markChanges(identifier.digest, message, sums->count == 1 ? IdentifierDigest::never : time);
+    addToIdentifier(identifier, message, position);
 }
 
 DigestSums::Line &DigestSums::lineOf(const CAN::CanRxMessage &message)
 {
     const auto number = quint8(message.line);
-    const auto known = lines.find(number);
-    if (known != lines.end())
-        return known->second;
+    Line *&known = byNumber[number];
+    if (known)
+        return *known;
     Line &line = lines[number];
+    known = &line;
     const qint64 start = statistics.all().earliest;
     line.digest.line = number;
     for (TimeCurve *curve :
@@ -44,10 +65,9 @@ DigestSums::Line &DigestSums::lineOf(const CAN::CanRxMessage &message)
     return line;
 }
 
-void DigestSums::addToLine(Line &line, const CAN::CanRxMessage &message, qint64 time)
+void DigestSums::addToLine(Line &line, const CAN::CanRxMessage &message, qint64 time,
+                           const BusBits &bits)
 {
-    const FrameBits frame = frameBits(message);
-    const BusBits bits{quint64(frame.nominal), quint64(frame.data)};
     LineDigest &digest = line.digest;
     ++digest.count;
     digest.errorFrames += message.id == CAN::errorFrameId ? 1 : 0;
@@ -70,25 +90,29 @@ void DigestSums::closeSecond(Line &line, qint64 next)
     line.second = next;
 }
 
-void DigestSums::addToIdentifier(const TraceStatistics::Identifier &sums,
-                                 const CAN::CanRxMessage &message, quint64 position)
+DigestSums::Identifier &DigestSums::identifierOf(const TraceStatistics::Identifier &sums)
 {
-    constexpr double mostRecent = 8;
     if (std::size_t(sums.place) == identifiers.size()) {
         Identifier fresh;
         fresh.sums = &sums;
         fresh.digest.curve = TimeCurve(IdentifierDigest::intervals, statistics.all().earliest);
         identifiers.push_back(std::move(fresh));
     }
-    Identifier &identifier = identifiers[std::size_t(sums.place)];
+    return identifiers[std::size_t(sums.place)];
+}
+
+void DigestSums::addToIdentifier(Identifier &identifier, const CAN::CanRxMessage &message,
+                                 quint64 position)
+{
+    constexpr double mostRecent = 8;
     IdentifierDigest &digest = identifier.digest;
+    const TraceStatistics::Identifier &sums = *identifier.sums;
     const qint64 time = CAN::timeOf(message);
     const auto periods = double(sums.periods.count());
     if (sums.count > 1 && time >= CAN::timeOf(digest.last) && periods > 0) {
         const auto period = double(time - CAN::timeOf(digest.last));
         digest.recentPeriod += (period - digest.recentPeriod) / std::min(periods, mostRecent);
     }
-    markChanges(digest, message, time);
     digest.last = message;
     digest.position = position;
     digest.curve.add(time, 1);
@@ -97,20 +121,19 @@ void DigestSums::addToIdentifier(const TraceStatistics::Identifier &sums,
     identifier.isChanged = true;
 }
 
-// The bytes of the first message have not changed.
+// The bytes of the first message have not changed: \a time is never.
 void DigestSums::markChanges(IdentifierDigest &digest, const CAN::CanRxMessage &message,
                              qint64 time)
 {
-    const bool isFirst = digest.curve.size() == 0;
-    const int known = isFirst ? 0 : CAN::payloadSize(digest.last);
     const int length = message.remote ? 0 : CAN::payloadSize(message);
+    const int known = std::min(int(digest.changes.size()), length);
     digest.changes.resize(length);
-    for (int i = 0; i < length; ++i) {
-        if (isFirst)
-            digest.changes[i] = IdentifierDigest::never;
-        else if (i >= known || !isSame(digest.last, message, i))
-            digest.changes[i] = time;
+    qint64 *changes = digest.changes.data();
+    for (int i = 0; i < known; ++i) {
+        if (message.data[i] != digest.last.data[i])
+            changes[i] = time;
     }
+    std::fill(changes + known, changes + length, time);
 }
 
 TraceSummary DigestSums::summary() const

@@ -3,6 +3,7 @@
 #include "digestvalues.h"
 #include "tracestatistics.h"
 
+#include <array>
 #include <deque>
 #include <map>
 
@@ -11,7 +12,7 @@
 class DigestSums
 {
 public:
-    DigestSums() : statistics(std::numeric_limits<qint64>::max(), false) { }
+    DigestSums() : statistics(std::numeric_limits<qint64>::max(), TraceStatistics::NoLengths) { }
 
     void add(const CAN::CanRxMessage &message, quint64 position);
 
@@ -33,19 +34,22 @@ private:
     {
         const TraceStatistics::Identifier *sums = nullptr;
         IdentifierDigest digest;
+        BusBits bits; // of the last message
         bool isChanged = false;
     };
 
     Line &lineOf(const CAN::CanRxMessage &message);
-    void addToLine(Line &line, const CAN::CanRxMessage &message, qint64 time);
+    void addToLine(Line &line, const CAN::CanRxMessage &message, qint64 time, const BusBits &bits);
     static void closeSecond(Line &line, qint64 next);
-    void addToIdentifier(const TraceStatistics::Identifier &sums, const CAN::CanRxMessage &message,
+    Identifier &identifierOf(const TraceStatistics::Identifier &sums);
+    void addToIdentifier(Identifier &identifier, const CAN::CanRxMessage &message,
                          quint64 position);
     static void markChanges(IdentifierDigest &digest, const CAN::CanRxMessage &message,
                             qint64 time);
 
     TraceStatistics statistics;
     std::map<quint8, Line> lines;
+    std::array<Line *, 256> byNumber{}; // the same, found faster
     std::vector<Identifier> identifiers;
     std::deque<int> changed;
 };

@@ -117,14 +117,29 @@ void IdentifierTable::sort(int column, Qt::SortOrder order)
     sortAgain();
 }
 
-QVector<int> IdentifierTable::sorted(QVector<int> places) const
+// Ages go on while they are compared, and an order that changes meanwhile is none: what is compared
+// is worked out before.
+QVector<int> IdentifierTable::sorted(const QVector<int> &places) const
 {
-    const auto &identifiers = ownDigest ? ownDigest->identifiers() : QVector<IdentifierDigest>();
-    std::stable_sort(places.begin(), places.end(), [&](int a, int b) {
-        return sortOrder == Qt::AscendingOrder ? isBefore(identifiers.at(a), identifiers.at(b))
-                                               : isBefore(identifiers.at(b), identifiers.at(a));
+    if (!ownDigest)
+        return places;
+    const QVector<IdentifierDigest> &identifiers = ownDigest->identifiers();
+    std::vector<Sorted> all;
+    all.reserve(std::size_t(places.size()));
+    for (const int place : places) {
+        const IdentifierDigest &identifier = identifiers.at(place);
+        const bool isKind = sortColumn == KindColumn;
+        all.push_back({place, &identifier, isKind ? 0 : sortKey(identifier),
+                       isKind ? DigestText::kind(identifier.last) : QString()});
+    }
+    std::stable_sort(all.begin(), all.end(), [this](const Sorted &a, const Sorted &b) {
+        return sortOrder == Qt::AscendingOrder ? isBefore(a, b) : isBefore(b, a);
     });
-    return places;
+    QVector<int> now;
+    now.reserve(places.size());
+    for (const Sorted &identifier : all)
+        now.append(identifier.place);
+    return now;
 }
 
 void IdentifierTable::sortAgain()
@@ -144,20 +159,20 @@ void IdentifierTable::sortAgain()
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
-bool IdentifierTable::isBefore(const IdentifierDigest &a, const IdentifierDigest &b) const
+bool IdentifierTable::isBefore(const Sorted &a, const Sorted &b) const
 {
+    const CAN::CanRxMessage &first = a.identifier->last;
+    const CAN::CanRxMessage &second = b.identifier->last;
     if (sortColumn == DataColumn) {
-        const int shorter = std::min(CAN::payloadSize(a.last), CAN::payloadSize(b.last));
-        const int order = memcmp(a.last.data, b.last.data, std::size_t(shorter));
-        return order != 0 ? order < 0 : a.last.length < b.last.length;
+        const int shorter = std::min(CAN::payloadSize(first), CAN::payloadSize(second));
+        const int order = memcmp(first.data, second.data, std::size_t(shorter));
+        return order != 0 ? order < 0 : first.length < second.length;
     }
     if (sortColumn == KindColumn)
-        return DigestText::kind(a.last) < DigestText::kind(b.last);
-    const double first = sortKey(a);
-    const double second = sortKey(b);
-    if (first != second || sortColumn != IdentifierColumn)
-        return first < second;
-    return (a.last.line & 0xFF) < (b.last.line & 0xFF);
+        return a.kind < b.kind;
+    if (a.key != b.key || sortColumn != IdentifierColumn)
+        return a.key < b.key;
+    return (first.line & 0xFF) < (second.line & 0xFF);
 }
 
 double IdentifierTable::sortKey(const IdentifierDigest &identifier) const
@@ -179,7 +194,7 @@ double IdentifierTable::sortKey(const IdentifierDigest &identifier) const
     case MostPeriodColumn:
         return double(identifier.mostPeriod);
     case AgeColumn:
-        return double(ageOf(identifier));
+        return -double(CAN::timeOf(identifier.last));
     case LengthColumn:
         return identifier.last.length;
     default:

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QVector>
 
+#include <vector>
+
 class TraceDigest;
 
 /// The identifiers of a trace as a table for views. Rows stay where they are while their values
@@ -58,13 +60,22 @@ public:
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
 private:
+    /// What an identifier is sorted by.
+    struct Sorted
+    {
+        int place;
+        const IdentifierDigest *identifier;
+        double key;
+        QString kind;
+    };
+
     void rebuild();
     void take(const QVector<int> &places);
     void addRows();
     bool isShown(const IdentifierDigest &identifier) const;
-    QVector<int> sorted(QVector<int> places) const;
+    QVector<int> sorted(const QVector<int> &places) const;
     void sortAgain();
-    bool isBefore(const IdentifierDigest &a, const IdentifierDigest &b) const;
+    bool isBefore(const Sorted &a, const Sorted &b) const;
     double sortKey(const IdentifierDigest &identifier) const;
     double rateOf(const IdentifierDigest &identifier) const;
     bool isOverdue(const IdentifierDigest &identifier) const;

@@ -3,6 +3,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <utility>
 
 /// Amounts over time, in a bounded number of intervals of equal length: where they do not suffice,
 /// two become one. Times are in microseconds.
@@ -17,7 +18,7 @@ public:
         // Most messages come in the interval of the one before.
         if (latest < 0 || time < latestStart || time - latestStart >= length)
             findInterval(time);
-        amounts[latest] += amount;
+        amountInLatest += amount;
     }
 
     qint64 start() const { return begin; }
@@ -25,11 +26,16 @@ public:
     qint64 width() const { return length; }
     /// Number of intervals up to the last one with something in it.
     int size() const { return amounts.size(); }
-    quint64 at(int interval) const { return amounts.at(interval); }
+    quint64 at(int interval) const
+    {
+        return amounts.at(interval) + (interval == latest ? amountInLatest : 0);
+    }
 
 private:
     void findInterval(qint64 time)
     {
+        if (latest >= 0)
+            amounts[latest] += std::exchange(amountInLatest, 0);
         qint64 interval = std::max<qint64>(0, time - begin) / length;
         for (; interval >= mostIntervals; interval /= 2)
             halve();
@@ -55,4 +61,5 @@ private:
     QVector<quint64> amounts;
     int latest = -1; // the interval of the last one, and where it begins
     qint64 latestStart = 0;
+    quint64 amountInLatest = 0; // not yet with the others, which are far away in memory
 };

@@ -76,11 +76,22 @@ void MessageDelegate::paint(QPainter *painter, const QStyleOptionViewItem &plain
     if (isBookmark)
         drawRibbon(*painter, option.rect,
                    isSelected ? color : option.palette.color(QPalette::Highlight));
-    painter->setFont(option.font);
     painter->setPen(color);
-    const QFontMetrics metrics(option.font);
-    painter->drawText(place, int(option.displayAlignment) | Qt::TextSingleLine,
-                      metrics.elidedText(option.text, Qt::ElideRight, place.width()));
+    drawText(*painter, place, option);
+}
+
+void MessageDelegate::drawText(QPainter &painter, const QRect &place,
+                               const QStyleOptionViewItem &option) const
+{
+    const bool isNote = option.index.column() == TraceTableModel::NoteColumn;
+    if (!isNote && fixedText.font() != option.font)
+        fixedText = FixedText(option.font);
+    if (!isNote && fixedText.draw(painter, place, option.displayAlignment, option.text))
+        return;
+    painter.setFont(option.font);
+    painter.drawText(
+        place, int(option.displayAlignment) | Qt::TextSingleLine,
+        QFontMetrics(option.font).elidedText(option.text, Qt::ElideRight, place.width()));
 }
 
 QSize MessageDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const

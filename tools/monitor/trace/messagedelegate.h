@@ -1,5 +1,7 @@
 #pragma once
 
+#include "fixedtext.h"
+
 #include <QStyledItemDelegate>
 
 /// Draws the cells of the messages: error frames, sent and marked messages stand out, in the
@@ -17,4 +19,9 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+
+private:
+    void drawText(QPainter &painter, const QRect &place, const QStyleOptionViewItem &option) const;
+
+    mutable FixedText fixedText; // in the font of the last cell that had one of a fixed width
 };

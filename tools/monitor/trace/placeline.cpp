@@ -39,7 +39,7 @@ PlaceLine::PlaceLine(MessageModel *model, TraceTable *table, QAction *follow, QW
     connect(table, &TraceTable::sightChanged, this, &PlaceLine::update);
     connect(table, &TraceTable::currentPositionChanged, this, &PlaceLine::update);
     connect(table, &TraceTable::selectionTaken, this, [this] {
-        told->clear();
+        tell({});
         update();
     });
     connect(model, &TraceTableModel::totalChanged, this, &PlaceLine::update);
@@ -81,6 +81,16 @@ void PlaceLine::update()
             + (selected >= TraceTableModel::mostRows ? tr("%1 selected, no more at once").arg(count)
                                                      : tr("%1 selected").arg(count));
     }
-    if (where->text() != text)
-        where->setText(text);
+    makeRoomFor(text);
+    where->setText(text);
+}
+
+// With a label of a fixed size, another number does not have the whole window laid out and painted
+// anew, which would happen twenty times a second while the end is followed.
+void PlaceLine::makeRoomFor(const QString &text)
+{
+    const QFontMetrics metrics = where->fontMetrics();
+    const int needed = metrics.horizontalAdvance(text);
+    if (needed > where->minimumWidth() || metrics.height() != where->minimumHeight())
+        where->setFixedSize(needed + 2 * metrics.averageCharWidth(), metrics.height());
 }

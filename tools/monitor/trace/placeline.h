@@ -24,6 +24,7 @@ public:
 private:
     void update();
     QString place() const;
+    void makeRoomFor(const QString &text);
 
     MessageModel *const model;
     TraceTable *const table;
