@@ -84,10 +84,9 @@ void Appearance::setLanguage(const QString &language)
 void Appearance::install()
 {
     const QString wanted = language();
-    if (!wanted.isEmpty())
-        installTranslations(QStringLiteral("datachunk-monitor"), QLocale(wanted));
-    else if (!isUntranslated())
-        installTranslations(QStringLiteral("datachunk-monitor"));
+    const QLocale ofSystem = isUntranslated() ? QLocale::c() : QLocale::system();
+    installTranslations(QStringLiteral("datachunk-monitor"),
+                        wanted.isEmpty() ? ofSystem : QLocale(wanted));
     if (theme() != SystemTheme)
         show(theme());
 }
