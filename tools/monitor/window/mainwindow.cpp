@@ -52,7 +52,7 @@ MainWindow::MainWindow()
     setCentralWidget(middle);
     addDockWidget(Qt::LeftDockWidgetArea, buses->dock());
     addDockWidget(Qt::LeftDockWidgetArea, notes);
-    addDockWidget(Qt::BottomDockWidgetArea, statistics);
+    addDockWidget(Qt::RightDockWidgetArea, statistics);
     statusBar()->addWidget(buses->status(), 1);
     connectDesks();
     buildMenus();

@@ -67,8 +67,6 @@ void MainWindow::buildTraceMenus()
             addAll(edit, tab->view()->editActions());
             edit->addSeparator();
             addAll(edit, tab->filterBar()->actions());
-            edit->addSeparator();
-            addAll(edit, notes->markActions());
         }
     });
     byIdentifier->setCheckable(true);
