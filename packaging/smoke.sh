@@ -33,3 +33,4 @@ while IFS= read -r line; do
     fi
 done <commands
 datachunk info /data/today | grep -E "^messages: +$(grep -c . drive.log)$"
+datachunk-monitor --version

@@ -1,6 +1,6 @@
 #!/bin/bash
 # Makes the Debian packages in build/packages and tries them: lintian looks for errors, then a bare
-# Debian 12 gets the program, which does what README.md shows, and then what is needed to build the
+# Debian 12 gets the programs, which do what README.md shows, and then what is needed to build the
 # programs of README.md against the library. Needs root and the package sources of Debian.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
@@ -45,7 +45,7 @@ install_in_root() {
     quietly in_root apt-get install --yes --no-install-recommends "$@"
 }
 
-echo "== Installing the program in it"
+echo "== Installing the programs in it"
 quietly in_root apt-get update
 in_root sh -c 'ls /srv/*.deb' >"$out/names"
 install_in_root $(grep -v -e -dev_ "$out/names")
@@ -57,6 +57,6 @@ in_root cmake -DWORK=/srv/work/consumers "-DGENERATOR=Unix Makefiles" \
     "-DLIBDIR=lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)" -P /srv/tests/api/installtest.cmake
 
 echo "== Removing them"
-quietly in_root apt-get purge --yes datachunk 'libdatachunkhandler*'
+quietly in_root apt-get purge --yes datachunk datachunk-monitor 'libdatachunkhandler*'
 as_root rm -rf "$try"
 echo "Good packages lie in $out"

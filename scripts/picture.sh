@@ -1,5 +1,6 @@
 #!/bin/bash
-# Draws docs/session.svg, the picture of a terminal session in README, from what the program prints.
+# Draws the pictures of README: docs/session.svg, a terminal session, from what the program prints, and
+# docs/pictures/monitor.png, which a test of the monitor takes.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
@@ -53,3 +54,7 @@ draw() {
 folder="$(mktemp -d)"
 trap "rm -rf '$folder'" EXIT
 session | draw >"$project/docs/session.svg"
+
+build dev --target tst_session
+DATACHUNK_PICTURES="$project/docs/pictures" "$project/tests/support/display.sh" \
+    "$project/tests/support/fresh-home.sh" "$project/build/dev/tests/tst_session" picturesAreTaken

@@ -130,7 +130,9 @@ void TestKeeping::keepsWhatCannotBeSaved()
     // It has not become the one that runs, but neither is it forgotten.
     QCOMPARE(window.desk->recording()->counts().taken, quint64(0));
     QVERIFY(!window.desk->mayClose());
-    window.dialog<QMessageBox>("keepQuestion")->reject();
+    auto *box = window.dialog<QMessageBox>("keepQuestion");
+    QVERIFY(box->informativeText().contains(QLocale().toString(messages)));
+    box->reject();
     QVERIFY(saveInto(window, QStringLiteral("second try"), false));
     QTRY_COMPARE(window.saved.size(), 1);
     QCOMPARE(countOf(window.saved), messages);
@@ -160,6 +162,8 @@ void TestKeeping::closesWhenSaved()
     DeskWindow window;
     const quint64 messages = record(window, 12000);
     QVERIFY(saveInto(window, QStringLiteral("closing"), true));
+    window.action("saveRecording")->trigger();
+    QVERIFY(window.hasTold(QStringLiteral("still being saved")));
     QVERIFY(!window.close());
     QTRY_VERIFY(!window.isVisible());
     QCOMPARE(countOf({place.filePath(QStringLiteral("closing.zip"))}), messages);

@@ -1,7 +1,11 @@
 #include "appearance.h"
+#include "backgroundjob.h"
 #include "mainwindow.h"
 #include "messagebar.h"
+#include "showntrace.h"
 #include "temporarysettings.h"
+#include "tracetab.h"
+#include "writingdesk.h"
 
 #include <QAction>
 #include <QApplication>
@@ -10,6 +14,7 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QSettings>
 #include <QTabWidget>
@@ -27,7 +32,10 @@ private slots:
     void noShortcutIsGivenTwice();
     void noticesAreToldOnceAndBounded();
     void aNoticeActsOnce();
+    void aNoticeMayTellOthers();
     void droppedFilesOpenInTabsThatClose();
+    void closingAsksBeforeMarksAreLost();
+    void closingAsksBeforeFilesAreLeftOut();
     void coloursChangeAndAreKept();
     void docksAreKept();
 
@@ -70,9 +78,20 @@ void drop(QWidget &window, const QList<QUrl> &urls)
 QStringList noticesOf(const QWidget &window)
 {
     QStringList texts;
-    for (const QLabel *label : window.findChildren<QLabel *>(QStringLiteral("notice")))
-        texts.append(label->text());
+    for (const QLabel *label : window.findChildren<QLabel *>(QStringLiteral("notice"))) {
+        if (label->isVisibleTo(&window))
+            texts.append(label->text());
+    }
     return texts;
+}
+
+void answer(const QWidget &window, QMessageBox::StandardButton button)
+{
+    // One that is answered already may not be deleted yet.
+    for (auto *box : window.findChildren<QMessageBox *>(QStringLiteral("lossQuestion"))) {
+        if (box->isVisible())
+            box->button(button)->click();
+    }
 }
 
 } // namespace
@@ -126,6 +145,7 @@ void TestWindow::noticesAreToldOnceAndBounded()
     const QStringList texts = noticesOf(bar);
     QVERIFY(texts.size() < 10);
     QCOMPARE(texts.last(), QStringLiteral("<b>99</b>"));
+    QCOMPARE(texts.first(), QStringLiteral("The disk is full. Empty it."));
     QCOMPARE(bar.findChild<QLabel *>(QStringLiteral("notice"))->textFormat(), Qt::PlainText);
 }
 
@@ -148,6 +168,28 @@ void TestWindow::aNoticeActsOnce()
     QTRY_VERIFY(noticesOf(bar).isEmpty());
 }
 
+void TestWindow::aNoticeMayTellOthers()
+{
+    MessageBar bar;
+    const QString text = QStringLiteral("It was not saved.");
+    Notice notice{Notice::Information, text, {}, QStringLiteral("Again"), {}};
+    notice.action = [&bar, text, kept = QString(1000, QLatin1Char('x'))] {
+        for (int i = 0; i < 9; ++i)
+            bar.add({Notice::Failure, kept + QString::number(i), {}});
+        bar.add({Notice::Failure, text, {}});
+    };
+    bar.add(notice);
+    for (QToolButton *each : bar.findChildren<QToolButton *>()) {
+        if (each->text() == notice.actionText)
+            each->click();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const QStringList texts = noticesOf(bar);
+    QVERIFY(texts.size() > 1);
+    QCOMPARE(texts.last(), text);
+    QVERIFY(texts.first().startsWith(QLatin1String("xx")));
+}
+
 void TestWindow::droppedFilesOpenInTabsThatClose()
 {
     MainWindow window;
@@ -155,7 +197,7 @@ void TestWindow::droppedFilesOpenInTabsThatClose()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("traces"));
     drop(window, {QUrl(QStringLiteral("https://example.org/a.log"))});
-    QCOMPARE(noticesOf(window).size(), 1);
+    QTRY_COMPARE(noticesOf(window).size(), 1);
     QCOMPARE(tabs->count(), 1);
     drop(window,
          {QUrl::fromLocalFile(QStringLiteral(TESTDATA "/../../examples/traces/engine_start.log"))});
@@ -165,6 +207,39 @@ void TestWindow::droppedFilesOpenInTabsThatClose()
     QCOMPARE(tabs->count(), 1);
     emit tabs->tabCloseRequested(0);
     QCOMPARE(tabs->count(), 1);
+}
+
+void TestWindow::closingAsksBeforeMarksAreLost()
+{
+    MainWindow window;
+    window.show();
+    window.open({QStringLiteral(TESTDATA "/../../examples/traces/engine_start.log")});
+    auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("traces"));
+    QTRY_COMPARE(tabs->count(), 2);
+    ShownTrace *trace = static_cast<TraceTab *>(tabs->widget(1))->trace();
+    trace->setNote(1, QStringLiteral("a note"));
+    QVERIFY(!window.close());
+    answer(window, QMessageBox::Cancel);
+    emit tabs->tabCloseRequested(1);
+    QCOMPARE(tabs->count(), 2);
+    answer(window, QMessageBox::Discard);
+    QTRY_COMPARE(tabs->count(), 1);
+    QVERIFY(window.close());
+}
+
+void TestWindow::closingAsksBeforeFilesAreLeftOut()
+{
+    MainWindow window;
+    window.show();
+    BackgroundJob job(
+        QStringLiteral("Writing a.asc"), [](JobControl &) { return Notice(); },
+        window.findChild<WritingDesk *>());
+    QVERIFY(!window.close());
+    answer(window, QMessageBox::Cancel);
+    QVERIFY(window.isVisible());
+    QVERIFY(!window.close());
+    answer(window, QMessageBox::Discard);
+    QTRY_VERIFY(!window.isVisible());
 }
 
 void TestWindow::coloursChangeAndAreKept()

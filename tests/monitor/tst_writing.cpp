@@ -1,4 +1,3 @@
-#include "archiving.h"
 #include "converting.h"
 #include "exportdialog.h"
 #include "filefixture.h"
@@ -6,6 +5,7 @@
 #include "jobqueue.h"
 #include "jobrows.h"
 #include "mergeditems.h"
+#include "packing.h"
 #include "temporarysettings.h"
 #include "tracerecognition.h"
 #include "writingdesk.h"

@@ -2,6 +2,8 @@
 
 #include <QPointer>
 
+#include <algorithm>
+
 namespace {
 
 // What a crash may take.
@@ -46,7 +48,8 @@ RecordingCounts Recording::counts() const
 {
     RecordingCounts counts;
     counts.dropped = ownStore->givenUpMessageCount() + ownStore->unwrittenMessageCount();
-    counts.taken = taken;
+    // The store may have given up some that are not counted yet.
+    counts.taken = std::max<quint64>(taken, counts.dropped);
     counts.stored = counts.taken - counts.dropped;
     counts.chunksRemoved = chunksRemoved;
     return counts;

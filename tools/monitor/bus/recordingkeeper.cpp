@@ -63,6 +63,12 @@ bool RecordingKeeper::hasUnsaved() const
     return current->isUnsaved() || ownSaver.kept();
 }
 
+quint64 RecordingKeeper::unsavedMessages() const
+{
+    const Recording *kept = ownSaver.kept();
+    return current->counts().stored + (kept ? kept->counts().stored : 0);
+}
+
 void RecordingKeeper::newRecording()
 {
     if (current->isUnsaved())
@@ -72,7 +78,7 @@ void RecordingKeeper::newRecording()
 void RecordingKeeper::askBeforeNew()
 {
     const QMessageBox *box =
-        ask(tr("Save the recording before a new one begins?"), tr("&Discard it"));
+        ask(tr("Save the recording before a new one begins?"), current->counts().stored);
     if (!box)
         return;
     connect(box, &QMessageBox::finished, this, [this](int answer) {
@@ -84,22 +90,21 @@ void RecordingKeeper::askBeforeNew()
 }
 
 // Null when one is open already.
-QMessageBox *RecordingKeeper::ask(const QString &text, const QString &discardText)
+QMessageBox *RecordingKeeper::ask(const QString &text, quint64 messages)
 {
     if (question) {
         question->raise();
         return nullptr;
     }
-    const RecordingCounts counts = current->counts();
     question =
         new QMessageBox(QMessageBox::Question, tr("Recording"), text,
                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
     question->setObjectName(QStringLiteral("keepQuestion"));
     question->setAttribute(Qt::WA_DeleteOnClose);
     question->setInformativeText(tr("It has %1 messages. Discarded, they are gone for good.")
-                                     .arg(QLocale().toString(counts.stored)));
+                                     .arg(QLocale().toString(messages)));
     question->button(QMessageBox::Save)->setText(tr("&Save…"));
-    question->button(QMessageBox::Discard)->setText(discardText);
+    question->button(QMessageBox::Discard)->setText(tr("&Discard it"));
     question->setDefaultButton(QMessageBox::Save);
     question->open();
     return question;
@@ -107,11 +112,15 @@ QMessageBox *RecordingKeeper::ask(const QString &text, const QString &discardTex
 
 void RecordingKeeper::save()
 {
-    const bool hasSomething = hasUnsaved();
-    if (!hasSomething)
+    if (ownSaver.isBusy()) {
+        emit notice({Notice::Information, tr("The recording before is still being saved."),
+                     tr("Save this one when that is done; it goes on meanwhile.")});
+        return;
+    }
+    if (!hasUnsaved())
         emit notice({Notice::Information, tr("There is nothing to save yet."),
                      tr("Connect a bus line first.")});
-    if (!hasSomething || ownSaver.isBusy() || saveDialog)
+    if (!hasUnsaved() || saveDialog)
         return;
     const QString name =
         tr("Recording %1")
@@ -198,7 +207,7 @@ bool RecordingKeeper::mayClose()
                      tr("The window closes when that is done.")});
         return false;
     }
-    if (mayBeLost || !hasUnsaved())
+    if (!hasUnsaved())
         return true;
     askBeforeClosing();
     return false;
@@ -207,7 +216,7 @@ bool RecordingKeeper::mayClose()
 void RecordingKeeper::askBeforeClosing()
 {
     const QMessageBox *box =
-        ask(tr("Save the recording before the monitor is closed?"), tr("&Discard it"));
+        ask(tr("Save the recording before the monitor is closed?"), unsavedMessages());
     if (!box)
         return;
     connect(box, &QMessageBox::finished, this, [this](int answer) {
@@ -215,10 +224,18 @@ void RecordingKeeper::askBeforeClosing()
             return;
         emit linesToBeStopped();
         closesWhenSaved = answer == QMessageBox::Save;
-        mayBeLost = answer == QMessageBox::Discard;
-        if (closesWhenSaved)
+        if (closesWhenSaved) {
             save();
-        else
-            window->close();
+            return;
+        }
+        discardAll();
+        window->close();
     });
+}
+
+void RecordingKeeper::discardAll()
+{
+    ownSaver.discardKept();
+    if (current->isUnsaved())
+        ownSaver.discard(replaceRecording());
 }

@@ -45,10 +45,11 @@ signals:
 
 private:
     bool hasUnsaved() const;
+    quint64 unsavedMessages() const;
     std::unique_ptr<Recording> replaceRecording();
     void connectRecording();
     void discardAll();
-    QMessageBox *ask(const QString &text, const QString &discardText);
+    QMessageBox *ask(const QString &text, quint64 messages);
     void askBeforeNew();
     void askBeforeClosing();
     void saveInto(const SaveTarget &target);
@@ -66,5 +67,4 @@ private:
     QPointer<SaveDialog> saveDialog;
     bool isGrowing = false;
     bool closesWhenSaved = false;
-    bool mayBeLost = false; // the user has said so
 };

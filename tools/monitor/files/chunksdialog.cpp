@@ -112,7 +112,7 @@ ChunksDialog::ChunksDialog(const ShownTrace &trace, quint64 position, QWidget *p
         table->setColumnWidth(i, widths[i] * character);
     table->horizontalHeader()->setSectionResizeMode(ChunkModel::Name, QHeaderView::Stretch);
     auto *box = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    auto *button = box->addButton(tr("&Go There"), QDialogButtonBox::AcceptRole);
+    auto *button = box->addButton(tr("&Go there"), QDialogButtonBox::AcceptRole);
     button->setEnabled(!chunks.isEmpty());
     button->setDefault(true);
     connect(box, &QDialogButtonBox::accepted, this, &ChunksDialog::choose);

@@ -32,7 +32,7 @@ ConvertDialog::ConvertDialog(QWidget *parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("convert"));
-    setWindowTitle(tr("Convert Files"));
+    setWindowTitle(tr("Convert files"));
     setAcceptDrops(true);
     separate->setChecked(true);
     remark->setWordWrap(true);
@@ -57,8 +57,8 @@ QWidget *ConvertDialog::inputs()
     list->setObjectName(QStringLiteral("inputs"));
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setAccessibleName(tr("Files to convert"));
-    auto *files = new QPushButton(tr("&Add Files…"), box);
-    auto *folder = new QPushButton(tr("Add &Folder…"), box);
+    auto *files = new QPushButton(tr("&Add files…"), box);
+    auto *folder = new QPushButton(tr("Add &folder…"), box);
     auto *remove = new QPushButton(tr("&Remove"), box);
     connect(files, &QPushButton::clicked, this, &ConvertDialog::addFiles);
     connect(folder, &QPushButton::clicked, this, &ConvertDialog::addFolder);
@@ -113,7 +113,7 @@ void ConvertDialog::setMerged(bool on)
 {
     (on ? merged : separate)->setChecked(true);
     if (on)
-        setWindowTitle(tr("Merge Files"));
+        setWindowTitle(tr("Merge files"));
 }
 
 QStringList ConvertDialog::paths() const
@@ -126,7 +126,7 @@ QStringList ConvertDialog::paths() const
 
 void ConvertDialog::addFiles()
 {
-    auto *dialog = new QFileDialog(this, tr("Files to Convert"), target->text());
+    auto *dialog = new QFileDialog(this, tr("Files to convert"), target->text());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFiles);
     connect(dialog, &QFileDialog::filesSelected, this, &ConvertDialog::addPaths);
@@ -135,7 +135,7 @@ void ConvertDialog::addFiles()
 
 void ConvertDialog::addFolder()
 {
-    auto *dialog = new QFileDialog(this, tr("Folder of Chunks to Convert"), target->text());
+    auto *dialog = new QFileDialog(this, tr("Folder of chunks to convert"), target->text());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
     connect(dialog, &QFileDialog::filesSelected, this, &ConvertDialog::addPaths);

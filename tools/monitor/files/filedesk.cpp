@@ -73,10 +73,10 @@ void FileDesk::buildOpening()
     add(tr("&Open…"), QStringLiteral("open"), [this] {
         askForFiles();
     })->setShortcut(QKeySequence::Open);
-    add(tr("Open &Folder…"), QStringLiteral("openFolder"), [this] {
+    add(tr("Open &folder…"), QStringLiteral("openFolder"), [this] {
         askForFolder();
     })->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_O);
-    QAction *last = add(tr("Open &Recent"), QStringLiteral("openRecent"), [] {});
+    QAction *last = add(tr("Open &recent"), QStringLiteral("openRecent"), [] {});
     last->setMenu(recent->menu());
 }
 
@@ -84,8 +84,8 @@ void FileDesk::buildTraceActions()
 {
     ofTrace += add(tr("&Chunks…"), QStringLiteral("showChunks"), [this] { showChunks(); });
     ofImported +=
-        add(tr("&Import Report"), QStringLiteral("showReport"), [this] { showReport(imported()); });
-    ofImported += add(tr("Read in &Another Way…"), QStringLiteral("readAs"), [this] {
+        add(tr("&Import report"), QStringLiteral("showReport"), [this] { showReport(imported()); });
+    ofImported += add(tr("Read in &another way…"), QStringLiteral("readAs"), [this] {
         if (const ImportedTrace *trace = imported())
             askHowToRead(trace->source());
     });
@@ -98,18 +98,18 @@ void FileDesk::buildWriting()
             writing->askForExport(*current, *view);
     });
     exportIt->setShortcut(Qt::CTRL | Qt::Key_E);
-    QAction *pack = add(tr("&Pack into an Archive…"), QStringLiteral("pack"), [this] {
+    QAction *pack = add(tr("&Pack into an archive…"), QStringLiteral("pack"), [this] {
         if (current)
             writing->askForPacking(*current);
     });
     ofTrace << exportIt << pack;
-    add(tr("&Unpack an Archive…"), QStringLiteral("unpack"), [this] {
+    add(tr("&Unpack an archive…"), QStringLiteral("unpack"), [this] {
         const QStringList paths = current ? current->paths() : QStringList();
         writing->askForUnpacking(paths.size() == 1 ? paths.first() : QString());
     });
-    add(tr("Con&vert Files…"), QStringLiteral("convertFiles"),
+    add(tr("Con&vert files…"), QStringLiteral("convertFiles"),
         [this] { writing->askForConversion(false); });
-    add(tr("&Merge Files…"), QStringLiteral("mergeFiles"),
+    add(tr("&Merge files…"), QStringLiteral("mergeFiles"),
         [this] { writing->askForConversion(true); });
 }
 
@@ -123,6 +123,11 @@ QWidget *FileDesk::progress() const
     return rows;
 }
 
+QStringList FileDesk::unfinished() const
+{
+    return writing->unfinished();
+}
+
 void FileDesk::open(const QStringList &paths)
 {
     opener->open(paths);
@@ -130,13 +135,12 @@ void FileDesk::open(const QStringList &paths)
 
 void FileDesk::setCurrent(ShownTrace *trace, TraceView *traceView)
 {
-    if (current)
-        disconnect(current, nullptr, this, nullptr);
     current = trace;
     view = traceView;
     // There is a report only when the import has ended.
     if (ImportedTrace *import = imported())
-        connect(import->job(), &BackgroundJob::finished, this, &FileDesk::updateActions);
+        connect(import->job(), &BackgroundJob::finished, this, &FileDesk::updateActions,
+                Qt::UniqueConnection);
     updateActions();
 }
 
@@ -171,14 +175,14 @@ QFileDialog *FileDesk::openDialog(const QString &title, const QString &folder)
 
 void FileDesk::askForFiles(const QString &folder)
 {
-    QFileDialog *dialog = openDialog(tr("Open Traces"), folder);
+    QFileDialog *dialog = openDialog(tr("Open traces"), folder);
     dialog->setFileMode(QFileDialog::ExistingFiles);
     dialog->open();
 }
 
 void FileDesk::askForFolder()
 {
-    QFileDialog *dialog = openDialog(tr("Open a Folder of Chunks"), {});
+    QFileDialog *dialog = openDialog(tr("Open a folder of chunks"), {});
     dialog->setFileMode(QFileDialog::Directory);
     dialog->open();
 }

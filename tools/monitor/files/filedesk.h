@@ -37,6 +37,9 @@ public:
     /// What the actions are about; null for none.
     void setCurrent(ShownTrace *trace, TraceView *view);
 
+    /// What is being written, or waits for it; a few words each.
+    QStringList unfinished() const;
+
     /// For the menu "File", in their order; a null pointer stands for a separator.
     QList<QAction *> actions() const;
 

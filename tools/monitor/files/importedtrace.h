@@ -23,6 +23,9 @@ public:
     QStringList paths() const override { return {ownSource.path}; }
     bool isGrowing() const override { return !ownJob->isFinished(); }
 
+    // What was read is still in its file.
+    bool isUnsaved() const override { return hasUnkeptMarks(); }
+
     const ImportSource &source() const { return ownSource; }
     /// Reads the file; whoever made the trace has it done.
     BackgroundJob *job() const { return ownJob.get(); }

@@ -70,5 +70,5 @@ void RecentFiles::fill()
     else
         ownMenu->addSeparator();
     if (!all.isEmpty())
-        ownMenu->addAction(tr("&Forget Them"), this, [] { QSettings().remove(key); });
+        ownMenu->addAction(tr("&Forget them"), this, [] { QSettings().remove(key); });
 }

@@ -17,7 +17,7 @@ ReportDialog::ReportDialog(const ImportSource &source, const ImportReport &repor
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("importReport"));
-    setWindowTitle(tr("Import Report of %1").arg(shortName(source.path)));
+    setWindowTitle(tr("Import report of %1").arg(shortName(source.path)));
     browser->setOpenLinks(false);
     browser->setHtml(reportHtml(source, report, hasLines));
     connect(browser, &QTextBrowser::anchorClicked, this,
@@ -35,11 +35,11 @@ QWidget *ReportDialog::buttons(bool hasLines)
     auto *copy = box->addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
     connect(copy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(browser->toPlainText()); });
-    auto *show = box->addButton(tr("&Source Text"), QDialogButtonBox::ActionRole);
+    auto *show = box->addButton(tr("&Source text"), QDialogButtonBox::ActionRole);
     show->setObjectName(QStringLiteral("showSource"));
     show->setEnabled(hasLines);
     connect(show, &QPushButton::clicked, this, [this] { showLine(1); });
-    auto *reopen = box->addButton(tr("&Read in Another Way…"), QDialogButtonBox::ActionRole);
+    auto *reopen = box->addButton(tr("&Read in another way…"), QDialogButtonBox::ActionRole);
     connect(reopen, &QPushButton::clicked, this, &ReportDialog::reopenWanted);
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::close);
     return box;

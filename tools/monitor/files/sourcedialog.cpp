@@ -16,7 +16,7 @@ SourceDialog::SourceDialog(const QString &fileName, QWidget *parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("sourceText"));
-    setWindowTitle(tr("Source Text of %1").arg(shortName(fileName)));
+    setWindowTitle(tr("Source text of %1").arg(shortName(fileName)));
     auto *goTo = new QLabel(tr("&Line:"), this);
     goTo->setBuddy(line);
     line->setObjectName(QStringLiteral("line"));

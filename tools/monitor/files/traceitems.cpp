@@ -18,6 +18,13 @@ constexpr int rowsBetweenQuestions = 256;
 
 } // namespace
 
+bool TraceSelection::isAll() const
+{
+    const TraceSelection all;
+    return first == all.first && behind == all.behind && firstTime == all.firstTime
+        && lastTime == all.lastTime && !expression && !positions;
+}
+
 TimelineItems::TimelineItems(const TraceTimeline &timeline, TraceSelection wanted)
     : timeline(timeline), selection(std::move(wanted))
 {

@@ -42,6 +42,9 @@ struct TraceSelection
     qint64 lastTime = std::numeric_limits<qint64>::max();  ///< included
     std::optional<TraceExpression> expression;             ///< none for all of these
     std::optional<QVector<quint64>> positions;             ///< only these, rising
+
+    /// Whether nothing is left out.
+    bool isAll() const;
 };
 
 /// Those of a timeline. What comes to it meanwhile is left out.

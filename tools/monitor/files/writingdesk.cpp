@@ -1,10 +1,10 @@
 #include "writingdesk.h"
 
-#include "archiving.h"
 #include "convertdialog.h"
 #include "exportdialog.h"
 #include "jobqueue.h"
 #include "listdialog.h"
+#include "packing.h"
 #include "plaintexts.h"
 #include "showntrace.h"
 
@@ -33,7 +33,18 @@ WritingDesk::WritingDesk(QWidget *window, JobQueue *queue, QObject *parent)
 
 WritingDesk::~WritingDesk() = default;
 
-void WritingDesk::run(const QString &title, BackgroundJob::Work work)
+QStringList WritingDesk::unfinished() const
+{
+    QStringList titles;
+    const auto jobs = findChildren<BackgroundJob *>();
+    for (const BackgroundJob *job : jobs) {
+        if (!job->isFinished())
+            titles += job->title();
+    }
+    return titles;
+}
+
+BackgroundJob *WritingDesk::run(const QString &title, BackgroundJob::Work work)
 {
     auto *job = new BackgroundJob(title, std::move(work), this);
     connect(job, &BackgroundJob::finished, this, [this, job](const Notice &told) {
@@ -42,6 +53,17 @@ void WritingDesk::run(const QString &title, BackgroundJob::Work work)
             emit notice(told);
     });
     queue->add(job);
+    return job;
+}
+
+// Of all of a trace, when nothing was left out.
+void WritingDesk::keepMarks(BackgroundJob *job, ShownTrace *trace)
+{
+    connect(job, &BackgroundJob::finished, trace,
+            [job, trace, marks = trace->marksSet()](const Notice &told) {
+                if (told.kind == Notice::Information && !job->control().isCancelled)
+                    trace->setMarksKept(marks);
+            });
 }
 
 // Made on the job's thread, used on the window's.
@@ -56,25 +78,27 @@ Notice WritingDesk::withOpen(Notice notice, const QString &path) const
     return notice;
 }
 
-void WritingDesk::askForExport(const ShownTrace &trace, const TraceView &view)
+void WritingDesk::askForExport(ShownTrace &trace, const TraceView &view)
 {
     auto *dialog = new ExportDialog(trace, view, window);
     connect(dialog, &ExportDialog::chosen, this,
-            [this, timeline = trace.timeline()](const ExportOrder &order,
-                                                const TraceSelection &selection) {
-                exportTrace(timeline, selection, order);
+            [this, trace = QPointer<ShownTrace>(&trace), timeline = trace.timeline()](
+                const ExportOrder &order, const TraceSelection &selection) {
+                BackgroundJob *job = exportTrace(timeline, selection, order);
+                if (trace && selection.isAll() && order.withNotes)
+                    keepMarks(job, trace);
             });
     dialog->open();
 }
 
-void WritingDesk::exportTrace(const TraceTimeline &timeline, const TraceSelection &selection,
-                              const ExportOrder &order)
+BackgroundJob *WritingDesk::exportTrace(const TraceTimeline &timeline,
+                                        const TraceSelection &selection, const ExportOrder &order)
 {
-    run(tr("Writing %1").arg(shortName(order.target)),
-        [timeline, selection, order](JobControl &control) {
-            TimelineItems items(timeline, selection);
-            return exportNotice(order, exportItems(items, order, control));
-        });
+    return run(tr("Writing %1").arg(shortName(order.target)),
+               [timeline, selection, order](JobControl &control) {
+                   TimelineItems items(timeline, selection);
+                   return exportNotice(order, exportItems(items, order, control));
+               });
 }
 
 void WritingDesk::askForConversion(bool merged)
@@ -111,7 +135,7 @@ Notice WritingDesk::converted(const ConvertOrder &order, const ConvertResult &re
     told.actionText = tr("Details");
     told.action = [self, problems = result.problems] {
         if (self)
-            self->showList(tr("What Is Missing"), problems);
+            self->showList(tr("What is missing"), problems);
     };
     return told;
 }
@@ -122,26 +146,30 @@ void WritingDesk::showList(const QString &title, const QStringList &lines)
     dialog->show();
 }
 
-void WritingDesk::askForPacking(const ShownTrace &trace)
+void WritingDesk::askForPacking(ShownTrace &trace)
 {
-    auto *dialog = new QFileDialog(window, tr("Pack into an Archive"), lastArchiveFolder(),
+    auto *dialog = new QFileDialog(window, tr("Pack into an archive"), lastArchiveFolder(),
                                    tr("Archives (*.zip)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("zip"));
     dialog->selectFile(QFileInfo(trace.title()).completeBaseName() + QLatin1String(".zip"));
     connect(dialog, &QFileDialog::fileSelected, this,
-            [this, timeline = trace.timeline(), paths = trace.paths()](const QString &archive) {
+            [this, trace = QPointer<ShownTrace>(&trace), timeline = trace.timeline(),
+             paths = trace.paths()](const QString &archive) {
                 QSettings().setValue(archiveFolder, QFileInfo(archive).path());
-                pack(timeline, paths, archive);
+                BackgroundJob *job = pack(timeline, paths, archive);
+                if (trace)
+                    keepMarks(job, trace);
             });
     dialog->open();
 }
 
-void WritingDesk::pack(const TraceTimeline &timeline, const QStringList &paths,
-                       const QString &archive)
+BackgroundJob *WritingDesk::pack(const TraceTimeline &timeline, const QStringList &paths,
+                                 const QString &archive)
 {
-    run(tr("Packing %1").arg(shortName(archive)),
+    return run(
+        tr("Packing %1").arg(shortName(archive)),
         [this, timeline, paths, archive](JobControl &control) {
             const ArchiveResult result = packTrace(timeline, paths, archive, control);
             const QString name = shortName(archive);
@@ -164,7 +192,7 @@ void WritingDesk::askForUnpacking(const QString &archive)
         askForFolder(archive);
         return;
     }
-    auto *dialog = new QFileDialog(window, tr("Archive to Unpack"), lastArchiveFolder(),
+    auto *dialog = new QFileDialog(window, tr("Archive to unpack"), lastArchiveFolder(),
                                    tr("Archives (*.zip);;All files (*)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
@@ -176,7 +204,7 @@ void WritingDesk::askForFolder(const QString &archive)
 {
     QSettings().setValue(archiveFolder, QFileInfo(archive).path());
     auto *dialog =
-        new QFileDialog(window, tr("Folder for the Chunks of %1").arg(shortName(archive)),
+        new QFileDialog(window, tr("Folder for the chunks of %1").arg(shortName(archive)),
                         QFileInfo(archive).path());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);

@@ -20,16 +20,21 @@ public:
     WritingDesk(QWidget *window, JobQueue *queue, QObject *parent = nullptr);
     ~WritingDesk() override;
 
+    /// What is being written, or waits for it; a few words each.
+    QStringList unfinished() const;
+
     // They ask first.
-    void askForExport(const ShownTrace &trace, const TraceView &view);
+    void askForExport(ShownTrace &trace, const TraceView &view);
     void askForConversion(bool merged);
-    void askForPacking(const ShownTrace &trace);
+    void askForPacking(ShownTrace &trace);
     void askForUnpacking(const QString &archive);
 
-    void exportTrace(const TraceTimeline &timeline, const TraceSelection &selection,
-                     const ExportOrder &order);
+    // They return the job, which has been put into the queue and goes by itself.
+    BackgroundJob *exportTrace(const TraceTimeline &timeline, const TraceSelection &selection,
+                               const ExportOrder &order);
     void convert(const ConvertOrder &order);
-    void pack(const TraceTimeline &timeline, const QStringList &paths, const QString &archive);
+    BackgroundJob *pack(const TraceTimeline &timeline, const QStringList &paths,
+                        const QString &archive);
     void unpack(const QString &archive, const QString &folder);
 
 signals:
@@ -38,7 +43,8 @@ signals:
     void openWanted(const QStringList &paths);
 
 private:
-    void run(const QString &title, BackgroundJob::Work work);
+    BackgroundJob *run(const QString &title, BackgroundJob::Work work);
+    static void keepMarks(BackgroundJob *job, ShownTrace *trace);
     Notice withOpen(Notice notice, const QString &path) const;
     Notice converted(const ConvertOrder &order, const ConvertResult &result) const;
     void showList(const QString &title, const QStringList &lines);

@@ -47,7 +47,7 @@ QString inMenu(QString text)
 
 FilterBar::FilterBar(TraceTableModel *model, QWidget *parent)
     : QWidget(parent), model(model), field(new FilterField(this)), status(new QLabel(this)),
-      saved(new QMenu(tr("Sa&ved Filters"), this)), pause(new QTimer(this))
+      saved(new QMenu(tr("Sa&ved filters"), this)), pause(new QTimer(this))
 {
     pause->setSingleShot(true);
     pause->setInterval(pauseTime);
@@ -67,10 +67,10 @@ QAction *FilterBar::addAction(const QString &text, const QString &keys)
 
 void FilterBar::addActions()
 {
-    focusAction = addAction(tr("&Find or Filter\u2026"), tr("Ctrl+F"));
-    nextAction = addAction(tr("Find Ne&xt"), tr("F3"));
-    previousAction = addAction(tr("Find &Previous"), tr("Shift+F3"));
-    findOnlyAction = addAction(tr("Find &Only"), tr("Ctrl+Shift+F"));
+    focusAction = addAction(tr("&Find or filter\u2026"), tr("Ctrl+F"));
+    nextAction = addAction(tr("Find ne&xt"), tr("F3"));
+    previousAction = addAction(tr("Find &previous"), tr("Shift+F3"));
+    findOnlyAction = addAction(tr("Find &only"), tr("Ctrl+Shift+F"));
     findOnlyAction->setCheckable(true);
     findOnlyAction->setToolTip(tr("All messages stay in sight, and the expression is looked for"));
 }
@@ -285,7 +285,7 @@ void FilterBar::fillMenu()
         add(recent, inMenu(text), text);
     recent->setEnabled(!recent->isEmpty());
     saved->addSeparator();
-    QAction *save = saved->addAction(tr("&Save This Filter\u2026"), this, &FilterBar::askName);
+    QAction *save = saved->addAction(tr("&Save this filter\u2026"), this, &FilterBar::askName);
     save->setEnabled(!field->text().trimmed().isEmpty()
                      && TraceExpression::parse(field->text()).has_value());
     saved->addAction(tr("&Manage\u2026"), this, &FilterBar::manage);
@@ -297,7 +297,7 @@ void FilterBar::askName()
     auto *dialog = new QInputDialog(this);
     dialog->setObjectName(QStringLiteral("filterName"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(tr("Save Filter"));
+    dialog->setWindowTitle(tr("Save filter"));
     dialog->setLabelText(tr("Name of the filter:"));
     dialog->setTextValue(text);
     connect(dialog, &QInputDialog::textValueSelected, this, [text](const QString &name) {

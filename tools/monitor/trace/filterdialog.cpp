@@ -15,7 +15,7 @@ FilterDialog::FilterDialog(QWidget *parent)
       remove(new QPushButton(tr("&Remove"), this))
 {
     setObjectName(QStringLiteral("filterDialog"));
-    setWindowTitle(tr("Saved Filters"));
+    setWindowTitle(tr("Saved filters"));
     setAttribute(Qt::WA_DeleteOnClose);
     table->setHorizontalHeaderLabels({tr("Name"), tr("Expression")});
     table->horizontalHeader()->setStretchLastSection(true);

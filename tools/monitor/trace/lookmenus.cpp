@@ -11,20 +11,20 @@ LookMenus::LookMenus(MessageModel *model, QWidget *parent)
     const auto time = [](TraceLook::Time time) {
         return [time](TraceLook &look) { look.time = time; };
     };
-    addChoice(ownTimes, tr("Since the &Start"), time(TraceLook::SinceStart));
-    addChoice(ownTimes, tr("Since the Message &Before"), time(TraceLook::SinceRowBefore));
-    addChoice(ownTimes, tr("Since the &Marked Message"), time(TraceLook::SinceMark));
-    addChoice(ownTimes, tr("&Date and Time of Day"), time(TraceLook::DateAndTime));
-    addChoice(ownTimes, tr("Seconds as &Recorded"), time(TraceLook::Seconds));
+    addChoice(ownTimes, tr("Since the &start"), time(TraceLook::SinceStart));
+    addChoice(ownTimes, tr("Since the message &before"), time(TraceLook::SinceRowBefore));
+    addChoice(ownTimes, tr("Since the &marked message"), time(TraceLook::SinceMark));
+    addChoice(ownTimes, tr("&Date and time of day"), time(TraceLook::DateAndTime));
+    addChoice(ownTimes, tr("Seconds as &recorded"), time(TraceLook::Seconds));
     const auto identifiers = [](int base) {
         return [base](TraceLook &look) { look.identifierBase = base; };
     };
     const auto data = [](int base) { return [base](TraceLook &look) { look.dataBase = base; }; };
-    addChoice(ownNumbers, tr("&Hexadecimal Identifiers"), identifiers(16));
-    addChoice(ownNumbers, tr("&Decimal Identifiers"), identifiers(10));
+    addChoice(ownNumbers, tr("&Hexadecimal identifiers"), identifiers(16));
+    addChoice(ownNumbers, tr("&Decimal identifiers"), identifiers(10));
     ownNumbers->addSeparator();
-    addChoice(ownNumbers, tr("He&xadecimal Data"), data(16));
-    addChoice(ownNumbers, tr("D&ecimal Data"), data(10));
+    addChoice(ownNumbers, tr("He&xadecimal data"), data(16));
+    addChoice(ownNumbers, tr("D&ecimal data"), data(10));
     connect(ownTimes, &QMenu::aboutToShow, this, &LookMenus::update);
     load();
 }

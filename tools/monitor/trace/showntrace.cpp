@@ -16,11 +16,13 @@ void ShownTrace::setTitle(const QString &title)
 
 void ShownTrace::setNote(quint64 position, const QString &text)
 {
+    ++set;
     writer.write({NoteWriter::Change::Note, position, text});
 }
 
 void ShownTrace::setBookmark(quint64 position, const QString &text)
 {
+    ++set;
     writer.write({NoteWriter::Change::Bookmark, position, text});
 }
 

@@ -33,6 +33,11 @@ public:
     void setNote(quint64 position, const QString &text);
     void setBookmark(quint64 position, const QString &text);
 
+    /// How often notes and bookmarks were set so far.
+    int marksSet() const { return set; }
+    /// The first \a count of them are kept elsewhere.
+    void setMarksKept(int count) { kept = count; }
+
 signals:
     void titleChanged();
     /// A note or bookmark was written, or could not be; it shows after a refresh of the timeline.
@@ -42,11 +47,14 @@ signals:
 
 protected:
     void setTitle(const QString &title);
+    bool hasUnkeptMarks() const { return set != kept; }
 
 private:
     void tellEnd(const NoteWriter::Change &change, const QString &error);
 
     const TraceTimeline ownTimeline;
     QString ownTitle;
+    int set = 0;
+    int kept = 0;
     NoteWriter writer;
 };

@@ -13,7 +13,7 @@
 
 TraceActions::TraceActions(MessageModel *model, TraceTable *table, TraceColumns *columns)
     : QObject(table), model(model), table(table), columns(columns),
-      ownLook(new LookMenus(model, table)), ownFollow(new QAction(tr("&Follow the End"), this))
+      ownLook(new LookMenus(model, table)), ownFollow(new QAction(tr("&Follow the end"), this))
 {
     addEditActions();
     addViewActions();
@@ -48,21 +48,21 @@ void TraceActions::addEditActions()
 {
     connect(addEdit(tr("&Copy"), QKeySequence::Copy, InTable), &QAction::triggered, this,
             &TraceActions::copyWanted);
-    connect(addEdit(tr("Cop&y as candump Log"), QKeySequence(tr("Ctrl+Shift+C")), InTable),
+    connect(addEdit(tr("Cop&y as candump log"), QKeySequence(tr("Ctrl+Shift+C")), InTable),
             &QAction::triggered, this, &TraceActions::candumpWanted);
-    connect(addEdit(tr("&Select All"), QKeySequence::SelectAll, InTable), &QAction::triggered,
+    connect(addEdit(tr("&Select all"), QKeySequence::SelectAll, InTable), &QAction::triggered,
             table, &QAbstractItemView::selectAll);
     addSeparator();
     connect(addEdit(tr("&Note\u2026"), QKeySequence(Qt::Key_F2), InTable), &QAction::triggered,
             this, &TraceActions::noteWanted);
     connect(addEdit(tr("&Bookmark"), QKeySequence(tr("Ctrl+B")), InTable), &QAction::triggered,
             this, &TraceActions::bookmarkWanted);
-    ownMark = addEdit(tr("Count &Times from Here"), QKeySequence(tr("Ctrl+Shift+T")), InTable);
+    ownMark = addEdit(tr("Count &times from here"), QKeySequence(tr("Ctrl+Shift+T")), InTable);
     connect(ownMark, &QAction::triggered, this, &TraceActions::markTime);
     addSeparator();
-    connect(addEdit(tr("&Go to Number\u2026"), QKeySequence(tr("Ctrl+G")), InWindow),
+    connect(addEdit(tr("&Go to number\u2026"), QKeySequence(tr("Ctrl+G")), InWindow),
             &QAction::triggered, this, &TraceActions::numberWanted);
-    connect(addEdit(tr("Go to Ti&me\u2026"), QKeySequence(tr("Ctrl+T")), InWindow),
+    connect(addEdit(tr("Go to ti&me\u2026"), QKeySequence(tr("Ctrl+T")), InWindow),
             &QAction::triggered, this, &TraceActions::timeWanted);
 }
 
@@ -123,12 +123,12 @@ void TraceActions::addFilters(QMenu *menu)
         connect(menu->addAction(text), &QAction::triggered, this,
                 [this, expression] { emit filterWanted(expression); });
     };
-    add(isError ? tr("Only &Error Frames") : tr("&Only This Identifier"), identifier);
-    add(isError ? tr("No &Error Frames") : tr("&Without This Identifier"),
+    add(isError ? tr("Only &error frames") : tr("&Only this identifier"), identifier);
+    add(isError ? tr("No &error frames") : tr("&Without this identifier"),
         MessageText::filterWithout(filter, identifier));
-    add(tr("Only This &Line"), MessageText::filterOfLine(message));
+    add(tr("Only this &line"), MessageText::filterOfLine(message));
     if (!isError)
-        add(tr("Only the Same &Data"), MessageText::filterOfData(message));
+        add(tr("Only the same &data"), MessageText::filterOfData(message));
     if (model->filter())
-        add(tr("&All Messages"), {});
+        add(tr("&All messages"), {});
 }

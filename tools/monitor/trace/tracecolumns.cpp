@@ -66,7 +66,7 @@ void TraceColumns::buildMenu()
         });
     }
     ownMenu->addSeparator();
-    connect(ownMenu->addAction(tr("&As at First")), &QAction::triggered, this, [this] {
+    connect(ownMenu->addAction(tr("&As at first")), &QAction::triggered, this, [this] {
         setDefaults();
         save();
     });

@@ -2,6 +2,7 @@
 
 #include "busdesk.h"
 #include "filedesk.h"
+#include "lossquestion.h"
 #include "messagebar.h"
 #include "notesdock.h"
 #include "recording.h"
@@ -16,6 +17,7 @@
 #include <QDragEnterEvent>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTabBar>
@@ -30,12 +32,19 @@ constexpr QSize firstSize(1280, 800);
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString stateKey = QStringLiteral("window/state");
 
+QString markLoss(const ShownTrace &trace)
+{
+    return MainWindow::tr("Notes and bookmarks on %1 are nowhere else: export it as a chunk file, "
+                          "or pack it, to keep them.")
+        .arg(trace.title());
+}
+
 } // namespace
 
 MainWindow::MainWindow()
     : messages(new MessageBar), tabs(new QTabWidget), files(new FileDesk(this)),
       buses(new BusDesk(this)), notes(new NotesDock(this)), statistics(new StatisticsDock(this)),
-      byIdentifier(new QAction(tr("By &identifier"), this))
+      byIdentifier(new QAction(tr("By &identifier"), this)), question(new LossQuestion(this))
 {
     setWindowTitle(tr("datachunk monitor"));
     setAcceptDrops(true);
@@ -144,8 +153,42 @@ void MainWindow::showRecording(Recording *recording)
 
 void MainWindow::closeTab(int index)
 {
-    if (index != recordingTab)
-        delete tabs->widget(index);
+    if (index == recordingTab)
+        return;
+    const QPointer<TraceTab> tab(tabAt(index));
+    const ShownTrace *trace = tab->trace();
+    if (trace->isUnsaved())
+        question->ask(tr("Close %1 all the same?").arg(trace->title()), {markLoss(*trace)},
+                      [tab] { delete tab; });
+    else
+        delete tab;
+}
+
+QStringList MainWindow::losses() const
+{
+    QStringList losses;
+    const QStringList jobs = files->unfinished();
+    for (const QString &job : jobs)
+        losses += tr("%1 has not ended, and nothing of it would be there.").arg(job);
+    for (int i = recordingTab + 1; i < tabs->count(); ++i) {
+        if (const ShownTrace *trace = tabAt(i)->trace(); trace->isUnsaved())
+            losses += markLoss(*trace);
+    }
+    return losses;
+}
+
+// The recording has its own question.
+bool MainWindow::mayBeLost()
+{
+    const QStringList all = losses();
+    if (all.isEmpty() || all == agreedLosses)
+        return true;
+    question->ask(tr("Close the monitor all the same?"), all, [this, all] {
+        agreedLosses = all;
+        close();
+        agreedLosses.clear();
+    });
+    return false;
 }
 
 TraceTab *MainWindow::tabAt(int index) const
@@ -178,7 +221,7 @@ void MainWindow::about()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(buses->mayClose());
+    event->setAccepted(buses->mayClose() && mayBeLost());
     if (!event->isAccepted())
         return;
     QSettings settings;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QStringList>
 
 class BusDesk;
 class FileDesk;
+class LossQuestion;
 class MessageBar;
 class NotesDock;
 class QTabWidget;
@@ -41,6 +43,8 @@ private:
     int addTab(ShownTrace *trace);
     void showRecording(Recording *recording);
     void closeTab(int index);
+    bool mayBeLost();
+    QStringList losses() const;
     void showCurrent();
     void about();
     TraceTab *tabAt(int index) const;
@@ -53,4 +57,6 @@ private:
     NotesDock *const notes;
     StatisticsDock *const statistics;
     QAction *const byIdentifier;
+    LossQuestion *const question;
+    QStringList agreedLosses; // to be lost with the window
 };

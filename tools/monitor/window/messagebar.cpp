@@ -6,10 +6,14 @@
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <vector>
 
 namespace {
 
-constexpr int mostNotices = 4;
+constexpr std::size_t mostNotices = 4;
 constexpr int informationTime = 8000; // milliseconds
 
 QStyle::StandardPixmap iconOf(Notice::Kind kind)
@@ -28,7 +32,8 @@ QStyle::StandardPixmap iconOf(Notice::Kind kind)
 class NoticeLine : public QFrame
 {
 public:
-    NoticeLine(const Notice &notice, QWidget *parent) : QFrame(parent), text(notice.text)
+    NoticeLine(const Notice &notice, QWidget *parent)
+        : QFrame(parent), kind(notice.kind), text(notice.text)
     {
         setFrameShape(QFrame::StyledPanel);
         auto *icon = new QLabel(this);
@@ -45,31 +50,51 @@ public:
         close->setAutoRaise(true);
         close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
         close->setAccessibleName(MessageBar::tr("Close"));
-        connect(close, &QToolButton::clicked, this, &QObject::deleteLater);
+        connect(close, &QToolButton::clicked, this, &NoticeLine::leave);
         auto *row = new QHBoxLayout(this);
         row->setContentsMargins(6, 2, 2, 2);
         row->addWidget(icon);
         row->addWidget(label, 1);
         if (!notice.actionText.isEmpty())
-            row->addWidget(actionButton(notice));
+            row->addWidget(actionButton(notice.actionText));
         row->addWidget(close);
-        if (notice.kind == Notice::Information)
-            QTimer::singleShot(informationTime, this, &QObject::deleteLater);
+        connect(&timer, &QTimer::timeout, this, &NoticeLine::leave);
+        tellAgain(notice);
     }
 
+    // What an earlier notice of the same text would act on may be gone.
+    void tellAgain(const Notice &notice)
+    {
+        action = notice.action;
+        if (kind == Notice::Information)
+            timer.start(informationTime);
+    }
+
+    // It may be one of its own buttons that is pressed, and what that does may tell the same again.
+    void leave()
+    {
+        parentWidget()->layout()->removeWidget(this);
+        hide();
+        deleteLater();
+    }
+
+    const Notice::Kind kind;
     const QString text;
 
 private:
-    QWidget *actionButton(const Notice &notice)
+    QWidget *actionButton(const QString &name)
     {
         auto *button = new QToolButton(this);
-        button->setText(notice.actionText);
-        connect(button, &QToolButton::clicked, this, [this, action = notice.action] {
-            deleteLater();
+        button->setText(name);
+        connect(button, &QToolButton::clicked, this, [this] {
+            leave();
             action();
         });
         return button;
     }
+
+    std::function<void()> action;
+    QTimer timer;
 };
 
 } // namespace
@@ -82,11 +107,18 @@ MessageBar::MessageBar(QWidget *parent) : QWidget(parent), layout(new QVBoxLayou
 
 void MessageBar::add(const Notice &notice)
 {
-    for (int i = 0; i < layout->count(); ++i) {
-        if (static_cast<NoticeLine *>(layout->itemAt(i)->widget())->text == notice.text)
-            return;
+    std::vector<NoticeLine *> lines;
+    for (int i = 0; i < layout->count(); ++i)
+        lines.push_back(static_cast<NoticeLine *>(layout->itemAt(i)->widget()));
+    const auto same = std::find_if(lines.begin(), lines.end(), [&notice](const NoticeLine *line) {
+        return line->text == notice.text;
+    });
+    if (same != lines.end()) {
+        (*same)->tellAgain(notice);
+        return;
     }
-    if (layout->count() >= mostNotices)
-        delete layout->itemAt(0)->widget();
+    const auto matters = [](const NoticeLine *a, const NoticeLine *b) { return a->kind < b->kind; };
+    if (lines.size() >= mostNotices)
+        (*std::min_element(lines.begin(), lines.end(), matters))->leave();
     layout->addWidget(new NoticeLine(notice, this));
 }

@@ -15,7 +15,8 @@ public:
     explicit MessageBar(QWidget *parent = nullptr);
 
 public slots:
-    /// A text that stands there already is not added again. The oldest goes when there are many.
+    /// A text that stands there already is not added again. When there are many, the oldest of
+    /// those that matter least goes.
     void add(const Notice &notice);
 
 private:

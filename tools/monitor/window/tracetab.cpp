@@ -31,6 +31,8 @@ TraceTab::TraceTab(ShownTrace *trace, QWidget *parent)
     layout->addWidget(bar);
     layout->addWidget(strip);
     layout->addWidget(pages, 1);
+    // Keys go to the messages, whenever the tab comes to the front, and not into the filter.
+    ownView->setFocus();
     connectParts();
 }
 
@@ -70,7 +72,11 @@ void TraceTab::showPage()
     QWidget *page = wantsIdentifiers ? static_cast<QWidget *>(identifiers) : ownView;
     if (startPage && shown->timeline().count() == 0)
         page = startPage;
+    const bool begins = pages->currentWidget() == startPage && page != startPage;
     pages->setCurrentWidget(page);
+    // What had it is gone, and next to it is what would stop the line.
+    if (startPage && begins)
+        page->setFocus();
     if (page == startPage)
         timer.start(startInterval);
     else

@@ -1,4 +1,4 @@
-#include "archiving.h"
+#include "packing.h"
 
 #include "chunkmove.h"
 #include "chunknames.h"
