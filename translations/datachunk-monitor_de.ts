@@ -224,7 +224,7 @@
         <translation>Chunks von %1</translation>
     </message>
     <message>
-        <source>&amp;Go There</source>
+        <source>&amp;Go there</source>
         <translation>&amp;Dorthin gehen</translation>
     </message>
 </context>
@@ -306,24 +306,12 @@
         <translation>Alle nach &amp;Zeit zusammengeführt, in die Datei</translation>
     </message>
     <message>
-        <source>Convert Files</source>
-        <translation>Dateien konvertieren</translation>
-    </message>
-    <message>
         <source>&amp;Convert</source>
         <translation>&amp;Konvertieren</translation>
     </message>
     <message>
         <source>Files to convert</source>
         <translation>Zu konvertierende Dateien</translation>
-    </message>
-    <message>
-        <source>&amp;Add Files…</source>
-        <translation>&amp;Dateien hinzufügen…</translation>
-    </message>
-    <message>
-        <source>Add &amp;Folder…</source>
-        <translation>&amp;Ordner hinzufügen…</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
@@ -342,18 +330,6 @@
         <translation>&amp;Format:</translation>
     </message>
     <message>
-        <source>Merge Files</source>
-        <translation>Dateien zusammenführen</translation>
-    </message>
-    <message>
-        <source>Files to Convert</source>
-        <translation>Zu konvertierende Dateien</translation>
-    </message>
-    <message>
-        <source>Folder of Chunks to Convert</source>
-        <translation>Zu konvertierender Chunk-Ordner</translation>
-    </message>
-    <message>
         <source>This is one of the files to read; choose another name.</source>
         <translation>Das ist eine der zu lesenden Dateien; wählen Sie einen anderen Namen.</translation>
     </message>
@@ -368,6 +344,26 @@
     <message>
         <source>Add the files and folders to convert, or drop them here.</source>
         <translation>Fügen Sie die zu konvertierenden Dateien und Ordner hinzu, oder ziehen Sie sie hierher.</translation>
+    </message>
+    <message>
+        <source>Convert files</source>
+        <translation>Dateien konvertieren</translation>
+    </message>
+    <message>
+        <source>&amp;Add files…</source>
+        <translation>&amp;Dateien hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Add &amp;folder…</source>
+        <translation>&amp;Ordner hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Merge files</source>
+        <translation>Dateien zusammenführen</translation>
+    </message>
+    <message>
+        <source>Folder of chunks to convert</source>
+        <translation>Zu konvertierender Chunk-Ordner</translation>
     </message>
 </context>
 <context>
@@ -625,51 +621,51 @@
         <translation>Ö&amp;ffnen…</translation>
     </message>
     <message>
-        <source>Open &amp;Folder…</source>
-        <translation>&amp;Ordner öffnen…</translation>
-    </message>
-    <message>
-        <source>Open &amp;Recent</source>
-        <translation>&amp;Zuletzt geöffnet</translation>
-    </message>
-    <message>
         <source>&amp;Chunks…</source>
         <translation>&amp;Chunks…</translation>
-    </message>
-    <message>
-        <source>&amp;Import Report</source>
-        <translation>&amp;Importbericht</translation>
-    </message>
-    <message>
-        <source>Read in &amp;Another Way…</source>
-        <translation>&amp;Anders einlesen…</translation>
     </message>
     <message>
         <source>&amp;Export…</source>
         <translation>&amp;Exportieren…</translation>
     </message>
     <message>
-        <source>&amp;Pack into an Archive…</source>
+        <source>Open &amp;folder…</source>
+        <translation>&amp;Ordner öffnen…</translation>
+    </message>
+    <message>
+        <source>Open &amp;recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Import report</source>
+        <translation>&amp;Importbericht</translation>
+    </message>
+    <message>
+        <source>Read in &amp;another way…</source>
+        <translation>&amp;Anders einlesen…</translation>
+    </message>
+    <message>
+        <source>&amp;Pack into an archive…</source>
         <translation>In ein Archiv &amp;packen…</translation>
     </message>
     <message>
-        <source>&amp;Unpack an Archive…</source>
+        <source>&amp;Unpack an archive…</source>
         <translation>Archi&amp;v entpacken…</translation>
     </message>
     <message>
-        <source>Con&amp;vert Files…</source>
+        <source>Con&amp;vert files…</source>
         <translation>Dateien &amp;konvertieren…</translation>
     </message>
     <message>
-        <source>&amp;Merge Files…</source>
+        <source>&amp;Merge files…</source>
         <translation>Dateien zusa&amp;mmenführen…</translation>
     </message>
     <message>
-        <source>Open Traces</source>
+        <source>Open traces</source>
         <translation>Traces öffnen</translation>
     </message>
     <message>
-        <source>Open a Folder of Chunks</source>
+        <source>Open a folder of chunks</source>
         <translation>Chunk-Ordner öffnen</translation>
     </message>
 </context>
@@ -712,36 +708,16 @@
 <context>
     <name>FilterBar</name>
     <message>
-        <source>Sa&amp;ved Filters</source>
-        <translation>&amp;Gespeicherte Filter</translation>
-    </message>
-    <message>
-        <source>&amp;Find or Filter…</source>
-        <translation>&amp;Suchen oder filtern…</translation>
-    </message>
-    <message>
         <source>Ctrl+F</source>
         <translation>Ctrl+F</translation>
-    </message>
-    <message>
-        <source>Find Ne&amp;xt</source>
-        <translation>&amp;Weitersuchen</translation>
     </message>
     <message>
         <source>F3</source>
         <translation>F3</translation>
     </message>
     <message>
-        <source>Find &amp;Previous</source>
-        <translation>&amp;Rückwärts suchen</translation>
-    </message>
-    <message>
         <source>Shift+F3</source>
         <translation>Shift+F3</translation>
-    </message>
-    <message>
-        <source>Find &amp;Only</source>
-        <translation>N&amp;ur suchen</translation>
     </message>
     <message>
         <source>Ctrl+Shift+F</source>
@@ -792,20 +768,40 @@
         <translation>&amp;Zuletzt benutzt</translation>
     </message>
     <message>
-        <source>&amp;Save This Filter…</source>
-        <translation>Diesen Filter &amp;speichern…</translation>
-    </message>
-    <message>
         <source>&amp;Manage…</source>
         <translation>&amp;Verwalten…</translation>
     </message>
     <message>
-        <source>Save Filter</source>
-        <translation>Filter speichern</translation>
-    </message>
-    <message>
         <source>Name of the filter:</source>
         <translation>Name des Filters:</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ved filters</source>
+        <translation>&amp;Gespeicherte Filter</translation>
+    </message>
+    <message>
+        <source>&amp;Find or filter…</source>
+        <translation>&amp;Suchen oder filtern…</translation>
+    </message>
+    <message>
+        <source>Find ne&amp;xt</source>
+        <translation>&amp;Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Find &amp;previous</source>
+        <translation>&amp;Rückwärts suchen</translation>
+    </message>
+    <message>
+        <source>Find &amp;only</source>
+        <translation>N&amp;ur suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Save this filter…</source>
+        <translation>Diesen Filter &amp;speichern…</translation>
+    </message>
+    <message>
+        <source>Save filter</source>
+        <translation>Filter speichern</translation>
     </message>
 </context>
 <context>
@@ -815,16 +811,16 @@
         <translation>&amp;Entfernen</translation>
     </message>
     <message>
-        <source>Saved Filters</source>
-        <translation>Gespeicherte Filter</translation>
-    </message>
-    <message>
         <source>Name</source>
         <translation>Name</translation>
     </message>
     <message>
         <source>Expression</source>
         <translation>Ausdruck</translation>
+    </message>
+    <message>
+        <source>Saved filters</source>
+        <translation>Gespeicherte Filter</translation>
     </message>
 </context>
 <context>
@@ -1532,40 +1528,51 @@
         <translation>Za&amp;hlen</translation>
     </message>
     <message>
-        <source>Since the &amp;Start</source>
+        <source>Since the &amp;start</source>
         <translation>Seit &amp;Beginn</translation>
     </message>
     <message>
-        <source>Since the Message &amp;Before</source>
+        <source>Since the message &amp;before</source>
         <translation>Seit der Nachricht &amp;davor</translation>
     </message>
     <message>
-        <source>Since the &amp;Marked Message</source>
+        <source>Since the &amp;marked message</source>
         <translation>Seit der &amp;markierten Nachricht</translation>
     </message>
     <message>
-        <source>&amp;Date and Time of Day</source>
+        <source>&amp;Date and time of day</source>
         <translation>Datum und &amp;Uhrzeit</translation>
     </message>
     <message>
-        <source>Seconds as &amp;Recorded</source>
+        <source>Seconds as &amp;recorded</source>
         <translation>&amp;Sekunden wie aufgezeichnet</translation>
     </message>
     <message>
-        <source>&amp;Hexadecimal Identifiers</source>
+        <source>&amp;Hexadecimal identifiers</source>
         <translation>&amp;Hexadezimale Identifier</translation>
     </message>
     <message>
-        <source>&amp;Decimal Identifiers</source>
+        <source>&amp;Decimal identifiers</source>
         <translation>&amp;Dezimale Identifier</translation>
     </message>
     <message>
-        <source>He&amp;xadecimal Data</source>
+        <source>He&amp;xadecimal data</source>
         <translation>He&amp;xadezimale Daten</translation>
     </message>
     <message>
-        <source>D&amp;ecimal Data</source>
+        <source>D&amp;ecimal data</source>
         <translation>D&amp;ezimale Daten</translation>
+    </message>
+</context>
+<context>
+    <name>LossQuestion</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>C&amp;lose all the same</source>
+        <translation>&amp;Trotzdem schließen</translation>
     </message>
 </context>
 <context>
@@ -1669,6 +1676,22 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>Tools</source>
         <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Notes and bookmarks on %1 are nowhere else: export it as a chunk file, or pack it, to keep them.</source>
+        <translation>Notizen und Lesezeichen an %1 sind sonst nirgends: Exportieren Sie ihn als Chunk-Datei, oder packen Sie ihn, um sie zu behalten.</translation>
+    </message>
+    <message>
+        <source>Close %1 all the same?</source>
+        <translation>%1 trotzdem schließen?</translation>
+    </message>
+    <message>
+        <source>%1 has not ended, and nothing of it would be there.</source>
+        <translation>Nicht beendet: %1. Nichts davon wäre da.</translation>
+    </message>
+    <message>
+        <source>Close the monitor all the same?</source>
+        <translation>Den Monitor trotzdem schließen?</translation>
     </message>
 </context>
 <context>
@@ -1865,7 +1888,7 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>Noch keine</translation>
     </message>
     <message>
-        <source>&amp;Forget Them</source>
+        <source>&amp;Forget them</source>
         <translation>Liste &amp;vergessen</translation>
     </message>
 </context>
@@ -1968,6 +1991,14 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>Save the recording before the monitor is closed?</source>
         <translation>Die Aufzeichnung speichern, bevor der Monitor geschlossen wird?</translation>
+    </message>
+    <message>
+        <source>The recording before is still being saved.</source>
+        <translation>Die vorige Aufzeichnung wird noch gespeichert.</translation>
+    </message>
+    <message>
+        <source>Save this one when that is done; it goes on meanwhile.</source>
+        <translation>Speichern Sie diese, wenn das erledigt ist; sie geht inzwischen weiter.</translation>
     </message>
 </context>
 <context>
@@ -2206,19 +2237,19 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
 <context>
     <name>ReportDialog</name>
     <message>
-        <source>Import Report of %1</source>
-        <translation>Importbericht von %1</translation>
-    </message>
-    <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
     </message>
     <message>
-        <source>&amp;Source Text</source>
+        <source>Import report of %1</source>
+        <translation>Importbericht von %1</translation>
+    </message>
+    <message>
+        <source>&amp;Source text</source>
         <translation>&amp;Originaltext</translation>
     </message>
     <message>
-        <source>&amp;Read in Another Way…</source>
+        <source>&amp;Read in another way…</source>
         <translation>&amp;Anders einlesen…</translation>
     </message>
 </context>
@@ -2388,12 +2419,12 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
 <context>
     <name>SourceDialog</name>
     <message>
-        <source>Source Text of %1</source>
-        <translation>Originaltext von %1</translation>
-    </message>
-    <message>
         <source>&amp;Line:</source>
         <translation>&amp;Zeile:</translation>
+    </message>
+    <message>
+        <source>Source text of %1</source>
+        <translation>Originaltext von %1</translation>
     </message>
 </context>
 <context>
@@ -2476,24 +2507,12 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
 <context>
     <name>TraceActions</name>
     <message>
-        <source>&amp;Follow the End</source>
-        <translation>&amp;Dem Ende folgen</translation>
-    </message>
-    <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
     </message>
     <message>
-        <source>Cop&amp;y as candump Log</source>
-        <translation>Als &amp;candump-Log kopieren</translation>
-    </message>
-    <message>
         <source>Ctrl+Shift+C</source>
         <translation>Ctrl+Shift+C</translation>
-    </message>
-    <message>
-        <source>&amp;Select All</source>
-        <translation>&amp;Alles auswählen</translation>
     </message>
     <message>
         <source>&amp;Note…</source>
@@ -2508,24 +2527,12 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>Ctrl+B</translation>
     </message>
     <message>
-        <source>Count &amp;Times from Here</source>
-        <translation>&amp;Zeiten ab hier zählen</translation>
-    </message>
-    <message>
         <source>Ctrl+Shift+T</source>
         <translation>Ctrl+Shift+T</translation>
     </message>
     <message>
-        <source>&amp;Go to Number…</source>
-        <translation>Gehe zu Nu&amp;mmer…</translation>
-    </message>
-    <message>
         <source>Ctrl+G</source>
         <translation>Ctrl+G</translation>
-    </message>
-    <message>
-        <source>Go to Ti&amp;me…</source>
-        <translation>Gehe zu Zei&amp;t…</translation>
     </message>
     <message>
         <source>Ctrl+T</source>
@@ -2536,31 +2543,55 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>Ctrl+L</translation>
     </message>
     <message>
-        <source>Only &amp;Error Frames</source>
+        <source>&amp;Follow the end</source>
+        <translation>&amp;Dem Ende folgen</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y as candump log</source>
+        <translation>Als &amp;candump-Log kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Select all</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Count &amp;times from here</source>
+        <translation>&amp;Zeiten ab hier zählen</translation>
+    </message>
+    <message>
+        <source>&amp;Go to number…</source>
+        <translation>Gehe zu Nu&amp;mmer…</translation>
+    </message>
+    <message>
+        <source>Go to ti&amp;me…</source>
+        <translation>Gehe zu Zei&amp;t…</translation>
+    </message>
+    <message>
+        <source>Only &amp;error frames</source>
         <translation>Nur Erro&amp;r-Frames</translation>
     </message>
     <message>
-        <source>&amp;Only This Identifier</source>
+        <source>&amp;Only this identifier</source>
         <translation>Nur diesen &amp;Identifier</translation>
     </message>
     <message>
-        <source>No &amp;Error Frames</source>
+        <source>No &amp;error frames</source>
         <translation>Keine Error-&amp;Frames</translation>
     </message>
     <message>
-        <source>&amp;Without This Identifier</source>
+        <source>&amp;Without this identifier</source>
         <translation>&amp;Ohne diesen Identifier</translation>
     </message>
     <message>
-        <source>Only This &amp;Line</source>
+        <source>Only this &amp;line</source>
         <translation>Nur &amp;diesen Kanal</translation>
     </message>
     <message>
-        <source>Only the Same &amp;Data</source>
+        <source>Only the same &amp;data</source>
         <translation>Nur gl&amp;eiche Daten</translation>
     </message>
     <message>
-        <source>&amp;All Messages</source>
+        <source>&amp;All messages</source>
         <translation>Alle Nac&amp;hrichten</translation>
     </message>
 </context>
@@ -2571,7 +2602,7 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>&amp;Spalten</translation>
     </message>
     <message>
-        <source>&amp;As at First</source>
+        <source>&amp;As at first</source>
         <translation>&amp;Wie am Anfang</translation>
     </message>
 </context>
@@ -2718,14 +2749,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>Einzelheiten</translation>
     </message>
     <message>
-        <source>What Is Missing</source>
-        <translation>Was fehlt</translation>
-    </message>
-    <message>
-        <source>Pack into an Archive</source>
-        <translation>In ein Archiv packen</translation>
-    </message>
-    <message>
         <source>Archives (*.zip)</source>
         <translation>Archive (*.zip)</translation>
     </message>
@@ -2753,16 +2776,8 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         </translation>
     </message>
     <message>
-        <source>Archive to Unpack</source>
-        <translation>Zu entpackendes Archiv</translation>
-    </message>
-    <message>
         <source>Archives (*.zip);;All files (*)</source>
         <translation>Archive (*.zip);;Alle Dateien (*)</translation>
-    </message>
-    <message>
-        <source>Folder for the Chunks of %1</source>
-        <translation>Ordner für die Chunks von %1</translation>
     </message>
     <message>
         <source>Unpacking %1</source>
@@ -2790,6 +2805,22 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
             <numerusform>%n Chunk wurde nach %1 entpackt.</numerusform>
             <numerusform>%n Chunks wurden nach %1 entpackt.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>What is missing</source>
+        <translation>Was fehlt</translation>
+    </message>
+    <message>
+        <source>Pack into an archive</source>
+        <translation>In ein Archiv packen</translation>
+    </message>
+    <message>
+        <source>Archive to unpack</source>
+        <translation>Zu entpackendes Archiv</translation>
+    </message>
+    <message>
+        <source>Folder for the chunks of %1</source>
+        <translation>Ordner für die Chunks von %1</translation>
     </message>
 </context>
 </TS>

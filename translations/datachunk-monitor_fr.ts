@@ -224,7 +224,7 @@
         <translation>Chunks de %1</translation>
     </message>
     <message>
-        <source>&amp;Go There</source>
+        <source>&amp;Go there</source>
         <translation>&amp;Y aller</translation>
     </message>
 </context>
@@ -306,24 +306,12 @@
         <translation>Tous &amp;fusionnés par temps, dans le fichier</translation>
     </message>
     <message>
-        <source>Convert Files</source>
-        <translation>Convertir des fichiers</translation>
-    </message>
-    <message>
         <source>&amp;Convert</source>
         <translation>Con&amp;vertir</translation>
     </message>
     <message>
         <source>Files to convert</source>
         <translation>Fichiers à convertir</translation>
-    </message>
-    <message>
-        <source>&amp;Add Files…</source>
-        <translation>&amp;Ajouter des fichiers…</translation>
-    </message>
-    <message>
-        <source>Add &amp;Folder…</source>
-        <translation>Ajouter un &amp;dossier…</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
@@ -342,18 +330,6 @@
         <translation>F&amp;ormat&#xa0;:</translation>
     </message>
     <message>
-        <source>Merge Files</source>
-        <translation>Fusionner des fichiers</translation>
-    </message>
-    <message>
-        <source>Files to Convert</source>
-        <translation>Fichiers à convertir</translation>
-    </message>
-    <message>
-        <source>Folder of Chunks to Convert</source>
-        <translation>Dossier de chunks à convertir</translation>
-    </message>
-    <message>
         <source>This is one of the files to read; choose another name.</source>
         <translation>C’est l’un des fichiers à lire&#xa0;; choisissez un autre nom.</translation>
     </message>
@@ -368,6 +344,26 @@
     <message>
         <source>Add the files and folders to convert, or drop them here.</source>
         <translation>Ajoutez les fichiers et dossiers à convertir, ou déposez-les ici.</translation>
+    </message>
+    <message>
+        <source>Convert files</source>
+        <translation>Convertir des fichiers</translation>
+    </message>
+    <message>
+        <source>&amp;Add files…</source>
+        <translation>&amp;Ajouter des fichiers…</translation>
+    </message>
+    <message>
+        <source>Add &amp;folder…</source>
+        <translation>Ajouter un &amp;dossier…</translation>
+    </message>
+    <message>
+        <source>Merge files</source>
+        <translation>Fusionner des fichiers</translation>
+    </message>
+    <message>
+        <source>Folder of chunks to convert</source>
+        <translation>Dossier de chunks à convertir</translation>
     </message>
 </context>
 <context>
@@ -625,51 +621,51 @@
         <translation>&amp;Ouvrir…</translation>
     </message>
     <message>
-        <source>Open &amp;Folder…</source>
-        <translation>Ouvrir un &amp;dossier…</translation>
-    </message>
-    <message>
-        <source>Open &amp;Recent</source>
-        <translation>Ouvrir &amp;récent</translation>
-    </message>
-    <message>
         <source>&amp;Chunks…</source>
         <translation>&amp;Chunks…</translation>
-    </message>
-    <message>
-        <source>&amp;Import Report</source>
-        <translation>Rapport d’&amp;importation</translation>
-    </message>
-    <message>
-        <source>Read in &amp;Another Way…</source>
-        <translation>Lire &amp;autrement…</translation>
     </message>
     <message>
         <source>&amp;Export…</source>
         <translation>&amp;Exporter…</translation>
     </message>
     <message>
-        <source>&amp;Pack into an Archive…</source>
+        <source>Open &amp;folder…</source>
+        <translation>Ouvrir un &amp;dossier…</translation>
+    </message>
+    <message>
+        <source>Open &amp;recent</source>
+        <translation>Ouvrir &amp;récent</translation>
+    </message>
+    <message>
+        <source>&amp;Import report</source>
+        <translation>Rapport d’&amp;importation</translation>
+    </message>
+    <message>
+        <source>Read in &amp;another way…</source>
+        <translation>Lire &amp;autrement…</translation>
+    </message>
+    <message>
+        <source>&amp;Pack into an archive…</source>
         <translation>&amp;Mettre en archive…</translation>
     </message>
     <message>
-        <source>&amp;Unpack an Archive…</source>
+        <source>&amp;Unpack an archive…</source>
         <translation>E&amp;xtraire une archive…</translation>
     </message>
     <message>
-        <source>Con&amp;vert Files…</source>
+        <source>Con&amp;vert files…</source>
         <translation>Co&amp;nvertir des fichiers…</translation>
     </message>
     <message>
-        <source>&amp;Merge Files…</source>
+        <source>&amp;Merge files…</source>
         <translation>&amp;Fusionner des fichiers…</translation>
     </message>
     <message>
-        <source>Open Traces</source>
+        <source>Open traces</source>
         <translation>Ouvrir des traces</translation>
     </message>
     <message>
-        <source>Open a Folder of Chunks</source>
+        <source>Open a folder of chunks</source>
         <translation>Ouvrir un dossier de chunks</translation>
     </message>
 </context>
@@ -712,36 +708,16 @@
 <context>
     <name>FilterBar</name>
     <message>
-        <source>Sa&amp;ved Filters</source>
-        <translation>&amp;Filtres enregistrés</translation>
-    </message>
-    <message>
-        <source>&amp;Find or Filter…</source>
-        <translation>&amp;Rechercher ou filtrer…</translation>
-    </message>
-    <message>
         <source>Ctrl+F</source>
         <translation>Ctrl+F</translation>
-    </message>
-    <message>
-        <source>Find Ne&amp;xt</source>
-        <translation>Rechercher le s&amp;uivant</translation>
     </message>
     <message>
         <source>F3</source>
         <translation>F3</translation>
     </message>
     <message>
-        <source>Find &amp;Previous</source>
-        <translation>Rechercher le &amp;précédent</translation>
-    </message>
-    <message>
         <source>Shift+F3</source>
         <translation>Shift+F3</translation>
-    </message>
-    <message>
-        <source>Find &amp;Only</source>
-        <translation>Seulement rec&amp;hercher</translation>
     </message>
     <message>
         <source>Ctrl+Shift+F</source>
@@ -792,20 +768,40 @@
         <translation>&amp;Récents</translation>
     </message>
     <message>
-        <source>&amp;Save This Filter…</source>
-        <translation>&amp;Enregistrer ce filtre…</translation>
-    </message>
-    <message>
         <source>&amp;Manage…</source>
         <translation>&amp;Gérer…</translation>
     </message>
     <message>
-        <source>Save Filter</source>
-        <translation>Enregistrer le filtre</translation>
-    </message>
-    <message>
         <source>Name of the filter:</source>
         <translation>Nom du filtre&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ved filters</source>
+        <translation>&amp;Filtres enregistrés</translation>
+    </message>
+    <message>
+        <source>&amp;Find or filter…</source>
+        <translation>&amp;Rechercher ou filtrer…</translation>
+    </message>
+    <message>
+        <source>Find ne&amp;xt</source>
+        <translation>Rechercher le s&amp;uivant</translation>
+    </message>
+    <message>
+        <source>Find &amp;previous</source>
+        <translation>Rechercher le &amp;précédent</translation>
+    </message>
+    <message>
+        <source>Find &amp;only</source>
+        <translation>Seulement rec&amp;hercher</translation>
+    </message>
+    <message>
+        <source>&amp;Save this filter…</source>
+        <translation>&amp;Enregistrer ce filtre…</translation>
+    </message>
+    <message>
+        <source>Save filter</source>
+        <translation>Enregistrer le filtre</translation>
     </message>
 </context>
 <context>
@@ -815,16 +811,16 @@
         <translation>&amp;Enlever</translation>
     </message>
     <message>
-        <source>Saved Filters</source>
-        <translation>Filtres enregistrés</translation>
-    </message>
-    <message>
         <source>Name</source>
         <translation>Nom</translation>
     </message>
     <message>
         <source>Expression</source>
         <translation>Expression</translation>
+    </message>
+    <message>
+        <source>Saved filters</source>
+        <translation>Filtres enregistrés</translation>
     </message>
 </context>
 <context>
@@ -1532,40 +1528,51 @@
         <translation>&amp;Nombres</translation>
     </message>
     <message>
-        <source>Since the &amp;Start</source>
+        <source>Since the &amp;start</source>
         <translation>Depuis le &amp;début</translation>
     </message>
     <message>
-        <source>Since the Message &amp;Before</source>
+        <source>Since the message &amp;before</source>
         <translation>Depuis le message &amp;précédent</translation>
     </message>
     <message>
-        <source>Since the &amp;Marked Message</source>
+        <source>Since the &amp;marked message</source>
         <translation>Depuis le message &amp;marqué</translation>
     </message>
     <message>
-        <source>&amp;Date and Time of Day</source>
+        <source>&amp;Date and time of day</source>
         <translation>Date et &amp;heure</translation>
     </message>
     <message>
-        <source>Seconds as &amp;Recorded</source>
+        <source>Seconds as &amp;recorded</source>
         <translation>&amp;Secondes telles qu’enregistrées</translation>
     </message>
     <message>
-        <source>&amp;Hexadecimal Identifiers</source>
+        <source>&amp;Hexadecimal identifiers</source>
         <translation>Identifiants &amp;hexadécimaux</translation>
     </message>
     <message>
-        <source>&amp;Decimal Identifiers</source>
+        <source>&amp;Decimal identifiers</source>
         <translation>Identifiants &amp;décimaux</translation>
     </message>
     <message>
-        <source>He&amp;xadecimal Data</source>
+        <source>He&amp;xadecimal data</source>
         <translation>Données he&amp;xadécimales</translation>
     </message>
     <message>
-        <source>D&amp;ecimal Data</source>
+        <source>D&amp;ecimal data</source>
         <translation>Données déc&amp;imales</translation>
+    </message>
+</context>
+<context>
+    <name>LossQuestion</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>C&amp;lose all the same</source>
+        <translation>&amp;Fermer quand même</translation>
     </message>
 </context>
 <context>
@@ -1669,6 +1676,22 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Tools</source>
         <translation>Outils</translation>
+    </message>
+    <message>
+        <source>Notes and bookmarks on %1 are nowhere else: export it as a chunk file, or pack it, to keep them.</source>
+        <translation>Les notes et signets sur %1 ne sont nulle part ailleurs&#xa0;: exportez-la en fichier chunk, ou archivez-la, pour les conserver.</translation>
+    </message>
+    <message>
+        <source>Close %1 all the same?</source>
+        <translation>Fermer %1 quand même&#xa0;?</translation>
+    </message>
+    <message>
+        <source>%1 has not ended, and nothing of it would be there.</source>
+        <translation>Pas terminé&#xa0;: %1. Il n’en resterait rien.</translation>
+    </message>
+    <message>
+        <source>Close the monitor all the same?</source>
+        <translation>Fermer le moniteur quand même&#xa0;?</translation>
     </message>
 </context>
 <context>
@@ -1865,7 +1888,7 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>Aucun pour l’instant</translation>
     </message>
     <message>
-        <source>&amp;Forget Them</source>
+        <source>&amp;Forget them</source>
         <translation>&amp;Oublier la liste</translation>
     </message>
 </context>
@@ -1968,6 +1991,14 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Save the recording before the monitor is closed?</source>
         <translation>Sauvegarder l’enregistrement avant de fermer le moniteur&#xa0;?</translation>
+    </message>
+    <message>
+        <source>The recording before is still being saved.</source>
+        <translation>L’enregistrement précédent est encore en cours de sauvegarde.</translation>
+    </message>
+    <message>
+        <source>Save this one when that is done; it goes on meanwhile.</source>
+        <translation>Sauvegardez celui-ci quand ce sera fait&#xa0;; il continue entre-temps.</translation>
     </message>
 </context>
 <context>
@@ -2206,19 +2237,19 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
 <context>
     <name>ReportDialog</name>
     <message>
-        <source>Import Report of %1</source>
-        <translation>Rapport d’importation de %1</translation>
-    </message>
-    <message>
         <source>&amp;Copy</source>
         <translation>&amp;Copier</translation>
     </message>
     <message>
-        <source>&amp;Source Text</source>
+        <source>Import report of %1</source>
+        <translation>Rapport d’importation de %1</translation>
+    </message>
+    <message>
+        <source>&amp;Source text</source>
         <translation>&amp;Texte d’origine</translation>
     </message>
     <message>
-        <source>&amp;Read in Another Way…</source>
+        <source>&amp;Read in another way…</source>
         <translation>&amp;Lire autrement…</translation>
     </message>
 </context>
@@ -2388,12 +2419,12 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
 <context>
     <name>SourceDialog</name>
     <message>
-        <source>Source Text of %1</source>
-        <translation>Texte d’origine de %1</translation>
-    </message>
-    <message>
         <source>&amp;Line:</source>
         <translation>&amp;Ligne&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Source text of %1</source>
+        <translation>Texte d’origine de %1</translation>
     </message>
 </context>
 <context>
@@ -2476,24 +2507,12 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
 <context>
     <name>TraceActions</name>
     <message>
-        <source>&amp;Follow the End</source>
-        <translation>&amp;Suivre la fin</translation>
-    </message>
-    <message>
         <source>&amp;Copy</source>
         <translation>&amp;Copier</translation>
     </message>
     <message>
-        <source>Cop&amp;y as candump Log</source>
-        <translation>Copier en journal can&amp;dump</translation>
-    </message>
-    <message>
         <source>Ctrl+Shift+C</source>
         <translation>Ctrl+Shift+C</translation>
-    </message>
-    <message>
-        <source>&amp;Select All</source>
-        <translation>&amp;Tout sélectionner</translation>
     </message>
     <message>
         <source>&amp;Note…</source>
@@ -2508,24 +2527,12 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>Ctrl+B</translation>
     </message>
     <message>
-        <source>Count &amp;Times from Here</source>
-        <translation>Compter les temps d’&amp;ici</translation>
-    </message>
-    <message>
         <source>Ctrl+Shift+T</source>
         <translation>Ctrl+Shift+T</translation>
     </message>
     <message>
-        <source>&amp;Go to Number…</source>
-        <translation>Aller au nu&amp;méro…</translation>
-    </message>
-    <message>
         <source>Ctrl+G</source>
         <translation>Ctrl+G</translation>
-    </message>
-    <message>
-        <source>Go to Ti&amp;me…</source>
-        <translation>&amp;Aller au temps…</translation>
     </message>
     <message>
         <source>Ctrl+T</source>
@@ -2536,31 +2543,55 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>Ctrl+L</translation>
     </message>
     <message>
-        <source>Only &amp;Error Frames</source>
+        <source>&amp;Follow the end</source>
+        <translation>&amp;Suivre la fin</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y as candump log</source>
+        <translation>Copier en journal can&amp;dump</translation>
+    </message>
+    <message>
+        <source>&amp;Select all</source>
+        <translation>&amp;Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>Count &amp;times from here</source>
+        <translation>Compter les temps d’&amp;ici</translation>
+    </message>
+    <message>
+        <source>&amp;Go to number…</source>
+        <translation>Aller au nu&amp;méro…</translation>
+    </message>
+    <message>
+        <source>Go to ti&amp;me…</source>
+        <translation>&amp;Aller au temps…</translation>
+    </message>
+    <message>
+        <source>Only &amp;error frames</source>
         <translation>Seulement les t&amp;rames d’erreur</translation>
     </message>
     <message>
-        <source>&amp;Only This Identifier</source>
+        <source>&amp;Only this identifier</source>
         <translation>Seulement cet identi&amp;fiant</translation>
     </message>
     <message>
-        <source>No &amp;Error Frames</source>
+        <source>No &amp;error frames</source>
         <translation>Sans les trames d’erre&amp;ur</translation>
     </message>
     <message>
-        <source>&amp;Without This Identifier</source>
+        <source>&amp;Without this identifier</source>
         <translation>Sans cet id&amp;entifiant</translation>
     </message>
     <message>
-        <source>Only This &amp;Line</source>
+        <source>Only this &amp;line</source>
         <translation>Seulement ce cana&amp;l</translation>
     </message>
     <message>
-        <source>Only the Same &amp;Data</source>
+        <source>Only the same &amp;data</source>
         <translation>Seulement les mêmes d&amp;onnées</translation>
     </message>
     <message>
-        <source>&amp;All Messages</source>
+        <source>&amp;All messages</source>
         <translation>Tous les messa&amp;ges</translation>
     </message>
 </context>
@@ -2571,7 +2602,7 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>&amp;Colonnes</translation>
     </message>
     <message>
-        <source>&amp;As at First</source>
+        <source>&amp;As at first</source>
         <translation>&amp;Comme au départ</translation>
     </message>
 </context>
@@ -2718,14 +2749,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>Détails</translation>
     </message>
     <message>
-        <source>What Is Missing</source>
-        <translation>Ce qui manque</translation>
-    </message>
-    <message>
-        <source>Pack into an Archive</source>
-        <translation>Mettre en archive</translation>
-    </message>
-    <message>
         <source>Archives (*.zip)</source>
         <translation>Archives (*.zip)</translation>
     </message>
@@ -2753,16 +2776,8 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         </translation>
     </message>
     <message>
-        <source>Archive to Unpack</source>
-        <translation>Archive à extraire</translation>
-    </message>
-    <message>
         <source>Archives (*.zip);;All files (*)</source>
         <translation>Archives (*.zip);;Tous les fichiers (*)</translation>
-    </message>
-    <message>
-        <source>Folder for the Chunks of %1</source>
-        <translation>Dossier pour les chunks de %1</translation>
     </message>
     <message>
         <source>Unpacking %1</source>
@@ -2790,6 +2805,22 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
             <numerusform>%n chunk a été extrait dans %1.</numerusform>
             <numerusform>%n chunks ont été extraits dans %1.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>What is missing</source>
+        <translation>Ce qui manque</translation>
+    </message>
+    <message>
+        <source>Pack into an archive</source>
+        <translation>Mettre en archive</translation>
+    </message>
+    <message>
+        <source>Archive to unpack</source>
+        <translation>Archive à extraire</translation>
+    </message>
+    <message>
+        <source>Folder for the chunks of %1</source>
+        <translation>Dossier pour les chunks de %1</translation>
     </message>
 </context>
 </TS>
