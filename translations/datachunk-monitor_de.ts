@@ -1638,10 +1638,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>&amp;Datei</translation>
     </message>
     <message>
-        <source>&amp;Close tab</source>
-        <translation>&amp;Tab schließen</translation>
-    </message>
-    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Beenden</translation>
     </message>
@@ -1666,10 +1662,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>&amp;Ansicht</translation>
     </message>
     <message>
-        <source>&amp;Colours</source>
-        <translation>&amp;Farben</translation>
-    </message>
-    <message>
         <source>&amp;Language</source>
         <translation>S&amp;prache</translation>
     </message>
@@ -1692,6 +1684,14 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>Close the monitor all the same?</source>
         <translation>Den Monitor trotzdem schließen?</translation>
+    </message>
+    <message>
+        <source>Close &amp;tab</source>
+        <translation>&amp;Tab schließen</translation>
+    </message>
+    <message>
+        <source>C&amp;olours</source>
+        <translation>&amp;Farben</translation>
     </message>
 </context>
 <context>

@@ -1638,10 +1638,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>&amp;Fichier</translation>
     </message>
     <message>
-        <source>&amp;Close tab</source>
-        <translation>Fermer l’on&amp;glet</translation>
-    </message>
-    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Quitter</translation>
     </message>
@@ -1666,10 +1662,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>&amp;Affichage</translation>
     </message>
     <message>
-        <source>&amp;Colours</source>
-        <translation>Co&amp;uleurs</translation>
-    </message>
-    <message>
         <source>&amp;Language</source>
         <translation>&amp;Langue</translation>
     </message>
@@ -1692,6 +1684,14 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Close the monitor all the same?</source>
         <translation>Fermer le moniteur quand même&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Close &amp;tab</source>
+        <translation>Fermer l’on&amp;glet</translation>
+    </message>
+    <message>
+        <source>C&amp;olours</source>
+        <translation>Co&amp;uleurs</translation>
     </message>
 </context>
 <context>
