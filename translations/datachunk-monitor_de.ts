@@ -1341,12 +1341,15 @@
         <translation>Wiederhergestellt %1</translation>
     </message>
     <message>
-        <source>%1 messages were recovered.</source>
-        <translation>%1 Nachrichten wurden wiederhergestellt.</translation>
-    </message>
-    <message>
         <source>What could not be read stays where it is.</source>
         <translation>Was nicht gelesen werden konnte, bleibt, wo es ist.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 messages were recovered.</source>
+        <translation>
+            <numerusform>%L1 Nachricht wurde wiederhergestellt.</numerusform>
+            <numerusform>%L1 Nachrichten wurden wiederhergestellt.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1371,9 +1374,12 @@
         <source>Per s</source>
         <translation>Je s</translation>
     </message>
-    <message>
-        <source>%1 frames were no messages and are not recorded.</source>
-        <translation>%1 Frames waren keine Nachrichten und sind nicht aufgezeichnet.</translation>
+    <message numerus="yes">
+        <source>%L1 frames were no messages and are not recorded.</source>
+        <translation>
+            <numerusform>%L1 Frame war keine Nachricht und ist nicht aufgezeichnet.</numerusform>
+            <numerusform>%L1 Frames waren keine Nachrichten und sind nicht aufgezeichnet.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1861,14 +1867,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>Keine Nachrichten</translation>
     </message>
     <message>
-        <source>%1 messages, following the end</source>
-        <translation>%1 Nachrichten, folgt dem Ende</translation>
-    </message>
-    <message>
-        <source>%1 messages</source>
-        <translation>%1 Nachrichten</translation>
-    </message>
-    <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
@@ -1879,6 +1877,20 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>%1 selected</source>
         <translation>%1 ausgewählt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 messages, following the end</source>
+        <translation>
+            <numerusform>%L1 Nachricht, folgt dem Ende</numerusform>
+            <numerusform>%L1 Nachrichten, folgt dem Ende</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 messages</source>
+        <translation>
+            <numerusform>%L1 Nachricht</numerusform>
+            <numerusform>%L1 Nachrichten</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1927,10 +1939,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>Recording</source>
         <translation>Aufzeichnung</translation>
-    </message>
-    <message>
-        <source>It has %1 messages. Discarded, they are gone for good.</source>
-        <translation>Sie hat %1 Nachrichten. Verworfen sind sie endgültig weg.</translation>
     </message>
     <message>
         <source>&amp;Save…</source>
@@ -1999,6 +2007,13 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>Save this one when that is done; it goes on meanwhile.</source>
         <translation>Speichern Sie diese, wenn das erledigt ist; sie geht inzwischen weiter.</translation>
+    </message>
+    <message numerus="yes">
+        <source>It has %L1 messages. Discarded, they are gone for good.</source>
+        <translation>
+            <numerusform>Sie hat %L1 Nachricht. Verworfen ist sie endgültig weg.</numerusform>
+            <numerusform>Sie hat %L1 Nachrichten. Verworfen sind sie endgültig weg.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

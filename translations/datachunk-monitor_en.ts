@@ -88,6 +88,23 @@
             <numerusform>%n recordings were not closed, the last one of %1.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%L1 messages were recovered.</source>
+        <translation>
+            <numerusform>%L1 message was recovered.</numerusform>
+            <numerusform>%L1 messages were recovered.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LineModel</name>
+    <message numerus="yes">
+        <source>%L1 frames were no messages and are not recorded.</source>
+        <translation>
+            <numerusform>%L1 frame was no message and is not recorded.</numerusform>
+            <numerusform>%L1 frames were no messages and are not recorded.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>OverviewStrip</name>
@@ -100,12 +117,39 @@
     </message>
 </context>
 <context>
+    <name>PlaceLine</name>
+    <message numerus="yes">
+        <source>%L1 messages, following the end</source>
+        <translation>
+            <numerusform>%L1 message, following the end</numerusform>
+            <numerusform>%L1 messages, following the end</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 messages</source>
+        <translation>
+            <numerusform>%L1 message</numerusform>
+            <numerusform>%L1 messages</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>Recording</name>
     <message numerus="yes">
         <source>The recording has used up its budget of %n MiB: from now on its oldest messages are deleted.</source>
         <translation>
             <numerusform>The recording has used up its budget of %n MiB: from now on its oldest messages are deleted.</numerusform>
             <numerusform>The recording has used up its budget of %n MiB: from now on its oldest messages are deleted.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecordingKeeper</name>
+    <message numerus="yes">
+        <source>It has %L1 messages. Discarded, they are gone for good.</source>
+        <translation>
+            <numerusform>It has %L1 message. Discarded, it is gone for good.</numerusform>
+            <numerusform>It has %L1 messages. Discarded, they are gone for good.</numerusform>
         </translation>
     </message>
 </context>

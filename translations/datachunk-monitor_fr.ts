@@ -1341,12 +1341,15 @@
         <translation>Récupéré %1</translation>
     </message>
     <message>
-        <source>%1 messages were recovered.</source>
-        <translation>%1 messages ont été récupérés.</translation>
-    </message>
-    <message>
         <source>What could not be read stays where it is.</source>
         <translation>Ce qui n’a pas pu être lu reste où il est.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 messages were recovered.</source>
+        <translation>
+            <numerusform>%L1 message a été récupéré.</numerusform>
+            <numerusform>%L1 messages ont été récupérés.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1371,9 +1374,12 @@
         <source>Per s</source>
         <translation>Par s</translation>
     </message>
-    <message>
-        <source>%1 frames were no messages and are not recorded.</source>
-        <translation>%1 trames n’étaient pas des messages et ne sont pas enregistrées.</translation>
+    <message numerus="yes">
+        <source>%L1 frames were no messages and are not recorded.</source>
+        <translation>
+            <numerusform>%L1 trame n’était pas un message et n’est pas enregistrée.</numerusform>
+            <numerusform>%L1 trames n’étaient pas des messages et ne sont pas enregistrées.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1861,14 +1867,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>Aucun message</translation>
     </message>
     <message>
-        <source>%1 messages, following the end</source>
-        <translation>%1 messages, suit la fin</translation>
-    </message>
-    <message>
-        <source>%1 messages</source>
-        <translation>%1 messages</translation>
-    </message>
-    <message>
         <source>%1 of %2</source>
         <translation>%1 sur %2</translation>
     </message>
@@ -1879,6 +1877,20 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>%1 selected</source>
         <translation>%1 sélectionnés</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 messages, following the end</source>
+        <translation>
+            <numerusform>%L1 message, suit la fin</numerusform>
+            <numerusform>%L1 messages, suit la fin</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 messages</source>
+        <translation>
+            <numerusform>%L1 message</numerusform>
+            <numerusform>%L1 messages</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1927,10 +1939,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Recording</source>
         <translation>Enregistrement</translation>
-    </message>
-    <message>
-        <source>It has %1 messages. Discarded, they are gone for good.</source>
-        <translation>Il a %1 messages. Abandonnés, ils sont définitivement perdus.</translation>
     </message>
     <message>
         <source>&amp;Save…</source>
@@ -1999,6 +2007,13 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Save this one when that is done; it goes on meanwhile.</source>
         <translation>Sauvegardez celui-ci quand ce sera fait&#xa0;; il continue entre-temps.</translation>
+    </message>
+    <message numerus="yes">
+        <source>It has %L1 messages. Discarded, they are gone for good.</source>
+        <translation>
+            <numerusform>Il a %L1 message. Abandonné, il est définitivement perdu.</numerusform>
+            <numerusform>Il a %L1 messages. Abandonnés, ils sont définitivement perdus.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
