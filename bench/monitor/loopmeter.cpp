@@ -1,37 +1,38 @@
 #include "loopmeter.h"
 
-#include <QAbstractEventDispatcher>
-
 #include <algorithm>
+#include <chrono>
 
-LoopMeter::LoopMeter() : histogram(steps)
+LoopMeter::LoopMeter() : histogram(steps), thread([this] { post(); }) { }
+
+LoopMeter::~LoopMeter()
 {
-    const QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
-    connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] {
-        // Woken up again without having waited, it is in the next turn.
-        if (isAwake)
-            add(turn.nsecsElapsed());
-        isAwake = true;
-        turn.start();
-    });
-    connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] {
-        if (isAwake)
-            add(turn.nsecsElapsed());
-        isAwake = false;
-    });
+    stopping = true;
+    thread.join();
 }
 
-void LoopMeter::restart()
+void LoopMeter::post()
 {
-    std::fill(histogram.begin(), histogram.end(), 0);
-    count = 0;
-    most = 0;
+    while (!stopping) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(3));
+        if (isWaiting.exchange(true))
+            continue;
+        QElapsedTimer since;
+        since.start();
+        QMetaObject::invokeMethod(
+            this,
+            [this, since] {
+                add(since.nsecsElapsed());
+                isWaiting = false;
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 void LoopMeter::add(qint64 nanoseconds)
 {
     ++histogram[std::size_t(std::min<qint64>(nanoseconds / nanosecondsPerStep, steps - 1))];
-    ++count;
+    ++events;
     most = std::max(most, nanoseconds);
 }
 
@@ -41,12 +42,12 @@ double LoopMeter::percentBelow(int milliseconds) const
     quint64 below = 0;
     for (qint64 step = 0; step < std::min<qint64>(end, steps); ++step)
         below += histogram[std::size_t(step)];
-    return count == 0 ? 100 : 100.0 * double(below) / double(count);
+    return events == 0 ? 100 : 100.0 * double(below) / double(events);
 }
 
 double LoopMeter::quantile(double percent) const
 {
-    const auto wanted = quint64(double(count) * percent / 100);
+    const auto wanted = quint64(double(events) * percent / 100);
     quint64 passed = 0;
     qint64 step = 0;
     while (step < steps - 1 && passed + histogram[std::size_t(step)] < wanted)

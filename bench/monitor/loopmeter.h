@@ -3,23 +3,24 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+#include <atomic>
+#include <thread>
 #include <vector>
 
-/// Takes the time of each turn of this thread's event loop, from where it wakes up to where it
-/// waits again, which is how long a key or the mouse may have to wait.
+/// Takes how long an event has to wait until this thread's event loop comes to it, as a key or the
+/// mouse has to: once in some milliseconds another thread posts one.
 class LoopMeter : public QObject
 {
     Q_OBJECT
 public:
     LoopMeter();
+    ~LoopMeter() override;
 
-    /// Forgets all turns so far.
-    void restart();
-
-    quint64 turns() const { return count; }
-    /// How many of 100 turns took less than so many milliseconds.
+    /// Events so far.
+    quint64 count() const { return events; }
+    /// How many of 100 waited less than so many milliseconds.
     double percentBelow(int milliseconds) const;
-    /// The shortest time in milliseconds that so many of 100 turns do not exceed.
+    /// The shortest time in milliseconds that so many of 100 did not exceed.
     double quantile(double percent) const;
     /// In milliseconds.
     double longest() const { return double(most) / nanosecondsPerMillisecond; }
@@ -29,11 +30,13 @@ private:
     static constexpr qint64 nanosecondsPerStep = 10000;
     static constexpr int steps = 100000; // up to a second; longer ones count in the last
 
+    void post();
     void add(qint64 nanoseconds);
 
-    QElapsedTimer turn;
-    bool isAwake = false;
+    std::atomic<bool> stopping{false};
+    std::atomic<bool> isWaiting{false}; // an event has been posted
     std::vector<quint64> histogram;
-    quint64 count = 0;
+    quint64 events = 0;
     qint64 most = 0;
+    std::thread thread;
 };

@@ -3,15 +3,15 @@
 //     datachunk-bench-monitor open PATH
 // Needs a display.
 
-#include "busdesk.h"
 #include "buschoice.h"
+#include "busdesk.h"
 #include "buslines.h"
 #include "loopmeter.h"
 #include "mainwindow.h"
 #include "recording.h"
 #include "tracetab.h"
-#include "traceview.h"
 #include "tracetablemodel.h"
+#include "traceview.h"
 
 #include <QApplication>
 #include <QFile>
@@ -54,7 +54,7 @@ void waitFor(int milliseconds)
 
 void tell(const LoopMeter &meter)
 {
-    out() << "turns " << meter.turns() << ", below 16 ms " << meter.percentBelow(16)
+    out() << "events " << meter.count() << ", waited less than 16 ms " << meter.percentBelow(16)
           << " %, median " << meter.quantile(50) << " ms, 99 % " << meter.quantile(99)
           << " ms, longest " << meter.longest() << " ms\n";
     out().flush();
@@ -98,7 +98,9 @@ int open(MainWindow &window, const QString &path)
     time.start();
     window.open({path});
     auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("traces"));
-    const auto model = [tabs] { return static_cast<TraceTab *>(tabs->currentWidget())->view()->model(); };
+    const auto model = [tabs] {
+        return static_cast<TraceTab *>(tabs->currentWidget())->view()->model();
+    };
     while (tabs->count() < 2 || model()->total() == 0)
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QApplication::processEvents();
