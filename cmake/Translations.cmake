@@ -3,8 +3,11 @@
 function(datachunk_translations target name)
   set(qrc ${CMAKE_CURRENT_BINARY_DIR}/${name}_texts.qrc)
   set(files "")
-  foreach(language de fr)
+  foreach(language de en fr)
     set(catalogue ${PROJECT_SOURCE_DIR}/translations/${name}_${language}.ts)
+    if(NOT EXISTS ${catalogue})
+      continue()
+    endif()
     set(texts ${CMAKE_CURRENT_BINARY_DIR}/${name}_${language}.qm)
     add_custom_command(OUTPUT ${texts} DEPENDS ${catalogue} VERBATIM
                        COMMAND Qt${DATACHUNK_QT}::lrelease -silent ${catalogue} -qm ${texts})

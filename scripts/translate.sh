@@ -5,6 +5,12 @@
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/setup.sh"
 
+# find_texts SOURCES [OPTION] CATALOGUE...
+find_texts() {
+    # Places in the sources would change with every line that is added there.
+    QT_SELECT=5 lupdate -silent -no-obsolete -locations none "$1" -ts "${@:2}"
+}
+
 # update FOLDER: the same for the catalogues in that folder.
 update() {
     local catalogue sources
@@ -14,10 +20,10 @@ update() {
         datachunk-monitor) sources="$project/tools/monitor" ;;
         *) sources="$project/src" ;;
         esac
-        # Places in the sources would change with every line that is added there.
-        QT_SELECT=5 lupdate -silent -no-obsolete -locations none "$sources" \
-            -ts "$1/$catalogue"_*.ts
+        find_texts "$sources" "$1/$catalogue"_{de,fr}.ts
     done
+    # English texts stand in the sources; their forms for one and for many do not.
+    find_texts "$project/tools/monitor" -pluralonly "$1/datachunk-monitor_en.ts"
 }
 
 install_packages

@@ -229,6 +229,38 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
         <source>It unpacks to more than 1000 times its size.</source>
         <translation>Sie wird entpackt mehr als 1000-mal so groß.</translation>
     </message>
+    <message>
+        <source>The chunk %1 is still being written. Notes and bookmarks on its messages can be changed when it is complete.</source>
+        <translation>Der Chunk %1 wird noch geschrieben. Notizen und Lesezeichen an seinen Nachrichten können geändert werden, wenn er vollständig ist.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 was created with a newer version of this tool, which has to change it.</source>
+        <translation>Der Chunk %1 wurde mit einer neueren Version dieses Programms erstellt, die ihn ändern muss.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 is damaged. It has to be repaired before notes and bookmarks on its messages can be changed.</source>
+        <translation>Der Chunk %1 ist beschädigt. Er muss repariert werden, bevor Notizen und Lesezeichen an seinen Nachrichten geändert werden können.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 is of an old version, which has no bookmarks. Export it as a new chunk first.</source>
+        <translation>Der Chunk %1 ist von einer alten Version, die keine Lesezeichen hat. Exportieren Sie ihn zuerst als neuen Chunk.</translation>
+    </message>
+    <message>
+        <source>The recording has ended, and what was not saved of it is gone.</source>
+        <translation>Die Aufzeichnung ist beendet, und was davon nicht gespeichert wurde, ist weg.</translation>
+    </message>
+    <message>
+        <source>This recording keeps no bookmarks on messages in memory. Write a note instead.</source>
+        <translation>Diese Aufzeichnung behält keine Lesezeichen an Nachrichten im Speicher. Schreiben Sie stattdessen eine Notiz.</translation>
+    </message>
+    <message>
+        <source>The disk takes its time with the message. Try it again later.</source>
+        <translation>Der Datenträger braucht für die Nachricht noch Zeit. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>What is in the archive %1 stays as it is. Unpack the archive and open its chunks to change notes and bookmarks.</source>
+        <translation>Was in dem Archiv %1 ist, bleibt, wie es ist. Entpacken Sie das Archiv und öffnen Sie seine Chunks, um Notizen und Lesezeichen zu ändern.</translation>
+    </message>
 </context>
 <context>
     <name>GenericFileImporter</name>
@@ -761,6 +793,14 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
     <message>
         <source>There is no chunk file %1.</source>
         <translation>Es gibt keine Chunk-Datei %1.</translation>
+    </message>
+    <message>
+        <source>The message is no longer there.</source>
+        <translation>Die Nachricht ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The trace is another one by now, and the message not in its place.</source>
+        <translation>Der Trace ist inzwischen ein anderer, und die Nachricht nicht mehr an ihrem Platz.</translation>
     </message>
 </context>
 </TS>

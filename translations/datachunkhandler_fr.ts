@@ -229,6 +229,38 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
         <source>It unpacks to more than 1000 times its size.</source>
         <translation>Il devient plus de 1000 fois plus grand une fois décompressé.</translation>
     </message>
+    <message>
+        <source>The chunk %1 is still being written. Notes and bookmarks on its messages can be changed when it is complete.</source>
+        <translation>Le chunk %1 est encore en cours d’écriture. Les notes et signets sur ses messages pourront être modifiés quand il sera complet.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 was created with a newer version of this tool, which has to change it.</source>
+        <translation>Le chunk %1 a été créé avec une version plus récente de cet outil, qui seule peut le modifier.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 is damaged. It has to be repaired before notes and bookmarks on its messages can be changed.</source>
+        <translation>Le chunk %1 est endommagé. Il doit être réparé avant que les notes et signets sur ses messages puissent être modifiés.</translation>
+    </message>
+    <message>
+        <source>The chunk %1 is of an old version, which has no bookmarks. Export it as a new chunk first.</source>
+        <translation>Le chunk %1 est d’une ancienne version, qui n’a pas de signets. Exportez-le d’abord comme nouveau chunk.</translation>
+    </message>
+    <message>
+        <source>The recording has ended, and what was not saved of it is gone.</source>
+        <translation>L’enregistrement est terminé, et ce qui n’en a pas été sauvegardé est perdu.</translation>
+    </message>
+    <message>
+        <source>This recording keeps no bookmarks on messages in memory. Write a note instead.</source>
+        <translation>Cet enregistrement ne garde pas de signets sur les messages en mémoire. Écrivez une note à la place.</translation>
+    </message>
+    <message>
+        <source>The disk takes its time with the message. Try it again later.</source>
+        <translation>Le disque prend son temps pour le message. Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>What is in the archive %1 stays as it is. Unpack the archive and open its chunks to change notes and bookmarks.</source>
+        <translation>Ce qui est dans l’archive %1 reste tel quel. Extrayez l’archive et ouvrez ses chunks pour modifier les notes et signets.</translation>
+    </message>
 </context>
 <context>
     <name>GenericFileImporter</name>
@@ -761,6 +793,14 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
     <message>
         <source>There is no chunk file %1.</source>
         <translation>Il n’y a pas de fichier chunk %1.</translation>
+    </message>
+    <message>
+        <source>The message is no longer there.</source>
+        <translation>Le message n’existe plus.</translation>
+    </message>
+    <message>
+        <source>The trace is another one by now, and the message not in its place.</source>
+        <translation>La trace est devenue une autre entre-temps, et le message n’est plus à sa place.</translation>
     </message>
 </context>
 </TS>

@@ -24,11 +24,10 @@ namespace {
 // What a text and its translation must have in common.
 QString frameOf(const QString &text)
 {
+    static const QRegularExpression place(QStringLiteral("%(?:L?\\d|[np])|&(?=\\S)"));
     QStringList places;
-    for (int i = 0; i + 1 < text.size(); ++i) {
-        if (text.at(i) == QLatin1Char('%') && text.at(i + 1).isDigit())
-            places.append(text.mid(i, 2));
-    }
+    for (auto found = place.globalMatch(text); found.hasNext();)
+        places.append(found.next().captured());
     places.sort();
     places.removeDuplicates();
     const QString start = text.startsWith(QLatin1Char('\n')) ? QStringLiteral("\\n") : QString();
@@ -61,7 +60,7 @@ void TestTranslations::placeholdersAreKept_data()
     QTest::addColumn<QString>("path");
     const QDir folder(QStringLiteral(TRANSLATIONS));
     const QStringList names = folder.entryList({QStringLiteral("*.ts")});
-    QCOMPARE(names.size(), 4);
+    QCOMPARE(names.size(), 7);
     for (const QString &name : names)
         QTest::newRow(qPrintable(name)) << folder.filePath(name);
 }
@@ -73,21 +72,26 @@ void TestTranslations::placeholdersAreKept()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QXmlStreamReader xml(&file);
     QString source;
+    QString element;
     int texts = 0;
     while (!xml.atEnd()) {
         xml.readNext();
         if (!xml.isStartElement())
             continue;
+        if (xml.name() == QLatin1String("message"))
+            element = xml.attributes().hasAttribute(QLatin1String("numerus"))
+                ? QStringLiteral("numerusform")
+                : QStringLiteral("translation");
         if (xml.name() == QLatin1String("source"))
             source = xml.readElementText();
-        if (xml.name() != QLatin1String("translation"))
+        if (xml.name() != element)
             continue;
         const QString text = xml.readElementText();
         QVERIFY2(!text.isEmpty(), qPrintable(source));
         QCOMPARE(frameOf(text), frameOf(source));
         ++texts;
     }
-    QVERIFY(!xml.hasError() && texts > 100);
+    QVERIFY(!xml.hasError() && texts > 10);
 }
 
 void TestTranslations::theLanguageIsInstalled_data()

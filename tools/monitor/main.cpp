@@ -40,6 +40,7 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     if (isForTerminal(argc, argv)) {
         const QCoreApplication application(argc, argv);
+        Appearance::installLanguage();
         describe(parser);
         parser.process(application);
         return 0;

@@ -8,6 +8,8 @@
 
 namespace {
 
+const QString resources = QStringLiteral(":/datachunk/texts");
+
 QString folderOfQt()
 {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -40,12 +42,15 @@ bool isUntranslated()
 
 void installTranslations(const QString &program, const QLocale &locale)
 {
-    if (!DatachunkTranslations::install(locale))
+    if (!DatachunkTranslations::install(locale)) {
+        // The texts of the sources, with the forms for one and for many.
+        install(program + QLatin1String("_en"), resources);
         return;
+    }
     // The library has the same languages, and has asked whether English is liked better.
     const QStringList languages = locale.uiLanguages();
     for (const QString &language : languages) {
-        if (!install(program + QLatin1Char('_') + language, QStringLiteral(":/datachunk/texts")))
+        if (!install(program + QLatin1Char('_') + language, resources))
             continue;
         install(QLatin1String("qtbase_") + language, folderOfQt());
         return;

@@ -2,6 +2,7 @@
 
 #include "chunkmove.h"
 #include "chunkrecovery.h"
+#include "pluralform.h"
 #include "recordingsettings.h"
 
 #include <QDir>
@@ -140,7 +141,8 @@ void LeftRecordings::recover()
 void LeftRecordings::tellRecovered(const QStringList &paths, qint64 messages,
                                    const QStringList &problems)
 {
-    const QString count = tr("%1 messages were recovered.").arg(QLocale().toString(messages));
+    const QString count =
+        tr("%L1 messages were recovered.", nullptr, pluralForm(quint64(messages))).arg(messages);
     if (problems.isEmpty())
         emit notice({Notice::Information, count, {}});
     else

@@ -1,6 +1,7 @@
 #include "linemodel.h"
 
 #include "buslines.h"
+#include "pluralform.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -98,8 +99,9 @@ QString LineModel::tipOf(int row) const
     if (!line->errorText().isEmpty())
         texts.append(line->errorText());
     if (line->unreadable() > 0)
-        texts.append(tr("%1 frames were no messages and are not recorded.")
-                         .arg(QLocale().toString(line->unreadable())));
+        texts.append(tr("%L1 frames were no messages and are not recorded.", nullptr,
+                        pluralForm(line->unreadable()))
+                         .arg(line->unreadable()));
     return texts.join(QLatin1Char('\n'));
 }
 

@@ -1,12 +1,12 @@
 #include "recordingkeeper.h"
 
 #include "messagesink.h"
+#include "pluralform.h"
 #include "recording.h"
 #include "savedialog.h"
 #include "settingsdialog.h"
 
 #include <QDateTime>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -106,8 +106,9 @@ QMessageBox *RecordingKeeper::ask(const QString &text, quint64 messages)
                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
     question->setObjectName(QStringLiteral("keepQuestion"));
     question->setAttribute(Qt::WA_DeleteOnClose);
-    question->setInformativeText(tr("It has %1 messages. Discarded, they are gone for good.")
-                                     .arg(QLocale().toString(messages)));
+    question->setInformativeText(
+        tr("It has %L1 messages. Discarded, they are gone for good.", nullptr, pluralForm(messages))
+            .arg(messages));
     question->button(QMessageBox::Save)->setText(tr("&Save…"));
     question->button(QMessageBox::Discard)->setText(tr("&Discard it"));
     question->setDefaultButton(QMessageBox::Save);

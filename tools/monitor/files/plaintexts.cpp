@@ -1,12 +1,11 @@
 #include "plaintexts.h"
 
+#include "pluralform.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-
-#include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -19,9 +18,7 @@ struct Files
 
 QString messagesText(quint64 count)
 {
-    const auto forms = int(std::min<quint64>(count, std::numeric_limits<int>::max()));
-    // The number of %n has no separators, and it ends at 2^31.
-    return Files::tr("%L1 messages", nullptr, forms).arg(count);
+    return Files::tr("%L1 messages", nullptr, pluralForm(count)).arg(count);
 }
 
 QString durationText(qint64 milliseconds)

@@ -2,6 +2,7 @@
 
 #include "overviewpainter.h"
 #include "overviewreader.h"
+#include "pluralform.h"
 #include "showntrace.h"
 #include "timeaxis.h"
 
@@ -242,7 +243,7 @@ QString OverviewStrip::toolTipAt(int x) const
                      .arg(QLocale().toString(rate, 'f', rate < 10 ? 1 : 0));
     }
     if (const quint64 errors = shown.rate.errors.at(interval))
-        lines += tr("%n error frame(s)", nullptr, int(std::min<quint64>(errors, INT_MAX)));
+        lines += tr("%n error frame(s)", nullptr, pluralForm(errors));
     constexpr double near = 4;
     constexpr int most = 8;
     for (const OverviewMark &mark : shown.marks) {

@@ -1,5 +1,6 @@
 #include "jumpline.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -13,6 +14,8 @@ JumpLine::JumpLine(QWidget *table)
     setObjectName(QStringLiteral("jump"));
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
+    // That of the table is for columns, and too wide for a sentence.
+    setFont(QApplication::font());
     field->setObjectName(QStringLiteral("jumpField"));
     below->setObjectName(QStringLiteral("jumpError"));
     title->setBuddy(field);

@@ -1,6 +1,7 @@
 #include "placeline.h"
 
 #include "messagemodel.h"
+#include "pluralform.h"
 #include "tracetable.h"
 
 #include <QAction>
@@ -61,13 +62,14 @@ QString PlaceLine::place() const
 {
     const QLocale locale;
     const QString total = locale.toString(model->total());
+    const int form = pluralForm(model->total());
     const int current = table->currentPosition() ? model->rowOf(*table->currentPosition()) : -1;
     if (model->total() == 0)
         return model->filter() ? tr("No messages found") : tr("No messages");
     if (model->isFollowing())
-        return tr("%1 messages, following the end").arg(total);
+        return tr("%L1 messages, following the end", nullptr, form).arg(model->total());
     if (current < 0)
-        return tr("%1 messages").arg(total);
+        return tr("%L1 messages", nullptr, form).arg(model->total());
     return tr("%1 of %2").arg(locale.toString(model->origin() + quint64(current) + 1), total);
 }
 

@@ -81,13 +81,20 @@ void Appearance::setLanguage(const QString &language)
     QSettings().setValue(languageKey, language);
 }
 
+void Appearance::installLanguage()
+{
+    const QLocale wanted(language());
+    const bool isChosen = !language().isEmpty();
+    // Dates and numbers are written as in the country, unless that speaks another language.
+    if (isChosen && wanted.language() != QLocale::system().language())
+        QLocale::setDefault(wanted);
+    const QLocale ofSystem = isUntranslated() ? QLocale::c() : QLocale::system();
+    installTranslations(QStringLiteral("datachunk-monitor"), isChosen ? wanted : ofSystem);
+}
+
 void Appearance::install()
 {
-    const QString wanted = language();
-    if (!wanted.isEmpty())
-        installTranslations(QStringLiteral("datachunk-monitor"), QLocale(wanted));
-    else if (!isUntranslated())
-        installTranslations(QStringLiteral("datachunk-monitor"));
+    installLanguage();
     if (theme() != SystemTheme)
         show(theme());
 }

@@ -22,6 +22,8 @@ QString language();
 /// Keeps it for the next start.
 void setLanguage(const QString &language);
 
+/// Has texts come in the language. Needs the application object, and no display.
+void installLanguage();
 /// Has windows look and speak so. Needs the application object, and none of its windows.
 void install();
 

@@ -46,7 +46,7 @@ void MainWindow::buildMenus()
     addAll(file, files->actions());
     file->addSeparator();
     QAction *close =
-        file->addAction(tr("&Close tab"), this, [this] { closeTab(tabs->currentIndex()); });
+        file->addAction(tr("Close &tab"), this, [this] { closeTab(tabs->currentIndex()); });
     close->setShortcut(QKeySequence::Close);
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
@@ -77,7 +77,7 @@ void MainWindow::buildTraceMenus()
             tab->setByIdentifier(on);
     });
     QMenu *view = menuBar()->addMenu(tr("&View"));
-    auto *themes = new QMenu(tr("&Colours"), view);
+    auto *themes = new QMenu(tr("C&olours"), view);
     ChoiceMenus::addThemes(themes);
     auto *languages = new QMenu(tr("&Language"), view);
     ChoiceMenus::addLanguages(languages);
