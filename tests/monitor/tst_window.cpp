@@ -13,6 +13,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -200,8 +201,10 @@ void TestWindow::droppedFilesOpenInTabsThatClose()
     QCOMPARE(tabs->count(), 1);
     drop(window,
          {QUrl::fromLocalFile(QStringLiteral(TESTDATA "/../../examples/traces/engine_start.log"))});
+    tabs->setFocus();
     QTRY_COMPARE(tabs->count(), 2);
     QCOMPARE(tabs->currentIndex(), 1);
+    QVERIFY(!qobject_cast<QLineEdit *>(window.focusWidget()));
     emit tabs->tabCloseRequested(1);
     QCOMPARE(tabs->count(), 1);
     emit tabs->tabCloseRequested(0);

@@ -155,10 +155,10 @@ void TestWriting::dialogExportsWhatIsChosen()
         return static_cast<QLineEdit *>(nullptr);
     };
     if (!first.isEmpty()) {
-        fieldOf("First")->selectAll();
-        QTest::keyClicks(fieldOf("First"), first);
-        fieldOf("Last")->selectAll();
-        QTest::keyClicks(fieldOf("Last"), last);
+        fieldOf("first")->selectAll();
+        QTest::keyClicks(fieldOf("first"), first);
+        fieldOf("last")->selectAll();
+        QTest::keyClicks(fieldOf("last"), last);
     }
     auto *name = dialog->findChild<QLineEdit *>("file");
     name->selectAll();

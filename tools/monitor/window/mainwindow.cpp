@@ -205,6 +205,9 @@ void MainWindow::showCurrent()
 {
     TraceTab *tab = currentTab();
     ShownTrace *trace = tab ? tab->trace() : nullptr;
+    // Keys go to the messages, and not into the filter, which is the first to have them.
+    if (tab && !tab->isByIdentifier() && tab->isAncestorOf(focusWidget()))
+        tab->view()->setFocus();
     notes->setTrace(trace);
     statistics->setTrace(trace);
     files->setCurrent(trace, tab ? tab->view() : nullptr);

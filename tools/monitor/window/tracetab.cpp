@@ -31,8 +31,6 @@ TraceTab::TraceTab(ShownTrace *trace, QWidget *parent)
     layout->addWidget(bar);
     layout->addWidget(strip);
     layout->addWidget(pages, 1);
-    // Keys go to the messages, whenever the tab comes to the front, and not into the filter.
-    ownView->setFocus();
     connectParts();
 }
 
