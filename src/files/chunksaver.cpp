@@ -58,7 +58,7 @@ private:
     SharedSaveJob nextJob() EXCLUDES(mutex);
     bool giveUpOldestLocked(const SharedSaveJob &newest) REQUIRES(mutex);
     void giveUpAllLocked() REQUIRES(mutex);
-    void run(const SharedSaveJob &job);
+    void run(const SharedSaveJob &job, bool &isTried);
     void countUnwritten(const SaveJob &job);
     Outcome saveIntoFolder(const SaveJob &job);
     bool keepBudget(const SaveJob &job, bool isInFolder);
@@ -172,8 +172,10 @@ void ChunkSaver::State::work()
             report({*job, Outcome::notOpened(qt_error_string(ENOMEM))});
         };
         // Whoever waits for the job must not wait for ever, whether or not the report finds room.
-        if (!withinMemory([&] { run(job); })) {
-            countUnwritten(*job);
+        bool isTried = false;
+        if (!withinMemory([&] { run(job, isTried); })) {
+            if (!isTried)
+                countUnwritten(*job);
             withinMemory(reportLack);
         }
         job->markFinished();
@@ -183,7 +185,8 @@ void ChunkSaver::State::work()
         malloc_trim(0);
 }
 
-void ChunkSaver::State::run(const SharedSaveJob &job)
+// What comes behind the writing may lack memory as well.
+void ChunkSaver::State::run(const SharedSaveJob &job, bool &isTried)
 {
     const bool isInFolder = folder.holds(job->fileName);
     SaveReport ended(*job, isInFolder ? saveIntoFolder(*job) : save(*job));
@@ -191,6 +194,7 @@ void ChunkSaver::State::run(const SharedSaveJob &job)
     const bool wasTried = kind == Outcome::Done || kind == Outcome::NotOpened;
     if (wasTried && !(kind == Outcome::Done && ended.outcome.text.isEmpty()))
         countUnwritten(*job);
+    isTried = true;
     if (isRotation(*job) && isChunkName(job->fileName) && wasTried)
         ended.chunkRemoved = keepBudget(*job, isInFolder);
     report(ended);

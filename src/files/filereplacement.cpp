@@ -79,9 +79,17 @@ bool FileReplacement::create()
     // Who finds it in its place waits until what was there before is gone: both have the same
     // names.
     FileLock::tryLock(ownHandle);
-    // Nobody but the superuser gives files away.
-    static_cast<void>(fchown(ownHandle, status.st_uid, status.st_gid) == 0);
-    return fchmod(ownHandle, status.st_mode & rights) == 0;
+    return takeOverRights(status);
+}
+
+// Nobody but the superuser gives files away, but everybody may to a group of his own. What the
+// group may do is not for another one.
+bool FileReplacement::takeOverRights(const struct stat &status)
+{
+    constexpr mode_t ofGroup = 070;
+    const bool isOfGroup = fchown(ownHandle, status.st_uid, status.st_gid) == 0
+        || fchown(ownHandle, uid_t(-1), status.st_gid) == 0;
+    return fchmod(ownHandle, status.st_mode & (isOfGroup ? rights : rights & ~ofGroup)) == 0;
 }
 
 bool FileReplacement::write(const QByteArray &bytes)

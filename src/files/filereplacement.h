@@ -36,6 +36,7 @@ public:
     int handle() const { return ownHandle; }
 
 private:
+    bool takeOverRights(const struct stat &status);
     bool copyBlock(qint64 offset, qint64 &copied);
     Placing exchange();
     Placing moveAside();

@@ -7,6 +7,21 @@ namespace {
 
 constexpr int manyMessages = 250000; // more than the model's window has
 
+class LayoutCounter : public QObject
+{
+public:
+    explicit LayoutCounter(QWidget &window) { window.installEventFilter(this); }
+
+    int layouts = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        layouts += event->type() == QEvent::LayoutRequest ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
 } // namespace
 
 class TestTraceView : public QObject
@@ -17,6 +32,7 @@ private:
 
 private slots:
     void keysGoThroughAllMessages();
+    void movingLeavesTheLayout();
     void selectionCrossesTheWindow();
     void selectionStaysWithItsMessages();
     void barGoesThroughAllMessages();
@@ -60,6 +76,20 @@ void TestTraceView::keysGoThroughAllMessages()
     for (int i = 0; i < 100; ++i)
         at.press(Qt::Key_Down);
     QVERIFY(isAt(100100));
+}
+
+void TestTraceView::movingLeavesTheLayout()
+{
+    TraceWindow at;
+    QVERIFY(at.show(manyMessages));
+    at.press(Qt::Key_End);
+    QCoreApplication::processEvents();
+    const LayoutCounter counter(*at.view);
+    for (int i = 0; i < 3; ++i) {
+        at.press(Qt::Key_PageUp);
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(counter.layouts, 0);
 }
 
 void TestTraceView::selectionCrossesTheWindow()
