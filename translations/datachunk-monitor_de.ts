@@ -507,14 +507,6 @@
         <translation>E&amp;xportieren</translation>
     </message>
     <message>
-        <source>%1 First</source>
-        <translation>%1, Anfang</translation>
-    </message>
-    <message>
-        <source>%1 Last</source>
-        <translation>%1, Ende</translation>
-    </message>
-    <message>
         <source>to</source>
         <translation>bis</translation>
     </message>
@@ -581,6 +573,14 @@
     <message>
         <source>The range is not complete, or its end is in front of its beginning.</source>
         <translation>Der Bereich ist nicht vollständig, oder sein Ende liegt vor seinem Anfang.</translation>
+    </message>
+    <message>
+        <source>%1 first</source>
+        <translation>%1, Anfang</translation>
+    </message>
+    <message>
+        <source>%1 last</source>
+        <translation>%1, Ende</translation>
     </message>
 </context>
 <context>
@@ -967,6 +967,10 @@
     <message>
         <source>Does not keep CAN FD frames, bus lines, notes and bookmarks.</source>
         <translation>Behält keine CAN-FD-Frames, Kanäle, Notizen und Lesezeichen.</translation>
+    </message>
+    <message>
+        <source>Parquet (.parquet)</source>
+        <translation>Parquet (.parquet)</translation>
     </message>
 </context>
 <context>
@@ -2014,6 +2018,14 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
             <numerusform>Sie hat %L1 Nachricht. Verworfen ist sie endgültig weg.</numerusform>
             <numerusform>Sie hat %L1 Nachrichten. Verworfen sind sie endgültig weg.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The recording has no folder: none could be made in %1.</source>
+        <translation>Die Aufzeichnung hat keinen Ordner: In %1 konnte keiner angelegt werden.</translation>
+    </message>
+    <message>
+        <source>Only the last messages are kept, in memory. Make room there, or see to the permissions, and begin a new recording.</source>
+        <translation>Nur die letzten Nachrichten bleiben, im Speicher. Schaffen Sie dort Platz oder sorgen Sie für die Rechte, und beginnen Sie eine neue Aufzeichnung.</translation>
     </message>
 </context>
 <context>

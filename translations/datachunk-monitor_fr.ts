@@ -507,14 +507,6 @@
         <translation>E&amp;xporter</translation>
     </message>
     <message>
-        <source>%1 First</source>
-        <translation>%1, début</translation>
-    </message>
-    <message>
-        <source>%1 Last</source>
-        <translation>%1, fin</translation>
-    </message>
-    <message>
         <source>to</source>
         <translation>à</translation>
     </message>
@@ -581,6 +573,14 @@
     <message>
         <source>The range is not complete, or its end is in front of its beginning.</source>
         <translation>La plage n’est pas complète, ou sa fin est avant son début.</translation>
+    </message>
+    <message>
+        <source>%1 first</source>
+        <translation>%1, début</translation>
+    </message>
+    <message>
+        <source>%1 last</source>
+        <translation>%1, fin</translation>
     </message>
 </context>
 <context>
@@ -967,6 +967,10 @@
     <message>
         <source>Does not keep CAN FD frames, bus lines, notes and bookmarks.</source>
         <translation>Ne conserve pas les trames CAN FD, canaux, notes et signets.</translation>
+    </message>
+    <message>
+        <source>Parquet (.parquet)</source>
+        <translation>Parquet (.parquet)</translation>
     </message>
 </context>
 <context>
@@ -2014,6 +2018,14 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
             <numerusform>Il a %L1 message. Abandonné, il est définitivement perdu.</numerusform>
             <numerusform>Il a %L1 messages. Abandonnés, ils sont définitivement perdus.</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The recording has no folder: none could be made in %1.</source>
+        <translation>L’enregistrement n’a pas de dossier&#xa0;: aucun n’a pu être créé dans %1.</translation>
+    </message>
+    <message>
+        <source>Only the last messages are kept, in memory. Make room there, or see to the permissions, and begin a new recording.</source>
+        <translation>Seuls les derniers messages sont conservés, en mémoire. Faites-y de la place ou vérifiez les droits, et commencez un nouvel enregistrement.</translation>
     </message>
 </context>
 <context>

@@ -152,11 +152,12 @@ void LinesDock::updateActions()
 // The counts are brought up to date once more when nothing comes any longer.
 void LinesDock::updateTimer()
 {
-    updateCounts();
-    if (isVisible() && lines->isAnyActive())
-        timer.start(millisecondsBetweenUpdates);
-    else
+    const bool goesOn = isVisible() && lines->isAnyActive();
+    if (!goesOn)
         timer.stop();
+    updateCounts();
+    if (goesOn)
+        timer.start(millisecondsBetweenUpdates);
 }
 
 void LinesDock::updateCounts()
