@@ -54,8 +54,10 @@ def run(
     A worker that dies has its tasks run again by others, so a task may run twice and has to leave
     the same behind. A task that takes several workers with it fails.
     """
-    for module in {__name__, task.__module__} - {"__main__"}:
-        _send(client, str(sys.modules[module].__file__))
+    # This file first: that of the task imports it.
+    for module in dict.fromkeys([__name__, task.__module__]):
+        if module != "__main__":
+            _send(client, str(sys.modules[module].__file__))
     waiting = {
         _submit(client, task, name, path, options): _Try(name, path) for name, path in traces.items()
     }
