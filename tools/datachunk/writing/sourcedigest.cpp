@@ -42,15 +42,17 @@ QByteArray SourceDigest::digestOf(const QString &fileName) const
     if (!QFileInfo(fileName).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return {};
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    QByteArray block(int(blockSize), Qt::Uninitialized);
-    for (qint64 size = 1; size > 0;) {
+    QByteArray block;
+    do {
         if (isGivenUp || StopSignals::received())
             return {};
-        size = file.read(block.data(), blockSize);
+        block.resize(int(blockSize));
+        const qint64 size = file.read(block.data(), blockSize);
         if (size < 0)
             return {};
-        hash.addData(block.constData(), int(size));
-    }
+        block.truncate(int(size));
+        hash.addData(block);
+    } while (!block.isEmpty());
     return hash.result().toHex();
 }
 

@@ -71,10 +71,11 @@ QAction *BusDesk::addAction(const QString &text, const QKeySequence &key, const 
 
 void BusDesk::makeActions()
 {
-    connectAction = addAction(tr("&Connect…"), Qt::CTRL | Qt::Key_K, QStringLiteral("connect"));
+    connectAction = addAction(tr("&Connect…"), QKeySequence(QStringLiteral("Ctrl+K")),
+                              QStringLiteral("connect"));
     tryAction = addAction(tr("&Try it without hardware"), {}, QStringLiteral("try"));
     tryAction->setToolTip(tr("Connects a generator of traffic."));
-    stopAction = addAction(tr("&Stop all lines"), Qt::CTRL | Qt::SHIFT | Qt::Key_K,
+    stopAction = addAction(tr("&Stop all lines"), QKeySequence(QStringLiteral("Ctrl+Shift+K")),
                            QStringLiteral("stopAll"));
     stopAction->setEnabled(false);
     ownActions.append(nullptr);

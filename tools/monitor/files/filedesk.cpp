@@ -75,7 +75,7 @@ void FileDesk::buildOpening()
     })->setShortcut(QKeySequence::Open);
     add(tr("Open &folder…"), QStringLiteral("openFolder"), [this] {
         askForFolder();
-    })->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_O);
+    })->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+O")));
     QAction *last = add(tr("Open &recent"), QStringLiteral("openRecent"), [] {});
     last->setMenu(recent->menu());
 }
@@ -98,7 +98,7 @@ void FileDesk::buildWriting()
             writing->askForExport(*current, *view);
     });
     // Ctrl+E alone goes to the end of the text where the filter has the keys.
-    exportIt->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_E);
+    exportIt->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+E")));
     QAction *pack = add(tr("&Pack into an archive…"), QStringLiteral("pack"), [this] {
         if (current)
             writing->askForPacking(*current);

@@ -35,7 +35,7 @@ ImportedTrace::~ImportedTrace()
     ownJob.reset();
     store->disconnect(this);
     if (desk)
-        new StoreRemoval(std::move(bookmarks), std::move(store), desk);
+        StoreRemoval::begin(std::move(bookmarks), std::move(store), desk);
 }
 
 // On the job's thread.

@@ -33,7 +33,7 @@ SourceDialog::SourceDialog(const QString &fileName, QWidget *parent)
     connect(view, &SourceView::currentLineChanged, this,
             [this](quint64 number) { line->setText(QString::number(number)); });
     auto *jump = new QAction(this);
-    jump->setShortcut(Qt::CTRL | Qt::Key_G);
+    jump->setShortcut(QKeySequence(QStringLiteral("Ctrl+G")));
     connect(jump, &QAction::triggered, line, [this] {
         line->setFocus();
         line->selectAll();
@@ -57,10 +57,9 @@ void SourceDialog::showLine(quint64 number)
 
 bool SourceDialog::canShow(const QString &fileName)
 {
-    constexpr const char *beginnings[] = {"\x1F\x8B", "BZh",
-                                          "\xFD"
-                                          "7zXZ",
-                                          "\x28\xB5\x2F\xFD", "PK\3\4"};
+    // Octal, which ends with its third digit.
+    constexpr const char *beginnings[] = {"\x1F\x8B", "BZh", "\3757zXZ", "\x28\xB5\x2F\xFD",
+                                          "PK\3\4"};
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return false;

@@ -17,6 +17,12 @@ void removeFiles(const QString &folder)
 
 } // namespace
 
+void StoreRemoval::begin(std::unique_ptr<BookmarkHandler> bookmarks,
+                         std::unique_ptr<DatachunkHandler> store, QObject *parent)
+{
+    new StoreRemoval(std::move(bookmarks), std::move(store), parent);
+}
+
 // The store itself belongs to this thread; it only removes what it still finds.
 StoreRemoval::StoreRemoval(std::unique_ptr<BookmarkHandler> bookmarks,
                            std::unique_ptr<DatachunkHandler> removed, QObject *parent)

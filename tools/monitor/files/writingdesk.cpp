@@ -169,8 +169,7 @@ BackgroundJob *WritingDesk::pack(const TraceTimeline &timeline, const QStringLis
                                  const QString &archive)
 {
     return run(
-        tr("Packing %1").arg(shortName(archive)),
-        [this, timeline, paths, archive](JobControl &control) {
+        tr("Packing %1").arg(shortName(archive)), [timeline, paths, archive](JobControl &control) {
             const ArchiveResult result = packTrace(timeline, paths, archive, control);
             const QString name = shortName(archive);
             if (result.isCancelled)

@@ -70,7 +70,7 @@ void MainWindow::buildTraceMenus()
         }
     });
     byIdentifier->setCheckable(true);
-    byIdentifier->setShortcut(Qt::CTRL | Qt::Key_I);
+    byIdentifier->setShortcut(QKeySequence(QStringLiteral("Ctrl+I")));
     addAction(byIdentifier);
     connect(byIdentifier, &QAction::toggled, this, [this](bool on) {
         if (TraceTab *tab = currentTab())
