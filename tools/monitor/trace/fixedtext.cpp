@@ -6,6 +6,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -50,6 +51,7 @@ bool FixedText::draw(QPainter &painter, const QRect &place, Qt::Alignment alignm
     run.setRawData(indexes.constData(), positions.constData(), text.size());
     const double left =
         alignment & Qt::AlignRight ? place.left() + place.width() - needed : place.left();
-    painter.drawGlyphRun({left, double(place.top() + (place.height() - height) / 2 + ascent)}, run);
+    const double top = place.top() + (place.height() - height) / 2.0;
+    painter.drawGlyphRun({left, std::floor(top) + ascent}, run);
     return true;
 }
