@@ -118,6 +118,7 @@ MessageBar::MessageBar(QWidget *parent) : QWidget(parent), layout(new QVBoxLayou
 void MessageBar::add(const Notice &notice)
 {
     std::vector<NoticeLine *> lines;
+    lines.reserve(std::size_t(layout->count()));
     for (int i = 0; i < layout->count(); ++i)
         lines.push_back(static_cast<NoticeLine *>(layout->itemAt(i)->widget()));
     const auto same = std::find_if(lines.begin(), lines.end(), [&notice](const NoticeLine *line) {
