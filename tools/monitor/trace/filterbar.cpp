@@ -130,6 +130,13 @@ void FilterBar::connectParts()
     });
 }
 
+// The field loses the focus while it goes, which is told when this is no bar any more.
+FilterBar::~FilterBar()
+{
+    qApp->disconnect(this);
+    field->disconnect(this);
+}
+
 QList<QAction *> FilterBar::actions() const
 {
     return {focusAction, nextAction, previousAction, findOnlyAction, saved->menuAction()};

@@ -21,6 +21,7 @@ class FilterBar : public QWidget
 public:
     /// \a model is what the filter is for: its progress is shown, and its find used.
     explicit FilterBar(TraceTableModel *model, QWidget *parent = nullptr);
+    ~FilterBar() override;
 
     /// Find next and previous, the field itself, saved filters; they belong to the bar.
     QList<QAction *> actions() const;
