@@ -116,9 +116,10 @@ void TestSession::recordsFiltersJumpsNotesAndExports()
     MainWindow window;
     showIt(window);
     connectTo(window, virtualCan());
+    // The first to connect has the server of the virtual bus, on its thread.
+    QTRY_COMPARE(window.findChild<BusDesk *>()->lines()->at(0)->state(), BusLine::Running);
     const auto node = otherNode();
     QTRY_COMPARE(node->state(), QCanBusDevice::ConnectedState);
-    QTRY_COMPARE(window.findChild<BusDesk *>()->lines()->at(0)->state(), BusLine::Running);
     for (quint64 i = 0; i < frames; ++i)
         node->writeFrame(QCanBusFrame(0x100 + i % 4, QByteArray::number(int(i))));
     QTRY_COMPARE_WITH_TIMEOUT(messagesOf(window), frames, 60000);
