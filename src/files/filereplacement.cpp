@@ -23,19 +23,6 @@ QByteArray hiddenBeside(const QString &fileName, const char *ending)
     return QFile::encodeName(file.path() + QLatin1String("/.") + file.fileName()) + ending;
 }
 
-bool writeAll(int handle, const char *bytes, qint64 size)
-{
-    for (qint64 done = 0; done < size;) {
-        const auto written = ::write(handle, bytes + done, std::size_t(size - done));
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        done += written;
-    }
-    return true;
-}
-
 // The name of a file is on the disk once its folder is.
 void syncFolder(const QByteArray &path)
 {

@@ -28,20 +28,6 @@ int openFile(const QByteArray &name, int flags)
     return uninterrupted([&] { return open(name.constData(), flags | asDirectory, onlyOwner); });
 }
 
-bool writeAll(int handle, const QByteArray &bytes)
-{
-    for (qint64 done = 0; done < bytes.size();) {
-        const auto written =
-            write(handle, bytes.constData() + done, std::size_t(bytes.size() - done));
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        done += written;
-    }
-    return true;
-}
-
 QByteArray readHead(int handle)
 {
     QByteArray bytes(DirectoryFormat::headSize, Qt::Uninitialized);
@@ -141,7 +127,7 @@ bool Locked::isInPlace() const
 // What could not be written whole goes again.
 bool Locked::append(const QByteArray &bytes, qint64 size) const
 {
-    if (writeAll(handle, bytes))
+    if (writeAll(handle, bytes.constData(), bytes.size()))
         return true;
     static_cast<void>(ftruncate(handle, size) == 0);
     return false;
@@ -208,7 +194,7 @@ bool Locked::replace(const std::vector<DirectoryEntry> &entries) const
     const int file = openFile(next, O_WRONLY | O_CREAT | O_EXCL);
     if (file < 0)
         return false;
-    const bool isWritten = writeAll(file, bytes);
+    const bool isWritten = writeAll(file, bytes.constData(), bytes.size());
     if (close(file) == 0 && isWritten && rename(next.constData(), name.constData()) == 0)
         return true;
     unlink(next.constData());
