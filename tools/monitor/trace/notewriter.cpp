@@ -1,20 +1,22 @@
 #include "notewriter.h"
 
 NoteWriter::NoteWriter(const TraceTimeline &timeline, QObject *parent)
-    : QObject(parent), timeline(timeline)
+    : QObject(parent), timeline(timeline),
+      worker(std::make_unique<TurningThread>([this](const TurningThread::KeepGoing &) {
+          writeAll();
+          return -1;
+      }))
 {
     qRegisterMetaType<Change>("NoteWriter::Change");
 }
 
 NoteWriter::~NoteWriter()
 {
-    {
-        const std::lock_guard<std::mutex> locker(mutex);
-        isStopping = true;
-    }
-    wake.notify_one();
-    if (thread.joinable())
-        thread.join();
+    worker.reset();
+    // What it has not come to, also where the system refused a thread. Whoever owns this is about
+    // to go as well, and is told nothing more.
+    blockSignals(true);
+    writeAll();
 }
 
 void NoteWriter::write(const Change &change)
@@ -23,18 +25,14 @@ void NoteWriter::write(const Change &change)
         const std::lock_guard<std::mutex> locker(mutex);
         changes.push_back(change);
     }
-    if (!thread.joinable())
-        thread = std::thread([this] { work(); });
-    wake.notify_one();
+    worker->setRunning(true);
+    worker->wake();
 }
 
-void NoteWriter::work()
+void NoteWriter::writeAll()
 {
     std::unique_lock<std::mutex> locker(mutex);
-    for (;;) {
-        wake.wait(locker, [this] { return isStopping || !changes.empty(); });
-        if (changes.empty())
-            return;
+    while (!changes.empty()) {
         const Change change = changes.front();
         changes.pop_front();
         locker.unlock();

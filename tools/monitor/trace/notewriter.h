@@ -1,13 +1,13 @@
 #pragma once
 
 #include "tracetimeline.h"
+#include "turningthread.h"
 
 #include <QObject>
 
-#include <condition_variable>
 #include <deque>
+#include <memory>
 #include <mutex>
-#include <thread>
 
 /// Writes notes and bookmarks into a trace, one after the other, on a thread of its own: a chunk
 /// file may have to be copied for each. Its end waits until all of them are written.
@@ -33,14 +33,12 @@ signals:
     void ended(const NoteWriter::Change &change, const QString &error);
 
 private:
-    void work();
+    void writeAll();
 
     TraceTimeline timeline;
     std::mutex mutex;
-    std::condition_variable wake;
-    std::deque<Change> changes; // under the mutex
-    bool isStopping = false;    // likewise
-    std::thread thread;         // started with the first change
+    std::deque<Change> changes;            // under the mutex
+    std::unique_ptr<TurningThread> worker; // last: it uses the others
 };
 
 Q_DECLARE_METATYPE(NoteWriter::Change)
