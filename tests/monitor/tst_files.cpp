@@ -219,13 +219,16 @@ void TestFiles::traceMayBeClosedWhileItIsRead()
     MadeItems items(300000);
     QVERIFY(writeTrace(items, path));
     FileWindow window;
+    QSignalSpy opened(&window.desk, &FileDesk::opened);
     window.desk.open({path});
-    QTRY_COMPARE(int(window.traces.size()), 1);
+    QVERIFY(opened.wait());
     window.showFirst();
+    // A fast machine may have read it by now, and have said so.
+    const int told = window.trace()->isGrowing() ? 0 : 1;
     window.traces.clear();
     QTRY_VERIFY(window.desk.findChild<JobQueue *>()->jobs().isEmpty());
     QTRY_VERIFY(!window.desk.progress()->isVisible());
-    QCOMPARE(window.notices.size(), 0);
+    QCOMPARE(window.notices.size(), told);
 }
 
 void TestFiles::reportLeadsToTheLine()
