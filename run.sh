@@ -1,7 +1,8 @@
 #!/bin/bash
 # Without arguments: records, pages back and imports the sample traces. With "monitor": opens its
-# window, with the traces that follow. With other arguments: runs "datachunk" with them. Installs and
-# builds what is missing first.
+# window, with the traces that follow. With "python": an interpreter, or a script, that may import
+# datachunk. With other arguments: runs "datachunk" with them. Installs and builds what is missing
+# first.
 
 source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/scripts/setup.sh"
 
@@ -11,6 +12,11 @@ install_packages
 if [ "${1:-}" = monitor ]; then
     quietly build release --target datachunk-monitor
     exec "$project/build/release/tools/monitor/datachunk-monitor" "${@:2}"
+fi
+if [ "${1:-}" = python ]; then
+    quietly build release --target pythonmodule
+    export PYTHONPATH="$project/build/release/python${PYTHONPATH:+:$PYTHONPATH}"
+    exec /usr/bin/python3 "${@:2}"
 fi
 if [ $# -gt 0 ]; then
     quietly build release --target datachunk

@@ -24,6 +24,7 @@ void takeEncodingOfPython()
 PYBIND11_MODULE(_core, module)
 {
     takeEncodingOfPython();
+    module.attr("__version__") = DATACHUNK_VERSION;
     bindColumns(module);
     bindReading(module);
     bindTimeline(module);

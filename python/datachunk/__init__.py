@@ -1,10 +1,12 @@
 """Traces of CAN buses as NumPy arrays: see docs/python.md."""
 
+from ._core import __version__
 from ._errors import ExpressionError, TraceError
 from ._files import sha256_of
+from ._message import Message
 from ._reading import Recognition, convert, parquet_difference, read, recognise
 from ._timeline import Filter, Rate, Timeline, open
-from ._trace import Message, Trace
+from ._trace import Trace
 
 __all__ = [
     "ExpressionError",

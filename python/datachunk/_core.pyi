@@ -3,6 +3,8 @@ from typing import Any, Optional
 import numpy as np
 import numpy.typing as npt
 
+__version__: str
+
 class Columns:
     def __len__(self) -> int: ...
     @property

@@ -13,7 +13,9 @@ import numpy.typing as npt
 from . import _core
 from ._errors import TraceError
 from ._files import Path, name_of
-from ._trace import Message, Trace
+from ._html import table_of
+from ._message import Message
+from ._trace import Trace
 
 Time = Union[int, np.integer, np.datetime64, datetime.datetime]
 ALL = 2**63 - 1
@@ -62,6 +64,9 @@ class Timeline:
 
     def __repr__(self) -> str:
         return f"<datachunk.Timeline of {len(self)} messages>"
+
+    def _repr_html_(self) -> str:
+        return table_of(self)
 
     @overload
     def __getitem__(self, rows: int) -> Message: ...

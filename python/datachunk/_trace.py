@@ -5,42 +5,20 @@ from __future__ import annotations
 import json
 import operator
 import os
-from typing import TYPE_CHECKING, Any, Iterator, NamedTuple, Optional, Union, overload
+from typing import TYPE_CHECKING, Any, Iterator, Optional, Union, overload
 
 import numpy as np
 import numpy.typing as npt
 
 from . import _core
 from ._files import Path, whole_file
+from ._html import table_of
+from ._message import FLAGS, Message
 
 if TYPE_CHECKING:
     import pandas  # type: ignore[import]
 
-FLAGS = ("extended", "remote", "fd", "brs", "esi", "error", "transmitted")
 Rows = Union[slice, "npt.NDArray[Any]", "list[int]", "list[bool]"]
-
-
-class Message(NamedTuple):
-    """One message of a trace."""
-
-    time: int  #: microseconds, as records have it: mostly since 1970
-    number: int  #: running number in the trace
-    line: int  #: bus line
-    identifier: int  #: 11 or 29 bits; 0xFFFF00EF for error frames
-    extended: bool
-    remote: bool
-    fd: bool
-    brs: bool
-    esi: bool
-    error: bool
-    transmitted: bool
-    data: bytes
-    note: Optional[str]
-
-    @property
-    def timestamp(self) -> float:
-        """The time in seconds, as python-can has it."""
-        return self.time / 1e6
 
 
 class Trace:
@@ -167,6 +145,9 @@ class Trace:
 
     def __repr__(self) -> str:
         return f"<datachunk.Trace of {len(self)} messages>"
+
+    def _repr_html_(self) -> str:
+        return table_of(self)
 
     def __iter__(self) -> Iterator[Message]:
         block = 4096

@@ -10,7 +10,7 @@ import datachunk
 
 
 def columns_of(trace):
-    names = ("time", "number", "line", "identifier", *datachunk._trace.FLAGS, "length", "offsets")
+    names = ("time", "number", "line", "identifier", *datachunk._message.FLAGS, "length", "offsets")
     return {name: getattr(trace, name) for name in names}
 
 
@@ -68,6 +68,17 @@ def test_slices_keep_rows_together(recording, rows):
     assert numbers == whole.number[rows].tolist() and len(part) == len(numbers)
     assert [int.from_bytes(message.data, "big") for message in part] == numbers
     assert part.notes == {numbers.index(4321): "Tür öffnet"} if 4321 in numbers else not part.notes
+
+
+def test_notebooks_show_both_ends(log, recording):
+    trace = datachunk.read(log)
+    trace.notes[9_999] = "<b>late</b>"
+    shown = trace._repr_html_()
+    assert shown.count("<tr>") == 1 + 5 + 1 + 5 and "10000 messages" in shown
+    assert "<td>2023-11-14 22:13:20.004000</td><td>0</td><td>104</td>" in shown
+    assert shown.count("…") == 8 and "&lt;b&gt;late&lt;/b&gt;" in shown
+    assert trace[:6]._repr_html_().count("<tr>") == 7 and "0 messages" in trace[:0]._repr_html_()
+    assert datachunk.open(recording)._repr_html_() == datachunk.read(recording)._repr_html_()
 
 
 @pytest.mark.parametrize("row", [10_000, -10_001])

@@ -9,7 +9,7 @@ import pytest
 import datachunk
 from conftest import files_in
 
-FIELDS = ("time", "line", "identifier", *datachunk._trace.FLAGS, "length")
+FIELDS = ("time", "line", "identifier", *datachunk._message.FLAGS, "length")
 
 
 def assert_same(one, other, fields=FIELDS):
