@@ -136,7 +136,8 @@ public:
     quint64 forEachFound(const TraceExpression &expression, quint64 from, quint64 count,
                          const std::function<bool(const QVector<quint64> &positions)> &visit) const;
 
-    /// The lowest time of all messages; 0 while there are none.
+    /// The lowest time of all messages; 0 while there are none. The end of a damaged chunk may be
+    /// a record that is cut short: its time does not count, here and below.
     qint64 firstTime() const;
     /// The highest, likewise.
     qint64 lastTime() const;

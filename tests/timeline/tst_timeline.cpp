@@ -150,6 +150,8 @@ private slots:
     void filesComeInOrderOfTime();
     void damageIsShownAsByLoading_data();
     void damageIsShownAsByLoading();
+    void recordsThatAreCutHaveNoTime_data();
+    void recordsThatAreCutHaveNoTime();
     void whatIsNoChunkIsTold();
     void chunksThatGoLeaveTheirPlaces();
     void chunksThatComeOrGrowAreTakenIn();
@@ -282,6 +284,40 @@ void TestTimeline::damageIsShownAsByLoading()
     const TraceFilter filter = timeline.filter(expression("len>=0 and b0>=0 or len==0"));
     QVERIFY(filter.wait());
     QCOMPARE(filter.messagesGone(), 0ULL);
+}
+
+void TestTimeline::recordsThatAreCutHaveNoTime_data()
+{
+    QTest::addColumn<int>("records");
+    QTest::newRow("behind others") << 10;
+    QTest::newRow("behind a whole step") << 4097;
+    QTest::newRow("alone in a chunk") << 1;
+}
+
+void TestTimeline::recordsThatAreCutHaveNoTime()
+{
+    QFETCH(int, records);
+    QTemporaryDir folder;
+    constexpr quint32 first = 5000;
+    writeFile(folder.filePath(QStringLiteral("tmpData0.dck")),
+              chunkBytes(QStringLiteral("1.0"), first, 100));
+    const QByteArray cut = chunkBytes(QStringLiteral("1.0"), first + 100, records);
+    writeFile(folder.filePath(QStringLiteral("tmpData1.dck")), cut.left(cut.size() - 15));
+    TraceTimeline timeline({folder.path()});
+    QVERIFY(timeline.waitForAll());
+    const quint64 last = 100 + quint64(records) - 1;
+    QCOMPARE(timeline.count(), last + 1);
+    QCOMPARE(CAN::timeOf(timeline.row(last).message), 0);
+    QCOMPARE(timeline.firstTime(), CAN::timeOf(timeline.row(0).message));
+    QCOMPARE(timeline.lastTime(), CAN::timeOf(timeline.row(last - 1).message));
+    QCOMPARE(timeline.positionOfTime(timeline.lastTime()), last - 1);
+    // It is found by what is shown.
+    for (const char *text : {"time==0", "time<5"}) {
+        const TraceFilter filter = timeline.filter(expression(text));
+        QVERIFY(filter.wait());
+        QCOMPARE(filter.count(), 1ULL);
+        QCOMPARE(timeline.findPrevious(expression(text), ~0ULL).value_or(0), last);
+    }
 }
 
 void TestTimeline::whatIsNoChunkIsTold()
