@@ -1732,6 +1732,13 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     </message>
 </context>
 <context>
+    <name>Merging</name>
+    <message>
+        <source>The system has no thread left.</source>
+        <translation>Das System hat keinen Thread mehr frei.</translation>
+    </message>
+</context>
+<context>
     <name>MessageBar</name>
     <message>
         <source>Close</source>
@@ -1851,6 +1858,17 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>Only the first %L1 notes and bookmarks are marked.</source>
         <translation>Nur die ersten %L1 Notizen und Lesezeichen sind markiert.</translation>
+    </message>
+</context>
+<context>
+    <name>PacedLine</name>
+    <message>
+        <source>The system has no thread left.</source>
+        <translation>Das System hat keinen Thread mehr frei.</translation>
+    </message>
+    <message>
+        <source>Close other programs and try again.</source>
+        <translation>Schließen Sie andere Programme und versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>

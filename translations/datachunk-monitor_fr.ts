@@ -1732,6 +1732,13 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     </message>
 </context>
 <context>
+    <name>Merging</name>
+    <message>
+        <source>The system has no thread left.</source>
+        <translation>Le système n’a plus de fil d’exécution libre.</translation>
+    </message>
+</context>
+<context>
     <name>MessageBar</name>
     <message>
         <source>Close</source>
@@ -1851,6 +1858,17 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Only the first %L1 notes and bookmarks are marked.</source>
         <translation>Seuls les %L1 premiers notes et signets sont marqués.</translation>
+    </message>
+</context>
+<context>
+    <name>PacedLine</name>
+    <message>
+        <source>The system has no thread left.</source>
+        <translation>Le système n’a plus de fil d’exécution libre.</translation>
+    </message>
+    <message>
+        <source>Close other programs and try again.</source>
+        <translation>Fermez d’autres programmes et réessayez.</translation>
     </message>
 </context>
 <context>

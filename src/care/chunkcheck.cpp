@@ -107,7 +107,7 @@ void ChunkCheck::checkEnd(bool deviceIsDamaged)
 {
     const ChunkFormat::RecordsEnd &end = chunk.end;
     const qint64 byte = chunk.front.size + end.offset;
-    const qint64 whole = chunk.index.count - (chunk.index.hasCutRecord ? 1 : 0);
+    const qint64 whole = chunk.index.wholeRecords();
     if (end.cause == end.Cut && !deviceIsDamaged)
         findings.add(Finding::Error, Finding::RecordCut,
                      CheckTexts::tr("The chunk ends in the middle of this record."), byte, whole);

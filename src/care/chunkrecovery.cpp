@@ -80,7 +80,7 @@ Part partToSave(QFile &file, const std::function<bool()> &goesOn)
     Part part;
     part.result = RecoveredChunk::Saved;
     part.bytes = chunk.front.size + chunk.end.offset;
-    part.messages = chunk.index.count - (chunk.index.hasCutRecord ? 1 : 0);
+    part.messages = chunk.index.wholeRecords();
     const bool hasRest = chunk.end.cause != ChunkFormat::RecordsEnd::Whole;
     const bool hasZeroRest = hasRest && endsInZeros(file, part.bytes);
     // Whatever follows them, they would be taken for messages when it is cut off.

@@ -36,7 +36,7 @@ struct ChunkIndex
     quint32 firstNumber = 0;
     bool numbersRise = true; ///< by one from message to message
     bool timesRise = true;   ///< or stay, from message to message
-    qint64 firstTime = 0;    ///< in microseconds, like all times here
+    qint64 firstTime = 0;    ///< in microseconds, like all times here; those of whole records
     qint64 lastTime = 0;
     qint64 minTime = std::numeric_limits<qint64>::max();
     qint64 maxTime = std::numeric_limits<qint64>::min();
@@ -51,6 +51,7 @@ struct ChunkIndex
 
     bool hasLine() const { return version >= ChunkFormat::lineFieldSince; }
     int countsPerStep() const { return int(lines.size()) + 1; }
+    quint32 wholeRecords() const { return count - (hasCutRecord ? 1 : 0); }
     quint32 stepCount() const { return quint32(steps.size()); }
     /// Messages of step \a step.
     quint32 sizeOfStep(quint32 step) const
@@ -82,14 +83,28 @@ public:
 
     template <typename View> void add(const View &view)
     {
-        addCut(view);
+        addMessage(view, view.time());
         index.recordsEnd += RecordView::size(view.length(), hasLine);
     }
 
-    /// The same for a last record that the end of the file cuts short.
+    /// The same for a last record that the end of the file cuts short. Its time may be lost: it
+    /// counts as that of the message in front, if there is one.
     template <typename View> void addCut(const View &view)
     {
-        const qint64 time = view.time();
+        addMessage(view, index.count > 0 ? index.lastTime : view.time());
+        index.hasCutRecord = true;
+    }
+
+    quint32 count() const { return index.count; }
+
+    /// The index of what has been added. Nothing may be added any more.
+    ChunkIndex finish();
+    /// The same for one that goes on.
+    ChunkIndex soFar() const { return ChunkIndexer(*this).finish(); }
+
+private:
+    template <typename View> void addMessage(const View &view, qint64 time)
+    {
         if (index.count % ChunkIndex::recordsPerStep == 0)
             beginStep(time, view.number());
         if (view.number() != index.firstNumber + index.count)
@@ -103,15 +118,6 @@ public:
                  index.count);
         ++index.count;
     }
-
-    quint32 count() const { return index.count; }
-
-    /// The index of what has been added. Nothing may be added any more.
-    ChunkIndex finish();
-    /// The same for one that goes on.
-    ChunkIndex soFar() const { return ChunkIndexer(*this).finish(); }
-
-private:
     void beginStep(qint64 time, quint32 number);
     void addEarlier(qint64 time);
 

@@ -83,7 +83,6 @@ void Indexing::end()
         indexer.addCut(MessageView(last));
     }
     chunk.index = indexer.finish();
-    chunk.index.hasCutRecord = isCut;
     chunk.index.notes = quint32(chunk.front.maps.notes.size());
     chunk.index.bookmarks = quint32(chunk.front.maps.bookmarks.size());
 }

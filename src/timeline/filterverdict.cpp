@@ -5,8 +5,11 @@
 ChunkFacts ChunkFacts::of(const ChunkIndex &index)
 {
     ChunkFacts facts;
-    facts.minTime = index.minTime;
-    facts.maxTime = index.maxTime;
+    // A record that is cut short may be shown with any time.
+    if (!index.hasCutRecord) {
+        facts.minTime = index.minTime;
+        facts.maxTime = index.maxTime;
+    }
     facts.firstNumber = index.firstNumber;
     facts.count = index.count;
     facts.numbersRise = index.numbersRise;

@@ -48,10 +48,13 @@ TraceSnapshot::Place TraceSnapshot::at(quint64 position) const
 
 qint64 TraceSnapshot::firstTime() const
 {
-    qint64 time = std::numeric_limits<qint64>::max();
-    for (const Placed &placed : all)
-        time = std::min(time, placed.segment->index().minTime);
-    return all.empty() ? 0 : time;
+    std::optional<qint64> time;
+    for (const Placed &placed : all) {
+        const ChunkIndex &index = placed.segment->index();
+        if (index.wholeRecords() > 0)
+            time = std::min(time.value_or(index.minTime), index.minTime);
+    }
+    return time.value_or(0);
 }
 
 quint64 TraceSnapshot::positionOfTime(qint64 time) const

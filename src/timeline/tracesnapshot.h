@@ -45,7 +45,7 @@ public:
     /// Index of the first segment that ends behind \a position.
     std::size_t indexOf(quint64 position) const;
 
-    /// The lowest time; 0 while there are no messages.
+    /// The lowest time of a whole record; 0 while there are none.
     qint64 firstTime() const;
     /// The first message at whose place the highest time so far is \a time or later; count() when
     /// there is none.

@@ -202,14 +202,31 @@ QVector<TraceMark> TraceTimeline::marks(int most, const std::function<bool()> &k
     return all;
 }
 
+quint32 TraceTimeline::generation() const
+{
+    return data->snapshot()->epoch();
+}
+
 bool TraceTimeline::setNote(quint64 position, const QString &note, QString *error)
 {
-    return annotate(*data->source, data->snapshot()->epoch(), position, {0, note, {}}, error);
+    return setNote(position, note, error, generation());
+}
+
+bool TraceTimeline::setNote(quint64 position, const QString &note, QString *error,
+                            quint32 generation)
+{
+    return annotate(*data->source, generation, position, {0, note, {}}, error);
 }
 
 bool TraceTimeline::setBookmark(quint64 position, const QString &text, QString *error)
 {
-    return annotate(*data->source, data->snapshot()->epoch(), position, {0, {}, text}, error);
+    return setBookmark(position, text, error, generation());
+}
+
+bool TraceTimeline::setBookmark(quint64 position, const QString &text, QString *error,
+                                quint32 generation)
+{
+    return annotate(*data->source, generation, position, {0, {}, text}, error);
 }
 
 QVector<TraceIdentifier> TraceTimeline::identifiers(bool *isExact) const

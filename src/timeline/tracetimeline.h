@@ -119,6 +119,9 @@ public:
 
     /// Number of positions, those included whose message is gone.
     quint64 count() const;
+    /// While this stays, a position is always that of the same message. Another number once the
+    /// store was cleared, or files have come in front of others or replaced them.
+    quint32 generation() const;
     /// Where the messages lie, by position. From the index alone.
     QVector<TraceChunk> chunks() const;
     /// Reads up to 4096 messages of a chunk where they are not at hand. Behind for a position from
@@ -136,7 +139,8 @@ public:
     quint64 forEachFound(const TraceExpression &expression, quint64 from, quint64 count,
                          const std::function<bool(const QVector<quint64> &positions)> &visit) const;
 
-    /// The lowest time of all messages; 0 while there are none.
+    /// The lowest time of all messages; 0 while there are none. The end of a damaged chunk may be
+    /// a record that is cut short: its time does not count, here and below.
     qint64 firstTime() const;
     /// The highest, likewise.
     qint64 lastTime() const;
@@ -164,18 +168,25 @@ public:
     ///
     /// False, and \a error, where it is not null, is a sentence for the user, when nothing has
     /// changed: an archive, a folder or file that cannot be written, a full disk, a chunk that is
-    /// gone, damaged or still being written, a trace that was cleared.
+    /// gone, damaged or still being written, a trace that was cleared since the last refresh.
     bool setNote(quint64 position, const QString &note, QString *error = nullptr);
-    /// The same for a bookmark. A chunk older than version 103 cannot have any, nor can the live
-    /// messages of a store without a BookmarkHandler.
+    /// The same for a position that was asked for some refreshes ago, in that \a generation. False
+    /// when it is another by now, and the position perhaps that of another message.
+    bool setNote(quint64 position, const QString &note, QString *error, quint32 generation);
+    /// As setNote(), for a bookmark. A chunk older than version 103 cannot have any, nor can the
+    /// live messages of a store without a BookmarkHandler.
     bool setBookmark(quint64 position, const QString &text, QString *error = nullptr);
+    /// The same for a position of that \a generation.
+    bool setBookmark(quint64 position, const QString &text, QString *error, quint32 generation);
 
     /// Every identifier with each line and kind, by identifier. False in \a isExact, and some are
     /// missing, where a chunk has more than 65536 of them, or all together more than 1000000.
     QVector<TraceIdentifier> identifiers(bool *isExact = nullptr) const;
 
-    /// Counts between \a from and \a to in \a intervals of equal length. Exact where an interval
-    /// ends with a step of 4096 messages, in between in proportion.
+    /// Counts from \a from up to \a to, which is not included, in \a intervals of equal length;
+    /// no intervals when there are none to be, or \a to is below \a from. Goes by the highest time
+    /// so far, like positionOfTime(). Exact where an interval ends with a step of 4096 messages, in
+    /// between in proportion.
     TraceRate rate(qint64 from, qint64 to, int intervals) const;
 
     /// What \a expression takes, found in the background from the messages around \a focus

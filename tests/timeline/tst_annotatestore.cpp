@@ -139,8 +139,13 @@ void TestAnnotateStore::aTraceThatIsGoneIsNotWrittenTo()
     append(*store, 20);
     QVERIFY(!timeline.setNote(3, QStringLiteral("of another trace"), &error));
     QCOMPARE(store->getMessageNote(3), QString());
+    const quint32 before = timeline.generation();
     timeline.refresh();
-    QVERIFY(timeline.setNote(3, QStringLiteral("of this one")));
+    QVERIFY(!timeline.setNote(3, QStringLiteral("of the one before"), &error, before));
+    QVERIFY(!timeline.setBookmark(3, QStringLiteral("of the one before"), &error, before));
+    QVERIFY(error.contains(QLatin1String("another one")));
+    QCOMPARE(store->getMessageNote(3), QString());
+    QVERIFY(timeline.setNote(3, QStringLiteral("of this one"), &error, timeline.generation()));
     store.reset();
     QVERIFY(!timeline.setNote(4, QStringLiteral("of none"), &error));
     QVERIFY(!error.isEmpty());

@@ -60,3 +60,11 @@ quint32 BusFrames::runningInterface(const QString &name)
         close(socket);
     return isFound ? quint32(request.ifr_ifindex) : 0;
 }
+
+void BusFrames::connectAgain(QCanBusDevice &device)
+{
+    if (device.state() != QCanBusDevice::UnconnectedState)
+        device.disconnectDevice();
+    if (device.state() == QCanBusDevice::UnconnectedState)
+        device.connectDevice();
+}

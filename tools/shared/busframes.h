@@ -2,6 +2,7 @@
 
 #include "canrxmessage.h"
 
+#include <QCanBusDevice>
 #include <QCanBusFrame>
 
 /// What QtSerialBus hands out, as this library has it.
@@ -18,5 +19,9 @@ bool isOverflow(const QCanBusFrame &frame);
 
 /// The number of a network interface that is up; 0 for any other name.
 quint32 runningInterface(const QString &name);
+
+/// Connects a device whose interface was lost once more. Not from inside of its own signals, where
+/// it may not be ready for it.
+void connectAgain(QCanBusDevice &device);
 
 } // namespace BusFrames

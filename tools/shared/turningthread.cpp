@@ -16,16 +16,17 @@ TurningThread::~TurningThread()
         thread.join();
 }
 
-void TurningThread::setRunning(bool on)
+bool TurningThread::setRunning(bool on)
 {
     const std::lock_guard<std::mutex> locker(mutex);
     if (isRunning == on)
-        return;
+        return true;
     if (on && !thread.joinable() && !start())
-        return;
+        return false;
     isRunning = on;
     isWoken = true;
     changed.notify_all();
+    return true;
 }
 
 bool TurningThread::start()

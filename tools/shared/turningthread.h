@@ -22,9 +22,9 @@ public:
     TurningThread(const TurningThread &) = delete;
     TurningThread &operator=(const TurningThread &) = delete;
 
-    /// A turn is asked to end when it is to rest. Does not wait. Where the system refuses a thread,
-    /// the next call asks for it again.
-    void setRunning(bool on);
+    /// A turn is asked to end when it is to rest. Does not wait. False where the system refuses a
+    /// thread; the next call asks for it again.
+    bool setRunning(bool on);
     /// Has the next turn begin now, or right after the one that runs.
     void wake();
 

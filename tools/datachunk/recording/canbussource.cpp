@@ -135,12 +135,8 @@ quint32 CanBusSource::socketInterface() const
 void CanBusSource::connectAgain()
 {
     // A socket can be bound to an interface that is down.
-    if (networkInterface != 0 && socketInterface() == 0)
-        return;
-    if (device->state() != QCanBusDevice::UnconnectedState)
-        device->disconnectDevice();
-    if (device->state() == QCanBusDevice::UnconnectedState)
-        device->connectDevice();
+    if (networkInterface == 0 || socketInterface() != 0)
+        BusFrames::connectAgain(*device);
 }
 
 // Only the first error is reported; later ones follow from it.

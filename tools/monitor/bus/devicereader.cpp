@@ -154,10 +154,6 @@ quint32 DeviceReader::socketInterface() const
 
 void DeviceReader::connectAgain()
 {
-    if (networkInterface != 0 && socketInterface() == 0)
-        return;
-    if (device->state() != QCanBusDevice::UnconnectedState)
-        device->disconnectDevice();
-    if (device->state() == QCanBusDevice::UnconnectedState)
-        device->connectDevice();
+    if (networkInterface == 0 || socketInterface() != 0)
+        BusFrames::connectAgain(*device);
 }

@@ -1,5 +1,7 @@
 #include "pacedline.h"
 
+#include <system_error>
+
 PacedLine::~PacedLine()
 {
     endThread();
@@ -15,11 +17,15 @@ void PacedLine::start()
     pacer.reset();
     feed->open();
     setState(Running);
-    thread = std::thread([this] {
-        const End end = run();
-        QMetaObject::invokeMethod(
-            this, [this, end] { ended(end); }, Qt::QueuedConnection);
-    });
+    try {
+        thread = std::thread([this] {
+            const End end = run();
+            QMetaObject::invokeMethod(
+                this, [this, end] { ended(end); }, Qt::QueuedConnection);
+        });
+    } catch (const std::system_error &) {
+        fail(tr("The system has no thread left."), tr("Close other programs and try again."));
+    }
 }
 
 // The thread may be in the middle of reading, and is not waited for.

@@ -2,37 +2,37 @@
 
 #include <utility>
 
-TaskThread::TaskThread() : thread([this] { work(); }) { }
-
-TaskThread::~TaskThread()
+TaskThread::TaskThread()
+    : thread([this](const GoesOn &goesOn) {
+          while (goesOn() && runNext(goesOn)) { }
+          return -1;
+      })
 {
-    {
-        const std::lock_guard<std::mutex> locker(mutex);
-        isStopping = true;
-        changed.notify_all();
-    }
-    thread.join();
+    thread.setRunning(true);
 }
 
 void TaskThread::run(Task task)
 {
-    const std::lock_guard<std::mutex> locker(mutex);
-    tasks.push_back(std::move(task));
-    changed.notify_all();
+    if (!thread.setRunning(true)) {
+        task([] { return true; });
+        return;
+    }
+    {
+        const std::lock_guard<std::mutex> locker(mutex);
+        tasks.push_back(std::move(task));
+    }
+    thread.wake();
 }
 
-void TaskThread::work()
+// False when there is none.
+bool TaskThread::runNext(const GoesOn &goesOn)
 {
     std::unique_lock<std::mutex> locker(mutex);
-    while (!isStopping) {
-        if (tasks.empty()) {
-            changed.wait(locker);
-            continue;
-        }
-        const Task task = std::move(tasks.front());
-        tasks.pop_front();
-        locker.unlock();
-        task([this] { return !isStopping; });
-        locker.lock();
-    }
+    if (tasks.empty())
+        return false;
+    const Task task = std::move(tasks.front());
+    tasks.pop_front();
+    locker.unlock();
+    task(goesOn);
+    return true;
 }

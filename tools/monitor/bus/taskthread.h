@@ -1,36 +1,30 @@
 #pragma once
 
-#include <atomic>
-#include <condition_variable>
+#include "turningthread.h"
+
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <thread>
 
 /// Works on one task after the other on a thread of its own. The thread is there from the start:
-/// one that is wanted later may be refused.
+/// one that is wanted later may be refused. Its end ends the task that runs, and leaves out the
+/// others.
 class TaskThread
 {
 public:
     /// Asked by a task now and then whether it goes on.
-    using GoesOn = std::function<bool()>;
+    using GoesOn = TurningThread::KeepGoing;
     using Task = std::function<void(const GoesOn &goesOn)>;
 
     TaskThread();
-    /// Ends the task that runs, and leaves out the others.
-    ~TaskThread();
 
-    TaskThread(const TaskThread &) = delete;
-    TaskThread &operator=(const TaskThread &) = delete;
-
+    /// Does not wait, unless the system refuses a thread: then the task is done here.
     void run(Task task);
 
 private:
-    void work();
+    bool runNext(const GoesOn &goesOn);
 
-    std::atomic<bool> isStopping{false};
     std::mutex mutex;
-    std::condition_variable changed;
-    std::deque<Task> tasks;
-    std::thread thread; // last: it uses the others
+    std::deque<Task> tasks; // under the mutex
+    TurningThread thread;   // last: it uses the others
 };

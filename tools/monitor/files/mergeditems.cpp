@@ -2,9 +2,13 @@
 
 #include "canframe.h"
 
+#include <QCoreApplication>
+
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 namespace {
@@ -14,6 +18,11 @@ constexpr std::size_t mostBlocks = 4;
 constexpr int itemsBetweenQuestions = 1000;
 
 using Block = std::vector<TraceItem>;
+
+struct Merging
+{
+    Q_DECLARE_TR_FUNCTIONS(Merging)
+};
 
 } // namespace
 
@@ -117,7 +126,7 @@ double MergedItems::partOf(const std::vector<std::unique_ptr<Input>> &all) const
     return sum / double(all.size());
 }
 
-void MergedItems::merge(std::vector<std::unique_ptr<Input>> &all, const Take &take,
+void MergedItems::merge(const std::vector<std::unique_ptr<Input>> &all, const Take &take,
                         const GoesOn &goesOn)
 {
     for (int count = 1;; ++count) {
@@ -139,13 +148,28 @@ void MergedItems::merge(std::vector<std::unique_ptr<Input>> &all, const Take &ta
     }
 }
 
+// Nothing where the system refuses a thread for one of them.
+std::vector<std::unique_ptr<MergedItems::Input>> MergedItems::begin() const
+{
+    std::vector<std::unique_ptr<Input>> all;
+    try {
+        for (const auto &items : inputs)
+            all.push_back(std::make_unique<Input>(*items));
+    } catch (const std::system_error &) {
+        all.clear();
+    }
+    return all;
+}
+
 bool MergedItems::forEach(const Take &take, const GoesOn &goesOn)
 {
     bool areRead = false;
     {
-        std::vector<std::unique_ptr<Input>> all;
-        for (const auto &items : inputs)
-            all.push_back(std::make_unique<Input>(*items));
+        const std::vector<std::unique_ptr<Input>> all = begin();
+        if (all.empty()) {
+            ownProblems = QStringList(Merging::tr("The system has no thread left."));
+            return false;
+        }
         merge(all, take, goesOn);
         for (const auto &input : all)
             areRead = input->front() || input->isRead() || areRead;

@@ -21,7 +21,9 @@ public:
 private:
     class Input;
 
-    void merge(std::vector<std::unique_ptr<Input>> &all, const Take &take, const GoesOn &goesOn);
+    std::vector<std::unique_ptr<Input>> begin() const;
+    void merge(const std::vector<std::unique_ptr<Input>> &all, const Take &take,
+               const GoesOn &goesOn);
     double partOf(const std::vector<std::unique_ptr<Input>> &all) const;
 
     const std::vector<std::unique_ptr<TraceItems>> inputs;

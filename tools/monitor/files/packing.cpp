@@ -5,6 +5,7 @@
 #include "datachunkhandler.h"
 #include "exporting.h"
 #include "partfile.h"
+#include "turningthread.h"
 
 #include <QCoreApplication>
 #include <QDirIterator>
@@ -12,10 +13,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 
 namespace {
 
@@ -30,40 +27,25 @@ class ArchiveWatch
 {
 public:
     ArchiveWatch(DatachunkHandler &store, JobControl &control)
-        : thread([this, &store, &control] { watch(store, control); })
+        : thread(
+            [&store, &control](const TurningThread::KeepGoing &) { return look(store, control); })
     {
+        thread.setRunning(true);
     }
-    ~ArchiveWatch()
-    {
-        {
-            const std::lock_guard<std::mutex> locker(mutex);
-            isEnded = true;
-        }
-        changed.notify_all();
-        thread.join();
-    }
-
-    ArchiveWatch(const ArchiveWatch &) = delete;
-    ArchiveWatch &operator=(const ArchiveWatch &) = delete;
 
 private:
-    void watch(DatachunkHandler &store, JobControl &control)
+    static int look(DatachunkHandler &store, JobControl &control)
     {
-        constexpr auto interval = std::chrono::milliseconds(50);
-        std::unique_lock<std::mutex> locker(mutex);
-        while (!changed.wait_for(locker, interval, [this] { return isEnded; })) {
-            const ImportProgress progress = store.importProgress();
-            control.total = progress.bytes;
-            control.done = progress.bytesRead;
-            if (control.isCancelled)
-                store.cancelImport();
-        }
+        constexpr int interval = 50; // milliseconds
+        const ImportProgress progress = store.importProgress();
+        control.total = progress.bytes;
+        control.done = progress.bytesRead;
+        if (control.isCancelled)
+            store.cancelImport();
+        return interval;
     }
 
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool isEnded = false;
-    std::thread thread; // last: it uses the others
+    TurningThread thread;
 };
 
 // A store for the work on one archive, on the thread that makes it. It tells nothing before it is

@@ -1,9 +1,7 @@
 #include "sourcereader.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 
-#include <system_error>
 #include <utility>
 
 namespace {
@@ -52,73 +50,65 @@ private:
 };
 
 SourceReader::SourceReader(QString fileName, int pageLines, QObject *parent)
-    : QObject(parent), fileName(std::move(fileName)), pageLines(pageLines)
+    : QObject(parent), fileName(std::move(fileName)), pageLines(pageLines),
+      thread([this](const TurningThread::KeepGoing &keepGoing) {
+          if (hasFile())
+              work(keepGoing);
+          return -1;
+      })
 {
-    try {
-        thread = std::thread([this] { work(); });
-    } catch (const std::system_error &) {
-        QMetaObject::invokeMethod(
-            this, [this] { emit failed(tr("The system has no thread left.")); },
-            Qt::QueuedConnection);
-    }
+    if (thread.setRunning(true))
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { emit failed(tr("The system has no thread left.")); }, Qt::QueuedConnection);
 }
 
-SourceReader::~SourceReader()
-{
-    {
-        const std::lock_guard<std::mutex> locker(mutex);
-        isEnding = true;
-    }
-    changed.notify_all();
-    if (thread.joinable())
-        thread.join();
-}
+SourceReader::~SourceReader() = default;
 
 void SourceReader::want(quint64 first)
 {
-    {
-        const std::lock_guard<std::mutex> locker(mutex);
-        wanted = first;
-    }
-    changed.notify_all();
+    wanted = first;
+    thread.wake();
 }
 
-// What is wanted; where nothing else is to be done it is waited for.
-quint64 SourceReader::waitForWish(bool isComplete)
+// Signals from here on come to the others' threads queued.
+bool SourceReader::hasFile()
 {
-    std::unique_lock<std::mutex> locker(mutex);
-    if (isComplete)
-        changed.wait(locker, [this] { return isEnding || wanted != 0; });
-    return wanted;
+    if (hasFailed)
+        return false;
+    if (reading)
+        return true;
+    reading = std::make_unique<Reading>(fileName);
+    hasFailed = !reading->open();
+    if (hasFailed)
+        emit failed(reading->errorText());
+    sinceProgress.start();
+    return !hasFailed;
 }
 
-// Signals from here come to the others' threads queued.
-void SourceReader::work()
+// Until all lines are known, and what is wanted is there.
+void SourceReader::work(const TurningThread::KeepGoing &keepGoing)
 {
-    Reading reading(fileName);
-    if (!reading.open()) {
-        emit failed(reading.errorText());
-        return;
-    }
-    QElapsedTimer clock;
-    clock.start();
-    for (;;) {
-        const quint64 wish = waitForWish(reading.isComplete());
-        if (const std::lock_guard<std::mutex> locker(mutex); isEnding)
+    while (keepGoing()) {
+        quint64 wish = wanted;
+        if (wish != 0 && reading->knows(wish + quint64(pageLines))) {
+            emit page(wish, reading->read(wish, pageLines));
+            wanted.compare_exchange_strong(wish, 0);
+        } else if (reading->isComplete()) {
             return;
-        if (wish != 0 && reading.knows(wish + quint64(pageLines))) {
-            emit page(wish, reading.read(wish, pageLines));
-            const std::lock_guard<std::mutex> locker(mutex);
-            if (wanted == wish)
-                wanted = 0;
-            continue;
+        } else {
+            readOn();
         }
-        reading.goOn();
-        if (reading.isComplete())
-            emit complete(reading.lines());
-        else if (clock.elapsed() >= progressInterval) {
-            emit progress(reading.lines(), reading.done(), reading.total());
-            clock.start();
-        }
+    }
+}
+
+void SourceReader::readOn()
+{
+    reading->goOn();
+    if (reading->isComplete()) {
+        emit complete(reading->lines());
+    } else if (sinceProgress.elapsed() >= progressInterval) {
+        emit progress(reading->lines(), reading->done(), reading->total());
+        sinceProgress.start();
     }
 }

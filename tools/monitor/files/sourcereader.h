@@ -1,14 +1,14 @@
 #pragma once
 
 #include "lineindex.h"
+#include "turningthread.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QStringList>
 
-#include <condition_variable>
+#include <atomic>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 /// Reads lines of a text file of any size on a thread of its own: finds where they are, and brings
 /// those that are to be shown.
@@ -36,14 +36,18 @@ signals:
 private:
     class Reading;
 
-    void work();
-    quint64 waitForWish(bool isComplete);
+    bool hasFile();
+    void work(const TurningThread::KeepGoing &keepGoing);
+    void readOn();
 
     const QString fileName;
     const int pageLines;
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool isEnding = false;
-    quint64 wanted = 0; // none where it is 0
-    std::thread thread; // last: it uses the others
+    std::atomic<quint64> wanted{0}; // none where it is 0
+
+    // Of the thread.
+    std::unique_ptr<Reading> reading;
+    bool hasFailed = false;
+    QElapsedTimer sinceProgress;
+
+    TurningThread thread; // ends first
 };

@@ -25,17 +25,12 @@ QString identifierText(const CAN::CanRxMessage &message)
 
 } // namespace
 
-MarkReader::MarkReader(QObject *parent) : QObject(parent) { }
-
-MarkReader::~MarkReader()
+MarkReader::MarkReader(QObject *parent)
+    : QObject(parent), thread([this](const TurningThread::KeepGoing &keepGoing) {
+          while (keepGoing() && readNext(keepGoing)) { }
+          return -1;
+      })
 {
-    {
-        const std::lock_guard<std::mutex> locker(mutex);
-        isStopping = true;
-    }
-    wake.notify_one();
-    if (thread.joinable())
-        thread.join();
 }
 
 void MarkReader::read(const TraceTimeline &timeline)
@@ -44,9 +39,8 @@ void MarkReader::read(const TraceTimeline &timeline)
         const std::lock_guard<std::mutex> locker(mutex);
         wanted = timeline;
     }
-    if (!thread.joinable())
-        thread = std::thread([this] { work(); });
-    wake.notify_one();
+    thread.setRunning(true);
+    thread.wake();
 }
 
 void MarkReader::forget()
@@ -63,38 +57,37 @@ void MarkReader::forgetTrace()
     isOtherTrace = true;
 }
 
-void MarkReader::work()
+// False when nothing waits.
+bool MarkReader::readNext(const TurningThread::KeepGoing &keepGoing)
 {
     std::unique_lock<std::mutex> locker(mutex);
-    for (;;) {
-        wake.wait(locker, [this] { return isStopping || wanted; });
-        if (isStopping)
-            return;
-        TraceTimeline timeline = *std::exchange(wanted, std::nullopt);
-        const int ofRound = round;
-        if (std::exchange(isOtherTrace, false))
-            messages.clear();
-        locker.unlock();
-        const bool isFirst = std::exchange(lastRound, ofRound) != ofRound;
-        MarkList list = listOf(timeline);
-        if (goesOn(ofRound) && (isFirst || list.isCut != last.isCut || list.marks != last.marks)) {
-            last = list;
-            tell(list, ofRound);
-        }
-        locker.lock();
+    if (!wanted)
+        return false;
+    TraceTimeline timeline = *std::exchange(wanted, std::nullopt);
+    const int ofRound = round;
+    if (std::exchange(isOtherTrace, false))
+        messages.clear();
+    locker.unlock();
+    const bool isFirst = std::exchange(lastRound, ofRound) != ofRound;
+    const auto goesOn = [&] { return round == ofRound && keepGoing(); };
+    const MarkList list = listOf(timeline, goesOn);
+    if (goesOn() && (isFirst || list.isCut != last.isCut || list.marks != last.marks)) {
+        last = list;
+        tell(list, ofRound);
     }
+    return true;
 }
 
 void MarkReader::tell(const MarkList &list, int ofRound)
 {
     const auto tellIfWanted = [this, list, ofRound] {
-        if (goesOn(ofRound))
+        if (round == ofRound)
             emit marksRead(list);
     };
     QMetaObject::invokeMethod(this, tellIfWanted, Qt::QueuedConnection);
 }
 
-MarkList MarkReader::listOf(TraceTimeline &timeline)
+MarkList MarkReader::listOf(TraceTimeline &timeline, const std::function<bool()> &goesOn)
 {
     timeline.refresh();
     // Another trace in place of the one before.
@@ -103,12 +96,10 @@ MarkList MarkReader::listOf(TraceTimeline &timeline)
     lastCount = timeline.count();
     lastStart = timeline.firstTime();
     MarkList list;
-    const int ofRound = lastRound;
-    const QVector<TraceMark> marks =
-        timeline.marks(mostMessages + 1, [this, ofRound] { return goesOn(ofRound); });
+    const QVector<TraceMark> marks = timeline.marks(mostMessages + 1, goesOn);
     list.isCut = marks.size() > mostMessages;
     const int count = qMin(int(marks.size()), mostMessages);
-    for (int i = 0; i < count && goesOn(ofRound); ++i)
+    for (int i = 0; i < count && goesOn(); ++i)
         add(marks.at(i), known(timeline, marks.at(i).position), list);
     return list;
 }

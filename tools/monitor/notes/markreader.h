@@ -2,15 +2,15 @@
 
 #include "mark.h"
 #include "tracetimeline.h"
+#include "turningthread.h"
 
 #include <QHash>
 #include <QObject>
 
 #include <atomic>
-#include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <optional>
-#include <thread>
 
 /// Reads the notes and bookmarks of a trace, on a thread of its own.
 class MarkReader : public QObject
@@ -21,7 +21,6 @@ public:
     static constexpr int mostMessages = 10000;
 
     explicit MarkReader(QObject *parent = nullptr);
-    ~MarkReader() override;
 
     /// Looks through \a timeline, after what it looks through already; of several that wait the
     /// last one counts. Never waits.
@@ -44,20 +43,16 @@ private:
         QString identifier;
     };
 
-    void work();
+    bool readNext(const TurningThread::KeepGoing &keepGoing);
     void tell(const MarkList &list, int ofRound);
-    MarkList listOf(TraceTimeline &timeline);
+    MarkList listOf(TraceTimeline &timeline, const std::function<bool()> &goesOn);
     static void add(const TraceMark &mark, const Known &message, MarkList &list);
     const Known &known(const TraceTimeline &timeline, quint64 position);
-    bool goesOn(int ofRound) const { return !isStopping && round == ofRound; }
 
     std::mutex mutex;
-    std::condition_variable wake;
     std::optional<TraceTimeline> wanted; // under the mutex
     bool isOtherTrace = false;           // likewise
     std::atomic<int> round{0};
-    std::atomic<bool> isStopping{false};
-    std::thread thread; // started with the first reading
 
     // Of the thread.
     int lastRound = -1;
@@ -65,4 +60,6 @@ private:
     QHash<quint64, Known> messages; // by position
     quint64 lastCount = 0;
     qint64 lastStart = 0;
+
+    TurningThread thread; // ends first
 };

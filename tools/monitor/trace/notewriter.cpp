@@ -23,7 +23,7 @@ void NoteWriter::write(const Change &change)
 {
     {
         const std::lock_guard<std::mutex> locker(mutex);
-        changes.push_back(change);
+        changes.push_back({change, timeline.generation()});
     }
     worker->setRunning(true);
     worker->wake();
@@ -33,15 +33,23 @@ void NoteWriter::writeAll()
 {
     std::unique_lock<std::mutex> locker(mutex);
     while (!changes.empty()) {
-        const Change change = changes.front();
+        const Waiting next = changes.front();
         changes.pop_front();
         locker.unlock();
-        QString error;
-        if (change.kind == Change::Note)
-            timeline.setNote(change.position, change.text, &error);
-        else
-            timeline.setBookmark(change.position, change.text, &error);
-        emit ended(change, error); // queued, for whoever lives on another thread
+        const QString error = written(next);
+        emit ended(next.change, error); // queued, for whoever lives on another thread
         locker.lock();
     }
+}
+
+// Empty when it is, else why not.
+QString NoteWriter::written(const Waiting &next)
+{
+    const Change &change = next.change;
+    QString error;
+    if (change.kind == Change::Note)
+        timeline.setNote(change.position, change.text, &error, next.generation);
+    else
+        timeline.setBookmark(change.position, change.text, &error, next.generation);
+    return error;
 }

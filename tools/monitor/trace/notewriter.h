@@ -25,7 +25,7 @@ public:
         quint64 position = 0;
         QString text; ///< an empty one takes it away
     };
-    /// Never waits.
+    /// Never waits. The position is one of the trace as it is.
     void write(const Change &change);
 
 signals:
@@ -33,11 +33,18 @@ signals:
     void ended(const NoteWriter::Change &change, const QString &error);
 
 private:
+    struct Waiting
+    {
+        Change change;
+        quint32 generation; // of its position
+    };
+
     void writeAll();
+    QString written(const Waiting &next);
 
     TraceTimeline timeline;
     std::mutex mutex;
-    std::deque<Change> changes;            // under the mutex
+    std::deque<Waiting> changes;           // under the mutex
     std::unique_ptr<TurningThread> worker; // last: it uses the others
 };
 
