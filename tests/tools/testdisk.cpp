@@ -1,14 +1,19 @@
-// Loaded in front of a program: while the file that STALL names exists, chunk files cannot be
-// written, or moved where STALL_MOVES is set, as on a disk that does not answer.
+// Loaded in front of a program. While the file that STALL names exists, chunk files cannot be
+// written, or moved where STALL_MOVES is set, as on a disk that does not answer. With ROOM, in
+// bytes, the disk has no more of it, which nobody but the program takes.
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 #include <dlfcn.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace {
+
+std::atomic<long long> bytesWritten{0};
 
 bool isStalled()
 {
@@ -30,18 +35,37 @@ bool isChunk(int fd)
 
 } // namespace
 
-extern "C" __attribute__((visibility("default"))) ssize_t write(int fd, const void *data,
-                                                                std::size_t size)
+#pragma GCC visibility push(default)
+
+extern "C" ssize_t write(int fd, const void *data, std::size_t size)
 {
     using Write = ssize_t (*)(int, const void *, std::size_t);
     static const auto real = reinterpret_cast<Write>(dlsym(RTLD_NEXT, "write"));
     while (isStalled() && !std::getenv("STALL_MOVES") && isChunk(fd))
         usleep(1000);
-    return real(fd, data, size);
+    const ssize_t written = real(fd, data, size);
+    if (written > 0 && isChunk(fd))
+        bytesWritten += written;
+    return written;
 }
 
-extern "C" __attribute__((visibility("default"))) int
-renameat2(int oldFolder, const char *oldName, int newFolder, const char *newName, unsigned flags)
+extern "C" int statvfs(const char *path, struct statvfs *status)
+{
+    using Stat = int (*)(const char *, struct statvfs *);
+    static const auto real = reinterpret_cast<Stat>(dlsym(RTLD_NEXT, "statvfs"));
+    static const char *const room = std::getenv("ROOM");
+    const int result = real(path, status);
+    if (!room || result != 0)
+        return result;
+    const long long all = std::atoll(room);
+    status->f_frsize = 1;
+    status->f_blocks = fsblkcnt_t(all);
+    status->f_bavail = fsblkcnt_t(all > bytesWritten ? all - bytesWritten : 0);
+    return 0;
+}
+
+extern "C" int renameat2(int oldFolder, const char *oldName, int newFolder, const char *newName,
+                         unsigned flags)
 {
     using Rename = int (*)(int, const char *, int, const char *, unsigned);
     static const auto real = reinterpret_cast<Rename>(dlsym(RTLD_NEXT, "renameat2"));
@@ -49,3 +73,5 @@ renameat2(int oldFolder, const char *oldName, int newFolder, const char *newName
         usleep(1000);
     return real(oldFolder, oldName, newFolder, newName, flags);
 }
+
+#pragma GCC visibility pop
