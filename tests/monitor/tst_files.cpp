@@ -1,6 +1,7 @@
 #include "filefixture.h"
 #include "importedtrace.h"
 #include "jobqueue.h"
+#include "sourcereader.h"
 #include "sourceview.h"
 #include "temporarysettings.h"
 #include "tracerecognition.h"
@@ -35,6 +36,7 @@ private slots:
     void fileIsReadInAnotherWay();
     void linesAreFound_data();
     void linesAreFound();
+    void linesAreToldToWhoeverListens();
     void chunksAreGoneTo();
     void recentTracesAreOpenedAgain();
 };
@@ -333,6 +335,20 @@ void TestFiles::linesAreFound()
     QCOMPARE(index.read(buffer, 1, lines.size()), lines);
     for (const int line : {0, lines.size() / 2, lines.size() - 1})
         QCOMPARE(index.read(buffer, quint64(line) + 1, 1), QStringList(lines.at(line)));
+}
+
+// However long it takes to listen.
+void TestFiles::linesAreToldToWhoeverListens()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("a.log");
+    QVERIFY(writeFile(path, "a\nb\n"));
+    SourceReader reader(path, 10);
+    QTest::qWait(50);
+    QVector<quint64> told;
+    connect(&reader, &SourceReader::complete, this, [&told](quint64 lines) { told << lines; });
+    reader.want(1);
+    QTRY_COMPARE(told, QVector<quint64>{2});
 }
 
 void TestFiles::chunksAreGoneTo()

@@ -95,6 +95,8 @@ quint64 SourceReader::waitForWish(bool isComplete)
 // Signals from here come to the others' threads queued.
 void SourceReader::work()
 {
+    // What is told once is told when somebody listens: whoever wants a page does.
+    waitForWish(true);
     Reading reading(fileName);
     if (!reading.open()) {
         emit failed(reading.errorText());
