@@ -5,6 +5,7 @@
 #include "deskwindow.h"
 #include "pacer.h"
 #include "temporarysettings.h"
+#include "virtualbus.h"
 
 #include <QCanBus>
 
@@ -277,11 +278,11 @@ void TestBusLines::connectsPlugin()
 void TestBusLines::connectsVirtualCan()
 {
     DeskWindow window;
-    const BusLine *line =
-        window.desk->lines()->add(device(QStringLiteral("virtualcan"), QStringLiteral("can0")));
+    const QString bus = ownVirtualBus();
+    const BusLine *line = window.desk->lines()->add(device(QStringLiteral("virtualcan"), bus));
     QTRY_COMPARE(line->state(), BusLine::Running);
     const std::unique_ptr<QCanBusDevice> sender(
-        QCanBus::instance()->createDevice(QStringLiteral("virtualcan"), QStringLiteral("can0")));
+        QCanBus::instance()->createDevice(QStringLiteral("virtualcan"), bus));
     QVERIFY(sender->connectDevice());
     QTRY_COMPARE(sender->state(), QCanBusDevice::ConnectedState);
     // The server knows both only when both have told it their channel.

@@ -61,7 +61,8 @@ quint64 TestKeeping::record(const DeskWindow &window, quint64 messages)
     BusChoice choice;
     choice.generator.rate = 100000;
     const BusLine *line = window.desk->lines()->add(choice);
-    const bool came = QTest::qWaitFor([&] { return line->taken() >= messages; });
+    constexpr int patience = 60000; // milliseconds, where others have the machine
+    const bool came = QTest::qWaitFor([&] { return line->taken() >= messages; }, patience);
     window.desk->lines()->stopAll();
     return came ? window.desk->recording()->counts().taken : 0;
 }

@@ -104,11 +104,16 @@ void TestNoThreads::aSourceTextSaysSo()
     QTemporaryDir folder;
     const QString fileName = folder.filePath(QStringLiteral("a.log"));
     writeTrace(fileName);
-    std::optional<NoThreads> none(std::in_place);
     SourceReader reader(fileName, 10);
-    none.reset();
     const QSignalSpy failed(&reader, &SourceReader::failed);
+    const QSignalSpy page(&reader, &SourceReader::page);
+    {
+        const NoThreads none;
+        reader.want(1);
+    }
     QTRY_COMPARE(failed.size(), 1);
+    reader.want(1);
+    QTRY_COMPARE(page.size(), 1);
 }
 
 void TestNoThreads::notesAreReadLater()

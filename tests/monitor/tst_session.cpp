@@ -8,6 +8,7 @@
 #include "tracetab.h"
 #include "tracetablemodel.h"
 #include "traceview.h"
+#include "virtualbus.h"
 
 #include <QCanBus>
 #include <QDir>
@@ -63,10 +64,10 @@ void type(QWidget *field, const QString &text)
 }
 
 // From another program's side of the bus.
-std::unique_ptr<QCanBusDevice> otherNode()
+std::unique_ptr<QCanBusDevice> otherNode(const QString &bus)
 {
     std::unique_ptr<QCanBusDevice> device(
-        QCanBus::instance()->createDevice(QStringLiteral("virtualcan"), QStringLiteral("can0")));
+        QCanBus::instance()->createDevice(QStringLiteral("virtualcan"), bus));
     device->connectDevice();
     return device;
 }
@@ -76,12 +77,12 @@ void connectTo(MainWindow &window, const BusChoice &choice)
     window.findChild<BusDesk *>()->lines()->add(choice);
 }
 
-BusChoice virtualCan()
+BusChoice virtualCan(const QString &bus)
 {
     BusChoice choice;
     choice.kind = BusChoice::Device;
     choice.device.plugin = QStringLiteral("virtualcan");
-    choice.device.interface = QStringLiteral("can0");
+    choice.device.interface = bus;
     return choice;
 }
 
@@ -115,10 +116,11 @@ void TestSession::recordsFiltersJumpsNotesAndExports()
 {
     MainWindow window;
     showIt(window);
-    connectTo(window, virtualCan());
+    const QString bus = ownVirtualBus();
+    connectTo(window, virtualCan(bus));
     // The first to connect has the server of the virtual bus, on its thread.
     QTRY_COMPARE(window.findChild<BusDesk *>()->lines()->at(0)->state(), BusLine::Running);
-    const auto node = otherNode();
+    const auto node = otherNode(bus);
     QTRY_COMPARE(node->state(), QCanBusDevice::ConnectedState);
     for (quint64 i = 0; i < frames; ++i)
         node->writeFrame(QCanBusFrame(0x100 + i % 4, QByteArray::number(int(i))));
@@ -154,6 +156,7 @@ void TestSession::recordsFiltersJumpsNotesAndExports()
     type(find(*dialog, "file"), file);
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file), 30000);
     window.open({file});
+    QTRY_COMPARE(find<QTabWidget>(window, "traces")->count(), 2);
     QTRY_COMPARE(messagesOf(window), frames);
     QCOMPARE(currentTab(window)->trace()->timeline().row(7).note, QStringLiteral("the seventh"));
 }

@@ -259,8 +259,10 @@ void TestTimeline::directoryOfAnotherStateIsNotBelieved()
     ChunkIndex index = indexer.finish();
     index.moveBy(before->size - index.recordsEnd);
     QVERIFY(ChunkDirectory::add(folder.path(), {QStringLiteral("tmpData0.dck"), *before, index}));
-    QTest::qWait(20); // beyond the tick of the file system's clock
-    writeFile(chunk, bytes);
+    // The clock of the file system goes on by ticks.
+    do
+        writeFile(chunk, bytes);
+    while (FileIdentity::of(chunk) == before);
     TraceTimeline timeline({folder.path()});
     QVERIFY(timeline.waitForAll());
     compareRows(timeline, recording);

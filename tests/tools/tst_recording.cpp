@@ -2,7 +2,6 @@
 #include "program.h"
 
 #include <QProcess>
-#include <QStorageInfo>
 #include <QtTest>
 
 #include <algorithm>
@@ -241,17 +240,21 @@ void TestRecording::theBudgetIsKept()
 
 void TestRecording::theReserveStaysFree()
 {
-    const QTemporaryDir folder(folderInMemory());
-    const qint64 free = QStorageInfo(folder.path()).bytesAvailable();
-    // The input has no end.
+    // The disk has 16 MiB more, which others cannot take, and the input has no end.
+    constexpr qint64 mebibyte = 1024 * 1024;
     const ProgramResult result =
-        run(QStringLiteral("record --into %1/rec --limit 9000 --reserve %2")
-                .arg(folder.path())
-                .arg(free / 1024 / 1024 - 16),
-            {}, "yes '(1.0) can0 123#1122' |");
+        run("record --into rec --limit 9000 --reserve 100", {},
+            QStringLiteral("export LD_PRELOAD='%1' ROOM=%2 ASAN_OPTIONS=verify_asan_link_order=0; "
+                           "yes '(1.0) can0 123#1122' |")
+                .arg(TEST_DISK)
+                .arg(116 * mebibyte));
     QCOMPARE(result.status, 1);
     QVERIFY2(result.errors.contains("is left on the disk, so the recording ends"), result.errors);
     QVERIFY2(result.output.endsWith("messages dropped: 0\n"), result.output);
+    qint64 bytes = 0;
+    for (const QByteArray &content : filesBelow("rec"))
+        bytes += content.size();
+    QVERIFY(bytes > 15 * mebibyte && bytes <= 16 * mebibyte);
 }
 
 void TestRecording::anOccupiedFolderIsLeftAlone()

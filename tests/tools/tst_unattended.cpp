@@ -287,7 +287,7 @@ void TestUnattended::aStalledDiskIsCounted()
     QFETCH(bool, moves);
     writeFile("stall", {});
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("LD_PRELOAD", SLOW_DISK);
+    environment.insert("LD_PRELOAD", TEST_DISK);
     environment.insert("STALL", QDir::current().absoluteFilePath("stall"));
     if (moves)
         environment.insert("STALL_MOVES", "1");
@@ -321,7 +321,8 @@ void TestUnattended::aStalledDiskIsCounted()
         expected += note.section(' ', 1, 1).toUInt();
         QCOMPARE(qFromBigEndian<quint32>(chunk.messages.at(i).data), expected++);
     }
-    QCOMPARE(!chunk.notes.isEmpty(), goesOn);
+    // Where it ends, a few may have come between the disk's return and the signal.
+    QVERIFY(!goesOn || !chunk.notes.isEmpty());
 }
 
 void TestUnattended::theServiceManagerIsTold()

@@ -57,10 +57,6 @@ SourceReader::SourceReader(QString fileName, int pageLines, QObject *parent)
           return -1;
       })
 {
-    if (thread.setRunning(true))
-        return;
-    QMetaObject::invokeMethod(
-        this, [this] { emit failed(tr("The system has no thread left.")); }, Qt::QueuedConnection);
 }
 
 SourceReader::~SourceReader() = default;
@@ -68,7 +64,12 @@ SourceReader::~SourceReader() = default;
 void SourceReader::want(quint64 first)
 {
     wanted = first;
-    thread.wake();
+    if (thread.setRunning(true))
+        thread.wake();
+    else
+        QMetaObject::invokeMethod(
+            this, [this] { emit failed(tr("The system has no thread left.")); },
+            Qt::QueuedConnection);
 }
 
 // Signals from here on come to the others' threads queued.

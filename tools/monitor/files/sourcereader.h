@@ -21,7 +21,8 @@ public:
     ~SourceReader() override;
 
     /// Has the lines from \a first on read, counted from 1; what was wanted before and has not come
-    /// is no longer wanted. page() follows once they are known.
+    /// is no longer wanted. page() follows once they are known. Nothing is read or told before this
+    /// is called.
     void want(quint64 first);
 
 signals:
