@@ -85,6 +85,8 @@ void MainWindow::connectDesks()
         const int tab = addTab(trace);
         trace->setParent(tabAt(tab));
         tabs->setCurrentIndex(tab);
+        // What had the keys until then may have been the button that starts a line.
+        tabAt(tab)->view()->setFocus();
     });
     connect(files, &FileDesk::notice, messages, &MessageBar::add);
     connect(buses, &BusDesk::notice, messages, &MessageBar::add);
