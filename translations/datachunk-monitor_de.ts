@@ -105,16 +105,8 @@
         <translation>Verbindet einen Generator für Verkehr.</translation>
     </message>
     <message>
-        <source>&amp;Stop all lines</source>
-        <translation>Alle Kanäle &amp;stoppen</translation>
-    </message>
-    <message>
         <source>&amp;New recording</source>
         <translation>&amp;Neue Aufzeichnung</translation>
-    </message>
-    <message>
-        <source>S&amp;ave recording…</source>
-        <translation>&amp;Aufzeichnung speichern…</translation>
     </message>
     <message>
         <source>Recording s&amp;ettings…</source>
@@ -127,6 +119,14 @@
     <message>
         <source>Both may record, each into a folder of its own; settings are kept from the one that changes them last.</source>
         <translation>Beide können aufzeichnen, jeder in einen eigenen Ordner; Einstellungen bleiben von dem, der sie zuletzt ändert.</translation>
+    </message>
+    <message>
+        <source>Stop &amp;all lines</source>
+        <translation>Alle Kanäle &amp;stoppen</translation>
+    </message>
+    <message>
+        <source>&amp;Save recording…</source>
+        <translation>A&amp;ufzeichnung speichern…</translation>
     </message>
 </context>
 <context>
@@ -1702,6 +1702,18 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>C&amp;olours</source>
         <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>&amp;Bus lines</source>
+        <translation>&amp;Kanäle</translation>
+    </message>
+    <message>
+        <source>Notes &amp;and bookmarks</source>
+        <translation>&amp;Notizen und Lesezeichen</translation>
+    </message>
+    <message>
+        <source>&amp;Statistics</source>
+        <translation>S&amp;tatistik</translation>
     </message>
 </context>
 <context>

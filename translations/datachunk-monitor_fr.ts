@@ -105,16 +105,8 @@
         <translation>Connecte un générateur de trafic.</translation>
     </message>
     <message>
-        <source>&amp;Stop all lines</source>
-        <translation>&amp;Arrêter tous les canaux</translation>
-    </message>
-    <message>
         <source>&amp;New recording</source>
         <translation>&amp;Nouvel enregistrement</translation>
-    </message>
-    <message>
-        <source>S&amp;ave recording…</source>
-        <translation>&amp;Sauvegarder l’enregistrement…</translation>
     </message>
     <message>
         <source>Recording s&amp;ettings…</source>
@@ -127,6 +119,14 @@
     <message>
         <source>Both may record, each into a folder of its own; settings are kept from the one that changes them last.</source>
         <translation>Les deux peuvent enregistrer, chacun dans son propre dossier&#xa0;; les réglages conservés sont ceux du dernier qui les change.</translation>
+    </message>
+    <message>
+        <source>Stop &amp;all lines</source>
+        <translation>&amp;Arrêter tous les canaux</translation>
+    </message>
+    <message>
+        <source>&amp;Save recording…</source>
+        <translation>&amp;Sauvegarder l’enregistrement…</translation>
     </message>
 </context>
 <context>
@@ -1702,6 +1702,18 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>C&amp;olours</source>
         <translation>Co&amp;uleurs</translation>
+    </message>
+    <message>
+        <source>&amp;Bus lines</source>
+        <translation>Can&amp;aux</translation>
+    </message>
+    <message>
+        <source>Notes &amp;and bookmarks</source>
+        <translation>Notes et si&amp;gnets</translation>
+    </message>
+    <message>
+        <source>&amp;Statistics</source>
+        <translation>Statisti&amp;ques</translation>
     </message>
 </context>
 <context>

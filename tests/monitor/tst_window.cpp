@@ -38,6 +38,8 @@ private slots:
     void closingAsksBeforeFilesAreLeftOut();
     void coloursChangeAndAreKept();
     void docksAreKept();
+    void statisticsLeaveTheTraceItsRoom_data();
+    void statisticsLeaveTheTraceItsRoom();
 
 private:
     const TemporarySettings settings;
@@ -266,6 +268,27 @@ void TestWindow::docksAreKept()
     const MainWindow window;
     QVERIFY(window.findChild<QDockWidget *>(name)->isHidden());
     QVERIFY(!window.findChild<QDockWidget *>(QStringLiteral("lines"))->isHidden());
+}
+
+void TestWindow::statisticsLeaveTheTraceItsRoom_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<Qt::DockWidgetArea>("area");
+    QTest::newRow("behind the notes of a narrow window") << 1024 << Qt::LeftDockWidgetArea;
+    QTest::newRow("beside the trace in a wide one") << 1800 << Qt::RightDockWidgetArea;
+}
+
+void TestWindow::statisticsLeaveTheTraceItsRoom()
+{
+    QFETCH(int, width);
+    MainWindow window;
+    window.resize(width, 768);
+    window.show();
+    auto *dock = window.findChild<QDockWidget *>(QStringLiteral("statistics"));
+    QVERIFY(dock->isHidden());
+    dock->toggleViewAction()->trigger();
+    QTRY_VERIFY(!dock->visibleRegion().isEmpty());
+    QTEST(window.dockWidgetArea(dock), "area");
 }
 
 QTEST_MAIN(TestWindow)

@@ -40,6 +40,8 @@ private:
     QList<QAction *> startActions() const;
     void connectDesks();
     void restore();
+    void makeRoomForTrace();
+    void buildDockActions();
     int addTab(ShownTrace *trace);
     void showRecording(Recording *recording);
     void closeTab(int index);

@@ -15,6 +15,7 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -43,7 +44,10 @@ QAction *named(const QList<QAction *> &actions, const char *name)
 void MainWindow::buildMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
-    addAll(file, files->actions());
+    QList<QAction *> ofFiles = files->actions();
+    // Where others look for what Ctrl+S does.
+    ofFiles.insert(ofFiles.indexOf(nullptr), named(buses->actions(), "saveRecording"));
+    addAll(file, ofFiles);
     file->addSeparator();
     QAction *close =
         file->addAction(tr("Close &tab"), this, [this] { closeTab(tabs->currentIndex()); });
@@ -51,6 +55,7 @@ void MainWindow::buildMenus()
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
     addAll(menuBar()->addMenu(tr("&Bus")), buses->actions());
+    buildDockActions();
     buildTraceMenus();
     buildToolBar();
     QMenu *help = menuBar()->addMenu(tr("&Help"));
@@ -101,6 +106,24 @@ void MainWindow::buildViewMenu(QMenu *menu)
         menu->addAction(dock->toggleViewAction());
 }
 
+void MainWindow::buildDockActions()
+{
+    const std::pair<QDockWidget *, QString> docks[] = {{buses->dock(), tr("&Bus lines")},
+                                                       {notes, tr("Notes &and bookmarks")},
+                                                       {statistics, tr("&Statistics")}};
+    connect(statistics->toggleViewAction(), &QAction::triggered, this,
+            &MainWindow::makeRoomForTrace);
+    for (const auto &[dock, text] : docks) {
+        QAction *action = dock->toggleViewAction();
+        action->setText(text);
+        // Behind another one it would not be seen.
+        connect(action, &QAction::triggered, dock, [dock = dock](bool isShown) {
+            if (isShown)
+                dock->raise();
+        });
+    }
+}
+
 QList<QAction *> MainWindow::startActions() const
 {
     return {named(buses->actions(), "connect"), named(buses->actions(), "try"),
@@ -117,4 +140,5 @@ void MainWindow::buildToolBar()
         bar->addAction(named(buses->actions(), name));
     bar->addSeparator();
     bar->addAction(byIdentifier);
+    bar->addAction(statistics->toggleViewAction());
 }
