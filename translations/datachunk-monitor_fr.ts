@@ -1727,10 +1727,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>Signet</translation>
     </message>
     <message>
-        <source>Position</source>
-        <translation>Position</translation>
-    </message>
-    <message>
         <source>Text</source>
         <translation>Texte</translation>
     </message>
@@ -1741,6 +1737,10 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Identifier</source>
         <translation>Identifiant</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Numéro</translation>
     </message>
 </context>
 <context>

@@ -16,14 +16,14 @@ Q_DECLARE_METATYPE(Notice)
 
 namespace {
 
-enum Column { KindColumn, PositionColumn, TextColumn, TimeColumn, IdentifierColumn };
+enum Column { KindColumn, NumberColumn, TextColumn, TimeColumn, IdentifierColumn };
 
 CAN::CanRxMessage message(quint32 second)
 {
     CAN::CanRxMessage made;
     made.id = 0x120 + second % 8;
     made.length = 2;
-    made.seconds = qint32(second);
+    made.seconds = 1000 + qint32(second); // the list counts from the first one
     return made;
 }
 
@@ -65,7 +65,7 @@ private:
     {
         QStringList all;
         for (int row = 0; row < view()->model()->rowCount(); ++row)
-            all << cell(row, PositionColumn) + QLatin1Char(' ') + cell(row, TextColumn);
+            all << cell(row, NumberColumn) + QLatin1Char(' ') + cell(row, TextColumn);
         return all;
     }
     QWidget *editor() const { return view()->findChild<QLineEdit *>(); }
@@ -79,7 +79,7 @@ private:
     void selectRow(int row) const
     {
         view()->setFocus();
-        view()->setCurrentIndex(view()->model()->index(row, PositionColumn));
+        view()->setCurrentIndex(view()->model()->index(row, NumberColumn));
     }
 
     const TemporarySettings settings;
@@ -156,7 +156,7 @@ void TestNotes::searchingAndSorting()
     QCOMPARE(view()->model()->rowCount(), 3);
     view()->sortByColumn(TextColumn, Qt::DescendingOrder);
     QCOMPARE(texts(), QStringList({"5 start", "3 door opens", "50 Door closes"}));
-    view()->sortByColumn(PositionColumn, Qt::DescendingOrder);
+    view()->sortByColumn(NumberColumn, Qt::DescendingOrder);
     QCOMPARE(texts().first(), QStringLiteral("50 Door closes"));
 }
 

@@ -40,6 +40,7 @@ private:
     struct Known
     {
         qint64 microseconds = 0;
+        QString number;
         QString time;
         QString identifier;
     };

@@ -11,7 +11,7 @@ class MarksModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
-    enum Column { KindColumn, PositionColumn, TextColumn, TimeColumn, IdentifierColumn };
+    enum Column { KindColumn, NumberColumn, TextColumn, TimeColumn, IdentifierColumn };
     static constexpr int columns = IdentifierColumn + 1;
     enum Role {
         SortRole = Qt::UserRole, ///< what a column is sorted by
