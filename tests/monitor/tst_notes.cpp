@@ -1,4 +1,5 @@
 #include "datachunkhandler.h"
+#include "marksmodel.h"
 #include "notesdock.h"
 #include "showntrace.h"
 #include "temporarysettings.h"
@@ -46,6 +47,7 @@ private slots:
     void nothingIsReadOutOfSight();
     void anotherTraceIsAnotherList();
     void whatIsWrittenAtTheEndIsWritten();
+    void manyOthersAreOneChange();
 
 private:
     QTableView *view() const { return dock->findChild<QTableView *>(QStringLiteral("marks")); }
@@ -291,6 +293,28 @@ void TestNotes::whatIsWrittenAtTheEndIsWritten()
     dock->setTrace(nullptr);
     trace.reset();
     QCOMPARE(store->timeline().notePositions().size(), 31);
+}
+
+void TestNotes::manyOthersAreOneChange()
+{
+    QVector<Mark> marks;
+    for (quint64 position = 0; position < 1000; position += 2)
+        marks.append({position, Mark::Note, QStringLiteral("n"), 0, {}, {}, {}});
+    MarksModel model;
+    model.setMarks(marks);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    for (Mark &mark : marks)
+        ++mark.position;
+    model.setMarks(marks);
+    QCOMPARE(model.marks(), marks);
+    QCOMPARE(reset.count(), 1);
+    marks.removeLast();
+    marks.append({2000, Mark::Bookmark, QStringLiteral("b"), 0, {}, {}, {}});
+    model.setMarks(marks);
+    QCOMPARE(model.marks(), marks);
+    QCOMPARE(reset.count(), 1);
+    QCOMPARE(inserted.count(), 1);
 }
 
 QTEST_MAIN(TestNotes)

@@ -186,9 +186,24 @@ void MarksModel::dropUnwritten()
     }
 }
 
+// One that the user is about to write is in no list.
+int MarksModel::changesTo(const QVector<Mark> &marks) const
+{
+    int changes = 0;
+    auto shown = all.begin();
+    for (const Mark &mark : marks) {
+        for (; shown != all.end() && *shown < mark; ++shown)
+            changes += shown->text.isEmpty() ? 0 : 1;
+        const bool isShown = shown != all.end() && !(mark < *shown);
+        changes += isShown && *shown == mark ? 0 : 1;
+        shown += isShown ? 1 : 0;
+    }
+    return changes + int(all.end() - shown);
+}
+
 void MarksModel::setMarks(const QVector<Mark> &marks)
 {
-    if (qAbs(marks.size() - all.size()) > mostSingleChanges) {
+    if (changesTo(marks) > mostSingleChanges) {
         beginResetModel();
         all = marks;
         endResetModel();
@@ -196,7 +211,6 @@ void MarksModel::setMarks(const QVector<Mark> &marks)
     }
     int row = 0;
     for (const Mark &mark : marks) {
-        // One that the user is about to write is in no list.
         while (row < all.size() && all.at(row) < mark) {
             if (all.at(row).text.isEmpty())
                 ++row;
