@@ -69,8 +69,8 @@ QVariant MarksModel::data(const QModelIndex &index, int role) const
         return index.column() == KindColumn ? QVariant(isNote ? noteIcon : bookmarkIcon)
                                             : QVariant();
     case Qt::ToolTipRole:
-        if (index.column() == TimeColumn && MessageText::isDate(mark.microseconds))
-            return MessageText::dateAndTime(mark.microseconds);
+        if (index.column() == TimeColumn && !mark.time.isEmpty())
+            return MessageText::moment(mark.microseconds);
         Q_FALLTHROUGH();
     case Qt::AccessibleTextRole:
         if (index.column() == KindColumn)
