@@ -824,6 +824,13 @@
     </message>
 </context>
 <context>
+    <name>FilterField</name>
+    <message>
+        <source>Ctrl+Space shows what may stand there.</source>
+        <translation>Ctrl+Espace montre ce qui peut s’y trouver.</translation>
+    </message>
+</context>
+<context>
     <name>FilterWords</name>
     <message>
         <source>identifier, hexadecimal: id==1a0, id in 100..1ff</source>
