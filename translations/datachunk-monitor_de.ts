@@ -1882,10 +1882,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
 <context>
     <name>PlaceLine</name>
     <message>
-        <source>No messages found</source>
-        <translation>Keine Nachrichten gefunden</translation>
-    </message>
-    <message>
         <source>No messages</source>
         <translation>Keine Nachrichten</translation>
     </message>
@@ -1914,6 +1910,10 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
             <numerusform>%L1 Nachricht</numerusform>
             <numerusform>%L1 Nachrichten</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No messages found; clear the filter to see all</source>
+        <translation>Keine Nachrichten gefunden; ohne Filter sind alle zu sehen</translation>
     </message>
 </context>
 <context>

@@ -1882,10 +1882,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
 <context>
     <name>PlaceLine</name>
     <message>
-        <source>No messages found</source>
-        <translation>Aucun message trouvé</translation>
-    </message>
-    <message>
         <source>No messages</source>
         <translation>Aucun message</translation>
     </message>
@@ -1914,6 +1910,10 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
             <numerusform>%L1 message</numerusform>
             <numerusform>%L1 messages</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No messages found; clear the filter to see all</source>
+        <translation>Aucun message trouvé ; videz le filtre pour tous les voir</translation>
     </message>
 </context>
 <context>

@@ -157,9 +157,6 @@ QVariant MessageModel::headerData(int section, Qt::Orientation orientation, int 
 {
     if (orientation == Qt::Horizontal && section == AsciiColumn && role == Qt::DisplayRole)
         return tr("Characters");
-    // Titles stand where their column does.
-    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole && rowCount() > 0)
-        return data(index(0, section), role);
     return TraceTableModel::headerData(section, orientation, role);
 }
 
