@@ -42,6 +42,7 @@ private:
     void restore();
     void makeRoomForTrace();
     void buildDockActions();
+    void showDock(QDockWidget *dock, bool isWanted);
     int addTab(ShownTrace *trace);
     void showRecording(Recording *recording);
     void closeTab(int index);
@@ -59,6 +60,7 @@ private:
     NotesDock *const notes;
     StatisticsDock *const statistics;
     QAction *const byIdentifier;
+    QList<QAction *> dockActions; // the last one is that of the statistics
     LossQuestion *const question;
     QStringList agreedLosses; // to be lost with the window
 };

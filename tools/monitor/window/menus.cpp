@@ -101,9 +101,7 @@ void MainWindow::buildViewMenu(QMenu *menu)
     if (const TraceTab *tab = currentTab())
         addAll(menu, tab->view()->viewActions());
     menu->addSeparator();
-    for (QDockWidget *dock :
-         {buses->dock(), static_cast<QDockWidget *>(notes), static_cast<QDockWidget *>(statistics)})
-        menu->addAction(dock->toggleViewAction());
+    addAll(menu, dockActions);
 }
 
 void MainWindow::buildDockActions()
@@ -111,17 +109,25 @@ void MainWindow::buildDockActions()
     const std::pair<QDockWidget *, QString> docks[] = {{buses->dock(), tr("&Bus lines")},
                                                        {notes, tr("Notes &and bookmarks")},
                                                        {statistics, tr("&Statistics")}};
-    connect(statistics->toggleViewAction(), &QAction::triggered, this,
-            &MainWindow::makeRoomForTrace);
     for (const auto &[dock, text] : docks) {
-        QAction *action = dock->toggleViewAction();
-        action->setText(text);
-        // Behind another one it would not be seen.
-        connect(action, &QAction::triggered, dock, [dock = dock](bool isShown) {
-            if (isShown)
-                dock->raise();
-        });
+        auto *action = new QAction(text, this);
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this,
+                [this, dock = dock](bool isWanted) { showDock(dock, isWanted); });
+        connect(dock->toggleViewAction(), &QAction::toggled, action, &QAction::setChecked);
+        action->setChecked(dock->toggleViewAction()->isChecked());
+        dockActions.append(action);
     }
+}
+
+// Behind another one it would not be seen.
+void MainWindow::showDock(QDockWidget *dock, bool isWanted)
+{
+    if (isWanted && dock == statistics)
+        makeRoomForTrace();
+    dock->setVisible(isWanted);
+    if (isWanted)
+        dock->raise();
 }
 
 QList<QAction *> MainWindow::startActions() const
@@ -140,5 +146,5 @@ void MainWindow::buildToolBar()
         bar->addAction(named(buses->actions(), name));
     bar->addSeparator();
     bar->addAction(byIdentifier);
-    bar->addAction(statistics->toggleViewAction());
+    bar->addAction(dockActions.last());
 }
