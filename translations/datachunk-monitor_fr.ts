@@ -1913,7 +1913,7 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     </message>
     <message>
         <source>No messages found; clear the filter to see all</source>
-        <translation>Aucun message trouvé ; videz le filtre pour tous les voir</translation>
+        <translation>Aucun message trouvé&#xa0;; videz le filtre pour tous les voir</translation>
     </message>
 </context>
 <context>
