@@ -48,10 +48,18 @@ TraceSnapshot::Place TraceSnapshot::at(quint64 position) const
 
 qint64 TraceSnapshot::firstTime() const
 {
-    qint64 time = std::numeric_limits<qint64>::max();
+    constexpr qint64 none = std::numeric_limits<qint64>::max(); // as of a chunk without messages
+    qint64 time = none;
     for (const Placed &placed : all)
         time = std::min(time, placed.segment->index().minTime);
-    return all.empty() ? 0 : time;
+    return time == none ? 0 : time;
+}
+
+qint64 TraceSnapshot::lastTime() const
+{
+    constexpr qint64 none = std::numeric_limits<qint64>::min();
+    const qint64 time = all.empty() ? none : all.back().maxTime();
+    return time == none ? 0 : time;
 }
 
 quint64 TraceSnapshot::positionOfTime(qint64 time) const
