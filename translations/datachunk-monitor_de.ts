@@ -105,16 +105,8 @@
         <translation>Verbindet einen Generator für Verkehr.</translation>
     </message>
     <message>
-        <source>&amp;Stop all lines</source>
-        <translation>Alle Kanäle &amp;stoppen</translation>
-    </message>
-    <message>
         <source>&amp;New recording</source>
         <translation>&amp;Neue Aufzeichnung</translation>
-    </message>
-    <message>
-        <source>S&amp;ave recording…</source>
-        <translation>&amp;Aufzeichnung speichern…</translation>
     </message>
     <message>
         <source>Recording s&amp;ettings…</source>
@@ -127,6 +119,14 @@
     <message>
         <source>Both may record, each into a folder of its own; settings are kept from the one that changes them last.</source>
         <translation>Beide können aufzeichnen, jeder in einen eigenen Ordner; Einstellungen bleiben von dem, der sie zuletzt ändert.</translation>
+    </message>
+    <message>
+        <source>Stop &amp;all lines</source>
+        <translation>Alle Kanäle &amp;stoppen</translation>
+    </message>
+    <message>
+        <source>&amp;Save recording…</source>
+        <translation>A&amp;ufzeichnung speichern…</translation>
     </message>
 </context>
 <context>
@@ -821,6 +821,13 @@
     <message>
         <source>Saved filters</source>
         <translation>Gespeicherte Filter</translation>
+    </message>
+</context>
+<context>
+    <name>FilterField</name>
+    <message>
+        <source>Ctrl+Space shows what may stand there.</source>
+        <translation>Strg+Leertaste zeigt, was dort stehen kann.</translation>
     </message>
 </context>
 <context>
@@ -1703,6 +1710,18 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <source>C&amp;olours</source>
         <translation>&amp;Farben</translation>
     </message>
+    <message>
+        <source>&amp;Bus lines</source>
+        <translation>&amp;Kanäle</translation>
+    </message>
+    <message>
+        <source>Notes &amp;and bookmarks</source>
+        <translation>&amp;Notizen und Lesezeichen</translation>
+    </message>
+    <message>
+        <source>&amp;Statistics</source>
+        <translation>S&amp;tatistik</translation>
+    </message>
 </context>
 <context>
     <name>MarksModel</name>
@@ -1715,10 +1734,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
         <translation>Lesezeichen</translation>
     </message>
     <message>
-        <source>Position</source>
-        <translation>Position</translation>
-    </message>
-    <message>
         <source>Text</source>
         <translation>Text</translation>
     </message>
@@ -1729,6 +1744,10 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
     <message>
         <source>Identifier</source>
         <translation>Identifier</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
     </message>
 </context>
 <context>
@@ -1881,10 +1900,6 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
 <context>
     <name>PlaceLine</name>
     <message>
-        <source>No messages found</source>
-        <translation>Keine Nachrichten gefunden</translation>
-    </message>
-    <message>
         <source>No messages</source>
         <translation>Keine Nachrichten</translation>
     </message>
@@ -1913,6 +1928,10 @@ Zeichnet von CAN-Bussen auf und zeigt Traces vieler CAN-Programme.</translation>
             <numerusform>%L1 Nachricht</numerusform>
             <numerusform>%L1 Nachrichten</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No messages found; clear the filter to see all</source>
+        <translation>Keine Nachrichten gefunden; ohne Filter sind alle zu sehen</translation>
     </message>
 </context>
 <context>

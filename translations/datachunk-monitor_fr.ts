@@ -105,16 +105,8 @@
         <translation>Connecte un générateur de trafic.</translation>
     </message>
     <message>
-        <source>&amp;Stop all lines</source>
-        <translation>&amp;Arrêter tous les canaux</translation>
-    </message>
-    <message>
         <source>&amp;New recording</source>
         <translation>&amp;Nouvel enregistrement</translation>
-    </message>
-    <message>
-        <source>S&amp;ave recording…</source>
-        <translation>&amp;Sauvegarder l’enregistrement…</translation>
     </message>
     <message>
         <source>Recording s&amp;ettings…</source>
@@ -127,6 +119,14 @@
     <message>
         <source>Both may record, each into a folder of its own; settings are kept from the one that changes them last.</source>
         <translation>Les deux peuvent enregistrer, chacun dans son propre dossier&#xa0;; les réglages conservés sont ceux du dernier qui les change.</translation>
+    </message>
+    <message>
+        <source>Stop &amp;all lines</source>
+        <translation>&amp;Arrêter tous les canaux</translation>
+    </message>
+    <message>
+        <source>&amp;Save recording…</source>
+        <translation>&amp;Sauvegarder l’enregistrement…</translation>
     </message>
 </context>
 <context>
@@ -821,6 +821,13 @@
     <message>
         <source>Saved filters</source>
         <translation>Filtres enregistrés</translation>
+    </message>
+</context>
+<context>
+    <name>FilterField</name>
+    <message>
+        <source>Ctrl+Space shows what may stand there.</source>
+        <translation>Ctrl+Espace montre ce qui peut s’y trouver.</translation>
     </message>
 </context>
 <context>
@@ -1703,6 +1710,18 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <source>C&amp;olours</source>
         <translation>Co&amp;uleurs</translation>
     </message>
+    <message>
+        <source>&amp;Bus lines</source>
+        <translation>Can&amp;aux</translation>
+    </message>
+    <message>
+        <source>Notes &amp;and bookmarks</source>
+        <translation>Notes et si&amp;gnets</translation>
+    </message>
+    <message>
+        <source>&amp;Statistics</source>
+        <translation>Statisti&amp;ques</translation>
+    </message>
 </context>
 <context>
     <name>MarksModel</name>
@@ -1715,10 +1734,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
         <translation>Signet</translation>
     </message>
     <message>
-        <source>Position</source>
-        <translation>Position</translation>
-    </message>
-    <message>
         <source>Text</source>
         <translation>Texte</translation>
     </message>
@@ -1729,6 +1744,10 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
     <message>
         <source>Identifier</source>
         <translation>Identifiant</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Numéro</translation>
     </message>
 </context>
 <context>
@@ -1881,10 +1900,6 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
 <context>
     <name>PlaceLine</name>
     <message>
-        <source>No messages found</source>
-        <translation>Aucun message trouvé</translation>
-    </message>
-    <message>
         <source>No messages</source>
         <translation>Aucun message</translation>
     </message>
@@ -1913,6 +1928,10 @@ Enregistre des bus CAN et montre les traces de nombreux outils CAN.</translation
             <numerusform>%L1 message</numerusform>
             <numerusform>%L1 messages</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No messages found; clear the filter to see all</source>
+        <translation>Aucun message trouvé&#xa0;; videz le filtre pour tous les voir</translation>
     </message>
 </context>
 <context>

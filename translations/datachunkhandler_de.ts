@@ -673,6 +673,14 @@ Setzen Sie sie unter Einstellungen-&gt;Leistung auf mindestens %1, um die ganze 
         <source>A filter has at most %1 characters.</source>
         <translation>Ein Filter hat höchstens %1 Zeichen.</translation>
     </message>
+    <message>
+        <source>A number needs a word in front of it, as in id==%1.</source>
+        <translation>Vor einer Zahl muss ein Wort stehen, wie in id==%1.</translation>
+    </message>
+    <message>
+        <source>A comparison for equality has two signs, as in id==1a0.</source>
+        <translation>Ein Vergleich auf Gleichheit hat zwei Zeichen, wie in id==1a0.</translation>
+    </message>
 </context>
 <context>
     <name>TraceRecognition</name>

@@ -673,6 +673,14 @@ Réglez-le sous Paramètres-&gt;Performances à %1 au moins pour importer le fic
         <source>A filter has at most %1 characters.</source>
         <translation>Un filtre a au plus %1 caractères.</translation>
     </message>
+    <message>
+        <source>A number needs a word in front of it, as in id==%1.</source>
+        <translation>Un nombre doit être précédé d’un mot, comme dans id==%1.</translation>
+    </message>
+    <message>
+        <source>A comparison for equality has two signs, as in id==1a0.</source>
+        <translation>Une comparaison d’égalité s’écrit avec deux signes, comme dans id==1a0.</translation>
+    </message>
 </context>
 <context>
     <name>TraceRecognition</name>

@@ -1,5 +1,6 @@
 #include "savejob.h"
 
+#include "chunkcut.h"
 #include "chunkversion.h"
 #include "fileerrors.h"
 #include "filelock.h"
@@ -79,6 +80,14 @@ void writeChunk(const SaveJob &job, QFile &file)
     forEachSaved(job,
                  [&writer](const CAN::CanRxMessage &message) { return writer.write(message); });
     writer.flush();
+}
+
+// A full disk ends a chunk within a record, which would be read as far as it goes: a message at 0 s
+// among those of the trace.
+void cutHalfRecord(const QString &chunk)
+{
+    if (cutToWholeRecords(chunk) == 0)
+        QFile::resize(chunk, 0);
 }
 
 // Takes the bytes of a text; false when they cannot be written.
@@ -166,7 +175,10 @@ Outcome writeChunkFile(const SaveJob &job, const std::function<void()> &opened)
     Outcome outcome;
     if (!withinMemory([&] { writeChunk(job, file); }))
         outcome.text = qt_error_string(ENOMEM);
-    return finish(job, file, outcome);
+    outcome = finish(job, file, outcome);
+    if (job.isPrivate && outcome.kind == Outcome::Done && !outcome.text.isEmpty())
+        withinMemory([&] { cutHalfRecord(job.fileName); });
+    return outcome;
 }
 
 Outcome writeTextFile(const SaveJob &job)

@@ -236,7 +236,10 @@ bool Parser::parseTest(FrameTest &test)
         return test.byte < CAN::maxDataBytes
             ? parseNumber(byteWord, test)
             : scanner.fail(start, tr("Bytes are counted from b0 to b63."));
-    return scanner.fail(start, tr("\"%1\" is no word of filters.").arg(scanner.shown(word)));
+    const QString what = word.at(0).isDigit()
+        ? tr("A number needs a word in front of it, as in id==%1.")
+        : tr("\"%1\" is no word of filters.");
+    return scanner.fail(start, what.arg(scanner.shown(word)));
 }
 
 bool Parser::parseNumber(const NumberWord &word, FrameTest &test)
@@ -254,6 +257,8 @@ bool Parser::parseNumber(const NumberWord &word, FrameTest &test)
             return isTaken;
         }
     }
+    if (scanner.sees(QLatin1String("=")))
+        return scanner.failHere(tr("A comparison for equality has two signs, as in id==1a0."));
     if (!scanner.takeWord(QLatin1String("in")) && !scanner.sees(QLatin1String(".."))
         && !scanner.seesNumber(word.notation))
         return scanner.failHere(tr("A comparison or a range is missing here."));

@@ -57,6 +57,13 @@ qint64 TraceSnapshot::firstTime() const
     return time.value_or(0);
 }
 
+qint64 TraceSnapshot::lastTime() const
+{
+    constexpr qint64 none = std::numeric_limits<qint64>::min();
+    const qint64 time = all.empty() ? none : all.back().maxTime();
+    return time == none ? 0 : time;
+}
+
 quint64 TraceSnapshot::positionOfTime(qint64 time) const
 {
     const auto placed =

@@ -47,6 +47,8 @@ public:
 
     /// The lowest time of a whole record; 0 while there are none.
     qint64 firstTime() const;
+    /// The highest, likewise.
+    qint64 lastTime() const;
     /// The first message at whose place the highest time so far is \a time or later; count() when
     /// there is none.
     quint64 positionOfTime(qint64 time) const;

@@ -56,6 +56,9 @@ QVariant TraceTableModel::data(const QModelIndex &index, int role) const
 
 QVariant TraceTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    // Titles stand where their column does.
+    if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal)
+        return Private::alignment(section);
     if (role != Qt::DisplayRole || section < 0)
         return {};
     if (orientation == Qt::Vertical)

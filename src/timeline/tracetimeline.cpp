@@ -107,8 +107,7 @@ qint64 TraceTimeline::firstTime() const
 
 qint64 TraceTimeline::lastTime() const
 {
-    const SharedSnapshot snapshot = data->snapshot();
-    return snapshot->segments().empty() ? 0 : snapshot->segments().back().maxTime();
+    return data->snapshot()->lastTime();
 }
 
 quint64 TraceTimeline::positionOfTime(qint64 time) const

@@ -2,6 +2,7 @@
 #include "messages.h"
 #include "savefileworker.h"
 #include "storefixture.h"
+#include "tracetimeline.h"
 
 #include <QtTest>
 
@@ -20,6 +21,7 @@ private slots:
     void workerGoesByTheCurrentVersion();
     void textsOfMessages();
     void aDiskThatFillsUpIsTold();
+    void aDiskThatFillsUpLeavesNoHalfMessage();
     void fullDiskIsToldOncePerContinuousOutput();
 };
 
@@ -165,6 +167,32 @@ void TestSaving::aDiskThatFillsUpIsTold()
         worker.saveToFile();
         setrlimit(RLIMIT_FSIZE, &before);
         QVERIFY(!worker.errorText().isEmpty());
+    }
+}
+
+// What shows through half a message has the time 0, from which the whole trace would count.
+void TestSaving::aDiskThatFillsUpLeavesNoHalfMessage()
+{
+    rlimit before{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, SIG_IGN);
+    for (const rlim_t size : {30000, 30007, 60}) {
+        DatachunkHandler store(20000);
+        for (quint32 i = 0; i < 2000; ++i)
+            store.appendCanMessage(withTime(makeMessage(i % 0x700, "11223344"), 1000, i));
+        const rlimit tight{size, before.rlim_max};
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &tight), 0);
+        store.rotate();
+        const bool isSaved = store.waitForSaves();
+        setrlimit(RLIMIT_FSIZE, &before);
+        QVERIFY(isSaved);
+        QCOMPARE(store.unwrittenMessageCount(), quint64(2000));
+        TraceTimeline timeline = store.timeline();
+        timeline.refresh();
+        QVERIFY(timeline.count() < 2000);
+        QCOMPARE(timeline.count() > 0, size > 60);
+        QCOMPARE(timeline.firstTime(), qint64(size > 60 ? 1000000000 : 0));
+        QCOMPARE(timeline.lastTime() > 0, size > 60);
     }
 }
 

@@ -56,6 +56,7 @@ private slots:
     void keepsFiltersUnderNames();
     void completesWords_data();
     void completesWords();
+    void showsAllWordsWhereNoneFits();
 };
 
 void TestFilterBar::init()
@@ -296,6 +297,17 @@ void TestFilterBar::completesWords()
     if (completed.contains(QLatin1Char('!')))
         QTest::keyClicks(field, QStringLiteral("!"));
     QCOMPARE(field->text(), completed);
+}
+
+void TestFilterBar::showsAllWordsWhereNoneFits()
+{
+    write(QStringLiteral("ext and identifier"));
+    QTest::keyClick(field, Qt::Key_Space, Qt::ControlModifier);
+    auto *popup = field->findChild<QCompleter *>()->popup();
+    QVERIFY(popup->isVisible());
+    QTest::keyClick(popup, Qt::Key_Down);
+    QTest::keyClick(popup, Qt::Key_Return);
+    QCOMPARE(field->text(), QStringLiteral("ext and id"));
 }
 
 QTEST_MAIN(TestFilterBar)

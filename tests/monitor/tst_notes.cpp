@@ -1,4 +1,5 @@
 #include "datachunkhandler.h"
+#include "marksmodel.h"
 #include "notesdock.h"
 #include "showntrace.h"
 #include "temporarysettings.h"
@@ -16,14 +17,14 @@ Q_DECLARE_METATYPE(Notice)
 
 namespace {
 
-enum Column { KindColumn, PositionColumn, TextColumn, TimeColumn, IdentifierColumn };
+enum Column { KindColumn, NumberColumn, TextColumn, TimeColumn, IdentifierColumn };
 
 CAN::CanRxMessage message(quint32 second)
 {
     CAN::CanRxMessage made;
     made.id = 0x120 + second % 8;
     made.length = 2;
-    made.seconds = qint32(second);
+    made.seconds = 1000 + qint32(second); // the list counts from the first one
     return made;
 }
 
@@ -46,6 +47,7 @@ private slots:
     void nothingIsReadOutOfSight();
     void anotherTraceIsAnotherList();
     void whatIsWrittenAtTheEndIsWritten();
+    void manyOthersAreOneChange();
 
 private:
     QTableView *view() const { return dock->findChild<QTableView *>(QStringLiteral("marks")); }
@@ -65,7 +67,7 @@ private:
     {
         QStringList all;
         for (int row = 0; row < view()->model()->rowCount(); ++row)
-            all << cell(row, PositionColumn) + QLatin1Char(' ') + cell(row, TextColumn);
+            all << cell(row, NumberColumn) + QLatin1Char(' ') + cell(row, TextColumn);
         return all;
     }
     QWidget *editor() const { return view()->findChild<QLineEdit *>(); }
@@ -79,7 +81,7 @@ private:
     void selectRow(int row) const
     {
         view()->setFocus();
-        view()->setCurrentIndex(view()->model()->index(row, PositionColumn));
+        view()->setCurrentIndex(view()->model()->index(row, NumberColumn));
     }
 
     const TemporarySettings settings;
@@ -156,7 +158,7 @@ void TestNotes::searchingAndSorting()
     QCOMPARE(view()->model()->rowCount(), 3);
     view()->sortByColumn(TextColumn, Qt::DescendingOrder);
     QCOMPARE(texts(), QStringList({"5 start", "3 door opens", "50 Door closes"}));
-    view()->sortByColumn(PositionColumn, Qt::DescendingOrder);
+    view()->sortByColumn(NumberColumn, Qt::DescendingOrder);
     QCOMPARE(texts().first(), QStringLiteral("50 Door closes"));
 }
 
@@ -291,6 +293,28 @@ void TestNotes::whatIsWrittenAtTheEndIsWritten()
     dock->setTrace(nullptr);
     trace.reset();
     QCOMPARE(store->timeline().notePositions().size(), 31);
+}
+
+void TestNotes::manyOthersAreOneChange()
+{
+    QVector<Mark> marks;
+    for (quint64 position = 0; position < 1000; position += 2)
+        marks.append({position, Mark::Note, QStringLiteral("n"), 0, {}, {}, {}});
+    MarksModel model;
+    model.setMarks(marks);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    for (Mark &mark : marks)
+        ++mark.position;
+    model.setMarks(marks);
+    QCOMPARE(model.marks(), marks);
+    QCOMPARE(reset.count(), 1);
+    marks.removeLast();
+    marks.append({2000, Mark::Bookmark, QStringLiteral("b"), 0, {}, {}, {}});
+    model.setMarks(marks);
+    QCOMPARE(model.marks(), marks);
+    QCOMPARE(reset.count(), 1);
+    QCOMPARE(inserted.count(), 1);
 }
 
 QTEST_MAIN(TestNotes)

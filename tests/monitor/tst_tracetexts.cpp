@@ -31,6 +31,7 @@ class TestTraceTexts : public QObject
 private slots:
     void times_data();
     void times();
+    void timesAreReadAsTheyAreWritten();
     void numbers_data();
     void numbers();
     void data_data();
@@ -86,6 +87,18 @@ void TestTraceTexts::times()
     times.current = MessageText::isDate(start) ? start : 50000000;
     QString error;
     QTEST(JumpTarget::time(text, times, &error).value_or(-1), "time");
+}
+
+void TestTraceTexts::timesAreReadAsTheyAreWritten()
+{
+    for (int shown = 0; shown < TraceLook::timeCount; ++shown) {
+        for (const qint64 start : {Q_INT64_C(1500000), Q_INT64_C(1717229701000123)}) {
+            const qint64 moment = start + Q_INT64_C(86400000007);
+            QString error;
+            const JumpTarget::Times times{TraceLook::Time(shown), start, start + 1, start + 2};
+            QCOMPARE(JumpTarget::time(JumpTarget::timeText(moment, times), times, &error), moment);
+        }
+    }
 }
 
 void TestTraceTexts::numbers_data()

@@ -13,7 +13,6 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -39,6 +38,8 @@ private slots:
     void closingAsksBeforeFilesAreLeftOut();
     void coloursChangeAndAreKept();
     void docksAreKept();
+    void statisticsLeaveTheTraceItsRoom_data();
+    void statisticsLeaveTheTraceItsRoom();
 
 private:
     const TemporarySettings settings;
@@ -201,10 +202,9 @@ void TestWindow::droppedFilesOpenInTabsThatClose()
     QCOMPARE(tabs->count(), 1);
     drop(window,
          {QUrl::fromLocalFile(QStringLiteral(TESTDATA "/../../examples/traces/engine_start.log"))});
-    tabs->setFocus();
     QTRY_COMPARE(tabs->count(), 2);
     QCOMPARE(tabs->currentIndex(), 1);
-    QVERIFY(!qobject_cast<QLineEdit *>(window.focusWidget()));
+    QCOMPARE(window.focusWidget()->objectName(), QStringLiteral("messages"));
     emit tabs->tabCloseRequested(1);
     QCOMPARE(tabs->count(), 1);
     emit tabs->tabCloseRequested(0);
@@ -268,6 +268,31 @@ void TestWindow::docksAreKept()
     const MainWindow window;
     QVERIFY(window.findChild<QDockWidget *>(name)->isHidden());
     QVERIFY(!window.findChild<QDockWidget *>(QStringLiteral("lines"))->isHidden());
+}
+
+void TestWindow::statisticsLeaveTheTraceItsRoom_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<Qt::DockWidgetArea>("area");
+    QTest::newRow("behind the notes of a narrow window") << 1024 << Qt::LeftDockWidgetArea;
+    QTest::newRow("beside the trace in a wide one") << 1800 << Qt::RightDockWidgetArea;
+}
+
+void TestWindow::statisticsLeaveTheTraceItsRoom()
+{
+    QFETCH(int, width);
+    MainWindow window;
+    window.resize(width, 768);
+    window.show();
+    auto *dock = window.findChild<QDockWidget *>(QStringLiteral("statistics"));
+    QVERIFY(dock->isHidden());
+    for (QAction *action : actionsOf(window.menuBar())) {
+        if (textOf(action->text()) == QLatin1String("Statistics"))
+            action->trigger();
+    }
+    QTRY_VERIFY(!dock->visibleRegion().isEmpty());
+    QCOMPARE(window.width(), width);
+    QTEST(window.dockWidgetArea(dock), "area");
 }
 
 QTEST_MAIN(TestWindow)

@@ -117,8 +117,8 @@ void TestWriting::dialogExportsWhatIsChosen_data()
                                << "19" << 10;
     QTest::newRow("the last position") << 3 << "999"
                                        << "999" << 1;
-    QTest::newRow("times") << 4 << "0.001100"
-                           << "0.00119" << 10;
+    QTest::newRow("times") << 4 << "0.000100"
+                           << "0.00019" << 10;
     QTest::newRow("positions the wrong way round") << 3 << "19"
                                                    << "10" << -1;
     QTest::newRow("a time that is none") << 4 << "now"

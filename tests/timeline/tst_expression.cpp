@@ -179,7 +179,7 @@ void TestExpression::tellsErrors_data()
     row("id == 20000000", 7, "highest number here is 1fffffff");
     row("id==ffff00ee", 5, "highest");
     row("id==99999999999999999999999999999", 5, "highest");
-    row("id=2a1", 3, "comparison or a range");
+    row("id=2a1", 3, "comparison for equality");
     row("id&&ext", 3, "comparison or a range");
     row("id&100000000==0", 4, "ffffffff");
     row("id in 2..1", 7, "ends before it begins");
@@ -213,6 +213,8 @@ void TestExpression::tellsErrors_data()
     row("(ext", 5, "closing parenthesis");
     row("(ext))", 6, "");
     row("()", 2, "condition is missing");
+    row("1a0", 1, "id==1a0");
+    row("not 0x1a0", 5, "id==0x1a0");
     row("ext or wrong", 8, "\"wrong\" is no word");
     row("ext # fd", 5, "");
 }

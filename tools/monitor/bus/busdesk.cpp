@@ -75,14 +75,14 @@ void BusDesk::makeActions()
                               QStringLiteral("connect"));
     tryAction = addAction(tr("&Try it without hardware"), {}, QStringLiteral("try"));
     tryAction->setToolTip(tr("Connects a generator of traffic."));
-    stopAction = addAction(tr("&Stop all lines"), QKeySequence(QStringLiteral("Ctrl+Shift+K")),
+    stopAction = addAction(tr("Stop &all lines"), QKeySequence(QStringLiteral("Ctrl+Shift+K")),
                            QStringLiteral("stopAll"));
     stopAction->setEnabled(false);
     ownActions.append(nullptr);
     QAction *newAction =
         addAction(tr("&New recording"), QKeySequence::New, QStringLiteral("newRecording"));
     QAction *saveAction =
-        addAction(tr("S&ave recording…"), QKeySequence::Save, QStringLiteral("saveRecording"));
+        addAction(tr("&Save recording…"), QKeySequence::Save, QStringLiteral("saveRecording"));
     QAction *settingsAction =
         addAction(tr("Recording s&ettings…"), {}, QStringLiteral("recordingSettings"));
     connect(connectAction, &QAction::triggered, this, &BusDesk::showConnect);

@@ -1,7 +1,7 @@
 #include "chunksdialog.h"
 
 #include "chunknames.h"
-#include "microseconds.h"
+#include "messagetext.h"
 #include "plaintexts.h"
 #include "showntrace.h"
 
@@ -75,7 +75,7 @@ private:
         case Messages:
             return QLocale().toString(qulonglong(chunk.count));
         default:
-            return momentText(column == First ? chunk.firstTime : chunk.lastTime);
+            return MessageText::moment(column == First ? chunk.firstTime : chunk.lastTime);
         }
     }
 

@@ -1,7 +1,7 @@
 #include "exportdialog.h"
 
 #include "formatbox.h"
-#include "microseconds.h"
+#include "messagetext.h"
 #include "plaintexts.h"
 #include "showntrace.h"
 #include "tracetablemodel.h"
@@ -44,12 +44,21 @@ QString proposedName(const ShownTrace &trace, const QString &suffix)
     return QDir(folder).filePath(name);
 }
 
+// As the table has them, but for those with a sign, which would count from the current message.
+JumpTarget::Times timesOf(const TraceView &view)
+{
+    JumpTarget::Times times = view.times();
+    if (times.shown == TraceLook::SinceMark || times.start < 0)
+        times.shown = TraceLook::SinceStart;
+    return times;
+}
+
 } // namespace
 
 ExportDialog::ExportDialog(const ShownTrace &trace, const TraceView &view, QWidget *parent)
     : QDialog(parent), sources(trace.paths()), expression(view.model()->filter()),
-      selected(view.selectedPositions()), group(new QButtonGroup(this)), name(new QLineEdit(this)),
-      format(new FormatBox(this)),
+      selected(view.selectedPositions()), times(timesOf(view)), group(new QButtonGroup(this)),
+      name(new QLineEdit(this)), format(new FormatBox(this)),
       deltas(new QCheckBox(tr("Times from message to &message"), this)),
       notes(new QCheckBox(tr("Write &notes behind their messages"), this)), remark(new QLabel(this))
 {
@@ -129,8 +138,10 @@ QWidget *ExportDialog::parts(const ShownTrace &trace, const TraceView &view)
         Selected, tr("&Selected rows, %1").arg(messagesText(quint64(positions))), positions > 0);
     addRange(Positions, tr("&Positions from"), QStringLiteral("0"),
              QString::number(count == 0 ? 0 : count - 1));
-    addRange(Times, tr("&Times from"), secondsText(timeline.firstTime()),
-             secondsText(timeline.lastTime()));
+    addRange(Times, tr("&Times from"), JumpTarget::timeText(timeline.firstTime(), times),
+             JumpTarget::timeText(timeline.lastTime(), times));
+    for (QLineEdit *field : {firstOf[Times], lastOf[Times]})
+        field->setToolTip(JumpTarget::timeHint(times));
     // Who has chosen more than the current row, or a filter, wants that.
     QRadioButton *first = positions > 1 ? rows : expression ? found : nullptr;
     (first ? first : static_cast<QRadioButton *>(group->button(All)))->setChecked(true);
@@ -239,6 +250,12 @@ void ExportDialog::update()
     button->setEnabled(mayWrite);
 }
 
+std::optional<qint64> ExportDialog::timeIn(const QLineEdit *field) const
+{
+    QString error;
+    return JumpTarget::time(field->text(), times, &error);
+}
+
 std::optional<TraceSelection> ExportDialog::selection() const
 {
     TraceSelection wanted;
@@ -254,8 +271,12 @@ std::optional<TraceSelection> ExportDialog::selection() const
         const quint64 last = lastOf[part]->text().trimmed().toULongLong(&isLast);
         wanted.behind = last + (last == std::numeric_limits<quint64>::max() ? 0 : 1);
     } else if (part == Times) {
-        wanted.firstTime = microsecondsOf(firstOf[part]->text(), isFirst);
-        wanted.lastTime = microsecondsOf(lastOf[part]->text(), isLast);
+        const auto first = timeIn(firstOf[part]);
+        const auto last = timeIn(lastOf[part]);
+        isFirst = first.has_value();
+        isLast = last.has_value();
+        wanted.firstTime = first.value_or(0);
+        wanted.lastTime = last.value_or(0);
     }
     const bool isRange = wanted.first < wanted.behind && wanted.firstTime <= wanted.lastTime;
     return isFirst && isLast && isRange ? std::optional(wanted) : std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exporting.h"
+#include "jumptarget.h"
 
 #include <QDialog>
 
@@ -38,11 +39,13 @@ private:
     void choose();
     QString targetPath() const;
     std::optional<TraceSelection> selection() const;
+    std::optional<qint64> timeIn(const QLineEdit *field) const;
     bool isSource(const QString &target) const;
 
     const QStringList sources; // where the trace lies
     const std::optional<TraceExpression> expression;
     const QVector<quint64> selected;
+    const JumpTarget::Times times; // those that the user writes
     QButtonGroup *const group;
     QLineEdit *firstOf[Times + 1] = {};
     QLineEdit *lastOf[Times + 1] = {};

@@ -11,7 +11,8 @@ struct Mark
     Kind kind = Note;
     QString text;
     qint64 microseconds = 0; ///< time of the message
-    QString time;            ///< the same in seconds; empty as long as it is not known
+    QString number;          ///< of the message; empty as long as it is not known
+    QString time;            ///< likewise, in seconds from the start of the trace
     QString identifier;      ///< likewise, and of error frames
 
     /// In the order of a list.
@@ -21,8 +22,8 @@ struct Mark
     }
     friend bool operator==(const Mark &a, const Mark &b)
     {
-        return a.position == b.position && a.kind == b.kind && a.text == b.text && a.time == b.time
-            && a.identifier == b.identifier;
+        return a.position == b.position && a.kind == b.kind && a.text == b.text
+            && a.number == b.number && a.time == b.time && a.identifier == b.identifier;
     }
 };
 

@@ -1,29 +1,9 @@
 #include "markreader.h"
 
 #include "canframe.h"
+#include "messagetext.h"
 
 #include <utility>
-
-namespace {
-
-QString timeText(qint64 microseconds)
-{
-    constexpr qint64 million = 1000000;
-    return QStringLiteral("%1%2.%3")
-        .arg(microseconds < 0 ? QStringLiteral("-") : QString())
-        .arg(qAbs(microseconds / million))
-        .arg(qAbs(microseconds % million), 6, 10, QLatin1Char('0'));
-}
-
-QString identifierText(const CAN::CanRxMessage &message)
-{
-    if (message.id == CAN::errorFrameId)
-        return {};
-    const int digits = message.extended ? 8 : 3;
-    return QStringLiteral("%1").arg(message.id, digits, 16, QLatin1Char('0')).toUpper();
-}
-
-} // namespace
 
 MarkReader::MarkReader(QObject *parent)
     : QObject(parent), thread([this](const TurningThread::KeepGoing &keepGoing) {
@@ -109,6 +89,7 @@ void MarkReader::add(const TraceMark &mark, const Known &message, MarkList &list
     Mark listed;
     listed.position = mark.position;
     listed.microseconds = message.microseconds;
+    listed.number = message.number;
     listed.time = message.time;
     listed.identifier = message.identifier;
     if (!mark.note.isEmpty()) {
@@ -133,8 +114,11 @@ const MarkReader::Known &MarkReader::known(const TraceTimeline &timeline, quint6
         messages.clear();
     const TraceRow row = timeline.row(position);
     Known message;
-    if (row.state == TraceRow::Known)
-        message = {CAN::timeOf(row.message), timeText(CAN::timeOf(row.message)),
-                   identifierText(row.message)};
+    if (row.state == TraceRow::Known) {
+        message.microseconds = CAN::timeOf(row.message);
+        message.number = QString::number(row.message.messageNumber);
+        message.time = MessageText::seconds(message.microseconds - timeline.firstTime());
+        message.identifier = MessageText::identifier(row.message, 16);
+    }
     return *messages.insert(position, message);
 }

@@ -39,6 +39,7 @@ private:
     struct Known
     {
         qint64 microseconds = 0;
+        QString number;
         QString time;
         QString identifier;
     };

@@ -1,12 +1,14 @@
 #include "marksmodel.h"
 
+#include "messagetext.h"
+
 #include <QFontDatabase>
 
 #include <algorithm>
 
 namespace {
 
-// A trace with many more of them than before is another one.
+// Each is a step through all rows, in the model and in what sorts it.
 constexpr int mostSingleChanges = 200;
 
 } // namespace
@@ -26,8 +28,8 @@ int MarksModel::columnCount(const QModelIndex &parent) const
 QVariant MarksModel::text(const Mark &mark, int column)
 {
     switch (column) {
-    case PositionColumn:
-        return QString::number(mark.position);
+    case NumberColumn:
+        return mark.number;
     case TextColumn:
         return mark.text;
     case TimeColumn:
@@ -44,7 +46,7 @@ QVariant MarksModel::sortValue(const Mark &mark, int column)
     switch (column) {
     case KindColumn:
         return int(mark.kind);
-    case PositionColumn:
+    case NumberColumn:
         return mark.position;
     case TimeColumn:
         return mark.microseconds;
@@ -66,17 +68,20 @@ QVariant MarksModel::data(const QModelIndex &index, int role) const
     case Qt::DecorationRole:
         return index.column() == KindColumn ? QVariant(isNote ? noteIcon : bookmarkIcon)
                                             : QVariant();
-    case Qt::AccessibleTextRole:
     case Qt::ToolTipRole:
+        if (index.column() == TimeColumn && !mark.time.isEmpty())
+            return MessageText::moment(mark.microseconds);
+        Q_FALLTHROUGH();
+    case Qt::AccessibleTextRole:
         if (index.column() == KindColumn)
             return isNote ? tr("Note") : tr("Bookmark");
         return text(mark, index.column());
     case Qt::FontRole:
-        return index.column() == PositionColumn || index.column() >= TimeColumn
+        return index.column() == NumberColumn || index.column() >= TimeColumn
             ? QVariant(QFontDatabase::systemFont(QFontDatabase::FixedFont))
             : QVariant();
     case Qt::TextAlignmentRole:
-        return index.column() == PositionColumn || index.column() == TimeColumn
+        return index.column() == NumberColumn || index.column() == TimeColumn
             ? QVariant(int(Qt::AlignRight | Qt::AlignVCenter))
             : QVariant();
     case SortRole:
@@ -93,8 +98,8 @@ QVariant MarksModel::headerData(int section, Qt::Orientation orientation, int ro
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QAbstractTableModel::headerData(section, orientation, role);
     switch (section) {
-    case PositionColumn:
-        return tr("Position");
+    case NumberColumn:
+        return tr("Number");
     case TextColumn:
         return tr("Text");
     case TimeColumn:
@@ -181,9 +186,24 @@ void MarksModel::dropUnwritten()
     }
 }
 
+// One that the user is about to write is in no list.
+int MarksModel::changesTo(const QVector<Mark> &marks) const
+{
+    int changes = 0;
+    auto shown = all.begin();
+    for (const Mark &mark : marks) {
+        for (; shown != all.end() && *shown < mark; ++shown)
+            changes += shown->text.isEmpty() ? 0 : 1;
+        const bool isShown = shown != all.end() && !(mark < *shown);
+        changes += isShown && *shown == mark ? 0 : 1;
+        shown += isShown ? 1 : 0;
+    }
+    return changes + int(all.end() - shown);
+}
+
 void MarksModel::setMarks(const QVector<Mark> &marks)
 {
-    if (qAbs(marks.size() - all.size()) > mostSingleChanges) {
+    if (changesTo(marks) > mostSingleChanges) {
         beginResetModel();
         all = marks;
         endResetModel();
@@ -191,7 +211,6 @@ void MarksModel::setMarks(const QVector<Mark> &marks)
     }
     int row = 0;
     for (const Mark &mark : marks) {
-        // One that the user is about to write is in no list.
         while (row < all.size() && all.at(row) < mark) {
             if (all.at(row).text.isEmpty())
                 ++row;

@@ -11,7 +11,7 @@ class MarksModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
-    enum Column { KindColumn, PositionColumn, TextColumn, TimeColumn, IdentifierColumn };
+    enum Column { KindColumn, NumberColumn, TextColumn, TimeColumn, IdentifierColumn };
     static constexpr int columns = IdentifierColumn + 1;
     enum Role {
         SortRole = Qt::UserRole, ///< what a column is sorted by
@@ -30,7 +30,7 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
     const QVector<Mark> &marks() const { return all; }
-    /// Shows others, with as little change of rows as possible.
+    /// Shows others: a few row by row, so that what is selected stays, many at once.
     void setMarks(const QVector<Mark> &marks);
     void setIcons(const QIcon &note, const QIcon &bookmark);
 
@@ -44,6 +44,7 @@ signals:
     void changeWanted(quint64 position, Mark::Kind kind, const QString &text);
 
 private:
+    int changesTo(const QVector<Mark> &marks) const;
     void removeAt(int row);
     void insert(int row, const Mark &mark);
     static QVariant text(const Mark &mark, int column);

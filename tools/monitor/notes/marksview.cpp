@@ -29,7 +29,7 @@ MarksView::MarksView(QWidget *parent) : QTableView(parent)
 void MarksView::setModel(QAbstractItemModel *model)
 {
     QTableView::setModel(model);
-    sortByColumn(MarksModel::PositionColumn, Qt::AscendingOrder);
+    sortByColumn(MarksModel::NumberColumn, Qt::AscendingOrder);
     fitColumns();
 }
 

@@ -17,6 +17,8 @@ public:
     void fitColumns();
     /// The position of the message of the current row.
     std::optional<quint64> currentMessage() const;
+    /// Whether the user is writing in it.
+    bool isEdited() const { return state() == EditingState; }
 
 signals:
     /// The user wants to go to a message.

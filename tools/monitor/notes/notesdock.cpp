@@ -124,6 +124,7 @@ void NotesDock::connectParts()
     connect(view, &MarksView::positionChosen, this, &NotesDock::positionChosen);
     connect(view, &MarksView::editingEnded, model, &MarksModel::dropUnwritten,
             Qt::QueuedConnection);
+    connect(view, &MarksView::editingEnded, this, &NotesDock::lookAgain, Qt::QueuedConnection);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &NotesDock::updateActions);
     for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
@@ -202,6 +203,9 @@ void NotesDock::lookAgain()
 
 void NotesDock::showList(const MarkList &list)
 {
+    // The editor would go with its row; what is written there has the list read again.
+    if (view->isEdited())
+        return;
     isCut = list.isCut;
     model->setMarks(list.marks);
     view->fitColumns();

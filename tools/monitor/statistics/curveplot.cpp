@@ -115,7 +115,7 @@ QSize CurvePlot::sizeHint() const
 
 QSize CurvePlot::minimumSizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 20, fontMetrics().height() * 6};
+    return {fontMetrics().averageCharWidth() * 20, fontMetrics().height() * 4};
 }
 
 QRect CurvePlot::plotArea() const

@@ -65,7 +65,7 @@ void FilterField::showError(const TraceExpression::Error &error)
     palette.setColor(QPalette::Window, palette.color(QPalette::ToolTipBase));
     palette.setColor(QPalette::WindowText, palette.color(QPalette::ToolTipText));
     bubble->setPalette(palette);
-    bubble->setText(error.text);
+    bubble->setText(error.text + QLatin1Char('\n') + tr("Ctrl+Space shows what may stand there."));
     bubble->adjustSize();
     const QPoint below = mapTo(window(), QPoint(xOf(error.column - 1), height() + 2));
     bubble->move(qMax(0, qMin(below.x(), window()->width() - bubble->width())), below.y());
@@ -167,6 +167,9 @@ void FilterField::complete(bool isWanted)
     const int begin = FilterWords::beginOfWord(text(), cursor);
     const QString word = text().mid(begin, cursor - begin);
     completer->setCompletionPrefix(word);
+    // Who asks for words has not found the right one.
+    if (isWanted && completer->completionCount() == 0)
+        completer->setCompletionPrefix(QString());
     const bool isWhole = completer->completionCount() == 1
         && completer->currentCompletion().compare(word, Qt::CaseInsensitive) == 0;
     if ((word.isEmpty() && !isWanted) || completer->completionCount() == 0 || isWhole) {

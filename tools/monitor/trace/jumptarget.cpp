@@ -87,6 +87,20 @@ std::optional<qint64> JumpTarget::time(const QString &text, const Times &times, 
     return isAbsolute ? *counted : times.start + *counted;
 }
 
+QString JumpTarget::timeText(qint64 moment, const Times &times)
+{
+    switch (times.shown) {
+    case TraceLook::SinceMark:
+        return MessageText::seconds(moment - times.marked);
+    case TraceLook::DateAndTime:
+        return MessageText::moment(moment);
+    case TraceLook::Seconds:
+        return MessageText::seconds(moment);
+    default:
+        return MessageText::seconds(moment - times.start);
+    }
+}
+
 QString JumpTarget::timeHint(const Times &times)
 {
     const bool isDated = MessageText::isDate(times.start);

@@ -27,6 +27,8 @@ public:
     /// A time as the table shows it, a time of day, a date with one, or with a sign in front
     /// seconds from the current message on. Likewise.
     static std::optional<qint64> time(const QString &text, const Times &times, QString *error);
+    /// \a moment, not in front of the start, as time() reads it with such \a times.
+    static QString timeText(qint64 moment, const Times &times);
     /// How a time may be written there.
     static QString timeHint(const Times &times);
 };

@@ -113,17 +113,8 @@ QVariant MessageModel::text(const QModelIndex &index) const
 QString MessageModel::timeText(const QModelIndex &index) const
 {
     const qint64 time = data(index, TimeRole).toLongLong();
-    switch (ownLook.time) {
-    case TraceLook::SinceMark:
-        return MessageText::seconds(time - ownMarkedTime);
-    case TraceLook::DateAndTime:
-        if (MessageText::isDate(time))
-            return MessageText::dateAndTime(time);
-        break;
-    default:
-        break;
-    }
-    return MessageText::seconds(time);
+    return ownLook.time == TraceLook::SinceMark ? MessageText::seconds(time - ownMarkedTime)
+                                                : MessageText::moment(time);
 }
 
 QVariant MessageModel::toolTip(const QModelIndex &index) const
@@ -136,11 +127,8 @@ QVariant MessageModel::toolTip(const QModelIndex &index) const
     case DataColumn:
         return QString(MessageText::data(messageOf(index), ownLook.dataBase) + QLatin1Char('\n')
                        + MessageText::ascii(messageOf(index)));
-    case TimeColumn: {
-        const qint64 time = data(index, TimeRole).toLongLong();
-        return MessageText::isDate(time) ? MessageText::dateAndTime(time)
-                                         : MessageText::seconds(time);
-    }
+    case TimeColumn:
+        return MessageText::moment(data(index, TimeRole).toLongLong());
     case NoteColumn:
         return data(index, NoteRole);
     default:
@@ -169,9 +157,6 @@ QVariant MessageModel::headerData(int section, Qt::Orientation orientation, int 
 {
     if (orientation == Qt::Horizontal && section == AsciiColumn && role == Qt::DisplayRole)
         return tr("Characters");
-    // Titles stand where their column does.
-    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole && rowCount() > 0)
-        return data(index(0, section), role);
     return TraceTableModel::headerData(section, orientation, role);
 }
 

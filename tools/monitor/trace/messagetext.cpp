@@ -73,6 +73,11 @@ QString MessageText::dateAndTime(qint64 time)
         + QStringLiteral(".%1").arg(fraction, 6, 10, QLatin1Char('0'));
 }
 
+QString MessageText::moment(qint64 time)
+{
+    return isDate(time) ? dateAndTime(time) : seconds(time);
+}
+
 QString MessageText::filterOfIdentifier(const CAN::CanRxMessage &message)
 {
     if (message.id == CAN::errorFrameId)

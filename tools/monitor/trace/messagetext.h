@@ -20,6 +20,8 @@ QString seconds(qint64 time);
 bool isDate(qint64 time);
 /// Date and time of day of this computer's place, "2024-05-31 08:15:00.000123".
 QString dateAndTime(qint64 time);
+/// The one or the other.
+QString moment(qint64 time);
 
 /// An expression that takes messages of the same identifier, or error frames for one of those.
 QString filterOfIdentifier(const CAN::CanRxMessage &message);

@@ -65,7 +65,8 @@ QString PlaceLine::place() const
     const int form = pluralForm(model->total());
     const int current = table->currentPosition() ? model->rowOf(*table->currentPosition()) : -1;
     if (model->total() == 0)
-        return model->filter() ? tr("No messages found") : tr("No messages");
+        return model->filter() ? tr("No messages found; clear the filter to see all")
+                               : tr("No messages");
     if (model->isFollowing())
         return tr("%L1 messages, following the end", nullptr, form).arg(model->total());
     if (current < 0)

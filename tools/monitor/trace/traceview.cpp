@@ -2,7 +2,6 @@
 
 #include "allrowsbar.h"
 #include "jumpline.h"
-#include "jumptarget.h"
 #include "lookmenus.h"
 #include "messagecopy.h"
 #include "messagedelegate.h"
@@ -199,7 +198,7 @@ void TraceView::askNumber()
               });
 }
 
-void TraceView::askTime()
+JumpTarget::Times TraceView::times() const
 {
     JumpTarget::Times times;
     times.shown = ownModel->look().time;
@@ -207,6 +206,12 @@ void TraceView::askTime()
     times.marked = ownModel->markedTime();
     const QVariant current = table->currentIndex().data(TraceTableModel::TimeRole);
     times.current = current.isValid() ? current.toLongLong() : times.start;
+    return times;
+}
+
+void TraceView::askTime()
+{
+    const JumpTarget::Times times = this->times();
     jump->ask(tr("Go to time:"), JumpTarget::timeHint(times), [this, times](const QString &text) {
         QString error;
         const auto time = JumpTarget::time(text, times, &error);

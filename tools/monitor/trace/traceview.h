@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jumptarget.h"
 #include "traceexpression.h"
 
 #include <QWidget>
@@ -31,6 +32,9 @@ public:
     std::optional<quint64> currentPosition() const;
     /// Those of the selected rows, rising; at most TraceTableModel::mostRows.
     QVector<quint64> selectedPositions() const;
+
+    /// What times count from that are written here.
+    JumpTarget::Times times() const;
 
     /// For the menus: copy, jump and so on; what is shown and how. They belong to the view.
     QList<QAction *> editActions() const;

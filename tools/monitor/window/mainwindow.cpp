@@ -18,6 +18,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTabBar>
@@ -85,6 +86,8 @@ void MainWindow::connectDesks()
         const int tab = addTab(trace);
         trace->setParent(tabAt(tab));
         tabs->setCurrentIndex(tab);
+        // What had the keys until then may have been the button that starts a line.
+        tabAt(tab)->view()->setFocus();
     });
     connect(files, &FileDesk::notice, messages, &MessageBar::add);
     connect(buses, &BusDesk::notice, messages, &MessageBar::add);
@@ -102,9 +105,24 @@ void MainWindow::restore()
 {
     const QSettings settings;
     if (!restoreGeometry(settings.value(geometryKey).toByteArray()))
-        resize(firstSize);
+        resize(firstSize.boundedTo(screen()->availableSize()));
     if (!restoreState(settings.value(stateKey).toByteArray()))
         statistics->hide();
+}
+
+// Beside the trace it would take the room of the data from a narrow window.
+void MainWindow::makeRoomForTrace()
+{
+    constexpr int leastCharacters = 120; // up to the data of eight bytes
+    const int left = buses->dock()->isVisibleTo(this) ? buses->dock()->width() : 0;
+    const int rest = width() - left - statistics->sizeHint().width();
+    const bool isBeside =
+        dockWidgetArea(statistics) == Qt::RightDockWidgetArea && !statistics->isFloating();
+    if (isBeside && rest < leastCharacters * fontMetrics().averageCharWidth()) {
+        tabifyDockWidget(notes, statistics);
+        if (left > 0)
+            resizeDocks({statistics}, {left}, Qt::Horizontal);
+    }
 }
 
 void MainWindow::open(const QStringList &paths)

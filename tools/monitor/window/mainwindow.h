@@ -40,6 +40,9 @@ private:
     QList<QAction *> startActions() const;
     void connectDesks();
     void restore();
+    void makeRoomForTrace();
+    void buildDockActions();
+    void showDock(QDockWidget *dock, bool isWanted);
     int addTab(ShownTrace *trace);
     void showRecording(Recording *recording);
     void closeTab(int index);
@@ -57,6 +60,7 @@ private:
     NotesDock *const notes;
     StatisticsDock *const statistics;
     QAction *const byIdentifier;
+    QList<QAction *> dockActions; // the last one is that of the statistics
     LossQuestion *const question;
     QStringList agreedLosses; // to be lost with the window
 };

@@ -15,6 +15,7 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -43,7 +44,10 @@ QAction *named(const QList<QAction *> &actions, const char *name)
 void MainWindow::buildMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
-    addAll(file, files->actions());
+    QList<QAction *> ofFiles = files->actions();
+    // Where others look for what Ctrl+S does.
+    ofFiles.insert(ofFiles.indexOf(nullptr), named(buses->actions(), "saveRecording"));
+    addAll(file, ofFiles);
     file->addSeparator();
     QAction *close =
         file->addAction(tr("Close &tab"), this, [this] { closeTab(tabs->currentIndex()); });
@@ -51,6 +55,7 @@ void MainWindow::buildMenus()
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
     addAll(menuBar()->addMenu(tr("&Bus")), buses->actions());
+    buildDockActions();
     buildTraceMenus();
     buildToolBar();
     QMenu *help = menuBar()->addMenu(tr("&Help"));
@@ -96,9 +101,33 @@ void MainWindow::buildViewMenu(QMenu *menu)
     if (const TraceTab *tab = currentTab())
         addAll(menu, tab->view()->viewActions());
     menu->addSeparator();
-    for (QDockWidget *dock :
-         {buses->dock(), static_cast<QDockWidget *>(notes), static_cast<QDockWidget *>(statistics)})
-        menu->addAction(dock->toggleViewAction());
+    addAll(menu, dockActions);
+}
+
+void MainWindow::buildDockActions()
+{
+    const std::pair<QDockWidget *, QString> docks[] = {{buses->dock(), tr("&Bus lines")},
+                                                       {notes, tr("Notes &and bookmarks")},
+                                                       {statistics, tr("&Statistics")}};
+    for (const auto &[dock, text] : docks) {
+        auto *action = new QAction(text, this);
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this,
+                [this, dock = dock](bool isWanted) { showDock(dock, isWanted); });
+        connect(dock->toggleViewAction(), &QAction::toggled, action, &QAction::setChecked);
+        action->setChecked(dock->toggleViewAction()->isChecked());
+        dockActions.append(action);
+    }
+}
+
+// Behind another one it would not be seen.
+void MainWindow::showDock(QDockWidget *dock, bool isWanted)
+{
+    if (isWanted && dock == statistics)
+        makeRoomForTrace();
+    dock->setVisible(isWanted);
+    if (isWanted)
+        dock->raise();
 }
 
 QList<QAction *> MainWindow::startActions() const
@@ -117,4 +146,5 @@ void MainWindow::buildToolBar()
         bar->addAction(named(buses->actions(), name));
     bar->addSeparator();
     bar->addAction(byIdentifier);
+    bar->addAction(dockActions.last());
 }
