@@ -84,7 +84,10 @@ void ParquetState::writeRows(QByteArray &block)
     const int before = block.size();
     if (!writer)
         writer = std::make_unique<RowGroupWriter>();
-    groups += metadataOf(writer->write(rows, block, position));
+    // The first alone, for there may be many small ones of a file.
+    const auto effort =
+        groupCount == 0 && rows.isSmall() ? PageWriter::Thorough : PageWriter::Quick;
+    groups += metadataOf(writer->write(rows, block, position, effort));
     position += block.size() - before;
     ++groupCount;
     rows.clear();

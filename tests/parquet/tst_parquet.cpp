@@ -29,6 +29,7 @@ private slots:
     void theSourceIsTold();
     void memoryIsThatOfARowGroup_data();
     void memoryIsThatOfARowGroup();
+    void smallFilesTakeFewerBytes();
     void longNotesAreCut();
     void otherTablesAreKnown_data();
     void otherTablesAreKnown();
@@ -150,6 +151,8 @@ void TestParquet::readersSeeWhatWasWritten_data()
     row("a block of differences", 129, asItIs, 0);
     row("one more", 130, asItIs, 0);
     row("not a whole group of bits", 1003, asItIs, 3);
+    row("a small file", 4096, anyFrame, 20);
+    row("a small file of other payloads", 4096, anyRecord, 0);
     row("all kinds and lengths", 100000, anyFrame, 20);
     row("whatever a record may hold", 100000, anyRecord, 50);
     row("times as far apart as can be", 1000, farthestTimes, 0);
@@ -292,6 +295,21 @@ void TestParquet::memoryIsThatOfARowGroup()
         trace.append(message, note, block);
     }
     QVERIFY2(heapPeak() < mebibytes * 1024LL * 1024, qPrintable(QString::number(heapPeak())));
+}
+
+void TestParquet::smallFilesTakeFewerBytes()
+{
+    const auto bytesOf = [](int messages, int noteSize) {
+        ParquetTrace trace;
+        QByteArray file;
+        for (int i = 0; i < messages; ++i)
+            trace.append(ordinaryMessage(i), QString(i == 0 ? noteSize : 0, 'n'), file);
+        trace.finish(file);
+        return file.size();
+    };
+    QVERIFY(bytesOf(4096, 0) < bytesOf(4097, 0) * 9 / 10);
+    // Long notes would take long.
+    QVERIFY(bytesOf(4096, 0) < bytesOf(4096, 4096 * 64) * 9 / 10);
 }
 
 void TestParquet::longNotesAreCut()
