@@ -34,6 +34,7 @@ private slots:
     void otherTablesAreKnown_data();
     void otherTablesAreKnown();
     void damagedEndsAreNoFiles();
+    void manyColumnsTakeNoMemory();
 };
 
 namespace {
@@ -381,6 +382,23 @@ void TestParquet::damagedEndsAreNoFiles()
             differenceOf(damaged);
         }
     }
+}
+
+// A column of nothing takes one byte of the file.
+void TestParquet::manyColumnsTakeNoMemory()
+{
+    constexpr int columns = 0x1000000;
+    const QByteArray end =
+        QByteArray::fromHex("29fc80808008").append(columns, '\0') + QByteArray::fromHex("00");
+    QTemporaryDir folder;
+    QFile file(folder.filePath("trace.parquet"));
+    QByteArray size(4, '\0');
+    qToLittleEndian(quint32(end.size()), size.data());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("PAR1" + end + size + "PAR1") > columns
+            && file.flush());
+    resetHeapPeak();
+    QVERIFY(!ParquetTrace::differenceOf(file.fileName()).isEmpty());
+    QVERIFY2(heapPeak() < 2 * columns, qPrintable(QString::number(heapPeak())));
 }
 
 QTEST_GUILESS_MAIN(TestParquet)
