@@ -8,8 +8,9 @@
 std::vector<FuzzTarget> fuzzTargets()
 {
     std::vector<FuzzTarget> all;
-    for (const auto &room : {readerTargets(), chunkTargets(), archiveTargets(), compressedTargets(),
-                             careTargets(), directoryTargets(), expressionTargets()})
+    for (const auto &room :
+         {readerTargets(), chunkTargets(), archiveTargets(), compressedTargets(), careTargets(),
+          directoryTargets(), expressionTargets(), parquetTargets()})
         all.insert(all.end(), room.begin(), room.end());
     return all;
 }

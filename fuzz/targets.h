@@ -23,6 +23,7 @@ std::vector<FuzzTarget> compressedTargets();
 std::vector<FuzzTarget> careTargets();
 std::vector<FuzzTarget> expressionTargets();
 std::vector<FuzzTarget> directoryTargets();
+std::vector<FuzzTarget> parquetTargets();
 
 /// Ends the process with \a what unless it \a holds.
 void require(bool holds, const char *what);

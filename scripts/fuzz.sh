@@ -43,6 +43,7 @@ kind_of() {
     archive*) echo archives 1024 ;;
     compressed) echo compressed 1024 ;;
     directory*) echo directories 1024 ;;
+    parquetfooter) echo parquet 2048 ;;
     expression) echo expressions 256 ;;
     *) echo traces 512 ;;
     esac

@@ -7,7 +7,7 @@
 #   peers.sh verbose FOLDER   also every trace that is not read without loss
 #   peers.sh convert FOLDER   every trace converted to every format and read back: what is wrong,
 #                             and what the reader takes of no file of that format
-#   peers.sh parquet FOLDER   every trace written as Parquet and read by two other programs; the
+#   peers.sh parquet FOLDER   every trace written as Parquet and read by three others; the
 #                             bytes that a message takes in each file of more than a thousand
 #   peers.sh speed [FRAMES]   the time that one message takes, in generated traces
 #

@@ -88,7 +88,7 @@ install_readers() {
             cp "$wanted/package.json" "$wanted/package-lock.json" . &&
             quietly npm install --no-save --ignore-scripts --no-audit --no-fund
     ) || {
-        rm -f "$readers/package-lock.json"
+        rm -rf "$readers"
         echo "They are not installed, and the tests that need them are skipped." >&2
     }
 }

@@ -55,7 +55,8 @@ void addColumn(const ColumnType &type, const ColumnChunk &chunk, qint64 rows, Th
     constexpr int zstd = 6;
     const bool hasDictionary = chunk.dictionaryAt >= 0;
     thrift.beginElement();
-    thrift.addInt64(2, hasDictionary ? chunk.dictionaryAt : chunk.dataAt);
+    // Where a copy of this structure is outside the footer: there is none.
+    thrift.addInt64(2, 0);
     thrift.beginStruct(3);
     thrift.addInt32(1, qint32(type.type));
     addEncodings(2, type, chunk, thrift);

@@ -80,7 +80,8 @@ QByteArray footer(const QByteArray &groups, int groupCount, qint64 rows,
 QStringList columnTexts();
 QString columnText(const QString &name, int type, int converted);
 
-/// The columns of a footer without its length and mark; empty when it is none.
+/// The columns of a footer without its length and mark, of a wide table no more than one in
+/// addition to ours; empty when it is none.
 QStringList columnsOfFooter(const QByteArray &bytes);
 
 } // namespace Parquet

@@ -26,7 +26,7 @@ public:
         if (header == 0)
             return false;
         const int step = header >> 4;
-        last.number = step > 0 ? last.number + step : int(number());
+        last.number = step > 0 ? last.number + step : qint16(number());
         last.type = ThriftType(header & 15);
         return whole;
     }
@@ -170,10 +170,11 @@ QStringList columnsOfFooter(const QByteArray &bytes)
             thrift.skip(field.type);
             continue;
         }
-        // The first element is the table itself.
+        // The first element is the table itself. One column more than ours tells enough.
         QStringList columns;
         ThriftType type;
-        for (int left = thrift.list(type); left > 0 && thrift.isWhole(); --left)
+        const int most = columnCount + 2;
+        for (int left = qMin(thrift.list(type), most); left > 0 && thrift.isWhole(); --left)
             columns.append(columnOf(thrift));
         return columns.isEmpty() || !thrift.isWhole() ? QStringList() : columns.mid(1);
     }

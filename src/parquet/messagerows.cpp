@@ -63,6 +63,12 @@ void MessageRows::grow()
     payloadSizes.resize(room);
 }
 
+bool MessageRows::isSmall() const
+{
+    constexpr int few = 4096;
+    return count <= few && payloadSize + notes.size() <= few * CAN::maxDataBytes;
+}
+
 void MessageRows::add(const CAN::CanRxMessage &message)
 {
     const auto row = std::size_t(count);

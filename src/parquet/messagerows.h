@@ -17,6 +17,8 @@ struct MessageRows
     static constexpr int mostNoteBytes = 16 * 1024 * 1024;
 
     bool isFull() const { return count == mostRows || payloadSize + notes.size() >= mostBytes; }
+    /// Whether a file of these takes longer to open and close than to be packed as well as can be.
+    bool isSmall() const;
     void add(const CAN::CanRxMessage &message);
     /// Adds the note of the message that was added last. False when its end was cut off.
     bool addNote(const QString &note);

@@ -4,6 +4,8 @@
 
 #include <zstd.h>
 
+#include <utility>
+
 namespace Parquet {
 
 namespace {
@@ -46,11 +48,32 @@ PageWriter::PageWriter() : context(ZSTD_createCCtx())
 
 PageWriter::~PageWriter() = default;
 
-void PageWriter::begin(QByteArray &bytes, qint64 position)
+void PageWriter::begin(QByteArray &bytes, qint64 position, Effort wanted)
 {
     target = &bytes;
     origin = position;
+    effort = wanted;
     column = {};
+}
+
+void PageWriter::tryAgain()
+{
+    firstTry = std::exchange(column, {});
+}
+
+void PageWriter::keepSmaller()
+{
+    const auto firstSize = int(firstTry.packedSize);
+    const auto size = int(column.packedSize);
+    if (firstSize <= size) {
+        target->chop(size);
+        column = firstTry;
+        return;
+    }
+    target->remove(target->size() - size - firstSize, firstSize);
+    column.dataAt -= firstSize;
+    if (column.dictionaryAt >= 0)
+        column.dictionaryAt -= firstSize;
 }
 
 void PageWriter::addDictionary(const QByteArray &values, int count)
@@ -66,10 +89,10 @@ void PageWriter::addData(const QByteArray &values, int count, Encoding encoding)
     addPage(values, DataPage, dataField, count, encoding);
 }
 
-// The next level takes half as long again for some percent of the bytes.
 void PageWriter::addPage(const QByteArray &plain, int kind, int field, int count, Encoding encoding)
 {
-    constexpr int level = 2;
+    // A quick one more takes half as long again for some percent of the bytes.
+    const int level = effort == Thorough ? 19 : 2;
     packed.reserve(int(ZSTD_compressBound(std::size_t(plain.size()))));
     const std::size_t size =
         ZSTD_compressCCtx(context.get(), packed.data(), std::size_t(packed.capacity()),

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <optional>
+
 using namespace Parquet;
 
 struct ParquetState
@@ -50,21 +52,17 @@ QByteArray endOf(QFile &file)
     return file.read(size);
 }
 
-QString firstDifference(const QStringList &columns)
+std::optional<QString> firstDifference(const QStringList &columns)
 {
-    const QStringList ours = columnTexts();
+    QStringList ours = columnTexts();
     const auto nameOf = [](const QString &column) {
         return column.section(QLatin1Char(' '), 0, -3);
     };
     for (const QString &column : columns) {
-        if (!ours.contains(column))
+        if (!ours.removeOne(column))
             return nameOf(column);
     }
-    for (const QString &column : ours) {
-        if (!columns.contains(column))
-            return nameOf(column);
-    }
-    return {};
+    return ours.isEmpty() ? std::nullopt : std::optional<QString>(nameOf(ours.first()));
 }
 
 } // namespace
@@ -84,7 +82,10 @@ void ParquetState::writeRows(QByteArray &block)
     const int before = block.size();
     if (!writer)
         writer = std::make_unique<RowGroupWriter>();
-    groups += metadataOf(writer->write(rows, block, position));
+    // The first alone, for there may be many small ones of a file.
+    const auto effort =
+        groupCount == 0 && rows.isSmall() ? PageWriter::Thorough : PageWriter::Quick;
+    groups += metadataOf(writer->write(rows, block, position, effort));
     position += block.size() - before;
     ++groupCount;
     rows.clear();
@@ -167,8 +168,8 @@ QString ParquetTrace::differenceOf(const QString &fileName)
     const QStringList columns = columnsOfFooter(endOf(file));
     if (columns.isEmpty())
         return ParquetTexts::tr("The file is no Parquet file.");
-    const QString column = firstDifference(columns);
-    return column.isEmpty()
-        ? QString()
-        : ParquetTexts::tr("The column \"%1\" is not in both, or of another type.").arg(column);
+    const std::optional<QString> column = firstDifference(columns);
+    if (!column)
+        return {};
+    return ParquetTexts::tr("The column \"%1\" is not in both, or of another type.").arg(*column);
 }

@@ -15,7 +15,8 @@ template <typename Value> QByteArray plain(Value value)
 
 } // namespace
 
-RowGroup RowGroupWriter::write(const MessageRows &rows, QByteArray &bytes, qint64 position)
+RowGroup RowGroupWriter::write(const MessageRows &rows, QByteArray &bytes, qint64 position,
+                               PageWriter::Effort wanted)
 {
     const auto end = rows.times.begin() + rows.count;
     group = {};
@@ -23,8 +24,9 @@ RowGroup RowGroupWriter::write(const MessageRows &rows, QByteArray &bytes, qint6
     group.isSorted = std::is_sorted(rows.times.begin(), end);
     target = &bytes;
     origin = position - bytes.size();
+    effort = wanted;
     encoded.reserve(int(sizeof(qint64)) * MessageRows::mostRows);
-    pages.begin(bytes, origin);
+    pages.begin(bytes, origin, effort);
     addDeltas<qint64>(rows.times);
     addDeltas<quint32>(rows.numbers);
     addDictionary<qint32>(rows.lines);
@@ -42,7 +44,7 @@ void RowGroupWriter::finishColumn(const QByteArray &least, const QByteArray &gre
     group.columns.back().least = least;
     group.columns.back().greatest = greatest;
     group.columns.back().nulls = nulls;
-    pages.begin(*target, origin);
+    pages.begin(*target, origin, effort);
     encoded.resize(0);
 }
 
@@ -75,8 +77,21 @@ template <typename Value> void RowGroupWriter::addDictionary(const std::vector<q
         addPlain(value, encoded);
     pages.addDictionary(encoded, int(found.size()));
     addIndexes(quint32(found.size()));
+    if (effort == PageWriter::Thorough) {
+        pages.tryAgain();
+        addPlainValues<Value>(values);
+        pages.keepSmaller();
+    }
     const auto ends = std::minmax_element(found.begin(), found.end());
     finishColumn(plain(*ends.first), plain(*ends.second));
+}
+
+template <typename Value> void RowGroupWriter::addPlainValues(const std::vector<quint32> &values)
+{
+    encoded.resize(0);
+    std::for_each(values.begin(), values.begin() + group.rows,
+                  [this](quint32 value) { addPlain(Value(value), encoded); });
+    pages.addData(encoded, int(group.rows), Encoding::Plain);
 }
 
 void RowGroupWriter::addFlags(const MessageRows &rows)
@@ -96,14 +111,25 @@ void RowGroupWriter::addFlags(const MessageRows &rows)
 
 void RowGroupWriter::addData(const MessageRows &rows)
 {
-    if (payloads.index(rows, indexes))
+    const bool hasDictionary = payloads.index(rows, indexes);
+    if (hasDictionary)
         addPayloads();
-    else {
-        addDeltaBinaryPacked(rows.payloadSizes.data(), rows.count, encoded);
-        encoded.append(rows.payloads.data(), rows.payloadSize);
-        pages.addData(encoded, rows.count, Encoding::DeltaLength);
+    if (hasDictionary && effort == PageWriter::Thorough) {
+        pages.tryAgain();
+        addPayloadsInTurn(rows);
+        pages.keepSmaller();
     }
+    if (!hasDictionary)
+        addPayloadsInTurn(rows);
     finishColumn();
+}
+
+void RowGroupWriter::addPayloadsInTurn(const MessageRows &rows)
+{
+    encoded.resize(0);
+    addDeltaBinaryPacked(rows.payloadSizes.data(), rows.count, encoded);
+    encoded.append(rows.payloads.data(), rows.payloadSize);
+    pages.addData(encoded, rows.count, Encoding::DeltaLength);
 }
 
 void RowGroupWriter::addPayloads()

@@ -1,4 +1,4 @@
-// Reads Parquet files back with two readers that have nothing to do with each other.
+// Reads Parquet files back with three readers that have nothing to do with each other.
 //
 //   read.mjs compare FOLDER   every NAME.parquet against the messages in NAME.jsonl; prints a line
 //                             for each file that differs, then how many files and rows were read
@@ -11,7 +11,10 @@ import { createRequire } from 'node:module';
 import path from 'node:path';
 
 const modules = path.join(process.env.READERS, 'node_modules');
-const { DuckDBInstance } = createRequire(path.join(modules, 'x.js'))('@duckdb/node-api');
+const require = createRequire(path.join(modules, 'x.js'));
+const { DuckDBInstance } = require('@duckdb/node-api');
+const { readParquet } = require('parquet-wasm/node');
+const { tableFromIPC } = require('apache-arrow');
 const { asyncBufferFromFile, parquetReadObjects } =
     await import(path.join(modules, 'hyparquet/src/node.js'));
 const { compressors } = await import(path.join(modules, 'hyparquet-compressors/src/index.js'));
@@ -54,6 +57,16 @@ async function readByHyparquet(fileName) {
     return rows.map((row) => line({ ...row, data: Buffer.from(row.data).toString('hex') }));
 }
 
+// A reader in Rust. Arrays have the times in microseconds, single values have them rounded.
+async function readByParquetWasm(fileName) {
+    const table = tableFromIPC(readParquet(fs.readFileSync(fileName)).intoIPCStream());
+    const columns = table.schema.fields.map(({ name }) => [name, table.getChild(name).toArray()]);
+    return Array.from({ length: table.numRows }, (_, at) => {
+        const row = Object.fromEntries(columns.map(([name, values]) => [name, values[at]]));
+        return line({ ...row, data: Buffer.from(row.data).toString('hex') });
+    });
+}
+
 function difference(read, expected) {
     const at = expected.findIndex((text, row) => text !== read[row]);
     if (at >= 0)
@@ -69,7 +82,7 @@ async function compare(folder) {
         const fileName = path.join(folder, name);
         const expected = written(fileName.replace(/parquet$/, 'jsonl'));
         rows += expected.length;
-        for (const read of [readByDuckDb, readByHyparquet]) {
+        for (const read of [readByDuckDb, readByHyparquet, readByParquetWasm]) {
             const text = await read(fileName).then((got) => difference(got, expected), String);
             if (text !== '')
                 console.log(`${name}: ${read.name}: ${text}`);

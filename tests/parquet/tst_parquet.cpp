@@ -29,10 +29,12 @@ private slots:
     void theSourceIsTold();
     void memoryIsThatOfARowGroup_data();
     void memoryIsThatOfARowGroup();
+    void smallFilesTakeFewerBytes();
     void longNotesAreCut();
     void otherTablesAreKnown_data();
     void otherTablesAreKnown();
     void damagedEndsAreNoFiles();
+    void manyColumnsTakeNoMemory();
 };
 
 namespace {
@@ -150,6 +152,8 @@ void TestParquet::readersSeeWhatWasWritten_data()
     row("a block of differences", 129, asItIs, 0);
     row("one more", 130, asItIs, 0);
     row("not a whole group of bits", 1003, asItIs, 3);
+    row("a small file", 4096, anyFrame, 20);
+    row("a small file of other payloads", 4096, anyRecord, 0);
     row("all kinds and lengths", 100000, anyFrame, 20);
     row("whatever a record may hold", 100000, anyRecord, 50);
     row("times as far apart as can be", 1000, farthestTimes, 0);
@@ -294,6 +298,21 @@ void TestParquet::memoryIsThatOfARowGroup()
     QVERIFY2(heapPeak() < mebibytes * 1024LL * 1024, qPrintable(QString::number(heapPeak())));
 }
 
+void TestParquet::smallFilesTakeFewerBytes()
+{
+    const auto bytesOf = [](int messages, int noteSize) {
+        ParquetTrace trace;
+        QByteArray file;
+        for (int i = 0; i < messages; ++i)
+            trace.append(ordinaryMessage(i), QString(i == 0 ? noteSize : 0, 'n'), file);
+        trace.finish(file);
+        return file.size();
+    };
+    QVERIFY(bytesOf(4096, 0) < bytesOf(4097, 0) * 9 / 10);
+    // Long notes would take long.
+    QVERIFY(bytesOf(4096, 0) < bytesOf(4096, 4096 * 64) * 9 / 10);
+}
+
 void TestParquet::longNotesAreCut()
 {
     constexpr int most = 16 * 1024 * 1024;
@@ -363,6 +382,23 @@ void TestParquet::damagedEndsAreNoFiles()
             differenceOf(damaged);
         }
     }
+}
+
+// A column of nothing takes one byte of the file.
+void TestParquet::manyColumnsTakeNoMemory()
+{
+    constexpr int columns = 0x1000000;
+    const QByteArray end =
+        QByteArray::fromHex("29fc80808008").append(columns, '\0') + QByteArray::fromHex("00");
+    QTemporaryDir folder;
+    QFile file(folder.filePath("trace.parquet"));
+    QByteArray size(4, '\0');
+    qToLittleEndian(quint32(end.size()), size.data());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("PAR1" + end + size + "PAR1") > columns
+            && file.flush());
+    resetHeapPeak();
+    QVERIFY(!ParquetTrace::differenceOf(file.fileName()).isEmpty());
+    QVERIFY2(heapPeak() < 2 * columns, qPrintable(QString::number(heapPeak())));
 }
 
 QTEST_GUILESS_MAIN(TestParquet)
