@@ -192,8 +192,8 @@ public:
     /// What \a expression takes, found in the background from the messages around \a focus
     /// outwards.
     TraceFilter filter(const TraceExpression &expression, quint64 focus = 0) const;
-    /// The first that \a expression takes at or behind \a position. Waits for the
-    /// disk as long as \a keepGoing returns true, which may be asked from other threads as well.
+    /// The first that \a expression takes at or behind \a position, if any. Waits for the disk, and
+    /// gives up when \a keepGoing returns false, which may be asked from other threads as well.
     std::optional<quint64> findNext(const TraceExpression &expression, quint64 position,
                                     const std::function<bool()> &keepGoing = {}) const;
     /// The same backwards, from the message in front of \a position on.
