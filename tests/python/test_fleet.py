@@ -1,6 +1,8 @@
 """The example of a cluster: a scheduler and two workers, one of which is killed."""
 
+import argparse
 import json
+import multiprocessing
 import os
 import pathlib
 import shutil
@@ -124,6 +126,28 @@ def test_one_table_comes_back(cluster, traces):
     assert len(outcomes) == TRACES + 3 and len(table) == TRACES * 63
     assert table["time"].is_monotonic_increasing
     assert (table.groupby("trace")["number"].nunique() == 63).all()
+
+
+def test_without_workers_it_ends(cluster, traces, monkeypatch):
+    client, workers = cluster
+    monkeypatch.setattr(fleet, "PATIENCE", 1)
+    monkeypatch.setattr(fleet, "LOOK", 0.1)
+    named = fleet.traces_in([str(traces)])
+    for worker in workers:
+        worker.kill()
+    outcomes = list(fleet.run(client, query.find_in_trace, named, "err"))
+    assert {outcome.trace for outcome in outcomes} == set(named) and len(outcomes) == len(named)
+    assert all(outcome.failure.startswith("In 1 seconds no worker") for outcome in outcomes)
+
+
+def test_a_worker_may_die_while_it_starts(traces):
+    named = fleet.traces_in([str(traces / "car0")])
+    with fleet.client_of(argparse.Namespace(scheduler=None, workers=1)) as client:
+        while not multiprocessing.active_children():
+            pass
+        multiprocessing.active_children()[0].kill()
+        outcomes = list(fleet.run(client, query.find_in_trace, named, "id==105"))
+    assert [len(outcome.result) for outcome in outcomes] == [125] * len(named)
 
 
 def duckdb(sql):
