@@ -74,7 +74,8 @@ def run(
             done.add(again)
         else:
             yield Outcome(name, None, f"{result[0].__name__}: {result[1]}")
-    client.cancel(list(waiting))
+    if waiting:
+        client.cancel(list(waiting))
     for left in waiting.values():
         yield Outcome(left.name, None, f"In {PATIENCE} seconds no worker was at work for {LOOK}")
 

@@ -10,6 +10,7 @@ import signal
 import subprocess
 import sys
 
+import dask
 import pytest
 
 import datachunk
@@ -140,14 +141,21 @@ def test_without_workers_it_ends(cluster, traces, monkeypatch):
     assert all(outcome.failure.startswith("In 1 seconds no worker") for outcome in outcomes)
 
 
-def test_a_worker_may_die_while_it_starts(traces):
+# Whether Dask starts another one depends on the moment.
+def test_a_worker_may_die_while_it_starts(traces, tmp_path, monkeypatch):
+    monkeypatch.setattr(fleet, "PATIENCE", 5)
+    monkeypatch.setattr(fleet, "LOOK", 1)
     named = fleet.traces_in([str(traces / "car0")])
-    with fleet.client_of(argparse.Namespace(scheduler=None, workers=1)) as client:
+    own_cluster = argparse.Namespace(scheduler=None, workers=1)
+    folder = dask.config.set({"temporary-directory": str(tmp_path)})
+    with folder, fleet.client_of(own_cluster) as client:
         while not multiprocessing.active_children():
             pass
         multiprocessing.active_children()[0].kill()
         outcomes = list(fleet.run(client, query.find_in_trace, named, "id==105"))
-    assert [len(outcome.result) for outcome in outcomes] == [125] * len(named)
+    assert {outcome.trace for outcome in outcomes} == set(named)
+    for outcome in outcomes:
+        assert outcome.failure.startswith("In 5 seconds no worker") or len(outcome.result) == 125
 
 
 def duckdb(sql):
