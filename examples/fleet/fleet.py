@@ -3,13 +3,15 @@
 from __future__ import annotations
 
 import argparse
+import asyncio
 import contextlib
 import os
 import sys
+import time
 from typing import Any, Callable, Iterable, Iterator, NamedTuple
 
+import cloudpickle
 from distributed import Client, Future, KilledWorker, LocalCluster, as_completed
-from distributed.diagnostics.plugin import UploadFile
 
 
 class Outcome(NamedTuple):
@@ -54,25 +56,63 @@ def run(
     A worker that dies has its tasks run again by others, so a task may run twice and has to leave
     the same behind. A task that takes several workers with it fails.
     """
-    # This file first: that of the task imports it.
-    for module in dict.fromkeys([__name__, task.__module__]):
-        if module != "__main__":
-            _send(client, str(sys.modules[module].__file__))
+    call = _Call(task)
     waiting = {
-        _submit(client, task, name, path, options): _Try(name, path) for name, path in traces.items()
+        _submit(client, call, name, path, options): _Try(name, path) for name, path in traces.items()
     }
     done = as_completed(list(waiting), with_results=True, raise_errors=False)
-    for future, result in done:
+    for future, result in _while_workers_stay(client, done):
         # Lets the workers forget the result.
         name, path, number = waiting.pop(future)
-        if future.status != "error":
+        if future.status == "cancelled":
+            yield Outcome(name, None, "The scheduler has gone, or has forgotten the task")
+        elif future.status != "error":
             yield Outcome(name, *result)
         elif issubclass(result[0], KilledWorker) and number < TRIES:
-            again = _submit(client, task, name, path, options)
+            again = _submit(client, call, name, path, options)
             waiting[again] = _Try(name, path, number + 1)
             done.add(again)
         else:
             yield Outcome(name, None, f"{result[0].__name__}: {result[1]}")
+    if waiting:
+        client.cancel(list(waiting))
+    for left in waiting.values():
+        yield Outcome(left.name, None, f"In {PATIENCE} seconds no worker was at work for {LOOK}")
+
+
+#: Seconds without a result or a worker that stays at work, after which the rest is given up. Dask
+#: would wait for ever: workers that die before they have a task count for no task.
+PATIENCE = 60
+#: Seconds between two looks at the workers: who has tasks at both stays at work.
+LOOK = 5
+
+
+def _while_workers_stay(client: Client, done: as_completed) -> Iterator[tuple[Future, Any]]:
+    before: set[str] = set()
+    last_hope = last_look = time.monotonic()
+    while not done.is_empty():
+        results = done.next_batch(block=False)
+        has_hope = bool(results)
+        while results:
+            yield results.pop(0)
+        now = time.monotonic()
+        if now - last_look >= LOOK:
+            workers = _at_work(client)
+            has_hope = has_hope or bool(workers & before)
+            before, last_look = workers, now
+        if has_hope:
+            last_hope = now
+        elif now - last_hope >= PATIENCE:
+            return
+        else:
+            time.sleep(0.05)
+
+
+def _at_work(client: Client) -> set[str]:
+    try:
+        return {worker for worker, tasks in client.processing().items() if tasks}
+    except OSError:
+        return set()
 
 
 #: Dask gives a task up when four workers have died that had it, though it only waited there.
@@ -86,28 +126,23 @@ class _Try(NamedTuple):
 
 
 def _submit(
-    client: Client, task: Callable[..., Any], name: str, path: str, options: tuple[Any, ...]
+    client: Client, call: _Call, name: str, path: str, options: tuple[Any, ...]
 ) -> Future:
-    return client.submit(_guarded, task, name, path, *options, pure=False)
+    return client.submit(_guarded, call.code, name, path, *options, pure=False)
 
 
-# Workers that join later get it as well. One that has just died is forgotten at the next try.
-def _send(client: Client, file: str) -> None:
-    tries = 10
-    for left in reversed(range(tries)):
-        try:
-            client.register_worker_plugin(UploadFile(file), name=f"file {file}")
-            return
-        except OSError:
-            if left == 0:
-                raise
+class _Call:
+    """The code of a task, which goes along with it: workers come and go."""
+
+    def __init__(self, task: Callable[..., Any]) -> None:
+        for module in {__name__, task.__module__} - {"__main__"}:
+            cloudpickle.register_pickle_by_value(sys.modules[module])
+        self.code = cloudpickle.dumps(task)
 
 
-def _guarded(
-    task: Callable[..., Any], name: str, path: str, *options: Any
-) -> tuple[Any, str]:
+def _guarded(code: bytes, name: str, path: str, *options: Any) -> tuple[Any, str]:
     try:
-        return task(name, path, *options), ""
+        return cloudpickle.loads(code)(name, path, *options), ""
     except (OSError, ValueError, MemoryError) as error:
         return None, f"{type(error).__name__}: {error}"
 
@@ -125,15 +160,24 @@ def arguments(description: str) -> argparse.ArgumentParser:
 def client_of(options: argparse.Namespace) -> Iterator[Client]:
     """A client of the cluster that the options name, or of one that ends with it."""
     with contextlib.ExitStack() as stack:
-        cluster = options.scheduler or stack.enter_context(
+        address = options.scheduler
+        if not address:
+            cluster = LocalCluster(n_workers=0, threads_per_worker=1, dashboard_address=":0")
+            stack.callback(_close, cluster)
             # The module works without the interpreter's lock, but pandas does not.
-            LocalCluster(
-                n_workers=options.workers or os.cpu_count(),
-                threads_per_worker=1,
-                dashboard_address=None,
-            )
-        )
-        yield stack.enter_context(Client(cluster))
+            cluster.scale(options.workers or os.cpu_count())
+            # A cluster is waited for, and for ever where a worker has died while it started.
+            address = cluster.scheduler_address
+        yield stack.enter_context(Client(address))
+
+
+def _close(cluster: LocalCluster) -> None:
+    seconds = 5
+    try:
+        cluster.close(timeout=seconds)
+    except asyncio.TimeoutError:
+        # The end of the program would try it again; workers end with the program anyway.
+        cluster.shutdown_on_close = False
 
 
 def tell_failures(outcomes: Iterable[Outcome]) -> int:

@@ -1,6 +1,8 @@
 """The example of a cluster: a scheduler and two workers, one of which is killed."""
 
+import argparse
 import json
+import multiprocessing
 import os
 import pathlib
 import shutil
@@ -8,6 +10,7 @@ import signal
 import subprocess
 import sys
 
+import dask
 import pytest
 
 import datachunk
@@ -124,6 +127,35 @@ def test_one_table_comes_back(cluster, traces):
     assert len(outcomes) == TRACES + 3 and len(table) == TRACES * 63
     assert table["time"].is_monotonic_increasing
     assert (table.groupby("trace")["number"].nunique() == 63).all()
+
+
+def test_without_workers_it_ends(cluster, traces, monkeypatch):
+    client, workers = cluster
+    monkeypatch.setattr(fleet, "PATIENCE", 1)
+    monkeypatch.setattr(fleet, "LOOK", 0.1)
+    named = fleet.traces_in([str(traces)])
+    for worker in workers:
+        worker.kill()
+    outcomes = list(fleet.run(client, query.find_in_trace, named, "err"))
+    assert {outcome.trace for outcome in outcomes} == set(named) and len(outcomes) == len(named)
+    assert all(outcome.failure.startswith("In 1 seconds no worker") for outcome in outcomes)
+
+
+# Whether Dask starts another one depends on the moment.
+def test_a_worker_may_die_while_it_starts(traces, tmp_path, monkeypatch):
+    monkeypatch.setattr(fleet, "PATIENCE", 5)
+    monkeypatch.setattr(fleet, "LOOK", 1)
+    named = fleet.traces_in([str(traces / "car0")])
+    own_cluster = argparse.Namespace(scheduler=None, workers=1)
+    folder = dask.config.set({"temporary-directory": str(tmp_path)})
+    with folder, fleet.client_of(own_cluster) as client:
+        while not multiprocessing.active_children():
+            pass
+        multiprocessing.active_children()[0].kill()
+        outcomes = list(fleet.run(client, query.find_in_trace, named, "id==105"))
+    assert {outcome.trace for outcome in outcomes} == set(named)
+    for outcome in outcomes:
+        assert outcome.failure.startswith("In 5 seconds no worker") or len(outcome.result) == 125
 
 
 def duckdb(sql):
