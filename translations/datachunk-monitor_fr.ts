@@ -98,7 +98,7 @@
     </message>
     <message>
         <source>&amp;Try it without hardware</source>
-        <translation>&amp;Essayer sans matériel</translation>
+        <translation>Essayer sans &amp;matériel</translation>
     </message>
     <message>
         <source>Connects a generator of traffic.</source>

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTranslator>
@@ -19,6 +20,8 @@ private slots:
     void oneIsToldFromMany();
     void everyKeyIsOneActionOfAMenu_data();
     void everyKeyIsOneActionOfAMenu();
+    void everyKeyIsOneButton_data();
+    void everyKeyIsOneButton();
 
 private:
     const TemporarySettings settings;
@@ -100,6 +103,29 @@ void TestLanguages::everyKeyIsOneActionOfAMenu()
     speak(language);
     const MainWindow window;
     QCOMPARE(clashesOf(*window.menuBar(), QString()).join(QLatin1Char('\n')), QString());
+}
+
+void TestLanguages::everyKeyIsOneButton_data()
+{
+    everyKeyIsOneActionOfAMenu_data();
+}
+
+// A key of two buttons presses none.
+void TestLanguages::everyKeyIsOneButton()
+{
+    QFETCH(QString, language);
+    speak(language);
+    const MainWindow window;
+    QSet<QKeySequence> keys;
+    for (const auto *button : window.findChildren<QPushButton *>()) {
+        if (!button->isVisibleTo(&window) || button->shortcut().isEmpty())
+            continue;
+        QVERIFY2(!keys.contains(button->shortcut()), qPrintable(button->text()));
+        keys.insert(button->shortcut());
+    }
+    for (const QAction *menu : window.menuBar()->actions())
+        QVERIFY2(!keys.contains(QKeySequence::mnemonic(menu->text())), qPrintable(menu->text()));
+    QVERIFY(keys.size() > 2);
 }
 
 QTEST_MAIN(TestLanguages)

@@ -56,9 +56,13 @@ QWidget *LinesDock::makeStart(QAction *connectAction, QAction *tryAction)
     auto *label = new QLabel(tr("Nothing is connected yet."));
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
-    auto *connectButton = new QPushButton(connectAction->text());
+    // The page of an empty recording has the same two, and their keys.
+    const auto plain = [](const QAction *action) {
+        return action->text().remove(QLatin1Char('&'));
+    };
+    auto *connectButton = new QPushButton(plain(connectAction));
     connectButton->setObjectName(QStringLiteral("connectButton"));
-    auto *tryButton = new QPushButton(tryAction->text());
+    auto *tryButton = new QPushButton(plain(tryAction));
     tryButton->setObjectName(QStringLiteral("tryButton"));
     tryButton->setToolTip(tryAction->toolTip());
     connect(connectButton, &QPushButton::clicked, connectAction, &QAction::trigger);
