@@ -1,5 +1,6 @@
 #include "directoryentry.h"
 
+#include <QDateTime>
 #include <QFile>
 
 #include <tuple>
@@ -26,6 +27,12 @@ bool readStatus(const QString &path, struct stat &status)
 }
 
 } // namespace
+
+bool FileIdentity::hasRested(qint64 nanoseconds) const
+{
+    constexpr qint64 perMillisecond = 1000000;
+    return changed <= QDateTime::currentMSecsSinceEpoch() * perMillisecond - nanoseconds;
+}
 
 std::optional<FileIdentity> FileIdentity::of(const QString &path)
 {

@@ -15,6 +15,10 @@ struct FileIdentity
     qint64 changed = 0;  ///< when anything of it was; the system's own, nobody can set it
     quint64 inode = 0;
 
+    /// Whether its last change is so many nanoseconds back. Two changes within one tick of the
+    /// file system's clock look the same, so that a newer one may not be the last.
+    bool hasRested(qint64 nanoseconds) const;
+
     /// Nothing where that is no regular file, or none that can be asked for.
     static std::optional<FileIdentity> of(const QString &path);
     static std::optional<FileIdentity> of(int handle);

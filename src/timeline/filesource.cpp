@@ -6,7 +6,6 @@
 #include "fileerrors.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
@@ -152,18 +151,24 @@ void FileSource::look()
                 foldersOfFiles.insert(folder);
             // Somebody may put another file in the place of any of them.
             const QString entered = folder.isEmpty() ? QStringLiteral(".") : folder;
-            if (const auto identity = FileIdentity::ofAny(entered))
-                looked.insert(entered, *identity);
+            remember(entered, FileIdentity::ofAny(entered));
         }
     }
     for (const QString &folder : qAsConst(foldersOfFiles))
         readDirectory(folder);
 }
 
+// One that may change again within the tick is looked at again: no file is as the one without rest.
+void FileSource::remember(const QString &path, const std::optional<FileIdentity> &identity)
+{
+    constexpr qint64 nanosecondsOfTick = 20000000;
+    if (identity)
+        looked.insert(path, identity->hasRested(nanosecondsOfTick) ? *identity : FileIdentity());
+}
+
 void FileSource::lookAtFolder(const QString &path)
 {
-    if (const auto identity = FileIdentity::ofAny(path))
-        looked.insert(path, *identity);
+    remember(path, FileIdentity::ofAny(path));
     const QStringList files = ChunkListing::filesIn(path);
     bool isAnyMissing = false;
     for (const QString &file : files) {
@@ -354,9 +359,7 @@ void FileSource::take(const Task &task, IndexedChunk indexed)
 void FileSource::keepInDirectory(const Chunk &chunk)
 {
     constexpr qint64 nanosecondsOfRest = 2000000000;
-    constexpr qint64 nanosecondsPerMillisecond = 1000000;
-    const qint64 now = QDateTime::currentMSecsSinceEpoch() * nanosecondsPerMillisecond;
-    if (chunk.identity.changed > now - nanosecondsOfRest)
+    if (!chunk.identity.hasRested(nanosecondsOfRest))
         return;
     const QFileInfo file(chunk.path);
     ChunkDirectory::add(file.path(), {file.fileName(), chunk.identity, chunk.segment->index()});

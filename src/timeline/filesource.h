@@ -57,6 +57,8 @@ private:
     void look() REQUIRES(workMutex);
     void lookAtFolder(const QString &path) REQUIRES(workMutex);
     void readDirectory(const QString &folder) REQUIRES(workMutex);
+    void remember(const QString &path, const std::optional<FileIdentity> &identity)
+        REQUIRES(workMutex);
     void lookAtFile(const QString &path) REQUIRES(workMutex);
     void lookAtArchive(const QString &path) REQUIRES(workMutex);
     void add(const QString &name, Chunk chunk) REQUIRES(workMutex);

@@ -148,6 +148,7 @@ private slots:
     void everyQuestionIsAnsweredAsByOneMessageAfterTheOther();
     void chunksThatComeOrGrowAreTakenIn();
     void directoryOfAnotherStateIsNotBelieved();
+    void filesThatComeAtOnceAreSeen();
     void indexedChunksAreKnownAtOnce();
     void bookmarksAreFoundWhereverTheirNumbersAre();
 };
@@ -267,6 +268,23 @@ void TestTimeline::directoryOfAnotherStateIsNotBelieved()
     QVERIFY(timeline.waitForAll());
     compareRows(timeline, recording);
     compareFilter(timeline, found(recording, "id==5"), "id==5");
+}
+
+// The folder's own time is the same before and after where its clock has not ticked in between.
+void TestTimeline::filesThatComeAtOnceAreSeen()
+{
+    QTemporaryDir elsewhere;
+    const Recording recording = record(elsewhere.path(), 1, {100});
+    const QByteArray bytes = readFile(elsewhere.filePath(QStringLiteral("tmpData0.dck")));
+    for (int i = 0; i < 20; ++i) {
+        QTemporaryDir folder;
+        TraceTimeline timeline({folder.path()});
+        timeline.refresh();
+        writeFile(folder.filePath(QStringLiteral("tmpData0.dck")), bytes);
+        timeline.refresh();
+        QVERIFY(timeline.waitForAll());
+        QCOMPARE(timeline.count(), quint64(recording.messages.size()));
+    }
 }
 
 void TestTimeline::indexedChunksAreKnownAtOnce()

@@ -36,10 +36,13 @@ namespace {
 constexpr int sizeOfKinds = 247;
 constexpr int recordsOfKinds[] = {119, 146, 171, 196, 222, sizeOfKinds};
 
+// Rows are made before a test has its folder.
 QByteArray kinds()
 {
-    writeKinds("kinds.dck");
-    return readFile("kinds.dck");
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("kinds.dck");
+    writeKinds(path);
+    return readFile(path);
 }
 
 QByteArray with(QByteArray bytes, int offset, const QByteArray &hex)
@@ -372,7 +375,7 @@ void TestVerify::nothingIsOverwritten()
     const QMap<QString, QByteArray> before = filesBelow("rec");
     QVERIFY(errorsOf("recover rec --into rec").contains("is to be left as it is"));
     QVERIFY(errorsOf("recover rec --into rec/x").contains("is to be left as it is"));
-    kinds();
+    writeKinds("kinds.dck");
     QVERIFY(errorsOf("recover kinds.dck --into rec").contains("holds a recording already"));
     QCOMPARE(filesBelow("rec"), before);
 }
