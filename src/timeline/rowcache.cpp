@@ -25,7 +25,7 @@ RowCache::SharedMarks RowCache::marks(const TraceSegment &segment)
             return *known;
     }
     const auto read = std::make_shared<const TraceNotes::Marks>(segment.marks());
-    const int cost = 1 + read->notes.size() + read->bookmarks.size();
+    const int cost = costOfSet + read->notes.size() + read->bookmarks.size();
     const MutexLock locker(mutex);
     notes.insert(segment.id(), new SharedMarks(read), cost);
     return read;

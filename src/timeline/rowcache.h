@@ -23,6 +23,9 @@ public:
 private:
     static constexpr int mostSteps = 64; // some 24 MiB
     static constexpr int mostMarks = 100000;
+    // What an empty set takes in memory, in marks: a growing trace is another segment with every
+    // look at it.
+    static constexpr int costOfSet = 100;
 
     Mutex mutex;
     QCache<QPair<quint64, quint32>, SharedMessages> steps GUARDED_BY(mutex){mostSteps};
