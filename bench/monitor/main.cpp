@@ -56,7 +56,8 @@ void tell(const LoopMeter &meter)
 {
     out() << "events " << meter.count() << ", waited less than 16 ms " << meter.percentBelow(16)
           << " %, median " << meter.quantile(50) << " ms, 99 % " << meter.quantile(99)
-          << " ms, longest " << meter.longest() << " ms\n";
+          << " ms, longest " << meter.longest() << " ms, memory " << memoryUsed() / 1024
+          << " MiB\n";
     out().flush();
 }
 

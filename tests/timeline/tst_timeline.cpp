@@ -1,7 +1,9 @@
 #include "archives.h"
 #include "chunkdirectory.h"
 #include "chunkmove.h"
+#include "datachunkhandler.h"
 #include "messages.h"
+#include "peakmemory.h"
 #include "recording.h"
 #include "savejob.h"
 #include "storefixture.h"
@@ -151,6 +153,7 @@ private slots:
     void filesThatComeAtOnceAreSeen();
     void indexedChunksAreKnownAtOnce();
     void bookmarksAreFoundWhereverTheirNumbersAre();
+    void growthIsLookedAtWithinBounds();
 };
 
 void TestTimeline::everyQuestionIsAnsweredAsByOneMessageAfterTheOther_data()
@@ -329,6 +332,23 @@ void TestTimeline::bookmarksAreFoundWhereverTheirNumbersAre()
     QVERIFY(timeline.waitForAll());
     QCOMPARE(timeline.bookmarkPositions(), wanted);
     QCOMPARE(timeline.row(wanted.first()).bookmark.text(), QStringLiteral("here"));
+}
+
+// Every look at a recording that goes on is one at another state of it.
+void TestTimeline::growthIsLookedAtWithinBounds()
+{
+    constexpr int looks = 10000;
+    constexpr qint64 mostForAll = 2 * 1024 * 1024;
+    DatachunkHandler store(200000);
+    TraceTimeline timeline = store.timeline();
+    store.appendCanMessage(makeMessage(0));
+    resetHeapPeak();
+    for (int i = 0; i < looks; ++i) {
+        timeline.refresh();
+        QCOMPARE(timeline.row(0).state, TraceRow::Known);
+        store.setMessageNote(0, QString::number(i));
+    }
+    QVERIFY2(heapPeak() < mostForAll, qPrintable(QString::number(heapPeak())));
 }
 
 QTEST_GUILESS_MAIN(TestTimeline)
