@@ -286,13 +286,23 @@ void TestWindow::statisticsLeaveTheTraceItsRoom()
     window.show();
     auto *dock = window.findChild<QDockWidget *>(QStringLiteral("statistics"));
     QVERIFY(dock->isHidden());
-    for (QAction *action : actionsOf(window.menuBar())) {
-        if (textOf(action->text()) == QLatin1String("Statistics"))
-            action->trigger();
-    }
+    const auto actions = actionsOf(window.menuBar());
+    const auto statistics = std::find_if(actions.begin(), actions.end(), [](QAction *action) {
+        return textOf(action->text()) == QLatin1String("Statistics");
+    });
+    QVERIFY(statistics != actions.end());
+    (*statistics)->trigger();
     QTRY_VERIFY(!dock->visibleRegion().isEmpty());
     QCOMPARE(window.width(), width);
     QTEST(window.dockWidgetArea(dock), "area");
+    window.findChild<QDockWidget *>(QStringLiteral("notes"))->raise();
+    QTRY_COMPARE(dock->visibleRegion().isEmpty(), width == 1024);
+    // It is not put away by who looks for it.
+    if (dock->visibleRegion().isEmpty())
+        (*statistics)->trigger();
+    QTRY_VERIFY(!dock->visibleRegion().isEmpty() && (*statistics)->isChecked());
+    (*statistics)->trigger();
+    QTRY_VERIFY(dock->isHidden());
 }
 
 QTEST_MAIN(TestWindow)

@@ -112,8 +112,12 @@ void MainWindow::buildDockActions()
     for (const auto &[dock, text] : docks) {
         auto *action = new QAction(text, this);
         action->setCheckable(true);
-        connect(action, &QAction::triggered, this,
-                [this, dock = dock](bool isWanted) { showDock(dock, isWanted); });
+        connect(action, &QAction::triggered, this, [this, dock = dock, action](bool isWanted) {
+            // Behind another one it is there without being seen.
+            const bool isBehind = !dock->isHidden() && dock->visibleRegion().isEmpty();
+            showDock(dock, isWanted || isBehind);
+            action->setChecked(!dock->isHidden());
+        });
         connect(dock->toggleViewAction(), &QAction::toggled, action, &QAction::setChecked);
         action->setChecked(dock->toggleViewAction()->isChecked());
         dockActions.append(action);
