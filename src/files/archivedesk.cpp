@@ -1,13 +1,11 @@
 #include "archivedesk.h"
 
 #include "archivelimits.h"
-#include "chunknames.h"
 #include "fileerrors.h"
 #include "foldertree.h"
 
 #include <QFileInfo>
 
-#include <algorithm>
 #include <utility>
 
 /// Makes a work the one under way as long as it lives.
@@ -78,22 +76,6 @@ QString ArchiveDesk::packChunks()
     return packFolder(archive, work.progress());
 }
 
-namespace {
-
-// As they were recorded, whatever the disk lists first: chunks that start at the same time are read
-// in the order in which they lie in the archive. A last chunk has no number and comes behind.
-void sortAsRecorded(QFileInfoList &files)
-{
-    const auto placeOf = [](const QFileInfo &file) {
-        const QString name = file.fileName();
-        return std::make_pair(quint64(ChunkNames::rotatedNumber(name)), name);
-    };
-    std::sort(files.begin(), files.end(),
-              [&](const QFileInfo &a, const QFileInfo &b) { return placeOf(a) < placeOf(b); });
-}
-
-} // namespace
-
 QString ArchiveDesk::packFolder(const QString &archive, WorkProgress &work)
 {
     const QString folder = saver.folder().path();
@@ -101,7 +83,6 @@ QString ArchiveDesk::packFolder(const QString &archive, WorkProgress &work)
     if (!FolderTree::listFiles(folder, files))
         return FileErrors::notRead(folder, qt_error_string());
     files.removeAll(QFileInfo(archive));
-    sortAsRecorded(files);
     // What has begun to be written since must be whole before it is packed.
     if (!saver.waitForAll([&work] { return work.goesOn(); }))
         return {};
