@@ -162,7 +162,7 @@ def client_of(options: argparse.Namespace) -> Iterator[Client]:
     with contextlib.ExitStack() as stack:
         address = options.scheduler
         if not address:
-            cluster = LocalCluster(n_workers=0, threads_per_worker=1, dashboard_address=":0")
+            cluster = LocalCluster(n_workers=0, threads_per_worker=1, dashboard_address="127.0.0.1:0")
             stack.callback(_close, cluster)
             # The module works without the interpreter's lock, but pandas does not.
             cluster.scale(options.workers or os.cpu_count())
