@@ -31,6 +31,16 @@ RowCache::SharedMarks RowCache::marks(const TraceSegment &segment)
     return read;
 }
 
+std::optional<CAN::CanRxMessage> RowCache::messageAt(const TraceSegment &segment, quint32 offset)
+{
+    if (const CAN::CanRxMessage *held = segment.held(offset))
+        return *held;
+    const SharedMessages step = messages(segment, offset / ChunkIndex::recordsPerStep);
+    if (!step)
+        return {};
+    return (*step)[offset % ChunkIndex::recordsPerStep];
+}
+
 TraceRow RowCache::row(const TraceSnapshot &snapshot, quint64 position)
 {
     TraceRow row;
@@ -41,11 +51,11 @@ TraceRow RowCache::row(const TraceSnapshot &snapshot, quint64 position)
     if (!place.placed)
         return row;
     const TraceSegment &segment = *place.placed->segment;
-    const SharedMessages step = messages(segment, place.offset / ChunkIndex::recordsPerStep);
-    if (!step)
+    const auto message = messageAt(segment, place.offset);
+    if (!message)
         return row;
     row.state = TraceRow::Known;
-    row.message = (*step)[place.offset % ChunkIndex::recordsPerStep];
+    row.message = *message;
     const SharedMarks known = marks(segment);
     row.note = known->notes.value(row.message.messageNumber);
     row.bookmark = known->bookmarks.value(row.message.messageNumber);

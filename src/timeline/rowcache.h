@@ -7,8 +7,10 @@
 #include <QCache>
 #include <QPair>
 
-/// The steps and the notes that were looked at last, so that a screen of rows is read once. Any
-/// thread.
+#include <optional>
+
+/// The steps of chunks and the notes that were looked at last, so that a screen of rows is read
+/// once. Any thread.
 class RowCache
 {
 public:
@@ -21,6 +23,9 @@ public:
     TraceRow row(const TraceSnapshot &snapshot, quint64 position) EXCLUDES(mutex);
 
 private:
+    std::optional<CAN::CanRxMessage> messageAt(const TraceSegment &segment, quint32 offset)
+        EXCLUDES(mutex);
+
     static constexpr int mostSteps = 64; // some 24 MiB
     static constexpr int mostMarks = 100000;
     // What an empty set takes in memory, in marks: a growing trace is another segment with every

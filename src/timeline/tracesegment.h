@@ -47,6 +47,8 @@ public:
     virtual QString name() const { return {}; }
     /// Whether messages lie in a chunk, which does not keep all of them.
     virtual bool isChunk() const = 0;
+    /// The message at \a offset where it is in memory, as long as the segment; else null.
+    virtual const CAN::CanRxMessage *held(quint32 /*offset*/) const { return nullptr; }
     /// False when they are no longer there.
     virtual bool decode(quint32 step, Messages &messages) const = 0;
     /// False when they are no longer there; what was found before has been taken.
@@ -94,6 +96,7 @@ public:
     ListSegment(MessageList messages, ChunkIndex index, TraceNotes::Marks marks);
 
     bool isChunk() const override { return false; }
+    const CAN::CanRxMessage *held(quint32 offset) const override { return &list.at(int(offset)); }
     bool decode(quint32 step, Messages &messages) const override;
     bool scan(const Scan &scan, const TakeStep &take) const override;
     TraceNotes::Marks marks() const override { return ownMarks; }
