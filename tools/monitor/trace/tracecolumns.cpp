@@ -19,13 +19,13 @@ QString sampleOf(int column)
     switch (column) {
     case TraceTableModel::PositionColumn:
     case TraceTableModel::NumberColumn:
-        return QStringLiteral("000000000");
+        return QStringLiteral("00000000");
     case TraceTableModel::TimeColumn:
-        return QStringLiteral("00000000.000000");
+        return QStringLiteral("0000000.000000");
     case TraceTableModel::IdentifierColumn:
         return QStringLiteral("18FF0000");
     case TraceTableModel::KindColumn:
-        return QStringLiteral("EXT FD BRS");
+        return QStringLiteral("EXT FD");
     case TraceTableModel::DataColumn:
         return QStringLiteral("00 11 22 33 44 55 66 77");
     case MessageModel::AsciiColumn:
